@@ -1,0 +1,26 @@
+# What `cmake --install` lays down: libraries, headers by layer, the CMake package, pkg-config.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS mivora-platform mivora mivora-core EXPORT MivoraTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+install(FILES ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora)
+# The folders of one backend hold no public header.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora
+        FILES_MATCHING PATTERN "*.h"
+        PATTERN "linux" EXCLUDE PATTERN "win32" EXCLUDE)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Mivora)
+install(EXPORT MivoraTargets NAMESPACE Mivora:: DESTINATION ${package_dir})
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/MivoraConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/MivoraConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/MivoraConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/MivoraConfig.cmake ${PROJECT_BINARY_DIR}/MivoraConfigVersion.cmake
+        DESTINATION ${package_dir})
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/mivora.pc.in ${PROJECT_BINARY_DIR}/mivora.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/mivora.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
