@@ -1,0 +1,185 @@
+// Time per formula, stage by stage, over the shared formulas: from the parse to a file on disk.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <memory>
+
+#include "formulas.h"
+#include "platform/gdi/dc.h"
+#include "service/formula_out.h"
+
+namespace
+{
+using CFormulaList = std::vector<std::unique_ptr<CFormulaOut>>;
+
+CFormulaList FormedFormulas()
+{
+    CFormulaList list;
+    for (const std::string& text : Formulas())
+    {
+        list.push_back(std::make_unique<CFormulaOut>());
+        list.back()->FormTree(text.c_str());
+    }
+    return list;
+}
+
+// A folder of its own that is gone with the object.
+class CScratchFolder
+{
+public:
+    CScratchFolder()
+    {
+        if (mkdtemp(m_szPath) == nullptr)
+            std::abort();
+    }
+    ~CScratchFolder() { rmdir(m_szPath); }
+    std::string File(const char* pszName) const { return std::string(m_szPath) + "/" + pszName; }
+
+private:
+    char m_szPath[32] = "/tmp/mivora-bench-XXXXXX";
+};
+
+// Reports the time of one formula beside the time of a whole round.
+void CountFormulas(benchmark::State& state)
+{
+    state.counters["per_formula"] = benchmark::Counter(
+        static_cast<double>(Formulas().size()),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+void Parse(benchmark::State& state)
+{
+    CBinTree tree;
+    CFormulaParser parser;
+    parser.m_pTree = &tree;
+    std::vector<CString> texts;
+    for (const std::string& text : Formulas())
+        texts.emplace_back(text.c_str());
+    for (auto _ : state)
+    {
+        for (const CString& text : texts)
+        {
+            WORD wPosition = 0;
+            CString strMessage;
+            parser.Parse(text, &wPosition, &strMessage);
+            delete parser.m_pResult;
+        }
+    }
+    CountFormulas(state);
+}
+BENCHMARK(Parse);
+
+void ParseAndMeasure(benchmark::State& state)
+{
+    CFormulaOut formula;
+    std::vector<CString> texts;
+    for (const std::string& text : Formulas())
+        texts.emplace_back(text.c_str());
+    for (auto _ : state)
+    {
+        for (const CString& text : texts)
+            formula.FormTree(text);
+    }
+    CountFormulas(state);
+}
+BENCHMARK(ParseAndMeasure);
+
+void PaintOnBitmap(benchmark::State& state)
+{
+    const CFormulaList list = FormedFormulas();
+    CDC dc;
+    dc.CreateCompatibleDC(nullptr);
+    CBitmap bitmap;
+    bitmap.CreateBitmap(1200, 200, 1, 32, nullptr);
+    CBitmap* pOld = dc.SelectObject(&bitmap);
+    for (auto _ : state)
+    {
+        for (const auto& formula : list)
+            formula->DrawTree(&dc, CRect(0, 0, 1200, 200));
+    }
+    dc.SelectObject(pOld);
+    CountFormulas(state);
+}
+BENCHMARK(PaintOnBitmap);
+
+void MetafileInMemory(benchmark::State& state)
+{
+    const CFormulaList list = FormedFormulas();
+    const RECT frame = { 0, 0, 20000, 5000 };
+    HDC hScreen = GetDC(nullptr);
+    for (auto _ : state)
+    {
+        for (const auto& formula : list)
+        {
+            CMetaFileDC dc;
+            dc.Attach(CreateEnhMetaFileA(hScreen, nullptr, &frame, "Formula\0Image\0"));
+            dc.SetAttribDC(hScreen);
+            formula->DrawTree(&dc, CRect(0, 0, 0, 0));
+            DeleteEnhMetaFile(dc.CloseEnhanced());
+        }
+    }
+    ReleaseDC(nullptr, hScreen);
+    CountFormulas(state);
+}
+BENCHMARK(MetafileInMemory);
+
+void MetafileOnDisk(benchmark::State& state)
+{
+    const CFormulaList list = FormedFormulas();
+    const CScratchFolder folder;
+    const std::string path = folder.File("formula.wmf");
+    for (auto _ : state)
+    {
+        for (const auto& formula : list)
+            formula->WriteFormulaToWMF(path.c_str());
+    }
+    unlink(path.c_str());
+    CountFormulas(state);
+}
+BENCHMARK(MetafileOnDisk);
+
+std::string ReadWhole(const std::string& path)
+{
+    std::string bytes;
+    if (FILE* pFile = std::fopen(path.c_str(), "rb"))
+    {
+        char buffer[4096];
+        while (const size_t n = std::fread(buffer, 1, sizeof buffer, pFile))
+            bytes.append(buffer, n);
+        std::fclose(pFile);
+    }
+    return bytes;
+}
+
+// The floor under MetafileOnDisk: the same bytes to a temporary name, then the rename.
+void BareWrite(benchmark::State& state)
+{
+    const CScratchFolder folder;
+    const std::string path = folder.File("formula.wmf");
+    const std::string temporary = folder.File("formula.tmp");
+    std::vector<std::string> files;
+    for (const auto& formula : FormedFormulas())
+    {
+        formula->WriteFormulaToWMF(path.c_str());
+        files.push_back(ReadWhole(path));
+    }
+    for (auto _ : state)
+    {
+        for (const std::string& bytes : files)
+        {
+            const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            if (fd < 0 || write(fd, bytes.data(), bytes.size()) < 0)
+                std::abort();
+            close(fd);
+            if (rename(temporary.c_str(), path.c_str()) != 0)
+                std::abort();
+        }
+    }
+    unlink(path.c_str());
+    CountFormulas(state);
+}
+BENCHMARK(BareWrite);
+}  // namespace

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing: deps.sh [build|test|fuzz|gallery] ...
+# Without a word: what building needs.
+set -euo pipefail
+
+packages_build=(
+    g++ cmake ninja-build pkg-config
+    libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev
+    libcli11-dev nlohmann-json3-dev
+    fonts-liberation fonts-wine fonts-dejavu-core
+    python3 python3-fonttools
+)
+packages_test=(
+    libgtest-dev libbenchmark-dev
+    emf2svg file locales binutils
+)
+packages_fuzz=(clang libclang-rt-14-dev)
+
+packages=()
+for group in "${@:-build}"; do
+    case $group in
+        build) packages+=("${packages_build[@]}") ;;
+        test) packages+=("${packages_test[@]}") ;;
+        fuzz) packages+=("${packages_fuzz[@]}") ;;
+        *) echo "deps.sh: unknown group '$group'" >&2; exit 2 ;;
+    esac
+done
+
+missing=()
+for package in "${packages[@]}"; do
+    status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -q --no-install-recommends "${missing[@]}"
