@@ -23,6 +23,12 @@ if(MIVORA_SANITIZE)
                         -fno-omit-frame-pointer -O1)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(MIVORA_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=address,undefined)
+    set(MIVORA_FUZZ_LINK -fsanitize=fuzzer,address,undefined)
+endif()
 
 # mivora_layer(NAME SOURCES ... [DEPENDS layer ...] [LIBRARIES target ...])
 # One room of the library, as objects that the libraries that ship are put together from.

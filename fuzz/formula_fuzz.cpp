@@ -1,0 +1,42 @@
+// Any bytes as a formula: parsed, measured, painted on a bitmap and on a metafile, deleted.
+#include <cstdint>
+
+#include "platform/gdi/dc.h"
+#include "quiet_host.h"
+#include "service/formula_out.h"
+
+namespace
+{
+void PaintOnBitmap(CFormulaOut& formula)
+{
+    CDC dc;
+    dc.CreateCompatibleDC(nullptr);
+    CBitmap bitmap;
+    bitmap.CreateBitmap(64, 32, 1, 32, nullptr);
+    CBitmap* pOld = dc.SelectObject(&bitmap);
+    formula.DrawTree(&dc, CRect(0, 0, 64, 32));
+    dc.SelectObject(pOld);
+}
+
+void PaintOnMetafile(CFormulaOut& formula)
+{
+    const RECT frame = { 0, 0, 1000, 1000 };
+    HDC hScreen = GetDC(nullptr);
+    CMetaFileDC dc;
+    dc.Attach(CreateEnhMetaFileA(hScreen, nullptr, &frame, "Formula\0Image\0"));
+    dc.SetAttribDC(hScreen);
+    formula.DrawTree(&dc, CRect(0, 0, 0, 0));
+    DeleteEnhMetaFile(dc.CloseEnhanced());
+    ReleaseDC(nullptr, hScreen);
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
+{
+    BeQuiet();
+    CFormulaOut formula;
+    formula.FormTree(CString(reinterpret_cast<const char*>(pData), static_cast<int>(nSize)));
+    PaintOnBitmap(formula);
+    PaintOnMetafile(formula);
+    return 0;
+}

@@ -1,0 +1,4 @@
+// A host for fuzzers: message boxes are taken and dropped.
+#pragma once
+
+void BeQuiet();
