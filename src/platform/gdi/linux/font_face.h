@@ -1,0 +1,52 @@
+// Font files: which one a face stands for, and the numbers that are read from it, in font units.
+#pragma once
+
+#include "platform/gdi/gdi.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+// How the bytes of a text find their glyphs.
+enum class CTextCoding
+{
+    text,     // Windows-1252, the file's Unicode map
+    symbol,   // the order of glyphs in symbol.ttf
+    mtExtra,  // the order of glyphs in mtextra.ttf
+    mapped    // the file's own symbol map, at U+F000
+};
+
+// One font file as far as measuring goes. Lives for ever; there are as many as files in use.
+struct CFontFace
+{
+    std::string m_strFile;  // empty: no file could be had, and the numbers are made up
+    CTextCoding m_coding = CTextCoding::text;
+    bool m_bPrivateCodes = false;  // a metafile holds U+F0xx for its bytes
+    bool m_bFakeBold = false;      // asked for bold, file is not: the drawing has to thicken it
+    bool m_bFakeItalic = false;    // likewise, slanted
+    int m_nUnitsPerEm = 2048;
+    int m_nWinAscent = 1825;
+    int m_nWinDescent = 443;
+    int m_nHheaAscent = 1825;
+    int m_nHheaDescent = -443;
+    int m_nHheaGap = 87;
+    int m_nAverageWidth = 1163;
+    int m_nMaxWidth = 4096;  // head: xMax - xMin
+    bool m_bFixedPitch = false;
+    std::array<std::uint16_t, 256> m_anGlyphs{};   // by byte
+    std::array<std::int32_t, 256> m_anAdvances{};  // by byte
+};
+
+// Number of the face for a description: name, italic, bold; pitch and family where the name is not
+// known. Height and width play no part. Never fails.
+int FindFontFace(const LOGFONTA& font);
+// Its numbers; the file is read on the first use.
+const CFontFace& FontFaceById(int nFaceId);
+
+// Windows-1252 as Unicode; the five bytes that it leaves open stay as they are.
+char16_t UnicodeFromAnsi(BYTE byte);
+
+// The faces that formulas use and their files; an empty name where none is found.
+std::vector<std::pair<std::string, std::string>> ListFontFaces();
