@@ -4,6 +4,9 @@
 
 #ifdef _WIN32
 
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
 #include <windows.h>
 
 #else
@@ -34,6 +37,9 @@ using WPARAM = std::uintptr_t;
 using LRESULT = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using INT_PTR = std::intptr_t;
+using ULONG_PTR = std::uintptr_t;
+using LONG_PTR = std::intptr_t;
+using SIZE_T = std::size_t;
 using HANDLE = void*;
 using HGLOBAL = HANDLE;
 using HLOCAL = HANDLE;
@@ -50,9 +56,18 @@ constexpr COLORREF RGB(BYTE red, BYTE green, BYTE blue)
 {
     return static_cast<COLORREF>(red | (green << 8) | (blue << 16));
 }
-constexpr BYTE GetRValue(COLORREF colour) { return static_cast<BYTE>(colour); }
-constexpr BYTE GetGValue(COLORREF colour) { return static_cast<BYTE>(colour >> 8); }
-constexpr BYTE GetBValue(COLORREF colour) { return static_cast<BYTE>(colour >> 16); }
+constexpr BYTE GetRValue(COLORREF colour)
+{
+    return static_cast<BYTE>(colour);
+}
+constexpr BYTE GetGValue(COLORREF colour)
+{
+    return static_cast<BYTE>(colour >> 8);
+}
+constexpr BYTE GetBValue(COLORREF colour)
+{
+    return static_cast<BYTE>(colour >> 16);
+}
 
 struct POINT
 {
@@ -100,6 +115,6 @@ struct LOGFONTA
 };
 using LOGFONT = LOGFONTA;
 
-#endif
-
 using LPCTSTR = const char*;  // text is narrow throughout
+
+#endif

@@ -1,0 +1,21 @@
+// Conversions between UTF-8 and the byte texts of the library: Windows-1252 for what is drawn and
+// typed, code page 936 for the Chinese messages.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// The code of a character in Windows-1252, -1 if it has none.
+int UnicodeToWindows1252(char32_t nCharacter);
+char32_t Windows1252ToUnicode(unsigned char nCode);
+
+std::string Windows1252ToUtf8(std::string_view text);
+
+// False if the text is no UTF-8 or holds a character that Windows-1252 has not; *pnBadOffset is
+// then the offset in bytes of the first such place.
+bool Utf8ToWindows1252(std::string_view utf8, std::string* pText, std::size_t* pnBadOffset);
+
+// Text that is not code page 936 is taken as Windows-1252.
+std::string CodePage936ToUtf8(std::string_view text);
