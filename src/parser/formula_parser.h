@@ -4,14 +4,15 @@
 
 #include <vector>
 
+#include "nodes/type_names.h"
 #include "platform/base/collections.h"
 #include "platform/base/cstring.h"
 #include "platform/base/types.h"
-#include "tree/node_factory.h"
 
 class CBinTree;
 class CNode;
 struct CKeyword;
+struct CRewind;
 
 class CFormulaParser
 {
@@ -75,30 +76,30 @@ protected:
 private:
     void SetText(CString strText, WORD* pPos, CString* pToken);
     CString TextBetween(WORD nStart, WORD nEnd) const;
-    const CKeyword* FindKeyword(WORD* pPos) const;
+    const CKeyword* TakeKeyword(WORD* pPos) const;
 
     CNode* NewNode(ENodeType nType);
     CNode* NewNode(ENodeType nType, const CString& strSymbol);
     CNode* NewNode(ENodeType nType, CNode* pLeft, CNode* pRight);
     CNode* Wrapped(CNode* pNode);
-    CNode* BuildRelation(const CString& strOperator, CNode* pLeft);
 
     CNode* ReadPrimary(WORD* pPos, CString* pToken);
     CNode* ReadNumber(WORD* pPos, CString* pToken);
     CNode* ReadGroup(WORD* pPos, CString* pToken);
     CNode* ReadName(WORD* pPos, CString* pToken);
-    CNode* ReadCallForm(WORD* pPos, CString* pToken, CNode* pNode);
+    void ReadCallForm(WORD* pPos, CString* pToken, CNode* pNode);
     CNode* ReadKeyword(const CKeyword& keyword, WORD* pPos, CString* pToken);
     CNode* ReadFunction(const CKeyword& keyword, WORD* pPos, CString* pToken);
     CNode* ReadGreek(WORD* pPos, CString* pToken);
     CNode* ReadListForm(const CKeyword& keyword, WORD* pPos, CString* pToken);
+    CNode* LinkItems(const CKeyword& keyword, CNode* pFirst, CNode* pSecond, CNode* pThird);
     CNode* ReadText(const CKeyword& keyword, WORD* pPos, CString* pToken);
     CNode* ReadBrace(const CKeyword& keyword, WORD* pPos, CString* pToken);
-    CNode* Fail(int nBack, char chToken, WORD* pPos, CString* pToken);
+    CNode* Fail(const CRewind& rewind, WORD* pPos, CString* pToken);
 
     double ReadCalcPrimary(WORD* pPos, CString* pToken);
 
-    void FreeDropped();
+    void FreeDropped(CNode* pTop);
     void FreeAll();
 
     std::vector<CNode*> m_apMade;     // all nodes of the running parse

@@ -1,6 +1,7 @@
 // One formula: the tree of its nodes, which it owns, and what is selected in it.
 #pragma once
 
+#include "nodes/type_names.h"
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
 #include "platform/base/object.h"
@@ -12,7 +13,6 @@ class CBitmap;
 class CDC;
 class CNode;
 class CPalette;
-struct CNodeType;
 
 // Owns its root, and through it every node. It knows type names, two links for each node, the
 // root and the selection; what the nodes mean is the nodes' affair.
@@ -29,7 +29,7 @@ public:
     CNode* CreateNode(CString strType);
 
     // The same without the format, for whoever formats the finished tree in one go.
-    CNode* CreateBareNode(const CNodeType& type);
+    CNode* CreateBareNode(ENodeType nType);
 
     // For a name out of an archive: an unknown one throws CArchiveException (badClass). Not
     // formatted, as a loaded tree is formatted when it is linked.

@@ -1,18 +1,13 @@
-// The node types as a table: a name, the class that stands behind it and how it is made.
+// How a node is made from its type.
+// Beside the table of the types' names, this is the only place that knows all classes.
 #pragma once
 
 #include "nodes/type_names.h"
-#include "platform/base/cstring.h"
 
 class CNode;
 
-struct CNodeType
-{
-    const CString* pstrName;  // immortal
-    CNode* (*pfnCreate)();
-};
+// A new node of a type with its name, the caller's; not formatted. CMemoryException.
+CNode* MakeNode(ENodeType nType);
 
-const CNodeType& GetNodeType(ENodeType nType);
-
-// The row of a name, compared with its case; null for an unknown name.
-const CNodeType* FindNodeType(const CString& strName);
+// The same by name. An unknown name gives a plain node of that name, in its constructor's font.
+CNode* MakeNode(const CString& strType);

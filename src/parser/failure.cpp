@@ -1,0 +1,41 @@
+// The words for what stopped a parse or a calculation.
+// The same words stand for both.
+#include "parser/failure.h"
+
+#include "parser/token.h"
+
+namespace
+{
+
+constexpr const char* s_pszStopped = "Error in Calculation() weil ";
+constexpr int MAX_REASON = 255;  // characters
+
+}  // namespace
+
+CString DescribeFailure(CException* pException)
+{
+    char szReason[MAX_REASON + 1] = "";
+    pException->GetErrorMessage(szReason, sizeof szReason);
+    return CString::Immortal(s_pszStopped) + szReason;
+}
+
+CString DescribeNoMemory()
+{
+    CMemoryException exception;
+    return DescribeFailure(&exception);
+}
+
+void ReportEnd(WORD nPos, const CString& strToken, const char* pszFormat, const CString& strDetail,
+               WORD* pErrorPos, CString* pMessage)
+{
+    if (IsToken(&strToken, '\0'))
+    {
+        *pMessage = strDetail;
+        *pErrorPos = 0;
+        return;
+    }
+    CString strPlace;
+    strPlace.Format(pszFormat, nPos);
+    *pMessage = strPlace + strDetail + "!";
+    *pErrorPos = nPos;
+}

@@ -1,0 +1,226 @@
+// What all levels of the parser share: the text and its characters, the nodes that a parse makes,
+// the entry and its messages.
+#include <algorithm>
+#include <functional>
+#include <new>
+
+#include "format/tree_format.h"
+#include "nodes/node.h"
+#include "parser/failure.h"
+#include "parser/formula_parser.h"
+#include "parser/keywords.h"
+#include "parser/token.h"
+#include "platform/base/exception.h"
+#include "tree/bin_tree.h"
+
+namespace
+{
+
+constexpr int MAX_POSITION = 0xFFFF;
+constexpr int GAP_WIDE = 2;
+constexpr int GAP_AT_START = -6;
+
+// A list of nodes that has grown beyond this is given back after the parse.
+constexpr std::size_t KEPT_NODES = 16 * 1024;
+constexpr std::size_t FIRST_NODES = 256;
+constexpr std::size_t NODES_AT_ONCE = 3;  // a node, and the children that its constructor makes
+
+struct CBracketPair
+{
+    const char* pszLeft;
+    const char* pszRight;
+    int nKind;
+};
+
+// The shapes that a text can ask for; the others come from stored formulas.
+constexpr CBracketPair s_aBracketPairs[] = {
+    { "", "", 0 },   { "[", "]", 1 }, { "{", "}", 2 }, { "<", ">", 3 }, { "|", "|", 4 },
+    { "[", "[", 6 }, { "]", "]", 7 }, { "]", "[", 8 }, { "[", "", 9 },  { "", "]", 10 },
+    { "{", "", 15 }, { "", "}", 16 }, { "|", "", 19 }, { "", "|", 20 },
+};
+
+template <class T>
+void GiveBackIfHuge(std::vector<T>& list)
+{
+    list.clear();
+    if (list.capacity() > KEPT_NODES)
+        list.shrink_to_fit();
+}
+
+void DeleteAlone(CNode* pNode)
+{
+    pNode->LinkLeft(nullptr);
+    pNode->LinkRight(nullptr);
+    delete pNode;
+}
+
+}  // namespace
+
+CFormulaParser::CFormulaParser()
+    : m_dArgument(0.0), m_adFunctConst{}, m_pTree(nullptr), m_pResult(nullptr), m_bWideTimes(0)
+{
+    m_astrKeywords.Copy(KeywordNames());
+}
+
+CFormulaParser::~CFormulaParser() = default;
+
+void CFormulaParser::SetFormula(CString strText)
+{
+    m_strSource = strText;
+}
+
+CString CFormulaParser::GetFormula() const
+{
+    return m_strSource;
+}
+
+int CFormulaParser::Parse(CString strText, WORD* pErrorPos, CString* pMessage)
+{
+    m_strError.Empty();
+    m_pResult = nullptr;
+    m_nGreek = 0;
+    m_bEnded = false;
+    g_nTimesGap = m_bWideTimes != 0 ? GAP_WIDE : GAP_AT_START;
+
+    const bool bDone = RunAndReport(pMessage,
+                                    [&]
+                                    {
+                                        WORD nPos;
+                                        CString strToken;
+                                        SetText(strText, &nPos, &strToken);
+                                        CNode* pResult = ParseExpression(&nPos, &strToken);
+                                        ReportEnd(nPos, strToken, "Error at Position %d",
+                                                  m_strError, pErrorPos, pMessage);
+                                        pResult->ApplyFormat(&g_DefaultFormat);
+                                        FreeDropped(pResult);
+                                        m_pResult = pResult;
+                                    });
+    if (!bDone)
+        FreeAll();
+    return bDone ? 1 : 0;
+}
+
+void CFormulaParser::SetText(CString strText, WORD* pPos, CString* pToken)
+{
+    strText.TrimLeft();
+    strText.TrimRight();
+    if (strText.GetLength() >= MAX_POSITION)
+        AfxThrowTextTooLongException();
+    m_strText = strText + CharStr('\0');
+    *pPos = 0;
+    pToken->Empty();
+    NextChar(pPos, pToken);
+}
+
+// Behind the end the position counts on, but never past 16 bits and so never back into the text.
+void CFormulaParser::NextChar(WORD* pPos, CString* pToken)
+{
+    const char* pszText = m_strText;
+    const int nLength = m_strText.GetLength();
+    char ch;
+    do
+    {
+        if (*pPos < MAX_POSITION)
+            ++*pPos;
+        ch = *pPos > nLength ? '\0' : pszText[*pPos - 1];
+    } while (ch == ' ');
+    *pToken = CharStr(ch);
+}
+
+CString CFormulaParser::TextBetween(WORD nStart, WORD nEnd) const
+{
+    if (nEnd - nStart == 1)
+        return CharStr(m_strText[nStart - 1]);
+    return m_strText.Mid(nStart - 1, nEnd - nStart);
+}
+
+// list := expression { "," expression }
+int CFormulaParser::ParseList(WORD* pPos, CString* pToken, CArray<CNode*, CNode*>* pList)
+{
+    pList->RemoveAll();
+    pList->Add(ParseExpression(pPos, pToken));
+    while (IsToken(pToken, ','))
+    {
+        NextChar(pPos, pToken);
+        pList->Add(ParseExpression(pPos, pToken));
+    }
+    return 1;
+}
+
+int CFormulaParser::BracketType(CString strLeft, CString strRight)
+{
+    for (const CBracketPair& pair : s_aBracketPairs)
+    {
+        if (strLeft.Compare(pair.pszLeft) == 0 && strRight.Compare(pair.pszRight) == 0)
+            return pair.nKind;
+    }
+    return 0;
+}
+
+CNode* CFormulaParser::NewNode(ENodeType nType)
+{
+    if (m_apMade.capacity() - m_apMade.size() < NODES_AT_ONCE)
+        m_apMade.reserve(std::max(FIRST_NODES, 2 * m_apMade.capacity()));
+    CNode* pNode = m_pTree->CreateBareNode(nType);
+    m_apMade.push_back(pNode);
+    if (pNode->GetLeft() != nullptr)
+        m_apMade.push_back(pNode->GetLeft());
+    if (pNode->GetRight() != nullptr)
+        m_apMade.push_back(pNode->GetRight());
+    return pNode;
+}
+
+CNode* CFormulaParser::NewNode(ENodeType nType, const CString& strSymbol)
+{
+    CNode* pNode = NewNode(nType);
+    pNode->SetSymbol(strSymbol);
+    // The face is the mark of a Greek name: formatting leaves it alone.
+    if (m_nGreek > 0 && nType == NTI_VARIABLE)
+        pNode->SetFontName(CString::Immortal("Symbol"));
+    return pNode;
+}
+
+CNode* CFormulaParser::NewNode(ENodeType nType, CNode* pLeft, CNode* pRight)
+{
+    CNode* pNode = NewNode(nType);
+    if (pLeft != nullptr)
+        pNode->LinkLeft(pLeft);
+    if (pRight != nullptr)
+        pNode->LinkRight(pRight);
+    return pNode;
+}
+
+// A rule can drop a node that still points at nodes which live, so that what pTop does not reach
+// is deleted node by node.
+void CFormulaParser::FreeDropped(CNode* pTop)
+{
+    m_apReached.reserve(m_apMade.size());
+    m_apReached.push_back(pTop);
+    for (std::size_t i = 0; i < m_apReached.size(); i++)
+    {
+        const CNode* pNode = m_apReached[i];
+        if (pNode->GetLeft() != nullptr)
+            m_apReached.push_back(pNode->GetLeft());
+        if (pNode->GetRight() != nullptr)
+            m_apReached.push_back(pNode->GetRight());
+    }
+    if (m_apReached.size() != m_apMade.size())
+    {
+        std::sort(m_apReached.begin(), m_apReached.end(), std::less<>());
+        for (CNode* pNode : m_apMade)
+        {
+            if (!std::binary_search(m_apReached.begin(), m_apReached.end(), pNode, std::less<>()))
+                DeleteAlone(pNode);
+        }
+    }
+    GiveBackIfHuge(m_apReached);
+    GiveBackIfHuge(m_apMade);
+}
+
+void CFormulaParser::FreeAll()
+{
+    for (CNode* pNode : m_apMade)
+        DeleteAlone(pNode);
+    GiveBackIfHuge(m_apMade);
+    GiveBackIfHuge(m_apReached);
+}
