@@ -1,18 +1,8 @@
-// The moves from which layouts are put together, on rectangles with y down, and the arithmetic
-// under them. Stored formulas can hold any 32-bit number: sums wrap, nothing overflows.
+// The moves from which layouts are put together, on rectangles with y down. Stored formulas can
+// hold any 32-bit number: sums wrap, as they do in CRect.
 #pragma once
 
 #include "platform/base/geometry.h"
-
-constexpr int WrapAdd(int a, int b)
-{
-    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
-}
-
-constexpr int WrapSub(int a, int b)
-{
-    return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
-}
 
 constexpr int WrapMul(int a, int b)
 {
@@ -39,10 +29,7 @@ constexpr int TruncToInt(double d)
 // Adds (x, y): puts a rectangle that stands at (0, 0) with its top left corner there.
 inline void Place(CRect& r, int x, int y)
 {
-    r.left = WrapAdd(r.left, x);
-    r.top = WrapAdd(r.top, y);
-    r.right = WrapAdd(r.right, x);
-    r.bottom = WrapAdd(r.bottom, y);
+    r.OffsetRect(x, y);
 }
 
 // Moves r sideways by half of what c is wider: centred if both have the same left edge.

@@ -3,6 +3,8 @@
 // child in a row; the classes below change only what differs.
 #pragma once
 
+#include <memory>
+
 #include "nodes/type_names.h"
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
@@ -13,7 +15,6 @@ class CArchive;
 class CBinTree;
 class CBinTreeFormat;
 class CDC;
-class CLoadedChildren;
 struct CNodeData;
 
 // Bits of CNode::m_nFlags.
@@ -184,29 +185,32 @@ protected:
     // that the constructor made, and behind the common items *pKind if it is not null.
     void SerializeBigOperator(CArchive& ar, CBinTree* pTree, int* pKind);
 
-    // Takes the rows of the kind into m_strTextOwn and m_strTextFormat, in the classes with kinds.
-    virtual void SelectText(int nForm);
-
-private:
+    // The parts at (0, 0), measured in this order; zero rectangles for missing children.
     struct CParts
     {
         CRect left;
         CRect own;
         CRect right;
     };
-
     CParts MeasureParts(CDC* pDC);
+
+    // Takes the rows of the kind into m_strTextOwn and m_strTextFormat, in the classes with kinds.
+    virtual void SelectText(int nForm);
+
+private:
     bool IsMeasured(CDC* pDC);
-    void PaintMarked(CDC* pDC, const CRect& own, const CNode* pSelected, UINT nFlags);
-    void PaintBelow(CDC* pDC, CParts& parts, CNode* pSelected, UINT nFlags);
+    void PaintPart(CDC* pDC, const CRect& own, bool bSelected, UINT nFlags);
     void ApplyRecord(CBinTreeFormat* pFormat);
     void AppendText(CString& strText, int nForm);
+    void AppendArgument(CString& strText, int nForm, int nArg);
 
-    void StoreChildren(CArchive& ar, CBinTree* pTree);
-    void StoreCommon(CArchive& ar);
+    void StoreChildren(CArchive& ar, CBinTree* pTree) const;
+    void StoreCommon(CArchive& ar) const;
     void LoadCommon(CArchive& ar);
-    void SerializeFont(CArchive& ar);
-    void LinkLoaded(CLoadedChildren& children, bool bRightOnly);
+    void LoadFont(CArchive& ar);
+    void LoadRange(CArchive& ar, CBinTree* pTree);
+    void LinkLoadedLeft(std::unique_ptr<CNode> pLeft);
+    void LinkLoadedRight(std::unique_ptr<CNode> pRight);
 
     // Bookkeeping of passes.
     ULONGLONG m_nMeasuredPass;  // in which the following three were found; 0 never

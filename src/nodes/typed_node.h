@@ -32,7 +32,6 @@ public:
 
     void CopyAttributes(CNode* pSource) override;
     void SerializeNode(CArchive& ar, CBinTree* pTree) override;
-    CString MakeText(int nForm) override;
 
     int GetKind() const { return m_nKind; }
     void SetKind(int nKind) { m_nKind = nKind; }
