@@ -1,0 +1,53 @@
+// Powers and indices: small parts set up and down beside another.
+#include "nodes/power_nodes.h"
+
+#include "nodes/moves.h"
+
+CPowerToNode::CPowerToNode() : CNode(NTI_POWERTO) {}
+
+void CPowerToNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
+{
+    constexpr int c_nOverlap = 2;  // of the exponent over the base, sideways
+    constexpr int c_nDrop = 8;     // of the exponent below the top
+
+    int x = rect.left;
+    Place(right, -c_nOverlap, c_nDrop);
+    Place(left, x, rect.top);
+    x = Sum(x, W(left));
+    PlaceInRow(right, x, rect.top);
+    Place(left, 0, H(right));
+    own = Union(right, left);
+    rect.right = x;
+    rect.bottom = Sum(rect.top, H(left), H(right));
+    m_nBaseline = Sum(WrapSub(left.top, rect.top), H(left) / 2);  // not the base's own axis
+}
+
+CRect CPowerToNode::GetOwnSize(CDC*)
+{
+    return CRect(0, 0, 0, 0);
+}
+
+void CPowerToNode::PaintOwn(CDC*, CRect, UINT) {}
+
+CIndexNode::CIndexNode(CNode* pParent) : CNode(NTI_INDEX)
+{
+    m_pParent = pParent;
+}
+
+void CIndexNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
+{
+    int y = rect.top;
+    StackDown(left, rect.left, y);
+    StackDown(right, rect.left, y);
+    rect.right = Sum(rect.left, WidestOf(left, right));
+    rect.bottom = y;
+    own.SetRectEmpty();
+    m_nBaseline = Sum(H(left), 2);  // the symbol's axis goes just below the upper index
+}
+
+CRect CIndexNode::GetOwnSize(CDC*)
+{
+    return CRect(0, 0, 0, 0);
+}
+
+void CIndexNode::PaintOwn(CDC*, CRect, UINT) {}
