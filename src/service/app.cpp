@@ -1,0 +1,8 @@
+#include "service/app.h"
+
+BEGIN_MESSAGE_MAP(CMivoraApp, CWinApp)
+END_MESSAGE_MAP()
+
+CMivoraApp::CMivoraApp() : CWinApp(nullptr) {}
+
+CMivoraApp theApp;

@@ -1,0 +1,114 @@
+// A tree as an enhanced metafile, and the text that such a file carries in its comment.
+#include <cstring>
+
+#include "platform/base/app.h"
+#include "platform/base/system.h"
+#include "platform/gdi/dc.h"
+#include "service/metafile_comment.h"
+#include "service/screen_dc.h"
+#include "tree/bin_tree.h"
+
+CString g_strMetaComment;
+
+namespace
+{
+constexpr char s_szTag[] = "qvmrz";  // what a comment of ours begins with
+constexpr int s_nTagLength = sizeof s_szTag - 1;
+constexpr char s_szDescription[] = "Formula\0Image\0";  // one more NUL ends the pair
+constexpr DWORD s_nCommentRecord = 70;
+constexpr size_t s_nCommentHead = 12;  // type, size, size of the data
+
+// Hundredths of a millimetre, by the screen's physical size.
+CRect FrameOf(const CRect& rect, HDC hScreen)
+{
+    const int cx = MulDiv(rect.Width() * 100, GetDeviceCaps(hScreen, HORZSIZE),
+                          GetDeviceCaps(hScreen, HORZRES));
+    const int cy = MulDiv(rect.Height() * 100, GetDeviceCaps(hScreen, VERTSIZE),
+                          GetDeviceCaps(hScreen, VERTRES));
+    return CRect(0, 0, cx, cy);
+}
+
+void WriteComment(CDC& dc)
+{
+    const CString strData = s_szTag + g_strMetaComment;
+    GdiComment(dc.GetSafeHdc(), static_cast<UINT>(strData.GetLength()),
+               reinterpret_cast<const BYTE*>(strData.GetString()));
+}
+
+void FillBackground(CDC& dc, const CRect& rect)
+{
+    CBrush brush;
+    brush.Attach(GetSysColorBrush(COLOR_WINDOW));
+    dc.FillRect(&rect, &brush);
+    brush.DeleteObject();  // a system brush outlives this, but the record of it is wanted
+}
+
+// The data up to a NUL, whatever size the record tells, but not beyond its end.
+int CALLBACK TakeComment(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM)
+{
+    if (pRecord->iType != s_nCommentRecord || pRecord->nSize < s_nCommentHead)
+        return 1;
+    const char* pchData = reinterpret_cast<const char*>(pRecord) + s_nCommentHead;
+    const size_t nLength = strnlen(pchData, pRecord->nSize - s_nCommentHead);
+    g_strMetaComment = CString(pchData, static_cast<int>(nLength));
+    return 1;
+}
+}  // namespace
+
+int CBinTree::WriteMetafile(CString strPath)
+{
+    CScreenDC screen;
+    const CRect rect = MeasureTree(&screen);
+    const CRect frame = FrameOf(rect, screen.GetSafeHdc());
+
+    CMetaFileDC dc;
+    if (!dc.Attach(CreateEnhMetaFileA(screen.GetSafeHdc(), nullptr, &frame, s_szDescription)))
+    {
+        ReportLastError();
+        return 0;
+    }
+    dc.SetAttribDC(screen.GetSafeHdc());
+    dc.SetMapMode(MM_TEXT);
+    WriteComment(dc);  // before everything that draws: readers look for it there
+    FillBackground(dc, rect);
+    Draw(&dc, rect);
+
+    const HENHMETAFILE hPicture = dc.CloseEnhanced();
+    const HENHMETAFILE hCopy = CopyEnhMetaFileA(hPicture, strPath);
+    DeleteEnhMetaFile(hCopy);
+    DeleteEnhMetaFile(hPicture);
+    return hCopy != nullptr ? 1 : 0;
+}
+
+int CBinTree::ReadMetafile(CString strPath)
+{
+    const HENHMETAFILE hPicture = GetEnhMetaFileA(strPath);
+    int nParameter = 204;
+    const CRect rect(0, 0, 0, 0);
+    EnumEnhMetaFile(nullptr, hPicture, TakeComment, &nParameter, &rect);
+    DeleteEnhMetaFile(hPicture);
+
+    if (g_strMetaComment.Left(s_nTagLength).Compare(s_szTag) != 0)
+    {
+        // "不能解析该文件!"
+        AfxMessageBox("\xB2\xBB\xC4\xDC\xBD\xE2\xCE\xF6\xB8\xC3\xCE\xC4\xBC\xFE!");
+        return 0;
+    }
+    // Data without a byte of padding used to be read on into the brush record that follows, whose
+    // type 39 is an apostrophe; texts have lost a closing one ever since.
+    if (g_strMetaComment.Right(1).Compare("'") == 0)
+        g_strMetaComment = g_strMetaComment.Left(g_strMetaComment.GetLength() - 1);
+    g_strMetaComment = g_strMetaComment.Mid(s_nTagLength);
+    return 1;
+}
+
+void CBinTree::ReportLastError()
+{
+    char* pszText = nullptr;
+    FormatMessageA(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, GetLastError(), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
+        reinterpret_cast<char*>(&pszText), 0, nullptr);
+    MessageBoxA(nullptr, pszText, "Error", MB_ICONINFORMATION);
+    LocalFree(pszText);
+}

@@ -1,0 +1,194 @@
+#include "command_table.h"
+
+#include <cassert>
+#include <cstring>
+
+namespace
+{
+// One row for each EOption, in its order.
+constexpr COption s_aOptions[] = {
+    { OPT_OUTPUT, "o", "output", "FILE", VALUE_FILE, 0, 0, nullptr,
+      "Write the picture to FILE; its extension chooses the format" },
+    { OPT_DPI, nullptr, "dpi", "N", VALUE_NUMBER, 10, 2400, nullptr,
+      "Resolution of a .bmp or .png in dots per inch (default 96); a .svg or .pdf is enlarged "
+      "in the same proportion" },
+    { OPT_BOXES, nullptr, "boxes", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Draw the rectangles of the nodes and their axes over the picture" },
+    { OPT_GRAYED, nullptr, "grayed", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Draw the formula in grey" },
+    { OPT_SELECT, nullptr, "select", "PATH", VALUE_TEXT, 0, 0, nullptr,
+      "Show a node as selected: letters L and R lead down from the root, then :1 for the node "
+      "alone or :2 for all below it" },
+    { OPT_STRICT, nullptr, "strict", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "End with status 1 if a text has a syntax error" },
+    { OPT_LINES, nullptr, "lines", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Take every line of standard input as a text and give one line for each" },
+    { OPT_HEX, nullptr, "hex", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "With --lines: each line is a text in hexadecimal, as bytes of Windows-1252" },
+    { OPT_DIRECTORY, "d", "directory", "DIR", VALUE_FOLDER, 0, 0, nullptr,
+      "Put the files into DIR" },
+    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, "wmf emf bmp png svg pdf",
+      "Format and extension of the files (default wmf)" },
+    { OPT_JOBS, nullptr, "jobs", "N", VALUE_NUMBER, 1, 256, nullptr,
+      "Work with N processes (default 1)" },
+    { OPT_HELP, nullptr, "help", nullptr, VALUE_NONE, 0, 0, nullptr, "Show this help" },
+};
+static_assert(std::size(s_aOptions) == OPT_COUNT);
+
+constexpr EOption s_aRequiredRender[] = { OPT_OUTPUT };
+constexpr EOption s_aRequiredBatch[] = { OPT_DIRECTORY };
+
+constexpr EOption s_aRender[] = { OPT_OUTPUT, OPT_DPI,    OPT_BOXES, OPT_GRAYED,
+                                  OPT_SELECT, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aBatch[] = {
+    OPT_DIRECTORY, OPT_FORMAT, OPT_DPI, OPT_JOBS, OPT_STRICT, OPT_HELP
+};
+constexpr EOption s_aSingle[] = { OPT_STRICT, OPT_HELP };
+constexpr EOption s_aLines[] = { OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aPlain[] = { OPT_HELP };
+
+constexpr CExample s_aRenderExamples[] = {
+    { "mivora render 'sqr(x+1)/2' -o root.wmf", "an enhanced metafile" },
+    { "mivora render 'a/b' -o half.png --dpi 300", "a picture of 300 dots per inch" },
+    { "echo 'a<=b' | mivora render - -o relation.svg", "the text from standard input" },
+};
+constexpr CExample s_aBatchExamples[] = {
+    { "mivora batch formulas.txt -d out --format svg --jobs 4", "four processes" },
+    { "grep = notes | mivora batch - -d out", "from a pipe" },
+};
+constexpr CExample s_aTreeExamples[] = {
+    { "mivora tree 'a+b*c'", "one text" },
+    { "mivora tree -x+y", "a text may begin with a minus sign" },
+    { "mivora tree --lines <formulas.txt", "one line for each line of a file" },
+};
+
+constexpr CCommand s_aCommands[] = {
+    { "render", OPERAND_TEXT, "TEXT", s_aRequiredRender, s_aRender, "draw a formula into a file",
+      "Draws the formula into FILE. The extension of FILE chooses the format: .wmf or .emf "
+      "(enhanced metafile), .bmp, .png, .svg or .pdf. Prints the width and the height, each 22 "
+      "times the size in pixels of the screen.\n"
+      "A syntax error is a warning: the text is shown with a mark under the place, and the part "
+      "before it is drawn.",
+      s_aRenderExamples, RunRender },
+    { "batch", OPERAND_FILE, "FILE", s_aRequiredBatch, s_aBatch,
+      "draw every line of a file into a file of its own",
+      "Takes one formula from each line of FILE, or of standard input if FILE is -, and draws it "
+      "into a file that is named by the number of the line in six digits. An empty line is the "
+      "empty formula.\n"
+      "Each failure and each syntax error is told with its line and position, and the rest goes "
+      "on. The last line counts: \"N done, N with syntax errors, N failed\". The status is 1 if "
+      "a line failed.",
+      s_aBatchExamples, RunBatch },
+    { "measure",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aSingle,
+      "tell the size of a formula",
+      "Prints left, top, right and bottom in pixels of the screen, a tab, the same in hundredths "
+      "of an inch (y upwards), a tab, and the axis: its distance from the top in pixels.",
+      {},
+      RunMeasure },
+    { "tree",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLines,
+      "show the tree of a formula as one line",
+      "Prints the tree, a tab, the position of a syntax error or 0, a tab, the message, a tab, "
+      "and the gap of products. A node is (TYPE[kind] \"symbol\" left right); a missing child "
+      "is -, and @Symbol behind a symbol tells its face. A text that is refused gives - for "
+      "the tree.",
+      s_aTreeExamples,
+      RunTree },
+    { "layout",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLines,
+      "tell the place of every node as JSON",
+      "Prints one line of JSON: the gap of products, the rectangle of the formula and its nodes. "
+      "A node has type, kind, symbol, level, height (of its font, tenths of a point), extent (of "
+      "its text), own (size of its own part), size (of all of it), axis, rect (of its own part, "
+      "the formula painted at 0, 0), left and right. All is in pixels of the screen.",
+      {},
+      RunLayout },
+    { "text",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLines,
+      "write a formula as a FORTRAN expression",
+      "Prints the expression with its continuation lines. With --lines each expression takes one "
+      "line, its line breaks written as \\x0D\\x0A.",
+      {},
+      RunText },
+    { "calc",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLines,
+      "calculate a text",
+      "Prints the value, a tab, the position of an error or 0, a tab, and the message, which is "
+      "in German. The text has numbers, + - * / ^, brackets and functions; angles are radians.",
+      {},
+      RunCalc },
+    { "comment",
+      OPERAND_FILE,
+      "FILE",
+      {},
+      s_aPlain,
+      "show the text that a metafile carries",
+      "Prints the text in the comment of an enhanced metafile.",
+      {},
+      RunComment },
+    { "fonts",
+      OPERAND_NONE,
+      nullptr,
+      {},
+      s_aPlain,
+      "show where the fonts come from",
+      "Prints a line for each face: its name, a tab, and the file, or - if there is none and "
+      "another face is put in its place.",
+      {},
+      RunFonts },
+};
+
+constexpr CManualSection s_aSections[] = {
+    { "TEXT",
+      "A TEXT is one formula in the language of the library, in UTF-8. It is converted to "
+      "Windows-1252; a character that this code page does not have is an error that tells its "
+      "position. A TEXT may begin with -: a word that is no option of the command is the TEXT. "
+      "The word -- ends the options. The word - alone stands for all of standard input, less "
+      "one final line break." },
+    { "EXIT STATUS",
+      "0 for success, 1 for a failed operation, 2 for wrong usage. A syntax error is no failure "
+      "unless --strict is given. Errors and warnings are on standard error." },
+};
+}  // namespace
+
+std::span<const CCommand> Commands()
+{
+    return s_aCommands;
+}
+
+const CCommand* FindCommand(const std::string& strName)
+{
+    for (const CCommand& command : s_aCommands)
+    {
+        if (strName == command.pszName)
+            return &command;
+    }
+    return nullptr;
+}
+
+const COption& OptionOf(EOption nId)
+{
+    assert(s_aOptions[nId].nId == nId);
+    return s_aOptions[nId];
+}
+
+std::span<const CManualSection> ManualSections()
+{
+    return s_aSections;
+}
