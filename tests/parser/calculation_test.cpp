@@ -1,0 +1,204 @@
+// Values, positions and German messages of the calculator.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "parser/formula_parser.h"
+#include "platform/base/app.h"
+
+namespace
+{
+
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double NO_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr const char* DIVISION_BY_ZERO = " (Division durch Null)";
+constexpr const char* NO_ROOT = " (keine Wurzel aus neg. Zahl)";
+
+class CTestParser : public CFormulaParser
+{
+public:
+    double GetArgument() const { return m_dArgument; }
+    double GetFunctConst(int n) const { return m_adFunctConst[n]; }
+};
+
+struct CCalcCase
+{
+    const char* pszText;
+    double dValue;
+    int nErrorPos = 0;
+    const char* pszMessage = "";
+};
+
+void ExpectValue(const CCalcCase& calc)
+{
+    SCOPED_TRACE(calc.pszText);
+    CFormulaParser parser;
+    WORD nErrorPos = 4711;
+    CString strMessage = "untouched";
+    const double dValue = parser.Calculation(calc.pszText, 0.0, &nErrorPos, &strMessage);
+    if (std::isnan(calc.dValue))
+        EXPECT_TRUE(std::isnan(dValue)) << dValue;
+    else
+        EXPECT_DOUBLE_EQ(dValue, calc.dValue);
+    EXPECT_EQ(nErrorPos, calc.nErrorPos);
+    EXPECT_STREQ(strMessage.GetString(), calc.pszMessage);
+}
+
+}  // namespace
+
+TEST(Calculation, FoldsFromTheLeft)
+{
+    const CCalcCase aCases[] = {
+        { "", 0.0 },
+        { "  1+2*3 ", 7.0 },
+        { "8-4-2", 2.0 },
+        { "8/4/2", 1.0 },
+        { "2^3^2", 64.0 },
+        { "-2^2", 4.0 },
+        { "2*-3", -6.0 },
+        { "2--3", 5.0 },
+        { "--3", -3.0 },
+        { "(1+2", 3.0 },
+        { "(1+2)*3", 9.0 },
+        { "1.2.3", 1.2 },
+        { "1 2", 1.0 },
+        { ".5+5.", 5.5 },
+        { ".", 0.0 },
+        { "0.1", 0.1 },
+        { "2x", 2.0, 2, "Error an Position 2 gefunden!" },
+        { "x", 0.0, 1, "Error an Position 1 gefunden!" },
+        { "1)", 1.0, 2, "Error an Position 2 gefunden!" },
+        { "5%", 5.0, 2, "Error an Position 2 gefunden!" },
+        { "1,5", 1.0, 2, "Error an Position 2 gefunden!" },
+        { "2**3", 0.0, 3, "Error an Position 3 gefunden!" },
+    };
+    for (const CCalcCase& calc : aCases)
+        ExpectValue(calc);
+}
+
+TEST(Calculation, TellsTheLastThingThatWentWrong)
+{
+    const CCalcCase aCases[] = {
+        { "1/0", 1.0, 0, DIVISION_BY_ZERO },
+        { "1/0+2", 3.0, 0, DIVISION_BY_ZERO },
+        { "1/0 x", 1.0, 5, "Error an Position 5 gefunden (Division durch Null)!" },
+        { "(-8)^0.5", -8.0, 0, NO_ROOT },
+        { "(-8)^2.5", -8.0, 0, NO_ROOT },
+        { "0^1", 0.0, 0, NO_ROOT },
+        { "0^0", 0.0, 0, NO_ROOT },
+        { "(-2)^1", -2.0, 0, NO_ROOT },
+        { "0^2", 0.0 },
+        { "(-2)^2", 4.0 },
+        { "(-2)^-3", -0.125 },
+        { "(-2)^3000000000", -2.0, 0, NO_ROOT },
+        { "(0-8)^0.5/0", -8.0, 0, DIVISION_BY_ZERO },
+        { "1/0+0^1", 1.0, 0, NO_ROOT },
+    };
+    for (const CCalcCase& calc : aCases)
+        ExpectValue(calc);
+}
+
+TEST(Calculation, KnowsTheFunctionsAndWhatTheyRefuse)
+{
+    const CCalcCase aCases[] = {
+        { "abs(-3)", 3.0 },
+        { "sqr 9", 3.0 },
+        { "sqr(-4)", -4.0 },
+        { "sinh(1)", 1.1752011936438014 },
+        { "cosh(1)", 1.5430806348152437 },
+        { "tanh(1)", 0.7615941559557649 },
+        { "arctan(1)", 0.7853981633974483 },
+        { "ln(2)", 0.6931471805599453 },
+        { "ln(0)", -INFINITE },
+        { "ln(-1)", -1.0 },
+        { "log 1000", 3.0 },
+        { "log(-1)", -1.0 },
+        { "exp(1)", 2.718281828459045 },
+        { "exp(41)", 6.398434935300549e17 },
+        { "exp(42)", 42.0 },
+        { "sin 1+2", 2.8414709848078965 },
+        { "SIN(1)", 0.8414709848078965 },
+        { "cos(0)", 1.0 },
+        { "tan(1)", 1.5574077246549023 },
+        { "arcsin 1", 1.0 },
+        { "arcsin(0.5)", 0.5235987755982989 },
+        { "arccos 1", 0.0 },
+        { "arccos(2)", 2.0 },
+        { "int(2.9)", 2.0 },
+        { "int(-2.9)", -2.0 },
+        { "int(2147483647.5)", 2147483647.0 },
+        { "int(2147483648)", -2147483648.0 },
+        { "int(-3000000000)", -2147483648.0 },
+        { "int(ln 0)", -2147483648.0 },
+        { "rad(180)", 3.141592653589793 },
+        { "deg(rad(90))", 90.0 },
+        { "arsinh(1)", 0.881373587019543 },
+        { "arcosh(2)", 1.3169578969248166 },
+        { "arcosh(0.5)", 0.5 },
+        { "arcosh(-2)", std::log(-2.0 + std::sqrt(3.0)) },
+        { "artanh(0.5)", 0.5493061443340549 },
+        { "artanh(1)", INFINITE },
+        { "artanh(2)", 2.0 },
+        { "cot(1)", 1.0 },
+        { "coth 7", 7.0 },
+        { "greek 3", 3.0 },
+        { "sum(1,2,3)", 1.0, 6, "Error an Position 6 gefunden!" },
+        { "sqr sqr 16", 2.0 },
+        { "sin", 0.0 },
+    };
+    for (const CCalcCase& calc : aCases)
+        ExpectValue(calc);
+}
+
+TEST(Calculation, ReadsNumbersBeyondTheRangeOfADouble)
+{
+    const std::string strHuge(400, '9');
+    const std::string strTiny = "0." + std::string(400, '0') + "1";
+    const std::string strMixed = "000" + strHuge + ".5";
+    ExpectValue({ strHuge.c_str(), INFINITE });
+    ExpectValue({ strMixed.c_str(), INFINITE });
+    ExpectValue({ strTiny.c_str(), 0.0 });
+    ExpectValue({ (strHuge + "-" + strHuge).c_str(), NO_NUMBER });
+}
+
+TEST(Calculation, StoresArgumentAndConstants)
+{
+    static int s_nBoxes = 0;
+    AfxSetMessageBoxHandler(
+        [](const char* pszText, unsigned, void*)
+        {
+            EXPECT_STREQ(pszText, "ProgrammError in SetFunctConst()");
+            s_nBoxes++;
+            return 1;
+        },
+        nullptr);
+    CTestParser parser;
+    for (int nIndex : { -1, 0, 1, 9, 10 })
+        parser.SetFunctConst(nIndex, 2.5);
+    AfxSetMessageBoxHandler(nullptr, nullptr);
+    EXPECT_EQ(s_nBoxes, 3);
+    EXPECT_EQ(parser.GetFunctConst(0), 0.0);
+    EXPECT_EQ(parser.GetFunctConst(1), 2.5);
+    EXPECT_EQ(parser.GetFunctConst(8), 0.0);
+    EXPECT_EQ(parser.GetFunctConst(9), 2.5);
+
+    WORD nErrorPos;
+    CString strMessage;
+    parser.Calculation("1", 0.0, &nErrorPos, &strMessage);
+    EXPECT_EQ(parser.GetArgument(), 1e-99);
+    parser.Calculation("1", -3.0, &nErrorPos, &strMessage);
+    EXPECT_EQ(parser.GetArgument(), -3.0);
+}
+
+TEST(Calculation, RefusesATextThatIsTooLong)
+{
+    CFormulaParser parser;
+    WORD nErrorPos = 4711;
+    CString strMessage;
+    const std::string strText(65535, '1');
+    EXPECT_EQ(parser.Calculation(strText.c_str(), 0.0, &nErrorPos, &strMessage), 0.0);
+    EXPECT_EQ(nErrorPos, 4711);
+    EXPECT_EQ(strMessage.Find("Error in Calculation() weil "), 0);
+}

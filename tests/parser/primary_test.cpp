@@ -1,0 +1,273 @@
+// Numbers, names, the call form and the keywords.
+#include <gtest/gtest.h>
+
+#include "parser/keywords.h"
+#include "parser/parsed.h"
+#include "parser/short_form.h"
+
+namespace
+{
+
+struct CPrimaryCase
+{
+    const char* pszText;
+    const char* pszForm;
+    int nErrorPos = 0;
+};
+
+template <std::size_t N>
+void ExpectForms(const CPrimaryCase (&aCases)[N])
+{
+    for (const CPrimaryCase& primary : aCases)
+    {
+        SCOPED_TRACE(primary.pszText);
+        const CParsed parsed(primary.pszText);
+        EXPECT_EQ(parsed.Form(), Long(primary.pszForm));
+        EXPECT_EQ(parsed.nErrorPos, primary.nErrorPos);
+    }
+}
+
+// A function with its argument in a node of another type.
+std::string Function(int nKind, const char* pszBetween, const char* pszArgument)
+{
+    return "(FUNC[" + std::to_string(nKind) + "] \"\" - (" + pszBetween + " \"\" " + pszArgument +
+           " -))";
+}
+
+}  // namespace
+
+TEST(Primary, KeepsNumbersAndNamesAsTyped)
+{
+    const CPrimaryCase aCases[] = {
+        { "1.2.3", R"((NUMBER "1.2.3" - -))" },
+        { "5%", R"((NUMBER "5%" - -))" },
+        { "%", R"((NUMBER "%" - -))" },
+        { ".", R"((NUMBER "." - -))" },
+        { "1 2", R"((NUMBER "1 2" - -))" },
+        { "1 +2", R"((PLUS "+" (NUMBER "1 " - -) #2))" },
+        { "a b", "'a b'" },
+        { "x +1", R"((PLUS "+" (VARIABLE "x " - -) #1))" },
+        { "a[i]", "'a[i]'" },
+        { "|x|", "'|x|'" },
+        { "x1", "'x'", 2 },
+        { "x_1", "'x'", 2 },
+        { "xsin", "'xsin'" },
+        { "ab sin", "'ab sin'" },
+        { "\xE4", "_", 1 },
+    };
+    ExpectForms(aCases);
+}
+
+TEST(Primary, HangsTheCallFormOnWhatStandsBeforeIt)
+{
+    const CPrimaryCase aCases[] = {
+        { "f(a)", R"((VARIABLE "f" - (BRACE[0] "" 'a' -)))" },
+        { "f(a", R"((VARIABLE "f" - (BRACE[0] "" 'a' -)))" },
+        { "f(a,b)", R"((VARIABLE "f" - (BRACE[0] "" (VARIABLE "," 'a' 'b') -)))" },
+        { "f(a,b,c)",
+          R"((VARIABLE "f" - (BRACE[0] "" (VARIABLE "," (VARIABLE "," 'a' 'b') 'c') -)))" },
+        { "f(,x)", R"((VARIABLE "f" - (BRACE[0] "" (VARIABLE "," _ 'x') -)))" },
+        { "f()", R"((VARIABLE "f" - (BRACE[0] "" _ -)))" },
+        { "PROD(a,b)", R"((VARIABLE "PROD" - (BRACE[0] "" (VARIABLE "," 'a' 'b') -)))" },
+        { "sin(x)(y)", R"((FUNC[0] "" - (BRACE[0] "" 'y' -)))" },
+        { "sin(x)y", "'y'" },
+        { "abs(x)(y)", R"((BRACE[4] "" 'x' (BRACE[0] "" 'y' -)))" },
+    };
+    ExpectForms(aCases);
+}
+
+TEST(Primary, ReadsFunctions)
+{
+    struct CFunctionCase
+    {
+        const char* pszName;
+        int nKind;
+        bool bLight;
+    };
+    const CFunctionCase aFunctions[] = {
+        { "sin", 0, true },      { "COS", 1, true },      { "Tan", 2, true },
+        { "cot", 3, true },      { "arcsin", 4, false },  { "arccos", 5, false },
+        { "arctan", 6, false },  { "arccot", 7, false },  { "sinh", 8, false },
+        { "cosh", 9, false },    { "tanh", 10, false },   { "coth", 11, false },
+        { "arsinh", 12, false }, { "arcosh", 13, false }, { "artanh", 14, false },
+        { "arcoth", 15, false }, { "exp", 16, false },    { "ln", 17, true },
+        { "log", 19, true },
+    };
+    for (const CFunctionCase& function : aFunctions)
+    {
+        SCOPED_TRACE(function.pszName);
+        const std::string strName = function.pszName;
+        EXPECT_EQ(CParsed(strName + " x").Form(),
+                  Long(Function(function.nKind, function.bLight ? "STANDARD" : "BRACE[0]", "'x'")));
+        EXPECT_EQ(CParsed(strName + "(a/b)").Form(),
+                  Long(Function(function.nKind, "BRACE[0]", R"((DIVISION[0] "/" 'a' 'b'))")));
+    }
+    const CPrimaryCase aCases[] = {
+        { "sin x^2", R"((POWERTO "^" (BRACE[0] "" (FUNC[0] "" - (STANDARD "" 'x' -)) -) #2))" },
+        { "Sin (x)", R"((FUNC[0] "" - (STANDARD "" 'x' -)))" },
+        { "cost", R"((FUNC[1] "" - (STANDARD "" 't' -)))" },
+        { "sinsin x", R"((FUNC[0] "" - (BRACE[0] "" (FUNC[0] "" - (STANDARD "" 'x' -)) -)))" },
+        { "sin", R"((FUNC[0] "" - (STANDARD "" _ -)))" },
+        { "abs(x)", R"((BRACE[4] "" 'x' -))" },
+        { "sqr(2)", R"((ROOT "\xD6" #2 -))" },
+        { "sqrt(2)", R"((ROOT "\xD6" (VARIABLE "t" - (BRACE[0] "" #2 -)) -))" },
+        { "RAD", "'D'" },
+        { "rad", "'d'" },
+        { "degree", "'gree'" },
+        { "deg(2)", R"((VARIABLE "g" - (BRACE[0] "" #2 -)))" },
+    };
+    ExpectForms(aCases);
+}
+
+TEST(Primary, ReadsListForms)
+{
+    const char* pszSum = R"((PLUS "+" 'a' 'b'))";
+    const std::string strWrapped = std::string("(BRACE[0] \"\" ") + pszSum + " -)";
+    const CPrimaryCase aCases[] = {
+        { "nsqr(a+1,3)", R"((NTHROOT "\xD6" (PLUS "+" 'a' #1) #3))" },
+        { "nsqr(a,b+1)", R"((NTHROOT "\xD6" 'a' (BRACE[0] "" (PLUS "+" 'b' #1) -)))" },
+        { "nsqr(a)", R"((NTHROOT "\xD6" 'a' -))" },
+        { "sum(i,i=1,n)", R"((SUM "\xE5" (RANGE "range" 'n' (EQUATION[0] "" 'i' #1)) 'i'))" },
+        { "int(x,0,1)", R"((INTEGRAL[0] "" (RANGE "range" #1 #0) 'x'))" },
+        { "int(x,,,y,z)", R"((INTEGRAL[0] "" (RANGE "range" _ _) 'x'))" },
+        { "sum(x)y", R"((SUM "\xE5" (RANGE "range" - -) 'x'))", 7 },
+        { "sum(x)(y)", R"((SUM "\xE5" (RANGE "range" - -) 'x'))", 7 },
+        { "mark(x,i,j)", R"((VARIABLE "x" - (INDEX "" 'j' 'i')))" },
+        { "mark(x,i)", R"((VARIABLE "x" - (INDEX "" - 'i')))" },
+        { "mark(a*b,i)", R"((TIMES "" 'a' (INDEX "" - 'i')))" },
+        { "mark(a+b,i-j)",
+          R"((BRACE[0] "" (PLUS "+" 'a' 'b') (INDEX "" - (BRACE[0] "" (MINUS "-" 'i' 'j') -))))" },
+    };
+    ExpectForms(aCases);
+    EXPECT_EQ(CParsed("sum(a+b)").Form(),
+              Long("(SUM \"\\xE5\" (RANGE \"range\" - -) " + strWrapped + ")"));
+    EXPECT_EQ(CParsed("int(a+b,a+b,a+b)").Form(),
+              Long("(INTEGRAL[0] \"\" (RANGE \"range\" " + strWrapped + " " + strWrapped + ") " +
+                   strWrapped + ")"));
+}
+
+TEST(Primary, ReadsTextsWithTheirBlanks)
+{
+    const CPrimaryCase aCases[] = {
+        { R"(str(a b\)c))", "'a b)c'" },
+        { "str(  a   b  )", "'a   b'" },
+        { R"(str(a\\b))", R"('a\x5Cb')" },
+        { R"(str(a\ b))", "'a b'" },
+        { "str(12+3", "'12+3'" },
+        { R"(str(ab\))", "'ab)'" },
+        { "str(ab\\", "'ab'" },
+        { "str()", "''" },
+        { "str(a)+b", R"((PLUS "+" 'a' 'b'))" },
+        { "str(a)b", "'b'" },
+        { "str(f)(x)", R"((VARIABLE "f" - (BRACE[0] "" 'x' -)))" },
+    };
+    ExpectForms(aCases);
+}
+
+TEST(Primary, ChoosesBracketsByTheirLook)
+{
+    struct CBracketCase
+    {
+        const char* pszPair;
+        int nKind;
+    };
+    const CBracketCase aPairs[] = {
+        { ",", 0 },   { "[,]", 1 }, { "{,}", 2 }, { "<,>", 3 }, { "|,|", 4 },      { "[,[", 6 },
+        { "],]", 7 }, { "],[", 8 }, { "[,", 9 },  { ",]", 10 }, { "{,", 15 },      { ",}", 16 },
+        { "|,", 19 }, { ",|", 20 }, { "a,b", 0 }, { "},{", 0 }, { "a=b,c!=d", 3 },
+    };
+    for (const CBracketCase& pair : aPairs)
+    {
+        SCOPED_TRACE(pair.pszPair);
+        EXPECT_EQ(CParsed("brace(" + std::string(pair.pszPair) + ",x)").Form(),
+                  Long("(BRACE[" + std::to_string(pair.nKind) + "] \"\" 'x' -)"));
+    }
+    const CPrimaryCase aCases[] = {
+        { "brace([,],a+b)", R"((BRACE[1] "" (PLUS "+" 'a' 'b') -))" },
+        { "brace([,],a,b)", R"((BRACE[1] "" 'a' -))" },
+        { "brace([,])", R"((BRACE[1] "" - -))" },
+        // A single item takes the ")", and what follows it; the last step takes one more character.
+        { "brace([)x", R"((BRACE[9] "" - -))" },
+        { "brace([)+b", R"((BRACE[0] "" - -))" },
+        { "brace([,],x)b", "'b'" },
+    };
+    ExpectForms(aCases);
+}
+
+TEST(Primary, MarksNamesInAGreekOperandOnly)
+{
+    const CPrimaryCase aCases[] = {
+        { "greek a+b", R"((PLUS "+" (VARIABLE "a" @Symbol - -) 'b'))" },
+        { "greek(a+2)*b",
+          R"((TIMES "" (BRACE[0] "" (PLUS "+" (VARIABLE "a" @Symbol - -) #2) -) 'b'))" },
+        { "greek f(x,y)", R"((VARIABLE "f" @Symbol - (BRACE[0] "" (VARIABLE "," @Symbol )"
+                          R"((VARIABLE "x" @Symbol - -) (VARIABLE "y" @Symbol - -)) -)))" },
+        { "greek greek a*b", R"((TIMES "" (VARIABLE "a" @Symbol - -) 'b'))" },
+        { "greek (a)(b)", R"((VARIABLE "a" @Symbol - (BRACE[0] "" 'b' -)))" },
+        { "greek (a)b", "'b'" },
+    };
+    ExpectForms(aCases);
+}
+
+TEST(Primary, RewindsWhereAKeywordFails)
+{
+    const CPrimaryCase aCases[] = {
+        { "sum", "_", 0 },
+        { "INT", "_", 65531 },
+        { "integer", "_", 65531 },
+        { "summe", "_", 0 },
+        { "string", "_", 0 },
+        { "2+sum", R"((PLUS "+" #2 _))", 2 },
+        { "2+sum x", R"((PLUS "+" #2 _))", 3 },
+        { "2+nsqr x", R"((PLUS "+" #2 _))", 3 },
+        { "2+mark x", R"((PLUS "+" #2 _))", 3 },
+        { "2+brace", R"((PLUS "+" #2 _))", 2 },
+        { "2+str", R"((PLUS "+" #2 _))", 2 },
+        // No ")" behind the list.
+        { "1+sum(a", R"((PLUS "+" #1 _))", 4 },
+        { "1+nsqr(a", R"((PLUS "+" #1 _))", 4 },
+        { "1+mark(a", R"((PLUS "+" #1 _))", 5 },
+        { "12+int(a+b)*int(a",
+          R"((PLUS "+" (NUMBER "12" - -) (TIMES "" )"
+          R"((INTEGRAL[0] "" (RANGE "range" - -) (BRACE[0] "" (PLUS "+" 'a' 'b') -)) _)))",
+          9 },
+        // What stands above finishes what it holds and reads nothing more.
+        { "y=sin(integer)", R"((EQUATION[0] "" 'y' (FUNC[0] "" - (STANDARD "" _ -))))", 1 },
+        { "a+sin int", R"((PLUS "+" 'a' (FUNC[0] "" - (STANDARD "" _ -))))", 1 },
+        { "sin int", R"((FUNC[0] "" - (STANDARD "" _ -)))", 65535 },
+        { "2*int(a,sum,b)", R"((TIMES "" #2 _))", 65535 },
+        { "greek int", "_", 1 },
+        { "f(int)", R"((VARIABLE "f" - (BRACE[0] "" _ -)))", 65533 },
+        { "brace([,],sum)", R"((BRACE[1] "" _ -))", 10 },
+    };
+    for (const CPrimaryCase& primary : aCases)
+    {
+        SCOPED_TRACE(primary.pszText);
+        const CParsed parsed(primary.pszText);
+        EXPECT_EQ(parsed.nResult, 1);
+        EXPECT_EQ(parsed.Form(), Long(primary.pszForm));
+        EXPECT_EQ(parsed.nErrorPos, primary.nErrorPos);
+        EXPECT_EQ(parsed.strMessage.GetString(),
+                  "Error at Position " + std::to_string(primary.nErrorPos) + "!");
+    }
+}
+
+// A keyword that begins with another one must be found first.
+TEST(Keywords, AreAllFoundAtTheirNames)
+{
+    const CStringArray& astrNames = KeywordNames();
+    ASSERT_EQ(astrNames.GetSize(), 31);
+    EXPECT_TRUE(astrNames[0].IsEmpty());
+    for (int i = 1; i < astrNames.GetSize(); i++)
+    {
+        CString strLower = astrNames[i];
+        strLower.MakeLower();
+        for (const CString& strName : { astrNames[i], strLower, strLower + "z" })
+        {
+            const CKeyword* pFound = FindKeyword(strName);
+            ASSERT_NE(pFound, nullptr) << strName.GetString();
+            EXPECT_EQ(pFound->GetNumber(), i) << strName.GetString();
+        }
+        EXPECT_EQ(FindKeyword("x" + strLower), nullptr);
+    }
+}
