@@ -128,10 +128,13 @@ public:
     HDC m_hAttribDC = nullptr;  // questions
 
 private:
-    friend class CDCMap;
+    friend class CHandleMap<CDC>;
     friend class CSelectScope;
 
+    template <class F>
+    auto OnBoth(F call);
     HGDIOBJ SelectHandle(HGDIOBJ hObject);
+    HDC MapKey() const { return m_hDC; }
     CDC* m_pNextInMap = nullptr;
     bool m_bTemporary = false;  // made by FromHandle: owns nothing
 };

@@ -15,6 +15,8 @@
 #include "platform/gdi/gdi.h"
 
 class CDC;
+template <class T>
+class CHandleMap;
 
 class CGdiObject : public CObject
 {
@@ -40,7 +42,8 @@ public:
     HGDIOBJ m_hObject = nullptr;
 
 protected:
-    friend class CGdiObjectMap;
+    friend class CHandleMap<CGdiObject>;
+    HGDIOBJ MapKey() const { return m_hObject; }
     CGdiObject* m_pNextInMap = nullptr;
     bool m_bTemporary = false;  // made by FromHandle: owns nothing
 };

@@ -49,11 +49,12 @@ public:
     // A length on the device as a positive logical length.
     int ToLogicalWidth(int nPixels) const;
     int ToLogicalHeight(int nPixels) const;
-    // A logical length as a positive number of pixels, rounded.
+    // A logical length in pixels, rounded; the direction of the axis plays no part.
     int ToDeviceWidth(int nUnits) const;
     int ToDeviceHeight(int nUnits) const;
     // Height and width of a font: cut, the vertical factor for both.
     LOGFONTA ToDeviceFont(const LOGFONTA& font) const;
+    int ToDeviceFontLength(int nUnits) const;
     bool IsIdentityScale() const { return m_bIdentityScale; }
 
 private:
@@ -112,8 +113,7 @@ public:
     const CRealizedFont& Font() const;
     // Its description in device units.
     LOGFONTA DeviceFont() const;
-    // The mapping has changed: fonts have another size.
-    void MappingChanged() { m_pRealized = nullptr; }
+    // Runs change on the mapping: fonts have another size afterwards.
     template <class F>
     auto ChangeMapping(F change)
     {
@@ -123,6 +123,7 @@ public:
 
     // The old object, or null if it cannot be selected here; tells the target.
     CHandleObject* Select(CHandleObject& object);
+    CHandleObject* SelectPalette(CPaletteObject& palette);
     int Save();
     bool Restore(int nSaved);
     // Back to the state of a new one; for device contexts that are used again.

@@ -28,7 +28,7 @@ class CDrawTarget
 public:
     virtual ~CDrawTarget() = default;
 
-    // Font, pen, brush or palette was selected; it may be the one that was selected before.
+    // Font, pen or brush was selected; it may be the one that was selected before.
     virtual void ObjectSelected(CDeviceContext&, const CHandleObject&) {}
     virtual void TextColorSet(CDeviceContext&, COLORREF) {}
     virtual void BkColorSet(CDeviceContext&, COLORREF) {}

@@ -22,6 +22,7 @@ enum class CTextCoding
 struct CFontFace
 {
     std::string m_strFile;  // empty: no file could be had, and the numbers are made up
+    int m_nIndex = 0;       // of the face in a file that holds several
     CTextCoding m_coding = CTextCoding::text;
     bool m_bPrivateCodes = false;  // a metafile holds U+F0xx for its bytes
     bool m_bFakeBold = false;      // asked for bold, file is not: the drawing has to thicken it

@@ -4,8 +4,7 @@
 
 #include "platform/gdi/gdi.h"
 
-#include <cstdint>
-#include <memory>
+#include <utility>
 #include <vector>
 
 class CHandleObject
@@ -39,7 +38,7 @@ public:
     }
     int SelectionCount() const { return m_nSelected; }
 
-    // DeleteObject without the listeners: at once, or when it is no longer selected.
+    // Ends the object: at once, or when it is no longer selected. Permanent ones stay.
     void Delete();
     void MakePermanent(int nStock)
     {
@@ -58,51 +57,78 @@ protected:
     bool m_bDeletePending = false;
 };
 
-class CFontObject final : public CHandleObject
+// Fonts, pens and brushes come and go by thousands: the memory of a deleted one serves again. A
+// handle that was deleted stays readable that way, and is known by its type 0.
+template <class T>
+class CRecycled : public CHandleObject
 {
 public:
-    CFontObject() : CHandleObject(OBJ_FONT) {}
-    // From a heap of objects that were used before. The bytes behind the face's end are cleared,
-    // and a face that fills the field is cut to 31 bytes.
+    using CHandleObject::CHandleObject;
+
+protected:
+    // A deleted object, or a new one; of the type given.
+    static T* Take(UINT nType)
+    {
+        T* pObject = s_pFree ? std::exchange(s_pFree, s_pFree->m_pNextFree) : new T;
+        pObject->m_nType = nType;
+        pObject->m_bDeletePending = false;
+        return pObject;
+    }
+    void Recycle() override
+    {
+        m_nType = 0;
+        m_pNextFree = s_pFree;
+        s_pFree = static_cast<T*>(this);
+    }
+
+private:
+    static inline T* s_pFree = nullptr;
+    T* m_pNextFree = nullptr;
+};
+
+class CFontObject final : public CRecycled<CFontObject>
+{
+public:
+    CFontObject() : CRecycled(OBJ_FONT) {}
+    // The bytes behind the face's end are cleared, and a face that fills the field is cut to 31.
     static CFontObject* Create(const LOGFONTA& font);
 
     // As given by the caller: logical units.
     const LOGFONTA& LogFont() const { return m_font; }
-    // Family and style that the font cache chose; resolved on the first use.
-    int FaceId() const { return m_nFaceId; }
-    void SetFaceId(int nFaceId) const { m_nFaceId = nFaceId; }
+    // What FindFontFace says of it; asked on the first use.
+    int FaceId() const { return m_nFaceId >= 0 ? m_nFaceId : ResolveFace(); }
 
     int Describe(int cb, void* pBuffer) const override;
 
-protected:
-    void Recycle() override;
-
 private:
+    int ResolveFace() const;
+
     LOGFONTA m_font{};
     mutable int m_nFaceId = -1;
-    CFontObject* m_pNextFree = nullptr;
 };
 
-class CPenObject final : public CHandleObject
+class CPenObject final : public CRecycled<CPenObject>
 {
 public:
-    explicit CPenObject(const LOGPEN& pen) : CHandleObject(OBJ_PEN), m_pen(pen) {}
+    CPenObject() : CRecycled(OBJ_PEN) {}
+    static CPenObject* Create(const LOGPEN& pen);
     const LOGPEN& LogPen() const { return m_pen; }
     int Describe(int cb, void* pBuffer) const override;
 
 private:
-    LOGPEN m_pen;
+    LOGPEN m_pen{};
 };
 
-class CBrushObject final : public CHandleObject
+class CBrushObject final : public CRecycled<CBrushObject>
 {
 public:
-    explicit CBrushObject(const LOGBRUSH& brush) : CHandleObject(OBJ_BRUSH), m_brush(brush) {}
+    CBrushObject() : CRecycled(OBJ_BRUSH) {}
+    static CBrushObject* Create(const LOGBRUSH& brush);
     const LOGBRUSH& LogBrush() const { return m_brush; }
     int Describe(int cb, void* pBuffer) const override;
 
 private:
-    LOGBRUSH m_brush;
+    LOGBRUSH m_brush{};
 };
 
 // A palette has no effect: all devices show true colours.

@@ -1,0 +1,329 @@
+// Which file stands for a face: a table for the faces that formulas use, the system's fonts for
+// others, and a substitute, told once, for those that are nowhere.
+#include "platform/gdi/linux/font_face.h"
+
+#include "platform/gdi/linux/font_files.h"
+#include "platform/gdi/linux/font_reader.h"
+
+#include <strings.h>
+
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <set>
+#include <span>
+
+namespace
+{
+
+constexpr int BOLD = 1;  // bits of a style
+constexpr int ITALIC = 2;
+constexpr int STYLE_COUNT = 4;
+constexpr const char* s_apszStyles[STYLE_COUNT] = { "", " Bold", " Italic", " Bold Italic" };
+constexpr int LIGHTEST_BOLD = 551;
+constexpr std::size_t NAME_LIMIT = 512;  // of unknown faces that are remembered
+
+enum CFamilyIndex
+{
+    SERIF,
+    SANS,
+    MONO,
+    SYMBOL,
+    MT_EXTRA,
+    FAMILY_COUNT
+};
+
+struct CFamily
+{
+    const char* m_pszFace;
+    const char* m_pszFree;  // free font of the same widths, as the system may know it
+    CTextCoding m_coding;
+    const char* m_apszFiles[STYLE_COUNT];  // in the folder, by style
+};
+
+#define TEXT_FILES(name)                                                                  \
+    {                                                                                     \
+        name "-Regular.ttf", name "-Bold.ttf", name "-Italic.ttf", name "-BoldItalic.ttf" \
+    }
+
+constexpr CFamily s_aFamilies[FAMILY_COUNT] = {
+    { "Times New Roman", "Liberation Serif", CTextCoding::text, TEXT_FILES("LiberationSerif") },
+    { "Arial", "Liberation Sans", CTextCoding::text, TEXT_FILES("LiberationSans") },
+    { "Courier New", "Liberation Mono", CTextCoding::text, TEXT_FILES("LiberationMono") },
+    { "Symbol", "Symbol", CTextCoding::symbol, { "symbol.ttf" } },
+    { "MT Extra", "MT Extra", CTextCoding::mtExtra, { "mtextra.ttf" } },
+};
+
+#undef TEXT_FILES
+
+struct CAlias
+{
+    const char* m_pszFace;
+    CFamilyIndex m_nFamily;
+};
+
+constexpr CAlias s_aAliases[] = {
+    { "Times", SERIF },        { "Liberation Serif", SERIF },
+    { "Helvetica", SANS },     { "Liberation Sans", SANS },
+    { "System", SANS },  // the stock fonts
+    { "MS Sans Serif", SANS }, { "MS Shell Dlg", SANS },
+    { "Courier", MONO },       { "Liberation Mono", MONO },
+    { "Terminal", MONO },      { "Fixedsys", MONO },
+};
+
+int FindFamily(const char* pszFace)
+{
+    for (int i = 0; i < FAMILY_COUNT; ++i)
+        if (strcasecmp(pszFace, s_aFamilies[i].m_pszFace) == 0)
+            return i;
+    for (const CAlias& alias : s_aAliases)
+        if (strcasecmp(pszFace, alias.m_pszFace) == 0)
+            return alias.m_nFamily;
+    return -1;
+}
+
+CFamilyIndex FamilyByPitch(BYTE nPitchAndFamily)
+{
+    if ((nPitchAndFamily & 3) == FIXED_PITCH)
+        return MONO;
+    return (nPitchAndFamily & 0xF0) == FF_ROMAN ? SERIF : SANS;
+}
+
+void ReportSubstitute(const char* pszFace, const char* pszSubstitute)
+{
+    static std::set<std::string> s_told;
+    if (s_told.size() < NAME_LIMIT && s_told.insert(pszFace).second)
+        std::fprintf(stderr, "mivora: the font \"%s\" is missing; %s is used in its place\n",
+                     pszFace, pszSubstitute);
+}
+
+// Takes a font of the system if it can be read; what the file has not of the style is left to the
+// drawing.
+bool UseSystemFont(CFontFace& face, const std::optional<CFontLocation>& location, int nStyle)
+{
+    if (!location)
+        return false;
+    CFontFace found = face;
+    found.m_strFile = location->m_strFile;
+    found.m_nIndex = location->m_nIndex;
+    found.m_bFakeBold = (nStyle & BOLD) && !location->m_bBold;
+    found.m_bFakeItalic = (nStyle & ITALIC) && !location->m_bItalic;
+    if (!ReadFontFile(found))
+        return false;
+    face = std::move(found);
+    return true;
+}
+
+// A file of the folder; a style that has no file of its own takes the regular one.
+bool UseFolderFont(CFontFace& face, const CFamily& family, int nFileStyle, int nStyle)
+{
+    int nMissing = nStyle & ~nFileStyle;
+    const char* pszFile = family.m_apszFiles[nFileStyle];
+    if (!pszFile)
+        return false;
+    CFontFace found = face;
+    found.m_strFile = FileInFontFolder(pszFile);
+    found.m_coding = family.m_coding;
+    found.m_bFakeBold = nMissing & BOLD;
+    found.m_bFakeItalic = nMissing & ITALIC;
+    if (found.m_strFile.empty() || !ReadFontFile(found))
+        return false;
+    face = std::move(found);
+    return true;
+}
+
+bool UseFamily(CFontFace& face, const CFamily& family, int nStyle)
+{
+    bool bOneFile = !family.m_apszFiles[BOLD];  // all styles come from it
+    return UseFolderFont(face, family, bOneFile ? 0 : nStyle, nStyle) ||
+           UseSystemFont(face, FindSystemFont(family.m_pszFace, nStyle & BOLD, nStyle & ITALIC),
+                         nStyle) ||
+           UseSystemFont(face, FindSystemFont(family.m_pszFree, nStyle & BOLD, nStyle & ITALIC),
+                         nStyle) ||
+           UseFolderFont(face, family, 0, nStyle);
+}
+
+// Numbers that are no font's, so that everything still has a place and a size.
+void MakeUp(CFontFace& face)
+{
+    face.m_coding = CTextCoding::text;
+    face.m_anAdvances.fill(face.m_nUnitsPerEm / 2);
+}
+
+std::unique_ptr<CFontFace> LoadFamily(int nFamily, int nStyle)
+{
+    const CFamily& family = s_aFamilies[nFamily];
+    auto pFace = std::make_unique<CFontFace>();
+    pFace->m_coding = family.m_coding;
+    pFace->m_bPrivateCodes = family.m_coding != CTextCoding::text;
+    if (UseFamily(*pFace, family, nStyle))
+        return pFace;
+
+    pFace->m_coding = CTextCoding::text;
+    for (int nOther : { SERIF, SANS, MONO })
+    {
+        if (nOther == nFamily || !UseFolderFont(*pFace, s_aFamilies[nOther], nStyle, nStyle))
+            continue;
+        ReportSubstitute(family.m_pszFace, s_aFamilies[nOther].m_pszFree);
+        return pFace;
+    }
+    if (UseSystemFont(*pFace, FindAnySystemFont(family.m_pszFree, nStyle & BOLD, nStyle & ITALIC),
+                      nStyle))
+    {
+        ReportSubstitute(family.m_pszFace, pFace->m_strFile.c_str());
+        return pFace;
+    }
+    MakeUp(*pFace);
+    ReportSubstitute(family.m_pszFace, "a size without glyphs");
+    return pFace;
+}
+
+// All faces by number: the table's, four styles each, then those of the system.
+std::vector<std::unique_ptr<CFontFace>>& Faces()
+{
+    static auto* s_pFaces = new std::vector<std::unique_ptr<CFontFace>>(FAMILY_COUNT * STYLE_COUNT);
+    return *s_pFaces;
+}
+
+int AddSystemFace(CFontFace face)
+{
+    auto& faces = Faces();
+    for (std::size_t i = FAMILY_COUNT * STYLE_COUNT; i < faces.size(); ++i)
+        if (faces[i]->m_strFile == face.m_strFile && faces[i]->m_nIndex == face.m_nIndex &&
+            faces[i]->m_bFakeBold == face.m_bFakeBold &&
+            faces[i]->m_bFakeItalic == face.m_bFakeItalic)
+            return static_cast<int>(i);
+    faces.push_back(std::make_unique<CFontFace>(std::move(face)));
+    return static_cast<int>(faces.size()) - 1;
+}
+
+std::string Utf8FromFace(const char* pszFace)
+{
+    std::string strUtf8;
+    for (; *pszFace; ++pszFace)
+    {
+        char16_t cChar = UnicodeFromAnsi(static_cast<BYTE>(*pszFace));
+        if (cChar < 0x80)
+            strUtf8 += static_cast<char>(cChar);
+        else if (cChar < 0x800)
+            strUtf8 += { static_cast<char>(0xC0 | (cChar >> 6)),
+                         static_cast<char>(0x80 | (cChar & 0x3F)) };
+        else
+            strUtf8 += { static_cast<char>(0xE0 | (cChar >> 12)),
+                         static_cast<char>(0x80 | ((cChar >> 6) & 0x3F)),
+                         static_cast<char>(0x80 | (cChar & 0x3F)) };
+    }
+    return strUtf8;
+}
+
+// A face that the table does not name. Asking the system is dear, so that answers are kept.
+int FindUnknownFace(const char* pszFace, int nStyle, BYTE nPitchAndFamily)
+{
+    int nSubstitute = FamilyByPitch(nPitchAndFamily);
+    int nSubstituteId = nSubstitute * STYLE_COUNT + nStyle;
+    if (!*pszFace)
+        return nSubstituteId;  // any face will do
+    constexpr int NOWHERE = -1;
+    static std::map<std::pair<std::string, int>, int> s_known;
+    if (s_known.size() >= NAME_LIMIT)
+        s_known.clear();
+    auto [it, bNew] = s_known.try_emplace({ pszFace, nStyle }, NOWHERE);
+    if (bNew)
+    {
+        CFontFace face;
+        if (UseSystemFont(face,
+                          FindSystemFont(Utf8FromFace(pszFace), nStyle & BOLD, nStyle & ITALIC),
+                          nStyle))
+        {
+            face.m_bPrivateCodes = face.m_coding == CTextCoding::mapped;
+            it->second = AddSystemFace(std::move(face));
+        }
+        else
+            ReportSubstitute(pszFace, s_aFamilies[nSubstitute].m_pszFree);
+    }
+    return it->second != NOWHERE ? it->second : nSubstituteId;
+}
+
+// What was found for the names that were asked last; a slot for each remainder of their hash.
+struct CRecentFace
+{
+    char m_szFace[LF_FACESIZE];
+    int m_nStyle;
+    BYTE m_nPitchAndFamily;
+    int m_nFaceId;  // -1: empty
+};
+
+std::size_t HashFace(const char* pszFace, int nStyle)
+{
+    std::uint64_t anWords[LF_FACESIZE / 8];
+    std::memcpy(anWords, pszFace, LF_FACESIZE);
+    std::uint64_t nHash = static_cast<std::uint64_t>(nStyle);
+    for (std::uint64_t nWord : anWords)
+        nHash = (nHash ^ nWord) * 0x9E3779B97F4A7C15u;
+    return static_cast<std::size_t>(nHash >> 58);
+}
+
+}  // namespace
+
+int FindFontFace(const LOGFONTA& font)
+{
+    static CRecentFace s_aRecent[64];
+    static const bool s_bReady = []
+    {
+        for (CRecentFace& recent : s_aRecent)
+            recent.m_nFaceId = -1;
+        return true;
+    }();
+    static_cast<void>(s_bReady);
+
+    int nStyle = (font.lfWeight >= LIGHTEST_BOLD ? BOLD : 0) | (font.lfItalic ? ITALIC : 0);
+    CRecentFace& recent = s_aRecent[HashFace(font.lfFaceName, nStyle)];
+    if (recent.m_nFaceId >= 0 && recent.m_nStyle == nStyle &&
+        recent.m_nPitchAndFamily == font.lfPitchAndFamily &&
+        std::memcmp(recent.m_szFace, font.lfFaceName, LF_FACESIZE) == 0)
+        return recent.m_nFaceId;
+
+    int nFamily = FindFamily(font.lfFaceName);
+    recent.m_nFaceId = nFamily >= 0
+                           ? nFamily * STYLE_COUNT + nStyle
+                           : FindUnknownFace(font.lfFaceName, nStyle, font.lfPitchAndFamily);
+    std::memcpy(recent.m_szFace, font.lfFaceName, LF_FACESIZE);
+    recent.m_nStyle = nStyle;
+    recent.m_nPitchAndFamily = font.lfPitchAndFamily;
+    return recent.m_nFaceId;
+}
+
+const CFontFace& FontFaceById(int nFaceId)
+{
+    auto& pFace = Faces()[static_cast<std::size_t>(nFaceId)];
+    if (!pFace)
+        pFace = LoadFamily(nFaceId / STYLE_COUNT, nFaceId % STYLE_COUNT);
+    return *pFace;
+}
+
+char16_t UnicodeFromAnsi(BYTE byte)
+{
+    static constexpr char16_t s_acHigh[32] = {
+        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80
+        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //
+        0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90
+        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  //
+    };
+    return byte >= 0x80 && byte < 0xA0 ? s_acHigh[byte - 0x80] : byte;
+}
+
+std::vector<std::pair<std::string, std::string>> ListFontFaces()
+{
+    std::vector<std::pair<std::string, std::string>> list;
+    for (const CFamily& family : s_aFamilies)
+        for (int nStyle = 0; nStyle < STYLE_COUNT && family.m_apszFiles[nStyle]; ++nStyle)
+        {
+            CFontFace face;
+            face.m_coding = family.m_coding;
+            bool bFound = UseFamily(face, family, nStyle);
+            list.emplace_back(std::string(family.m_pszFace) + s_apszStyles[nStyle],
+                              bFound ? face.m_strFile : std::string());
+        }
+    return list;
+}

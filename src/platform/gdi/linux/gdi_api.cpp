@@ -1,0 +1,402 @@
+// The C functions for device contexts, their state and mapping, and for shapes. Each sets the state
+// of the context, then tells the target.
+#include "platform/gdi/linux/device_context.h"
+#include "platform/gdi/linux/rounding.h"
+#include "platform/gdi/linux/screen.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+
+template <class T>
+void Put(T* pPlace, const T& value)
+{
+    if (pPlace)
+        *pPlace = value;
+}
+
+// Sets one field of the state, and gives the value that it had.
+template <class T>
+T SetField(HDC hDC, T CDrawState::*pField, T value, void (CDrawTarget::*pTell)(CDeviceContext&, T))
+{
+    T old = std::exchange(hDC->ChangeState().*pField, value);
+    if (CDrawTarget* pTarget = hDC->Target())
+        (pTarget->*pTell)(*hDC, value);
+    return old;
+}
+
+}  // namespace
+
+HDC GetDC(HWND hWnd)
+{
+    return hWnd ? nullptr : GetScreenDC();
+}
+
+int ReleaseDC(HWND, HDC hDC)
+{
+    return hDC && ReleaseScreenDC(hDC) ? 1 : 0;
+}
+
+HDC CreateCompatibleDC(HDC hDC)
+{
+    return new CDeviceContext(OBJ_MEMDC, hDC ? hDC->Device() : ScreenDevice(), nullptr);
+}
+
+BOOL DeleteDC(HDC hDC)
+{
+    if (!hDC)
+        return FALSE;
+    if (!ReleaseScreenDC(hDC))
+        delete hDC;
+    return TRUE;
+}
+
+int SaveDC(HDC hDC)
+{
+    return hDC ? hDC->Save() : 0;
+}
+
+BOOL RestoreDC(HDC hDC, int nSaved)
+{
+    return hDC && hDC->Restore(nSaved);
+}
+
+int GetDeviceCaps(HDC hDC, int nIndex)
+{
+    if (!hDC)
+        return 0;
+    const CDeviceInfo& device = hDC->Device();
+    switch (nIndex)
+    {
+        case TECHNOLOGY:
+            return DT_RASDISPLAY;
+        case HORZSIZE:
+            return device.m_nWidthMm;
+        case VERTSIZE:
+            return device.m_nHeightMm;
+        case HORZRES:
+            return device.m_nWidth;
+        case VERTRES:
+            return device.m_nHeight;
+        case BITSPIXEL:
+            return device.m_nBitsPixel;
+        case PLANES:
+            return 1;
+        case NUMBRUSHES:
+        case NUMPENS:
+        case NUMCOLORS:
+            return -1;  // without bound
+        case RASTERCAPS:
+            return RC_BITBLT | RC_STRETCHBLT;
+        case ASPECTX:
+        case ASPECTY:
+            return 36;
+        case ASPECTXY:
+            return 51;
+        case LOGPIXELSX:
+            return device.m_nDpiX;
+        case LOGPIXELSY:
+            return device.m_nDpiY;
+        default:
+            return 0;
+    }
+}
+
+int SetMapMode(HDC hDC, int nMode)
+{
+    if (!hDC)
+        return 0;
+    int nOld = hDC->Mapping().Mode();
+    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetMode(nMode, hDC->Device()); }))
+        return 0;
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->MapModeSet(*hDC, nMode);
+    return nOld;
+}
+
+int GetMapMode(HDC hDC)
+{
+    return hDC ? hDC->Mapping().Mode() : 0;
+}
+
+BOOL SetWindowOrgEx(HDC hDC, int x, int y, POINT* pOld)
+{
+    if (!hDC)
+        return FALSE;
+    Put(pOld, hDC->Mapping().WindowOrg());
+    hDC->ChangeMapping([&](CMapping& map) { map.SetWindowOrg({ x, y }); });
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->WindowOrgSet(*hDC, { x, y });
+    return TRUE;
+}
+
+BOOL SetViewportOrgEx(HDC hDC, int x, int y, POINT* pOld)
+{
+    if (!hDC)
+        return FALSE;
+    Put(pOld, hDC->Mapping().ViewportOrg());
+    hDC->ChangeMapping([&](CMapping& map) { map.SetViewportOrg({ x, y }); });
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->ViewportOrgSet(*hDC, { x, y });
+    return TRUE;
+}
+
+BOOL SetWindowExtEx(HDC hDC, int cx, int cy, SIZE* pOld)
+{
+    if (!hDC)
+        return FALSE;
+    Put(pOld, hDC->Mapping().WindowExt());
+    SIZE size{ cx, cy };
+    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetWindowExt(size, hDC->Device()); }))
+        return FALSE;
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->WindowExtSet(*hDC, size);
+    return TRUE;
+}
+
+BOOL SetViewportExtEx(HDC hDC, int cx, int cy, SIZE* pOld)
+{
+    if (!hDC)
+        return FALSE;
+    Put(pOld, hDC->Mapping().ViewportExt());
+    SIZE size{ cx, cy };
+    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetViewportExt(size, hDC->Device()); }))
+        return FALSE;
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->ViewportExtSet(*hDC, size);
+    return TRUE;
+}
+
+BOOL GetWindowOrgEx(HDC hDC, POINT* pPoint)
+{
+    if (!hDC || !pPoint)
+        return FALSE;
+    *pPoint = hDC->Mapping().WindowOrg();
+    return TRUE;
+}
+
+BOOL GetWindowExtEx(HDC hDC, SIZE* pSize)
+{
+    if (!hDC || !pSize)
+        return FALSE;
+    *pSize = hDC->Mapping().WindowExt();
+    return TRUE;
+}
+
+BOOL GetViewportOrgEx(HDC hDC, POINT* pPoint)
+{
+    if (!hDC || !pPoint)
+        return FALSE;
+    *pPoint = hDC->Mapping().ViewportOrg();
+    return TRUE;
+}
+
+BOOL GetViewportExtEx(HDC hDC, SIZE* pSize)
+{
+    if (!hDC || !pSize)
+        return FALSE;
+    *pSize = hDC->Mapping().ViewportExt();
+    return TRUE;
+}
+
+BOOL LPtoDP(HDC hDC, POINT* pPoints, int nCount)
+{
+    if (!hDC || (!pPoints && nCount > 0))
+        return FALSE;
+    for (int i = 0; i < nCount; ++i)
+        pPoints[i] = hDC->Mapping().ToDevice(pPoints[i]);
+    return TRUE;
+}
+
+BOOL DPtoLP(HDC hDC, POINT* pPoints, int nCount)
+{
+    if (!hDC || (!pPoints && nCount > 0))
+        return FALSE;
+    for (int i = 0; i < nCount; ++i)
+        pPoints[i] = hDC->Mapping().ToLogical(pPoints[i]);
+    return TRUE;
+}
+
+int SetBkMode(HDC hDC, int nMode)
+{
+    if (!hDC || (nMode != TRANSPARENT && nMode != OPAQUE))
+        return 0;
+    return SetField(hDC, &CDrawState::m_nBkMode, nMode, &CDrawTarget::BkModeSet);
+}
+
+int GetBkMode(HDC hDC)
+{
+    return hDC ? hDC->State().m_nBkMode : 0;
+}
+
+COLORREF SetBkColor(HDC hDC, COLORREF colour)
+{
+    return hDC ? SetField(hDC, &CDrawState::m_crBk, colour, &CDrawTarget::BkColorSet) : CLR_INVALID;
+}
+
+COLORREF GetBkColor(HDC hDC)
+{
+    return hDC ? hDC->State().m_crBk : CLR_INVALID;
+}
+
+COLORREF SetTextColor(HDC hDC, COLORREF colour)
+{
+    return hDC ? SetField(hDC, &CDrawState::m_crText, colour, &CDrawTarget::TextColorSet)
+               : CLR_INVALID;
+}
+
+COLORREF GetTextColor(HDC hDC)
+{
+    return hDC ? hDC->State().m_crText : CLR_INVALID;
+}
+
+UINT SetTextAlign(HDC hDC, UINT nAlign)
+{
+    return hDC ? SetField(hDC, &CDrawState::m_nTextAlign, nAlign, &CDrawTarget::TextAlignSet)
+               : GDI_ERROR;
+}
+
+UINT GetTextAlign(HDC hDC)
+{
+    return hDC ? hDC->State().m_nTextAlign : GDI_ERROR;
+}
+
+int SetROP2(HDC hDC, int nMode)
+{
+    if (!hDC || nMode < R2_BLACK || nMode > R2_WHITE)
+        return 0;
+    return SetField(hDC, &CDrawState::m_nRop2, nMode, &CDrawTarget::Rop2Set);
+}
+
+int GetROP2(HDC hDC)
+{
+    return hDC ? hDC->State().m_nRop2 : 0;
+}
+
+int SetStretchBltMode(HDC hDC, int nMode)
+{
+    if (!hDC || nMode < BLACKONWHITE || nMode > HALFTONE)
+        return 0;
+    return SetField(hDC, &CDrawState::m_nStretchBltMode, nMode, &CDrawTarget::StretchBltModeSet);
+}
+
+int GetStretchBltMode(HDC hDC)
+{
+    return hDC ? hDC->State().m_nStretchBltMode : 0;
+}
+
+namespace
+{
+
+// Device pixels, left of right and top above bottom.
+RECT ToDeviceRect(HDC hDC, const RECT& rect)
+{
+    POINT a = hDC->Mapping().ToDevice({ rect.left, rect.top });
+    POINT b = hDC->Mapping().ToDevice({ rect.right, rect.bottom });
+    return { std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y) };
+}
+
+int RegionKind(const RECT& rect)
+{
+    return rect.left < rect.right && rect.top < rect.bottom ? SIMPLEREGION : NULLREGION;
+}
+
+}  // namespace
+
+int IntersectClipRect(HDC hDC, int nLeft, int nTop, int nRight, int nBottom)
+{
+    if (!hDC)
+        return ERROR_REGION;
+    RECT rect{ nLeft, nTop, nRight, nBottom };
+    RECT clip = ToDeviceRect(hDC, rect);
+    auto& state = hDC->ChangeState();
+    if (state.m_clip)
+        clip = { std::max(clip.left, state.m_clip->left), std::max(clip.top, state.m_clip->top),
+                 std::min(clip.right, state.m_clip->right),
+                 std::min(clip.bottom, state.m_clip->bottom) };
+    if (RegionKind(clip) == NULLREGION)
+        clip = { 0, 0, 0, 0 };
+    state.m_clip = clip;
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->ClipRectIntersected(*hDC, rect);
+    return RegionKind(clip);
+}
+
+int GetClipBox(HDC hDC, RECT* pRect)
+{
+    if (!hDC || !pRect)
+        return ERROR_REGION;
+    RECT clip =
+        hDC->State().m_clip.value_or(RECT{ 0, 0, hDC->Device().m_nWidth, hDC->Device().m_nHeight });
+    POINT a = hDC->Mapping().ToLogical({ clip.left, clip.top });
+    POINT b = hDC->Mapping().ToLogical({ clip.right, clip.bottom });
+    *pRect = { a.x, a.y, b.x, b.y };
+    return RegionKind(clip);
+}
+
+BOOL PatBlt(HDC hDC, int x, int y, int nWidth, int nHeight, DWORD nRop)
+{
+    if (!hDC)
+        return FALSE;
+    CDrawTarget* pTarget = hDC->Target();
+    return !pTarget || pTarget->PatBlt(*hDC, x, y, nWidth, nHeight, nRop);
+}
+
+int FillRect(HDC hDC, const RECT* pRect, HBRUSH hBrush)
+{
+    if (!hDC || !pRect)
+        return 0;
+    // A small number in the place of a handle is a system colour's, plus one.
+    auto nNumber = reinterpret_cast<std::uintptr_t>(hBrush);
+    if (nNumber >= 1 && nNumber <= COLOR_BTNHIGHLIGHT + 1)
+        hBrush = GetSysColorBrush(static_cast<int>(nNumber) - 1);
+    CBrushObject* pBrush = BrushFromHandle(hBrush);
+    if (!pBrush)
+        return 0;
+    CBrushObject* pOld = hDC->State().m_pBrush;
+    pOld->AddSelection();  // keeps it from its end if it was deleted while selected
+    hDC->Select(*pBrush);
+    bool bDone = PatBlt(hDC, pRect->left, pRect->top, WrapSubtract(pRect->right, pRect->left),
+                        WrapSubtract(pRect->bottom, pRect->top), PATCOPY);
+    hDC->Select(*pOld);
+    pOld->RemoveSelection();
+    return bDone;
+}
+
+BOOL MoveToEx(HDC hDC, int x, int y, POINT* pOld)
+{
+    if (!hDC)
+        return FALSE;
+    Put(pOld, std::exchange(hDC->ChangeState().m_ptCurrent, POINT{ x, y }));
+    if (CDrawTarget* pTarget = hDC->Target())
+        pTarget->MovedTo(*hDC, { x, y });
+    return TRUE;
+}
+
+BOOL GetCurrentPositionEx(HDC hDC, POINT* pPoint)
+{
+    if (!hDC || !pPoint)
+        return FALSE;
+    *pPoint = hDC->State().m_ptCurrent;
+    return TRUE;
+}
+
+BOOL LineTo(HDC hDC, int x, int y)
+{
+    if (!hDC)
+        return FALSE;
+    CDrawTarget* pTarget = hDC->Target();
+    bool bDone = !pTarget || pTarget->LineTo(*hDC, hDC->State().m_ptCurrent, { x, y });
+    hDC->ChangeState().m_ptCurrent = { x, y };
+    return bDone;
+}
+
+BOOL Rectangle(HDC hDC, int nLeft, int nTop, int nRight, int nBottom)
+{
+    if (!hDC)
+        return FALSE;
+    CDrawTarget* pTarget = hDC->Target();
+    return !pTarget || pTarget->Rectangle(*hDC, { nLeft, nTop, nRight, nBottom });
+}
