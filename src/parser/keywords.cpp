@@ -120,6 +120,7 @@ const CStringArray& KeywordNames()
         CStringArray astrNames;
         for (const CKeyword& keyword : s_aKeywords)
             astrNames.Add(CString::Immortal(keyword.pszName));
+        astrNames.MakeImmortal();
         return astrNames;
     }();
     return s_astrNames;

@@ -39,6 +39,8 @@ constexpr CBracketPair s_aBracketPairs[] = {
     { "{", "", 15 }, { "", "}", 16 }, { "|", "", 19 }, { "", "|", 20 },
 };
 
+const CString s_strGreekFace = CString::Immortal("Symbol");
+
 template <class T>
 void GiveBackIfHuge(std::vector<T>& list)
 {
@@ -176,7 +178,7 @@ CNode* CFormulaParser::NewNode(ENodeType nType, const CString& strSymbol)
     pNode->SetSymbol(strSymbol);
     // The face is the mark of a Greek name: formatting leaves it alone.
     if (m_nGreek > 0 && nType == NTI_VARIABLE)
-        pNode->SetFontName(CString::Immortal("Symbol"));
+        pNode->SetFontName(s_strGreekFace);
     return pNode;
 }
 
