@@ -28,6 +28,9 @@ public:
     virtual int DoMessageBox(const char* pszText, UINT nType, UINT nIDPrompt);
 
     const char* m_pszAppName;  // null: unnamed
+
+private:
+    CWinApp* m_pOuter;  // the one that AfxGetApp gave before
 };
 
 // The object that was constructed last and still lives; null if there is none.
@@ -35,7 +38,8 @@ CWinApp* AfxGetApp();
 
 int AfxMessageBox(const char* pszText, UINT nType = MB_OK, UINT nIDHelp = 0);
 
-// A message of the system, with a caption: takes the same way as AfxMessageBox.
+// A message of the system, with a caption: takes the same way as AfxMessageBox. The caption is
+// shown to the user only, a handler gets the text alone.
 int AfxSystemMessageBox(const char* pszText, const char* pszCaption, UINT nType = MB_OK);
 
 extern "C"

@@ -126,7 +126,8 @@ private:
     [[noreturn]] void ThrowEndOfFile() const;
     void FillBuffer(UINT nNeeded);
     CFile& OpenFile() const;
-    CString LoadText(UINT nLength, UINT nCharacterSize);
+    CString LoadBytes(UINT nLength);
+    CString LoadTwoByteText(UINT nLength);
 
     CFile* m_pFile;  // null after Close and Abort
     UINT m_nMode;

@@ -31,7 +31,10 @@ public:
     CStringArray& operator=(const CStringArray& array) noexcept;
     ~CStringArray() override { Release(); }
 
-    INT_PTR GetSize() const { return m_pBuffer != nullptr ? m_pBuffer->nSize : 0; }
+    INT_PTR GetSize() const
+    {
+        return m_pBuffer != nullptr ? static_cast<INT_PTR>(m_pBuffer->items.size()) : 0;
+    }
     INT_PTR GetCount() const { return GetSize(); }
     INT_PTR GetUpperBound() const { return GetSize() - 1; }
     BOOL IsEmpty() const { return GetSize() == 0; }
@@ -45,7 +48,7 @@ public:
         {
             AfxThrowInvalidArgException();
         }
-        return m_pBuffer->pItems[nIndex];
+        return m_pBuffer->items[static_cast<std::size_t>(nIndex)];
     }
     const CString& operator[](INT_PTR nIndex) const { return GetAt(nIndex); }
     CString& ElementAt(INT_PTR nIndex);  // ends the sharing, unlike reading with []
@@ -66,9 +69,7 @@ public:
 private:
     struct CBuffer
     {
-        int nRefs = 1;  // negative: immortal
-        INT_PTR nSize = 0;
-        CString* pItems = nullptr;
+        int nRefs = 0;  // owners beside the first; negative: immortal
         std::vector<CString> items;
     };
 

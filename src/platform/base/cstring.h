@@ -2,6 +2,7 @@
 // A NUL inside is an ordinary character of the text, but comparisons end at it.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstring>
 #include <string_view>
@@ -16,7 +17,7 @@
 // Head of a text buffer; the characters and an end mark follow it.
 struct CStringData
 {
-    int nRefs;  // owners; negative: immortal, shared without counting and never written
+    int nRefs;  // owners beside the first; negative: immortal, never counted nor written
     int nLength;
     int nCapacity;   // characters that fit, without the end mark
     unsigned nHash;  // CString::HashText of an immortal text, otherwise unused
@@ -30,7 +31,7 @@ struct CStringCharacter
     char szText[4];
 };
 
-extern const CStringCharacter g_aStringCharacters[256];  // one-character texts by code
+extern const std::array<CStringCharacter, 256> g_aStringCharacters;  // one-character texts by code
 extern const CStringCharacter g_emptyString;
 
 // An argument of CString::Format.
@@ -169,7 +170,7 @@ public:
 
     // The new length.
     int Insert(int nIndex, char ch);
-    int Insert(int nIndex, const char* pszText);
+    int Insert(int nIndex, const CString& str);
     int Delete(int nIndex, int nCount = 1);
     // The number of places that changed.
     int Replace(char chOld, char chNew);

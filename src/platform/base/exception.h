@@ -24,8 +24,9 @@ public:
     virtual int ReportError(UINT nType = 0, UINT nMessageID = 0);
 
 protected:
-    // The text that GetErrorMessage hands out; empty for none.
-    virtual CString GetText() const;
+    // What GetErrorMessage does with a text.
+    static BOOL CopyText(std::string_view text, char* pszError, UINT nMaxError,
+                         UINT* pnHelpContext);
 
 private:
     BOOL m_bAutoDelete;
@@ -41,11 +42,11 @@ public:
     {
     }
 
-protected:
-    CString GetText() const override;
+    BOOL GetErrorMessage(char* pszError, UINT nMaxError,
+                         UINT* pnHelpContext = nullptr) const override;
 
 private:
-    const char* m_pszText;  // static text
+    const char* m_pszText;  // static text: telling it needs no memory
 };
 
 class CMemoryException : public CSimpleException
@@ -110,12 +111,12 @@ public:
 
     static int OsErrorToException(LONG lOsError);
 
+    BOOL GetErrorMessage(char* pszError, UINT nMaxError,
+                         UINT* pnHelpContext = nullptr) const override;
+
     int m_cause;
     LONG m_lOsError;  // the system's number: errno on Linux, -1 if there is none
     CString m_strFileName;
-
-protected:
-    CString GetText() const override;
 };
 
 class CArchiveException : public CException
@@ -139,11 +140,11 @@ public:
     explicit CArchiveException(int nCause = none, const char* pszFileName = nullptr,
                                BOOL bAutoDelete = TRUE);
 
+    BOOL GetErrorMessage(char* pszError, UINT nMaxError,
+                         UINT* pnHelpContext = nullptr) const override;
+
     int m_cause;
     CString m_strFileName;
-
-protected:
-    CString GetText() const override;
 };
 
 // The objects of the first group are static: one that is caught and forgotten leaks nothing.

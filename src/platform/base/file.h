@@ -138,6 +138,7 @@ protected:
     virtual BYTE* Realloc(BYTE* pMemory, SIZE_T nBytes);
     virtual void Free(BYTE* pMemory);
     void GrowFile(ULONGLONG nNewLength);
+    void ClearUpTo(ULONGLONG nEnd);
     void Reset();
 
     SIZE_T m_nGrowBytes;
