@@ -7,8 +7,32 @@
 
 #include <memory>
 
+#if defined(__SANITIZE_ADDRESS__)
+#define MIVORA_LEAK_CHECK 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define MIVORA_LEAK_CHECK 1
+#endif
+#endif
+#ifdef MIVORA_LEAK_CHECK
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace
 {
+
+// Reads the system's configuration once. The reader of its files loses a few hundred bytes.
+void LoadConfiguration()
+{
+    static const bool s_bLoaded = []
+    {
+#ifdef MIVORA_LEAK_CHECK
+        __lsan::ScopedDisabler disabler;
+#endif
+        return FcInit() == FcTrue;
+    }();
+    static_cast<void>(s_bLoaded);
+}
 
 template <auto Free>
 struct CFreeBy
@@ -40,6 +64,7 @@ bool HasFamily(const CPatternPtr& pPattern, const std::string& strFamily)
 
 CPatternPtr Match(const std::string& strFamily, bool bBold, bool bItalic)
 {
+    LoadConfiguration();
     CPatternPtr pAsked(FcPatternCreate());
     if (!pAsked)
         return nullptr;

@@ -1,0 +1,269 @@
+#include "platform/gdi/dc.h"
+#include "platform/gdi/recording_target.h"
+#include "platform/gdi/test_fonts.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+struct CDeletions : CObjectListener
+{
+    void ObjectDeleted(const CHandleObject& object) override { m_deleted.push_back(&object); }
+    std::vector<const CHandleObject*> m_deleted;
+};
+
+}  // namespace
+
+TEST(GdiObjects, SelectingGivesTheOldWrapperBack)
+{
+    CClientDC dc(nullptr);
+    LOGFONTA lf = FontOf("Arial", -20);
+    CFont first, second;
+    first.CreateFontIndirect(&lf);
+    second.CreateFontIndirect(&lf);
+    CFont* pStock = dc.SelectObject(&first);
+    EXPECT_EQ(pStock->m_hObject, GetStockObject(SYSTEM_FONT));
+    EXPECT_EQ(dc.SelectObject(&second), &first);
+    EXPECT_EQ(dc.GetCurrentFont(), &second);
+    EXPECT_EQ(dc.SelectObject(pStock), &second);
+
+    CPen pen(PS_SOLID, 1, 0xFF);
+    CBrush brush(HS_BDIAGONAL, 0xFF);
+    {
+        CSelectScope selectPen(&dc, &pen);
+        CSelectScope selectBrush(&dc, &brush);
+        EXPECT_EQ(dc.GetCurrentPen(), &pen);
+        EXPECT_EQ(dc.GetCurrentBrush(), &brush);
+    }
+    EXPECT_EQ(dc.GetCurrentPen()->m_hObject, GetStockObject(BLACK_PEN));
+    EXPECT_EQ(dc.GetCurrentBrush()->m_hObject, GetStockObject(WHITE_BRUSH));
+    EXPECT_EQ(dc.SelectObject(static_cast<CPen*>(nullptr)), nullptr);
+    EXPECT_EQ(dc.SelectObject(static_cast<CFont*>(pStock)), pStock);
+}
+
+TEST(GdiObjects, AreOfTheClassThatTheyAreAskedFor)
+{
+    CPen pen(PS_SOLID, 1, 0);
+    CGdiObject* pObject = CGdiObject::FromHandle(pen.m_hObject);
+    EXPECT_EQ(pObject, &pen);
+    EXPECT_TRUE(pObject->IsKindOf(RUNTIME_CLASS(CPen)));
+    HGDIOBJ hPen = pen.Detach();
+    EXPECT_FALSE(CGdiObject::FromHandle(hPen)->IsKindOf(RUNTIME_CLASS(CPen)));
+    EXPECT_TRUE(CPen::FromHandle(static_cast<HPEN>(hPen))->IsKindOf(RUNTIME_CLASS(CPen)));
+    EXPECT_EQ(CPen::FromHandle(nullptr), nullptr);
+    EXPECT_TRUE(DeleteObject(hPen));
+}
+
+TEST(GdiObjects, ADeletedOneServesUntilItIsNoLongerSelected)
+{
+    CRecordedDC recorded;
+    HDC hDC = recorded.m_hDC;
+    LOGFONTA lf = FontOf("Arial", -50);
+    HFONT hFont = CreateFontIndirectA(&lf);
+    HGDIOBJ hOld = SelectObject(hDC, hFont);
+    int nSaved = SaveDC(hDC);
+    SelectObject(hDC, hOld);
+    EXPECT_TRUE(DeleteObject(hFont));
+    EXPECT_EQ(GetObjectType(hFont), OBJ_FONT) << "the saved state holds it";
+    EXPECT_TRUE(RestoreDC(hDC, nSaved));
+    SIZE size{};
+    GetTextExtentPoint32A(hDC, "x", 1, &size);
+    EXPECT_EQ(size.cy, 56);  // 45 + 11
+    EXPECT_EQ(SelectObject(hDC, hOld), hFont);
+    EXPECT_EQ(GetObjectType(hFont), 0u);
+    EXPECT_FALSE(DeleteObject(hFont));
+    EXPECT_EQ(SelectObject(hDC, hFont), nullptr);
+    EXPECT_EQ(GetObjectA(hFont, sizeof lf, &lf), 0);
+}
+
+TEST(GdiObjects, SystemBrushesAndStockObjectsOutliveTheirDeletion)
+{
+    CDeletions deletions;
+    HBRUSH hWindow = GetSysColorBrush(COLOR_WINDOW);
+    EXPECT_EQ(hWindow, GetSysColorBrush(COLOR_WINDOW));
+    EXPECT_TRUE(DeleteObject(hWindow));
+    EXPECT_EQ(deletions.m_deleted, std::vector<const CHandleObject*>{ ObjectFromHandle(hWindow) })
+        << "a recorder has to hear of it";
+    LOGBRUSH brush{};
+    EXPECT_EQ(GetObjectA(hWindow, sizeof brush, &brush), static_cast<int>(sizeof brush));
+    EXPECT_EQ(brush.lbColor, 0xFFFFFFu);
+    {
+        CBrush wrapper;
+        wrapper.CreateSysColorBrush(COLOR_HIGHLIGHT);
+    }
+    EXPECT_EQ(GetObjectType(GetSysColorBrush(COLOR_HIGHLIGHT)), OBJ_BRUSH);
+    EXPECT_EQ(ObjectFromHandle(GetStockObject(NULL_BRUSH))->StockIndex(), NULL_BRUSH);
+    EXPECT_EQ(GetStockObject(9), nullptr);
+    EXPECT_EQ(GetStockObject(-1), nullptr);
+    EXPECT_EQ(GetSysColorBrush(21), nullptr);
+    EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), 0x00D77800u);
+    EXPECT_EQ(GetSysColor(COLOR_GRAYTEXT), 0x006D6D6Du);
+}
+
+TEST(GdiObjects, BadDescriptionsMakeNothing)
+{
+    EXPECT_EQ(CreateHatchBrush(6, 0), nullptr);
+    EXPECT_EQ(CreateHatchBrush(-1, 0), nullptr);
+    EXPECT_EQ(CreateFontIndirectA(nullptr), nullptr);
+    EXPECT_EQ(CreatePalette(nullptr), nullptr);
+    CFont font;
+    EXPECT_FALSE(font.DeleteObject());
+    char chSmall = 0;
+    EXPECT_EQ(GetObjectA(GetStockObject(SYSTEM_FONT), 1, &chSmall), 0);
+    EXPECT_EQ(GetObjectA(GetStockObject(SYSTEM_FONT), 0, nullptr), 60);
+}
+
+// Temporary wrappers own nothing and are used again, however many handles pass by.
+TEST(GdiObjects, ForeignHandlesLeaveNothingBehind)
+{
+    CClientDC dc(nullptr);
+    for (int i = 0; i < 1000; ++i)
+    {
+        HPEN hFirst = CreatePen(PS_SOLID, 1, 0);
+        HPEN hSecond = CreatePen(PS_SOLID, 1, 0);
+        CPen* pFirst = CPen::FromHandle(hFirst);
+        EXPECT_EQ(pFirst, CPen::FromHandle(hFirst));
+        EXPECT_NE(pFirst, CPen::FromHandle(hSecond));
+        EXPECT_EQ(pFirst->m_hObject, hFirst);
+        DeleteObject(hFirst);
+        DeleteObject(hSecond);
+    }
+}
+
+TEST(DeviceContext, AnotherOneMayBeAsked)
+{
+    CRecordedDC recorded;
+    CClientDC screen(nullptr);
+    CDC dc;
+    dc.Attach(recorded.m_hDC);
+    dc.SetAttribDC(screen.m_hDC);
+    LOGFONTA lf = FontOf("Symbol", -30);
+    CFont font;
+    font.CreateFontIndirect(&lf);
+    {
+        CSelectScope select(&dc, &font);
+        EXPECT_EQ(dc.GetTextExtent("\xD6").cx, 16);
+        EXPECT_EQ(dc.GetOutputTextExtent("\xD6").cx, 16);
+        CPen pen(PS_SOLID, 1, 0);
+        CSelectScope selectPen(&dc, &pen);
+        EXPECT_EQ(screen.GetCurrentPen()->m_hObject, GetStockObject(BLACK_PEN)) << "only draws";
+    }
+    EXPECT_EQ(screen.GetCurrentFont()->m_hObject, GetStockObject(SYSTEM_FONT));
+    dc.SetTextColor(0x123456);
+    EXPECT_EQ(screen.GetTextColor(), 0x123456u);
+    dc.Detach();
+}
+
+TEST(DeviceContext, HandsShapesToTheTarget)
+{
+    CRecordedDC recorded;
+    CDC& dc = *CDC::FromHandle(recorded.m_hDC);
+    EXPECT_EQ(&dc, CDC::FromHandle(recorded.m_hDC));
+    CRect rect(9, 5, 5, 7);
+    dc.FillSolidRect(&rect, 0x80FF);
+    CBrush brush(0xFFu);
+    dc.FillRect(&rect, &brush);
+    dc.MoveTo(1, 2);
+    dc.LineTo(3, 4);
+    dc.LineTo(5, 6);
+    dc.Rectangle(&rect);
+    EXPECT_EQ(
+        recorded.m_calls,
+        (std::vector<std::string>{ "bkcolor 33023", "text 0 0 2 rect 9 5 5 7 dx codes", "select 2",
+                                   "patblt 9 5 -4 2 15728673", "select 2", "move 1 2",
+                                   "line 1 2 3 4", "line 3 4 5 6", "rectangle 9 5 5 7" }));
+    EXPECT_EQ(dc.GetCurrentPosition(), CPoint(5, 6));
+    EXPECT_EQ(dc.GetBkColor(), 0x80FFu);
+}
+
+TEST(DeviceContext, StatesAreSavedInLevels)
+{
+    CClientDC dc(nullptr);
+    dc.SetTextColor(1);
+    EXPECT_EQ(dc.SaveDC(), 1);
+    dc.SetTextColor(2);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    CRect clip(0, 0, 10, 10);
+    EXPECT_EQ(dc.IntersectClipRect(&clip), SIMPLEREGION);
+    EXPECT_EQ(dc.SaveDC(), 2);
+    dc.SetTextColor(3);
+    clip.OffsetRect(10, 0);
+    EXPECT_EQ(dc.IntersectClipRect(&clip), NULLREGION);
+    EXPECT_FALSE(dc.RestoreDC(3));
+    EXPECT_FALSE(dc.RestoreDC(0));
+    EXPECT_FALSE(dc.RestoreDC(-3));
+    EXPECT_TRUE(dc.RestoreDC(-1));
+    EXPECT_EQ(dc.GetTextColor(), 2u);
+    EXPECT_EQ(dc.GetClipBox(&clip), SIMPLEREGION);
+    EXPECT_EQ(clip, CRect(0, 0, 10, 10));
+    EXPECT_TRUE(dc.RestoreDC(1));
+    EXPECT_EQ(dc.GetTextColor(), 1u);
+    EXPECT_EQ(dc.GetMapMode(), MM_TEXT);
+    EXPECT_EQ(dc.GetClipBox(&clip), SIMPLEREGION);
+    EXPECT_EQ(clip, CRect(0, 0, 1920, 1080));
+}
+
+TEST(DeviceContext, TheScreenIsTheVirtualOneAndStartsAfresh)
+{
+    HDC hDC = GetDC(nullptr);
+    SetHundredths(hDC);
+    SetTextColor(hDC, 5);
+    LOGFONTA lf = FontOf("Arial", -50);
+    HFONT hFont = CreateFontIndirectA(&lf);
+    SelectObject(hDC, hFont);
+    DeleteObject(hFont);
+    EXPECT_EQ(ReleaseDC(nullptr, hDC), 1);
+    EXPECT_EQ(GetObjectType(hFont), 0u);
+
+    CClientDC dc(nullptr);
+    EXPECT_EQ(dc.GetMapMode(), MM_TEXT);
+    EXPECT_EQ(dc.GetTextColor(), 0u);
+    EXPECT_EQ(dc.GetBkMode(), OPAQUE);
+    EXPECT_EQ(dc.GetCurrentFont()->m_hObject, GetStockObject(SYSTEM_FONT));
+    struct
+    {
+        int m_nIndex, m_nValue;
+    } aCaps[] = { { HORZSIZE, 508 }, { VERTSIZE, 286 },  { HORZRES, 1920 },
+                  { VERTRES, 1080 }, { LOGPIXELSX, 96 }, { LOGPIXELSY, 96 },
+                  { BITSPIXEL, 32 }, { PLANES, 1 },      { TECHNOLOGY, DT_RASDISPLAY } };
+    for (const auto& caps : aCaps)
+        EXPECT_EQ(dc.GetDeviceCaps(caps.m_nIndex), caps.m_nValue) << caps.m_nIndex;
+    EXPECT_EQ(ReleaseDC(nullptr, nullptr), 0);
+    EXPECT_EQ(GetMapMode(nullptr), 0);
+}
+
+TEST(DeviceContext, PalettesChangeNothing)
+{
+    CClientDC dc(nullptr);
+    LOGPALETTE description{ 0x300, 1, { { 1, 2, 3, 0 } } };
+    CPalette palette;
+    ASSERT_TRUE(palette.CreatePalette(&description));
+    EXPECT_EQ(palette.GetEntryCount(), 1);
+    CPalette* pOld = dc.SelectPalette(&palette, FALSE);
+    EXPECT_EQ(pOld->m_hObject, GetStockObject(DEFAULT_PALETTE));
+    EXPECT_EQ(dc.RealizePalette(), 0u);
+    EXPECT_EQ(dc.SelectPalette(pOld, FALSE), &palette);
+    EXPECT_EQ(SelectObject(dc, palette), nullptr) << "palettes are selected by their own call";
+}
+
+TEST(DeviceContext, ABitmapIsDrawnOnByOneContextOnly)
+{
+    CClientDC screen(nullptr);
+    CDC first, second;
+    ASSERT_TRUE(first.CreateCompatibleDC(nullptr));
+    ASSERT_TRUE(second.CreateCompatibleDC(&screen));
+    EXPECT_EQ(first.GetDeviceCaps(BITSPIXEL), 32);
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(4, 3, 1, 32, nullptr));
+    CBitmap* pOld = first.SelectObject(&bitmap);
+    ASSERT_NE(pOld, nullptr);
+    BITMAP data{};
+    EXPECT_GT(pOld->GetBitmap(&data), 0);
+    EXPECT_EQ(data.bmWidth, 1);
+    EXPECT_EQ(data.bmBitsPixel, 1);
+    EXPECT_EQ(second.SelectObject(&bitmap), nullptr);
+    EXPECT_EQ(screen.SelectObject(&bitmap), nullptr);
+    EXPECT_EQ(first.SelectObject(pOld), &bitmap);
+    EXPECT_NE(second.SelectObject(&bitmap), nullptr);
+}
