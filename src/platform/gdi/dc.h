@@ -119,7 +119,7 @@ public:
     CSize GetTextExtent(LPCSTR pszText, int nCount) const;
     CSize GetTextExtent(const CString& strText) const;
     // On the output context. An empty text is as high as the font, and 0 wide.
-    CSize GetOutputTextExtent(LPCSTR pszText, int nCount) const;
+    virtual CSize GetOutputTextExtent(LPCSTR pszText, int nCount) const;
     CSize GetOutputTextExtent(const CString& strText) const;
     BOOL GetTextMetrics(TEXTMETRICA* pMetrics) const;
     BOOL GetOutputTextMetrics(TEXTMETRICA* pMetrics) const;
