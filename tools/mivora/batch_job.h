@@ -1,0 +1,30 @@
+// One line of a batch: drawn into a file of its own.
+#pragma once
+
+#include <string>
+
+#include "picture.h"
+
+struct CBatchOptions
+{
+    std::string strDirectory;
+    const CPictureFormat* pFormat;
+    CPictureOptions picture;
+};
+
+enum EOutcome : unsigned char
+{
+    OUTCOME_DONE,
+    OUTCOME_SYNTAX_ERROR,  // a file was made all the same
+    OUTCOME_FAILED
+};
+
+struct CLineResult
+{
+    EOutcome nOutcome = OUTCOME_DONE;
+    std::string strMessage;  // empty if all went well
+};
+
+// Draws line nLine (from 1) of the input.
+CLineResult DrawLine(CFormulaOut& formula, const std::string& strLine, unsigned long long nLine,
+                     const CBatchOptions& options);

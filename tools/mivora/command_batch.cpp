@@ -1,0 +1,182 @@
+// batch: every line of a file into a file of its own.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include "arguments.h"
+#include "batch_job.h"
+#include "report.h"
+#include "text_input.h"
+#include "worker_pool.h"
+
+namespace
+{
+constexpr size_t s_nLinesInBlock = 64;
+constexpr size_t s_nBytesInBlock = 65536;  // long lines make short blocks
+constexpr int s_nBarWidth = 30;
+
+// A bar on standard error where that is a terminal.
+class CProgress
+{
+public:
+    CProgress() : m_bShown(isatty(STDERR_FILENO) != 0) {}
+    ~CProgress() { Wipe(); }
+    CProgress(const CProgress&) = delete;
+    CProgress& operator=(const CProgress&) = delete;
+
+    void Show(const CLineReader& reader, unsigned long long nLines)
+    {
+        if (!m_bShown)
+            return;
+        if (reader.Size() == 0)
+        {
+            std::fprintf(stderr, "\r%llu lines", nLines);
+        }
+        else
+        {
+            const double fShare =
+                static_cast<double>(reader.Taken()) / static_cast<double>(reader.Size());
+            const int nFull = static_cast<int>(fShare * s_nBarWidth);
+            const std::string strBar = std::string(static_cast<size_t>(nFull), '#') +
+                                       std::string(static_cast<size_t>(s_nBarWidth - nFull), '.');
+            std::fprintf(stderr, "\r[%s] %3d%%  %llu lines", strBar.c_str(),
+                         static_cast<int>(fShare * 100), nLines);
+        }
+        m_bDirty = true;
+    }
+
+    // Clears the line for other words.
+    void Wipe()
+    {
+        if (m_bDirty)
+            std::fputs("\r\033[K", stderr);
+        m_bDirty = false;
+    }
+
+private:
+    bool m_bShown;
+    bool m_bDirty = false;
+};
+
+class CBatch
+{
+public:
+    explicit CBatch(CLineReader& reader) : m_reader(reader) {}
+
+    // Counts a result and tells what went wrong.
+    void Add(unsigned long long nLine, const CLineResult& result)
+    {
+        (result.nOutcome == OUTCOME_FAILED ? m_nFailed : m_nDone) += 1;
+        m_nSyntaxErrors += result.nOutcome == OUTCOME_SYNTAX_ERROR ? 1 : 0;
+        if (result.nOutcome != OUTCOME_DONE)
+        {
+            m_progress.Wipe();
+            Tell("line " + std::to_string(nLine) + ": " + result.strMessage);
+        }
+    }
+    void Add(const CBlockResult& block)
+    {
+        unsigned long long nLine = block.nFirstLine;
+        for (const CLineResult& result : block.results)
+            Add(nLine++, result);
+        ShowProgress();
+    }
+    void ShowProgress() { m_progress.Show(m_reader, m_nDone + m_nFailed); }
+
+    int Finish(bool bStrict)
+    {
+        m_progress.Wipe();
+        std::printf("%llu done, %llu with syntax errors, %llu failed\n", m_nDone, m_nSyntaxErrors,
+                    m_nFailed);
+        return m_nFailed > 0 || (bStrict && m_nSyntaxErrors > 0) ? STATUS_FAILED : STATUS_DONE;
+    }
+
+private:
+    CLineReader& m_reader;
+    CProgress m_progress;
+    unsigned long long m_nDone = 0;  // with syntax errors too
+    unsigned long long m_nSyntaxErrors = 0;
+    unsigned long long m_nFailed = 0;
+};
+
+CBatchOptions OptionsOf(const CArguments& arguments)
+{
+    CBatchOptions options;
+    options.strDirectory = arguments.Value(OPT_DIRECTORY);
+    options.pFormat = FindFormat(arguments.Value(OPT_FORMAT, "wmf"));
+    options.picture.nDpi = arguments.Number(OPT_DPI, options.picture.nDpi);
+    if (!options.pFormat->bDpi && arguments.Has(OPT_DPI))
+        throw CUsageError{ "--dpi is not for metafiles" };
+    return options;
+}
+
+void MakeDirectory(const std::string& strPath)
+{
+    struct stat status;
+    if (mkdir(strPath.c_str(), 0777) == 0)
+        return;
+    const int nError = errno;
+    if (stat(strPath.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+        throw CFailure{ "cannot make the folder " + strPath + ": " + std::strerror(nError) };
+}
+
+void DrawHere(CLineReader& reader, CBatch& batch, const CBatchOptions& options)
+{
+    CFormulaOut formula;
+    std::string strLine;
+    for (unsigned long long nLine = 1; reader.Next(strLine); ++nLine)
+    {
+        batch.Add(nLine, DrawLine(formula, strLine, nLine, options));
+        if (nLine % s_nLinesInBlock == 0)
+            batch.ShowProgress();
+    }
+}
+
+bool NextBlock(CLineReader& reader, CBlock& block)
+{
+    block.nFirstLine += block.astrLines.size();
+    block.astrLines.clear();
+    size_t nBytes = 0;
+    std::string strLine;
+    while (block.astrLines.size() < s_nLinesInBlock && nBytes < s_nBytesInBlock &&
+           reader.Next(strLine))
+    {
+        nBytes += strLine.size();
+        block.astrLines.push_back(strLine);
+    }
+    return !block.astrLines.empty();
+}
+
+void DrawElsewhere(int nJobs, CLineReader& reader, CBatch& batch, const CBatchOptions& options)
+{
+    CWorkerPool pool(nJobs, options);
+    CBlock block;
+    CBlockResult result;
+    while (NextBlock(reader, block))
+    {
+        pool.Submit(block);
+        while (pool.TakeResult(result, false))
+            batch.Add(result);
+    }
+    while (pool.TakeResult(result, true))
+        batch.Add(result);
+}
+}  // namespace
+
+int RunBatch(const CArguments& arguments)
+{
+    const CBatchOptions options = OptionsOf(arguments);
+    CLineReader reader(*arguments.Operand());
+    MakeDirectory(options.strDirectory);
+    CBatch batch(reader);
+    const int nJobs = arguments.Number(OPT_JOBS, 1);
+    if (nJobs == 1)
+        DrawHere(reader, batch, options);
+    else
+        DrawElsewhere(nJobs, reader, batch, options);
+    return batch.Finish(arguments.Has(OPT_STRICT));
+}

@@ -1,0 +1,179 @@
+#include "text_input.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "platform/base/code_page.h"
+#include "report.h"
+
+namespace
+{
+constexpr size_t s_nBufferSize = 65536;
+
+bool IsContinuation(char ch)
+{
+    return (static_cast<unsigned char>(ch) & 0xC0) == 0x80;
+}
+
+// What stands at an offset: a character, by its number in Unicode, or a byte out of place.
+std::string Describe(const std::string& strUtf8, size_t nOffset)
+{
+    const auto nLead = static_cast<unsigned char>(strUtf8[nOffset]);
+    const size_t nLength = nLead < 0x80 ? 1 : nLead < 0xE0 ? 2 : nLead < 0xF0 ? 3 : 4;
+    unsigned nCode = nLength == 1 ? nLead : nLead & (0xFFU >> (nLength + 1));
+    bool bSound = nLead < 0x80 || (nLead >= 0xC2 && nLead < 0xF5);
+    for (size_t n = 1; n < nLength && bSound; ++n)
+    {
+        bSound = nOffset + n < strUtf8.size() && IsContinuation(strUtf8[nOffset + n]);
+        if (bSound)
+            nCode = nCode << 6 | (static_cast<unsigned char>(strUtf8[nOffset + n]) & 0x3F);
+    }
+    char szText[64];
+    if (bSound)
+        std::snprintf(szText, sizeof szText, "U+%04X is not in Windows-1252", nCode);
+    else
+        std::snprintf(szText, sizeof szText, "the byte 0x%02X is no UTF-8", nLead);
+    return szText;
+}
+
+int HexDigit(char ch)
+{
+    if (ch >= '0' && ch <= '9')
+        return ch - '0';
+    if (ch >= 'A' && ch <= 'F')
+        return ch - 'A' + 10;
+    if (ch >= 'a' && ch <= 'f')
+        return ch - 'a' + 10;
+    return -1;
+}
+
+std::string ReadAll(CLineReader& reader)
+{
+    std::string strAll;
+    std::string strLine;
+    while (reader.NextRaw(strLine))
+        strAll += strLine;
+    return strAll;
+}
+
+void CutLineBreak(std::string& strLine)
+{
+    if (!strLine.empty() && strLine.back() == '\n')
+    {
+        strLine.pop_back();
+        if (!strLine.empty() && strLine.back() == '\r')
+            strLine.pop_back();
+    }
+}
+}  // namespace
+
+CString TextFromUtf8(const std::string& strUtf8)
+{
+    std::string strText;
+    size_t nBad = 0;
+    if (!Utf8ToWindows1252(strUtf8, &strText, &nBad))
+    {
+        size_t nPosition = 1;
+        for (size_t n = 0; n < nBad; ++n)
+            nPosition += IsContinuation(strUtf8[n]) ? 0 : 1;
+        throw CFailure{ "position " + std::to_string(nPosition) + ": " + Describe(strUtf8, nBad) };
+    }
+    return CString(strText.data(), static_cast<int>(strText.size()));
+}
+
+CString TextFromHex(const std::string& strHex)
+{
+    std::string strText;
+    for (size_t n = 0; n < strHex.size(); n += 2)
+    {
+        const int nHigh = HexDigit(strHex[n]);
+        const int nLow = n + 1 < strHex.size() ? HexDigit(strHex[n + 1]) : -1;
+        if (nHigh < 0 || nLow < 0)
+        {
+            throw CFailure{ "position " + std::to_string(n + (nHigh < 0 ? 1 : 2)) +
+                            ": a hexadecimal digit is missing" };
+        }
+        strText += static_cast<char>(nHigh << 4 | nLow);
+    }
+    return CString(strText.data(), static_cast<int>(strText.size()));
+}
+
+std::string Utf8FromText(const CString& strText)
+{
+    return Windows1252ToUtf8(strText.View());
+}
+
+std::string TypedText(const CArguments& arguments)
+{
+    if (*arguments.Operand() != "-")
+        return *arguments.Operand();
+    CLineReader reader("-");
+    std::string strText = ReadAll(reader);
+    CutLineBreak(strText);
+    return strText;
+}
+
+CLineReader::CLineReader(const std::string& strPath)
+    : m_strPath(strPath), m_nFile(STDIN_FILENO), m_achBuffer(s_nBufferSize)
+{
+    if (strPath != "-")
+        m_nFile = open(strPath.c_str(), O_RDONLY | O_CLOEXEC);
+    if (m_nFile < 0)
+        throw CFailure{ "cannot open " + strPath + ": " + std::strerror(errno) };
+    struct stat status;
+    if (fstat(m_nFile, &status) == 0 && S_ISREG(status.st_mode))
+        m_nSize = static_cast<unsigned long long>(status.st_size);
+}
+
+CLineReader::~CLineReader()
+{
+    if (m_nFile != STDIN_FILENO)
+        close(m_nFile);
+}
+
+bool CLineReader::Next(std::string& strLine)
+{
+    if (!NextRaw(strLine))
+        return false;
+    CutLineBreak(strLine);
+    return true;
+}
+
+bool CLineReader::NextRaw(std::string& strLine)
+{
+    strLine.clear();
+    while (m_nNext < m_nFilled || Fill())
+    {
+        const char* pchStart = m_achBuffer.data() + m_nNext;
+        const void* pBreak = std::memchr(pchStart, '\n', m_nFilled - m_nNext);
+        const size_t nCount =
+            pBreak == nullptr
+                ? m_nFilled - m_nNext
+                : static_cast<size_t>(static_cast<const char*>(pBreak) - pchStart) + 1;
+        strLine.append(pchStart, nCount);
+        m_nNext += nCount;
+        m_nTaken += nCount;
+        if (pBreak != nullptr)
+            return true;
+    }
+    return !strLine.empty();
+}
+
+bool CLineReader::Fill()
+{
+    std::fflush(stdout);
+    ssize_t nRead = 0;
+    do
+        nRead = read(m_nFile, m_achBuffer.data(), m_achBuffer.size());
+    while (nRead < 0 && errno == EINTR);
+    if (nRead < 0)
+        throw CFailure{ "cannot read " + m_strPath + ": " + std::strerror(errno) };
+    m_nNext = 0;
+    m_nFilled = static_cast<size_t>(nRead);
+    return nRead > 0;
+}
