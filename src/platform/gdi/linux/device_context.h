@@ -70,6 +70,7 @@ private:
     float m_fScaleX = 1, m_fScaleY = 1, m_fShiftX = 0, m_fShiftY = 0;  // to device
     float m_fInverseX = 1, m_fInverseY = 1, m_fInverseShiftX = 0, m_fInverseShiftY = 0;  // back
     bool m_bIdentityScale = true;
+    bool m_bIdentity = true;  // no shift either
 };
 
 // What SaveDC keeps.

@@ -256,11 +256,13 @@ struct CRecentFace
 
 std::size_t HashFace(const char* pszFace, int nStyle)
 {
+    constexpr std::uint64_t FACTORS[] = { 0x9E3779B97F4A7C15u, 0xC2B2AE3D27D4EB4Fu,
+                                          0xFF51AFD7ED558CCDu, 0x165667B19E3779F9u };
     std::uint64_t anWords[LF_FACESIZE / 8];
     std::memcpy(anWords, pszFace, LF_FACESIZE);
-    std::uint64_t nHash = static_cast<std::uint64_t>(nStyle);
-    for (std::uint64_t nWord : anWords)
-        nHash = (nHash ^ nWord) * 0x9E3779B97F4A7C15u;
+    std::uint64_t nHash = static_cast<std::uint64_t>(nStyle) << 58;
+    for (int i = 0; i < LF_FACESIZE / 8; ++i)
+        nHash ^= anWords[i] * FACTORS[i];
     return static_cast<std::size_t>(nHash >> 58);
 }
 

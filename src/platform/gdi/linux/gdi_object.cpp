@@ -4,6 +4,8 @@
 #include "platform/gdi/linux/font_face.h"
 
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 CObjectListener* CObjectListener::s_pFirst = nullptr;
@@ -42,13 +44,40 @@ int DescribeBytes(const void* pData, int cbData, int cb, void* pBuffer)
     return cbData;
 }
 
+namespace
+{
+
+// Clears what stands behind the end of a face name. Eight bytes at a time: this is done for each
+// text that is measured.
+void ClearBehindName(char (&szFace)[LF_FACESIZE])
+{
+    constexpr std::uint64_t ONES = 0x0101010101010101u;
+    constexpr std::uint64_t TOPS = 0x8080808080808080u;
+    static_assert(std::endian::native == std::endian::little);
+    szFace[LF_FACESIZE - 1] = '\0';
+    std::uint64_t nKeep = ~std::uint64_t{ 0 };
+    for (int i = 0; i < LF_FACESIZE; i += 8)
+    {
+        std::uint64_t nWord = 0;
+        std::memcpy(&nWord, szFace + i, 8);
+        nWord &= nKeep;
+        std::uint64_t nZero = (nWord - ONES) & ~nWord & TOPS;  // lowest mark: the first zero byte
+        if (nZero != 0)
+        {
+            nWord &= ((nZero & (0 - nZero)) - 1) >> 7;
+            nKeep = 0;
+        }
+        std::memcpy(szFace + i, &nWord, 8);
+    }
+}
+
+}  // namespace
+
 CFontObject* CFontObject::Create(const LOGFONTA& font)
 {
     CFontObject* pFont = Take(OBJ_FONT);
     pFont->m_font = font;
-    char* pszFace = pFont->m_font.lfFaceName;
-    std::size_t nLength = strnlen(pszFace, LF_FACESIZE - 1);
-    std::memset(pszFace + nLength, 0, LF_FACESIZE - nLength);
+    ClearBehindName(pFont->m_font.lfFaceName);
     pFont->m_nFaceId = -1;
     return pFont;
 }

@@ -144,16 +144,21 @@ void CMapping::Update()
     m_fInverseShiftX = -m_fShiftX * m_fInverseX;
     m_fInverseShiftY = -m_fShiftY * m_fInverseY;
     m_bIdentityScale = m_fScaleX == 1 && m_fScaleY == 1;
+    m_bIdentity = m_bIdentityScale && m_fShiftX == 0 && m_fShiftY == 0;
 }
 
 POINT CMapping::ToDevice(POINT point) const
 {
+    if (m_bIdentity)
+        return point;
     return { RoundToInt(point.x * static_cast<double>(m_fScaleX) + m_fShiftX),
              RoundToInt(point.y * static_cast<double>(m_fScaleY) + m_fShiftY) };
 }
 
 POINT CMapping::ToLogical(POINT point) const
 {
+    if (m_bIdentity)
+        return point;
     return { RoundToInt(point.x * static_cast<double>(m_fInverseX) + m_fInverseShiftX),
              RoundToInt(point.y * static_cast<double>(m_fInverseY) + m_fInverseShiftY) };
 }

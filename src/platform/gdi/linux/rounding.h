@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -31,5 +30,7 @@ inline int CutToInt(double fValue)
 // To the nearest; halves go up.
 inline int RoundToInt(double fValue)
 {
-    return CutToInt(std::floor(fValue + 0.5));
+    double fShifted = fValue + 0.5;
+    int nCut = CutToInt(fShifted);
+    return nCut > fShifted && nCut != std::numeric_limits<int>::min() ? nCut - 1 : nCut;
 }
