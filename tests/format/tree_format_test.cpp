@@ -1,0 +1,138 @@
+// The format table: its defaults for all types, its sizes by level, its archive form.
+#include "format/tree_format.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+
+#include "platform/base/archive.h"
+#include "platform/base/exception.h"
+#include "platform/base/file.h"
+
+namespace
+{
+std::string Stored(CBinTreeFormat& format)
+{
+    CMemFile file;
+    CArchive ar(&file, CArchive::store);
+    format.Serialize(ar);
+    ar.Close();
+    return { reinterpret_cast<const char*>(file.GetData()),
+             static_cast<std::size_t>(file.GetLength()) };
+}
+
+void Load(CBinTreeFormat& format, std::string strBytes)
+{
+    CMemFile file(reinterpret_cast<BYTE*>(strBytes.data()), static_cast<UINT>(strBytes.size()));
+    CArchive ar(&file, CArchive::load);
+    format.Serialize(ar);
+    ar.Close();
+}
+
+// A record as it stands in an archive: length and face, colour, bold, italic, character set.
+std::string Record(const std::string& strFace, char chBold, char chItalic, char chCharSet)
+{
+    const std::string strZeros(3, '\0');
+    return std::string(1, static_cast<char>(strFace.size())) + strFace + '\0' + strZeros + chBold +
+           strZeros + chItalic + strZeros + chCharSet;
+}
+
+std::string Size(signed char nSize)
+{
+    return std::string(1, static_cast<char>(nSize)) + "\xFF\xFF\xFF";
+}
+
+// With the system's black for window text.
+std::string DefaultBytes()
+{
+    return Record("Times New Roman", 0, 0, 0) + Record("Times New Roman", 0, 1, 0) +
+           Record("Times New Roman", 0, 1, 0) + Record("Times New Roman", 0, 0, 0) +
+           Record("Times New Roman", 1, 0, 0) + Record("Symbol", 0, 0, 2) +
+           Record("Symbol", 0, 0, 2) + Size(-12) + Size(-10) + Size(-8) + Size(-16) + Size(-12);
+}
+}  // namespace
+
+TEST(TreeFormat, KnowsTheRecordOfEveryType)
+{
+    CBinTreeFormat format;
+    EXPECT_EQ(format.m_TypeMap.GetCount(), 41);
+    EXPECT_EQ(format.FindRecord("NT_PLACEHOLDER"), format.m_pText);
+    EXPECT_EQ(format.FindRecord("NT_DERIVE"), format.m_pText);
+    EXPECT_EQ(format.FindRecord("NT_PARTDERIVE"), format.m_pOperator);
+    EXPECT_EQ(format.FindRecord("NT_BINOMIAL"), format.m_pFunction);
+    EXPECT_EQ(format.FindRecord("NT_INFINITY"), format.m_pSymbol);
+    EXPECT_EQ(format.FindRecord("NT_LAMBDA"), format.m_pExtra);
+    EXPECT_EQ(format.FindRecord("nt_lambda"), nullptr);
+    EXPECT_EQ(format.FindRecord(""), nullptr);
+    EXPECT_EQ(format.m_TypeMap.GetCount(), 41) << "asking for a name adds none";
+}
+
+TEST(TreeFormat, SizesByLevel)
+{
+    CBinTreeFormat format;
+    const int anHeights[][3] = {
+        // level, ordinary, big operator
+        { INT_MIN, -120, -160 }, { -1, -120, -160 }, { 0, -120, -160 },      { 1, -100, -120 },
+        { 2, -80, -120 },        { 5, -80, -120 },   { INT_MAX, -80, -120 },
+    };
+    for (const auto& row : anHeights)
+    {
+        EXPECT_EQ(format.GetHeight(row[0]), row[1]) << row[0];
+        EXPECT_EQ(format.GetBigHeight(row[0]), row[2]) << row[0];
+    }
+    format.m_nSizes[0] = 0x40000001;
+    EXPECT_EQ(format.GetHeight(0), static_cast<int>(0x8000000AU)) << "wraps";
+}
+
+TEST(TreeFormat, HasItsArchiveForm)
+{
+    CBinTreeFormat format;
+    EXPECT_EQ(Stored(format), DefaultBytes());
+}
+
+TEST(TreeFormat, ComesBackButForTheExtraRecord)
+{
+    CBinTreeFormat source;
+    source.m_pText->m_crColour = 0x00123456;
+    source.m_pSymbol->m_strFontName = "Arial";
+    source.m_pSymbol->m_nCharSet = 255;
+    source.m_pExtra->m_strFontName = "Arial";
+    source.m_nSizes[4] = 77;
+    CBinTreeFormat loaded;
+    CFormatInfoOb* pSymbol = loaded.m_pSymbol;
+    Load(loaded, Stored(source));
+    EXPECT_EQ(loaded.m_pText->m_crColour, 0x00123456U);
+    EXPECT_EQ(loaded.m_pSymbol, pSymbol) << "the map still points to it";
+    EXPECT_EQ(pSymbol->m_strFontName, "Arial");
+    EXPECT_EQ(pSymbol->m_nCharSet, 255);
+    EXPECT_EQ(loaded.m_nSizes[4], 77);
+    EXPECT_EQ(loaded.m_pExtra->m_strFontName, "MT Extra");
+
+    CBinTreeFormat copy;
+    copy.CopyFormat(source);
+    EXPECT_EQ(copy.m_pExtra->m_strFontName, "Arial");
+    EXPECT_EQ(Stored(copy), Stored(source));
+}
+
+TEST(TreeFormat, ACutArchiveLeavesTheTableAsItWas)
+{
+    CBinTreeFormat source;
+    source.m_pText->m_strFontName = "Arial";
+    const std::string strBytes = Stored(source);
+    for (std::size_t nLength = 0; nLength < strBytes.size(); ++nLength)
+    {
+        CBinTreeFormat loaded;
+        try
+        {
+            Load(loaded, strBytes.substr(0, nLength));
+            ADD_FAILURE() << nLength;
+        }
+        catch (CArchiveException* pException)
+        {
+            EXPECT_EQ(pException->m_cause, CArchiveException::endOfFile);
+            pException->Delete();
+        }
+        EXPECT_EQ(Stored(loaded), DefaultBytes());
+    }
+}
