@@ -469,6 +469,7 @@ BOOL EnumEnhMetaFile(HDC hDC, HENHMETAFILE hMetaFile, ENHMFENUMPROC pCallback, L
                      const RECT* pRect);
 UINT GetEnhMetaFileHeader(HENHMETAFILE hMetaFile, UINT cbBuffer, ENHMETAHEADER* pHeader);
 UINT GetEnhMetaFileBits(HENHMETAFILE hMetaFile, UINT cbBuffer, BYTE* pBuffer);
+HENHMETAFILE SetEnhMetaFileBits(UINT cbBuffer, const BYTE* pBuffer);
 BOOL GdiComment(HDC hDC, UINT cbData, const BYTE* pData);
 
 #endif

@@ -1,0 +1,46 @@
+// Enhanced metafiles in memory: taken in from files and blocks of other programs, none of whose
+// lengths is believed, and gone through record by record.
+#pragma once
+
+#include "platform/gdi/linux/metafile_bits.h"
+#include "platform/gdi/linux/metafile_records.h"
+
+#include <functional>
+
+// What HENHMETAFILE points to: a header, then whole records; neither changes any more.
+class HENHMETAFILE__
+{
+public:
+    // Takes over one hold on the bits, which begin with a header that CheckHeader passes.
+    explicit HENHMETAFILE__(CMetafileBits* pBits) : m_pBits(pBits) {}
+    ~HENHMETAFILE__() { m_pBits->Release(); }
+    HENHMETAFILE__(const HENHMETAFILE__&) = delete;
+    HENHMETAFILE__& operator=(const HENHMETAFILE__&) = delete;
+
+    CMetafileBits& Bits() const { return *m_pBits; }
+    // The header without what follows it in its record; fields that it does not have are 0.
+    ENHMETAHEADER Header() const;
+
+private:
+    CMetafileBits* m_pBits;
+};
+
+// The header of a metafile: type, signature, and a size that holds the fields of the format's first
+// version. Needs the first 88 bytes.
+bool CheckHeader(std::span<const BYTE> bytes);
+
+// Bytes up to the end of the EOF record, or of the last whole record before the first one that is
+// damaged. *pbEnded: there was an EOF record. What the header says of sizes and numbers is not
+// asked: a damaged header must not hide sound records, and a cut file has what is left of it.
+std::size_t WholeRecords(std::span<const BYTE> bytes, bool* pbEnded = nullptr);
+
+// Gives each record to the visitor until that returns false. A comment whose data would reach over
+// its record is shown cut to it. False if the visitor stopped or there is no EOF record.
+bool VisitRecords(std::span<const BYTE> bytes,
+                  const std::function<bool(const ENHMETARECORD&)>& visitor);
+
+// Whole records of a file, of a pipe as well; null, and the last error set, if it cannot be read or
+// is no metafile. Takes memory for what is sound, at most for 256 MB.
+CMetafileBits* ReadMetafileBits(LPCSTR pszFile);
+// The same from memory.
+CMetafileBits* CopyMetafileBits(std::span<const BYTE> bytes);
