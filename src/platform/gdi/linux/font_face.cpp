@@ -7,6 +7,8 @@
 
 #include <strings.h>
 
+#include <array>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <map>
@@ -245,55 +247,46 @@ int FindUnknownFace(const char* pszFace, int nStyle, BYTE nPitchAndFamily)
     return it->second != NOWHERE ? it->second : nSubstituteId;
 }
 
+// A face name as words: compared and hashed without a call.
+using CFaceWords = std::array<std::uint64_t, LF_FACESIZE / 8>;
+
 // What was found for the names that were asked last; a slot for each remainder of their hash.
 struct CRecentFace
 {
-    char m_szFace[LF_FACESIZE];
-    int m_nStyle;
-    BYTE m_nPitchAndFamily;
-    int m_nFaceId;  // -1: empty
+    CFaceWords m_anFace{};
+    int m_nStyle = 0;
+    BYTE m_nPitchAndFamily = 0;
+    int m_nFaceId = -1;  // empty
 };
+CRecentFace s_aRecentFaces[64];
 
-std::size_t HashFace(const char* pszFace, int nStyle)
+CRecentFace& RecentFace(const CFaceWords& face, int nStyle)
 {
     constexpr std::uint64_t FACTORS[] = { 0x9E3779B97F4A7C15u, 0xC2B2AE3D27D4EB4Fu,
                                           0xFF51AFD7ED558CCDu, 0x165667B19E3779F9u };
-    std::uint64_t anWords[LF_FACESIZE / 8];
-    std::memcpy(anWords, pszFace, LF_FACESIZE);
     std::uint64_t nHash = static_cast<std::uint64_t>(nStyle) << 58;
-    for (int i = 0; i < LF_FACESIZE / 8; ++i)
-        nHash ^= anWords[i] * FACTORS[i];
-    return static_cast<std::size_t>(nHash >> 58);
+    for (std::size_t i = 0; i < face.size(); ++i)
+        nHash ^= face[i] * FACTORS[i];
+    return s_aRecentFaces[nHash >> 58];
 }
 
 }  // namespace
 
 int FindFontFace(const LOGFONTA& font)
 {
-    static CRecentFace s_aRecent[64];
-    static const bool s_bReady = []
-    {
-        for (CRecentFace& recent : s_aRecent)
-            recent.m_nFaceId = -1;
-        return true;
-    }();
-    static_cast<void>(s_bReady);
-
+    CFaceWords face;
+    std::memcpy(face.data(), font.lfFaceName, LF_FACESIZE);
     int nStyle = (font.lfWeight >= LIGHTEST_BOLD ? BOLD : 0) | (font.lfItalic ? ITALIC : 0);
-    CRecentFace& recent = s_aRecent[HashFace(font.lfFaceName, nStyle)];
+    CRecentFace& recent = RecentFace(face, nStyle);
     if (recent.m_nFaceId >= 0 && recent.m_nStyle == nStyle &&
-        recent.m_nPitchAndFamily == font.lfPitchAndFamily &&
-        std::memcmp(recent.m_szFace, font.lfFaceName, LF_FACESIZE) == 0)
+        recent.m_nPitchAndFamily == font.lfPitchAndFamily && recent.m_anFace == face)
         return recent.m_nFaceId;
 
     int nFamily = FindFamily(font.lfFaceName);
-    recent.m_nFaceId = nFamily >= 0
-                           ? nFamily * STYLE_COUNT + nStyle
-                           : FindUnknownFace(font.lfFaceName, nStyle, font.lfPitchAndFamily);
-    std::memcpy(recent.m_szFace, font.lfFaceName, LF_FACESIZE);
-    recent.m_nStyle = nStyle;
-    recent.m_nPitchAndFamily = font.lfPitchAndFamily;
-    return recent.m_nFaceId;
+    int nFaceId = nFamily >= 0 ? nFamily * STYLE_COUNT + nStyle
+                               : FindUnknownFace(font.lfFaceName, nStyle, font.lfPitchAndFamily);
+    recent = { face, nStyle, font.lfPitchAndFamily, nFaceId };
+    return nFaceId;
 }
 
 const CFontFace& FontFaceById(int nFaceId)

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -47,19 +48,18 @@ int DescribeBytes(const void* pData, int cbData, int cb, void* pBuffer)
 namespace
 {
 
-// Clears what stands behind the end of a face name. Eight bytes at a time: this is done for each
-// text that is measured.
-void ClearBehindName(char (&szFace)[LF_FACESIZE])
+// Copies a face name up to its end and clears the rest; one that fills the field is cut. This is
+// done for each text that is measured: in words, each written as it will be read.
+void CopyFaceName(char (&szTo)[LF_FACESIZE], const char (&szFrom)[LF_FACESIZE])
 {
     constexpr std::uint64_t ONES = 0x0101010101010101u;
     constexpr std::uint64_t TOPS = 0x8080808080808080u;
     static_assert(std::endian::native == std::endian::little);
-    szFace[LF_FACESIZE - 1] = '\0';
     std::uint64_t nKeep = ~std::uint64_t{ 0 };
     for (int i = 0; i < LF_FACESIZE; i += 8)
     {
         std::uint64_t nWord = 0;
-        std::memcpy(&nWord, szFace + i, 8);
+        std::memcpy(&nWord, szFrom + i, 8);
         nWord &= nKeep;
         std::uint64_t nZero = (nWord - ONES) & ~nWord & TOPS;  // lowest mark: the first zero byte
         if (nZero != 0)
@@ -67,8 +67,9 @@ void ClearBehindName(char (&szFace)[LF_FACESIZE])
             nWord &= ((nZero & (0 - nZero)) - 1) >> 7;
             nKeep = 0;
         }
-        std::memcpy(szFace + i, &nWord, 8);
+        std::memcpy(szTo + i, &nWord, 8);
     }
+    szTo[LF_FACESIZE - 1] = '\0';
 }
 
 }  // namespace
@@ -76,8 +77,8 @@ void ClearBehindName(char (&szFace)[LF_FACESIZE])
 CFontObject* CFontObject::Create(const LOGFONTA& font)
 {
     CFontObject* pFont = Take(OBJ_FONT);
-    pFont->m_font = font;
-    ClearBehindName(pFont->m_font.lfFaceName);
+    std::memcpy(&pFont->m_font, &font, offsetof(LOGFONTA, lfFaceName));
+    CopyFaceName(pFont->m_font.lfFaceName, font.lfFaceName);
     pFont->m_nFaceId = -1;
     return pFont;
 }
