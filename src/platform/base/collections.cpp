@@ -91,7 +91,7 @@ void CStringArray::Change(F&& change)
             }
             else if (std::atomic_ref<int>(m_pBuffer->nRefs).load(std::memory_order_acquire) != 0)
             {
-                auto* pCopy = new CBuffer{ 0, m_pBuffer->items };
+                auto* pCopy = new CBuffer{ 0, m_pBuffer->items, nullptr };
                 Release();
                 m_pBuffer = pCopy;
             }
@@ -182,11 +182,15 @@ void CStringArray::RemoveAt(INT_PTR nIndex, INT_PTR nCount)
     }
 }
 
+constinit CStringArray::CBuffer* CStringArray::s_pImmortals = nullptr;
+
 void CStringArray::MakeImmortal()
 {
-    if (m_pBuffer != nullptr)
+    if (m_pBuffer != nullptr && m_pBuffer->nRefs >= 0)
     {
-        std::atomic_ref<int>(m_pBuffer->nRefs).store(-1, std::memory_order_relaxed);
+        m_pBuffer->nRefs = -1;
+        m_pBuffer->pNextImmortal = s_pImmortals;
+        s_pImmortals = m_pBuffer;
     }
 }
 

@@ -71,6 +71,7 @@ private:
     {
         int nRefs = 0;  // owners beside the first; negative: immortal
         std::vector<CString> items;
+        CBuffer* pNextImmortal = nullptr;  // keeps what lives for ever reachable
     };
 
     void AddRef() const noexcept;
@@ -78,6 +79,7 @@ private:
     template <class F>
     void Change(F&& change);
 
+    static CBuffer* s_pImmortals;
     CBuffer* m_pBuffer = nullptr;  // null: empty
 };
 

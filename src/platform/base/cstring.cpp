@@ -81,7 +81,9 @@ CString::CString(const char* pchText, int nLength) : m_pszText(EmptyText())
 {
     if (nLength > 0 && pchText != nullptr)
     {
-        AppendBytes(pchText, nLength);
+        m_pszText = NewData(nLength)->Text();
+        std::memcpy(m_pszText, pchText, static_cast<std::size_t>(nLength));
+        SetLength(nLength);
     }
 }
 
@@ -169,8 +171,10 @@ CString CString::Joined(std::string_view first, std::string_view second)
     const int nLength = CheckedLength(first.size() + second.size());
     if (nLength > 0)
     {
-        char* pch = result.GetBufferSetLength(nLength);
-        std::copy(second.begin(), second.end(), std::copy(first.begin(), first.end(), pch));
+        result.m_pszText = NewData(nLength)->Text();
+        first.copy(result.m_pszText, first.size());
+        second.copy(result.m_pszText + first.size(), second.size());
+        result.SetLength(nLength);
     }
     return result;
 }

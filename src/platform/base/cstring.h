@@ -191,7 +191,8 @@ public:
     void Swap(CString& str) noexcept { std::swap(m_pszText, str.m_pszText); }
     friend void swap(CString& a, CString& b) noexcept { a.Swap(b); }
 
-    // Of the bytes up to the first NUL, so that equal texts have equal numbers.
+    // Of the bytes up to the first NUL, so that equal texts have equal numbers. Not to be stored:
+    // it depends on the order of bytes in the machine.
     unsigned GetHash() const
     {
         return IsImmortal() ? Data()->nHash : HashText(m_pszText, std::strlen(m_pszText));
@@ -287,6 +288,32 @@ inline CFormatArg::CFormatArg(const char* pszText)
 }
 inline CFormatArg::CFormatArg(const CString& strText) : m_eKind(text), m_text(strText.View()) {}
 
+// The first nCount bytes (at most 8) as a number.
+constexpr unsigned long long LoadHashWord(const char* pch, std::size_t nCount)
+{
+    unsigned long long nWord = 0;
+    if (nCount == 8 && !std::is_constant_evaluated())
+    {
+        std::memcpy(&nWord, pch, 8);
+    }
+    else if (nCount >= 4 && !std::is_constant_evaluated())
+    {
+        unsigned nFirst = 0;
+        unsigned nLast = 0;  // may overlap the first four bytes
+        std::memcpy(&nFirst, pch, 4);
+        std::memcpy(&nLast, pch + nCount - 4, 4);
+        nWord = nFirst | static_cast<unsigned long long>(nLast) << (8 * (nCount - 4));
+    }
+    else
+    {
+        for (std::size_t i = 0; i < nCount; ++i)
+        {
+            nWord |= static_cast<unsigned long long>(static_cast<unsigned char>(pch[i])) << (8 * i);
+        }
+    }
+    return nWord;
+}
+
 constexpr unsigned CString::HashText(const char* pchText, std::size_t nLength)
 {
     constexpr unsigned long long nFactor = 0x9E3779B97F4A7C15ULL;
@@ -294,13 +321,7 @@ constexpr unsigned CString::HashText(const char* pchText, std::size_t nLength)
     while (nLength > 0)
     {
         const std::size_t nStep = nLength < 8 ? nLength : 8;
-        unsigned long long nWord = 0;
-        for (std::size_t i = 0; i < nStep; ++i)
-        {
-            nWord |= static_cast<unsigned long long>(static_cast<unsigned char>(pchText[i]))
-                     << (8 * i);
-        }
-        nHash = (nHash ^ nWord) * nFactor;
+        nHash = (nHash ^ LoadHashWord(pchText, nStep)) * nFactor;
         nHash ^= nHash >> 29;
         pchText += nStep;
         nLength -= nStep;

@@ -12,7 +12,7 @@
 namespace deep_call
 {
 constexpr int nFirstLevels = 64;       // on the caller's stack
-constexpr int nLevelsPerStack = 2048;  // on each further one
+constexpr int nLevelsPerStack = 1024;  // on each further one
 
 extern int g_nLevel;  // levels of all operations that are running
 extern int g_nLimit;  // levels that the present stack has room for

@@ -99,12 +99,12 @@ CObject* AfxDynamicDownCast(const CRuntimeClass* pClass, const CObject* pObject)
     static_cast<class_name*>(AfxDynamicDownCast(RUNTIME_CLASS(class_name), pObject))
 #define STATIC_DOWNCAST(class_name, pObject) static_cast<class_name*>(pObject)
 
-#define DECLARE_DYNAMIC(class_name)                  \
-public:                                              \
-    static CRuntimeClass class##class_name;          \
-    static CRuntimeClass* GetThisClass();            \
-    CRuntimeClass* GetRuntimeClass() const override; \
-                                                     \
+#define DECLARE_DYNAMIC(class_name)                        \
+public:                                                    \
+    static CRuntimeClass class##class_name;                \
+    [[maybe_unused]] static CRuntimeClass* GetThisClass(); \
+    CRuntimeClass* GetRuntimeClass() const override;       \
+                                                           \
 private:
 
 #define DECLARE_DYNCREATE(class_name) \

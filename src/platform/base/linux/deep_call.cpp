@@ -1,9 +1,15 @@
-// Stacks for deep recursion: mapped on demand, entered with the contexts of the C library.
+// Stacks for deep recursion: mapped on demand, entered by a call that changes the stack pointer.
 #include "platform/base/deep_call.h"
 
 #include <sys/mman.h>
-#include <ucontext.h>
 #include <unistd.h>
+
+#if !defined(__x86_64__) && !defined(__aarch64__)
+#define MIVORA_STACK_BY_CONTEXT 1
+#endif
+#ifdef MIVORA_STACK_BY_CONTEXT
+#include <ucontext.h>
+#endif
 
 #include <cstddef>
 #include <cstdint>
@@ -33,12 +39,13 @@ constinit int g_nLimit = nFirstLevels;
 namespace
 {
 #ifdef MIVORA_ADDRESS_SANITIZER
-constexpr std::size_t nBytesPerLevel = 16 * 1024;
+constexpr std::size_t nBytesPerLevel = 32 * 1024;
 #else
-constexpr std::size_t nBytesPerLevel = 4 * 1024;
+constexpr std::size_t nBytesPerLevel = 8 * 1024;
 #endif
 // Beside the levels: what the deepest one calls in libraries.
 constexpr std::size_t nReserve = 1024 * 1024;
+// (Above 64 MB the address sanitizer would not clean up behind an exception.)
 constexpr std::size_t nStackBytes = deep_call::nLevelsPerStack * nBytesPerLevel + nReserve;
 
 // Memory for a stack, with a page at its low end that nobody may touch. Pages come as they are
@@ -121,8 +128,6 @@ struct CCrossing
     void (*pfn)(void*);
     void* pContext;
     std::exception_ptr pThrown;
-    ucontext_t caller;
-    ucontext_t callee;
 #ifdef MIVORA_ADDRESS_SANITIZER
     void* pFakeStack = nullptr;
     const void* pCallerBottom = nullptr;
@@ -130,11 +135,10 @@ struct CCrossing
 #endif
 };
 
-// The first function of a stack. No exception may leave it, there is nothing above it to unwind.
-void RunCrossing(unsigned nHigh, unsigned nLow)
+// The first function of a stack. No exception leaves it: it is carried over.
+void RunCrossing(void* pArgument)
 {
-    auto* pCrossing = reinterpret_cast<CCrossing*>(
-        static_cast<std::uintptr_t>((static_cast<std::uint64_t>(nHigh) << 32) | nLow));
+    auto* pCrossing = static_cast<CCrossing*>(pArgument);
 #ifdef MIVORA_ADDRESS_SANITIZER
     __sanitizer_finish_switch_fiber(nullptr, &pCrossing->pCallerBottom, &pCrossing->nCallerBytes);
 #endif
@@ -150,20 +154,104 @@ void RunCrossing(unsigned nHigh, unsigned nLow)
     __sanitizer_start_switch_fiber(nullptr, pCrossing->pCallerBottom, pCrossing->nCallerBytes);
 #endif
 }
+}  // namespace
 
+#ifdef MIVORA_STACK_BY_CONTEXT
+
+static void CallRunCrossing(unsigned nHigh, unsigned nLow)
+{
+    RunCrossing(reinterpret_cast<void*>(
+        static_cast<std::uintptr_t>((static_cast<std::uint64_t>(nHigh) << 32) | nLow)));
+}
+
+static void CallOnStack(void* pArgument, char* pBottom)
+{
+    ucontext_t caller;
+    ucontext_t callee;
+    getcontext(&callee);
+    callee.uc_stack.ss_sp = pBottom;
+    callee.uc_stack.ss_size = nStackBytes;
+    callee.uc_link = &caller;
+    const auto nAddress = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(pArgument));
+    makecontext(&callee, reinterpret_cast<void (*)()>(CallRunCrossing), 2,
+                static_cast<unsigned>(nAddress >> 32), static_cast<unsigned>(nAddress));
+    swapcontext(&caller, &callee);
+}
+
+#else
+
+// mivora_call_on_stack(argument, function, top): calls function(argument) with its frames below
+// top. The contexts of the C library would do the same with three system calls, which is too dear
+// for an operation that goes to and fro at the boundary. Debuggers see through it by the frame.
+#ifdef __x86_64__
+asm(R"(
+    .pushsection .text
+    .p2align 4
+    .globl mivora_call_on_stack
+    .hidden mivora_call_on_stack
+    .type mivora_call_on_stack, @function
+mivora_call_on_stack:
+    .cfi_startproc
+    pushq %rbp
+    .cfi_def_cfa_offset 16
+    .cfi_offset %rbp, -16
+    movq %rsp, %rbp
+    .cfi_def_cfa_register %rbp
+    movq %rdx, %rsp
+    callq *%rsi
+    movq %rbp, %rsp
+    popq %rbp
+    .cfi_def_cfa %rsp, 8
+    retq
+    .cfi_endproc
+    .size mivora_call_on_stack, .-mivora_call_on_stack
+    .popsection
+)");
+#else
+asm(R"(
+    .pushsection .text
+    .p2align 4
+    .globl mivora_call_on_stack
+    .hidden mivora_call_on_stack
+    .type mivora_call_on_stack, %function
+mivora_call_on_stack:
+    .cfi_startproc
+    stp x29, x30, [sp, #-16]!
+    .cfi_def_cfa_offset 16
+    .cfi_offset x29, -16
+    .cfi_offset x30, -8
+    mov x29, sp
+    .cfi_def_cfa_register x29
+    mov sp, x2
+    blr x1
+    mov sp, x29
+    .cfi_def_cfa_register sp
+    ldp x29, x30, [sp], #16
+    .cfi_def_cfa_offset 0
+    ret
+    .cfi_endproc
+    .size mivora_call_on_stack, .-mivora_call_on_stack
+    .popsection
+)");
+#endif
+
+extern "C" void mivora_call_on_stack(void* pArgument, void (*pfn)(void*), char* pTop);
+
+static void CallOnStack(void* pArgument, char* pBottom)
+{
+    mivora_call_on_stack(pArgument, RunCrossing, pBottom + nStackBytes);
+}
+
+#endif
+
+namespace
+{
 void Cross(CCrossing& crossing, const CStack& stack)
 {
-    getcontext(&crossing.callee);
-    crossing.callee.uc_stack.ss_sp = stack.Bottom();
-    crossing.callee.uc_stack.ss_size = nStackBytes;
-    crossing.callee.uc_link = &crossing.caller;
-    const auto nAddress = static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(&crossing));
-    makecontext(&crossing.callee, reinterpret_cast<void (*)()>(RunCrossing), 2,
-                static_cast<unsigned>(nAddress >> 32), static_cast<unsigned>(nAddress));
 #ifdef MIVORA_ADDRESS_SANITIZER
     __sanitizer_start_switch_fiber(&crossing.pFakeStack, stack.Bottom(), nStackBytes);
 #endif
-    swapcontext(&crossing.caller, &crossing.callee);
+    CallOnStack(&crossing, stack.Bottom());
 #ifdef MIVORA_ADDRESS_SANITIZER
     __sanitizer_finish_switch_fiber(crossing.pFakeStack, nullptr, nullptr);
 #endif

@@ -1,0 +1,251 @@
+// Messages, the texts of failures, memory blocks, conversions of text.
+#include "platform/base/system.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <climits>
+#include <clocale>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "platform/base/app.h"
+#include "platform/base/code_page.h"
+#include "platform/base/exception.h"
+
+namespace
+{
+struct CHeard
+{
+    std::vector<std::string> texts;
+    std::vector<unsigned> types;
+};
+
+int Hear(const char* pszText, unsigned nType, void* pContext)
+{
+    auto* pHeard = static_cast<CHeard*>(pContext);
+    pHeard->texts.emplace_back(pszText);
+    pHeard->types.push_back(nType);
+    return 6;
+}
+
+class CLoudApp : public CWinApp
+{
+public:
+    int DoMessageBox(const char* pszText, UINT nType, UINT nIDPrompt) override
+    {
+        return CWinApp::DoMessageBox((CString("loud ") + pszText), nType, nIDPrompt) + 1;
+    }
+};
+
+std::string MessageOf(const CException& e, UINT nMax = 256)
+{
+    std::string text(nMax, '#');
+    e.GetErrorMessage(text.data(), nMax);
+    return text.c_str();
+}
+}  // namespace
+
+TEST(MessageBox, GoesThroughTheAppToTheHandler)
+{
+    CHeard heard;
+    AfxSetMessageBoxHandler(Hear, &heard);
+    CWinApp* pBefore = AfxGetApp();
+    EXPECT_EQ(AfxMessageBox("one"), 6);
+    {
+        CLoudApp app;
+        EXPECT_EQ(AfxGetApp(), &app);
+        EXPECT_EQ(AfxMessageBox("two", MB_ICONSTOP), 7);
+        EXPECT_EQ(MessageBoxA(nullptr, "three", "Error", MB_ICONINFORMATION), 7);
+        CArchiveException(CArchiveException::endOfFile, "x.fml", FALSE).ReportError();
+    }
+    EXPECT_EQ(AfxGetApp(), pBefore);
+    AfxSetMessageBoxHandler(nullptr, nullptr);
+    EXPECT_EQ(heard.texts, (std::vector<std::string>{ "one", "loud two", "loud three",
+                                                      "loud The archive x.fml ends too early." }));
+    EXPECT_EQ(heard.types, (std::vector<unsigned>{ 0, 0x10, 0x40, 0 }));
+}
+
+TEST(MessageBox, IsOneLineOnStandardErrorWithoutAHandler)
+{
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(AfxMessageBox("\xCE\xC4\xBC\xFE wmf!\r\nmore\n"), IDOK);
+    AfxMessageBox("plain");
+    AfxMessageBox("\x80\xFF caf\xE9 \x81");  // no code page 936: shown as Windows-1252
+    MessageBoxA(nullptr, "text", "Error", 0);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+              "\xE6\x96\x87\xE4\xBB\xB6 wmf!  more\nplain\n"
+              "\xE2\x82\xAC\xC3\xBF caf\xC3\xA9 \xC2\x81\nError: text\n");
+}
+
+TEST(Exceptions, TextsAreCutToTheBuffer)
+{
+    const CFileException missing(CFileException::fileNotFound, ENOENT, "a.wmf");
+    EXPECT_EQ(MessageOf(missing), "There is no file a.wmf.");
+    EXPECT_EQ(MessageOf(missing, 10), "There is ");
+    EXPECT_EQ(MessageOf(missing, 1), "");
+    EXPECT_EQ(MessageOf(CFileException(99, 0, "%s%n")), "An operation on %s%n failed.");
+    EXPECT_EQ(MessageOf(CArchiveException(-1)), "An operation on the archive (unnamed) failed.");
+    char ch = '#';
+    EXPECT_FALSE(missing.GetErrorMessage(&ch, 0));
+    EXPECT_EQ(ch, '#');
+    EXPECT_FALSE(CException().GetErrorMessage(&ch, 1));
+    EXPECT_EQ(ch, '\0');
+}
+
+TEST(Exceptions, StaticOnesSurviveDelete)
+{
+    void (*const apfnThrow[])() = { AfxThrowMemoryException, AfxThrowInvalidArgException,
+                                    AfxThrowTextTooLongException, AfxThrowArchiveLimitException };
+    std::vector<std::string> texts;
+    for (const auto pfnThrow : apfnThrow)
+    {
+        std::string aTexts[2];
+        for (std::string& text : aTexts)
+        {
+            try
+            {
+                pfnThrow();
+            }
+            catch (CException* e)
+            {
+                text = MessageOf(*e);
+                e->Delete();
+            }
+        }
+        EXPECT_EQ(aTexts[0], aTexts[1]);
+        texts.push_back(aTexts[0]);
+    }
+    EXPECT_EQ(
+        texts,
+        (std::vector<std::string>{ "There is not enough memory.", "An argument is not valid.",
+                                   "The text is too long.", "The archive (unnamed) is damaged." }));
+}
+
+TEST(LastError, HasAnEnglishText)
+{
+    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    SetLastError(ENOENT);
+    char* pszText = nullptr;
+    const DWORD nLength = FormatMessageA(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, GetLastError(), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
+        reinterpret_cast<char*>(&pszText), 0, nullptr);
+    EXPECT_STREQ(pszText, "No such file or directory.");
+    EXPECT_EQ(nLength, std::strlen(pszText));
+    EXPECT_EQ(LocalFree(pszText), nullptr);
+    std::setlocale(LC_ALL, "C");
+
+    char szBuffer[30];
+    EXPECT_EQ(FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, 123456, 0, szBuffer, 30, nullptr),
+              21U);
+    EXPECT_STREQ(szBuffer, "Unknown error 123456.");
+    EXPECT_EQ(FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, ENOENT, 0, szBuffer, 26, nullptr),
+              0U);
+}
+
+TEST(MulDiv, RoundsHalvesAwayFromZero)
+{
+    const struct
+    {
+        int a, b, c, nExpected;
+    } aCases[] = {
+        { 7, 1, 2, 4 },
+        { -7, 1, 2, -4 },
+        { 7, -1, 2, -4 },
+        { 7, 1, -2, -4 },
+        { -7, -1, 2, 4 },
+        { 10, 1, 3, 3 },
+        { 11, 1, 3, 4 },
+        { 0, 5, -3, 0 },
+        { 5, 5, 0, -1 },
+        { INT_MAX, 2, 1, -1 },
+        { INT_MAX, INT_MAX, INT_MAX, INT_MAX },
+        { INT_MIN, 1, 1, -1 },
+        { 1920 * 100, 508, 1920, 50800 },
+    };
+    for (const auto& c : aCases)
+    {
+        EXPECT_EQ(MulDiv(c.a, c.b, c.c), c.nExpected) << c.a << " " << c.b << " " << c.c;
+    }
+}
+
+TEST(GlobalMemory, ResizesAsItsFlagsSay)
+{
+    HGLOBAL hFixed = GlobalAlloc(GMEM_FIXED, 10);
+    EXPECT_EQ(GlobalLock(hFixed), hFixed);
+    std::memcpy(hFixed, "0123456789", 10);
+    EXPECT_EQ(GlobalReAlloc(hFixed, 5000, 0), nullptr);  // may not move
+    EXPECT_EQ(GlobalSize(hFixed), 10U);
+    hFixed = GlobalReAlloc(hFixed, 5000, GMEM_MOVEABLE);
+    ASSERT_NE(hFixed, nullptr);
+    EXPECT_EQ(GlobalSize(hFixed), 5000U);
+    EXPECT_EQ(std::memcmp(hFixed, "0123456789", 10), 0);
+    EXPECT_EQ(GlobalFree(hFixed), nullptr);
+
+    HGLOBAL hMoveable = GlobalAlloc(GHND, 3);
+    auto* pBytes = static_cast<BYTE*>(GlobalLock(hMoveable));
+    EXPECT_NE(static_cast<void*>(pBytes), hMoveable);
+    pBytes[2] = 7;
+    EXPECT_EQ(GlobalReAlloc(hMoveable, 5000, GHND), nullptr);  // locked
+    EXPECT_EQ(GlobalUnlock(hMoveable), FALSE);
+    EXPECT_EQ(GlobalReAlloc(hMoveable, 5000, GHND), hMoveable);
+    pBytes = static_cast<BYTE*>(GlobalLock(hMoveable));
+    EXPECT_EQ(pBytes[2], 7);
+    EXPECT_EQ(pBytes[4999], 0);
+    GlobalUnlock(hMoveable);
+    GlobalFree(hMoveable);
+    EXPECT_EQ(GlobalSize(nullptr), 0U);
+}
+
+TEST(Version, AsksForItsOwnSize)
+{
+    OSVERSIONINFOA info{};
+    EXPECT_EQ(sizeof(info), 148U);
+    EXPECT_FALSE(GetVersionExA(&info));
+    info.dwOSVersionInfoSize = 148;
+    EXPECT_TRUE(GetVersionExA(&info));
+    EXPECT_EQ(info.dwPlatformId, 2U);
+    EXPECT_GE(info.dwMajorVersion, 5U);
+}
+
+TEST(CodePage, EveryByteComesBack)
+{
+    std::string all;
+    for (int n = 0; n < 256; ++n)
+    {
+        all += static_cast<char>(n);
+    }
+    std::string back;
+    std::size_t nBad = 0;
+    EXPECT_TRUE(Utf8ToWindows1252(Windows1252ToUtf8(all), &back, &nBad));
+    EXPECT_EQ(back, all);
+    EXPECT_EQ(Windows1252ToUtf8("\x80\x9F\xA0"), "\xE2\x82\xAC\xC5\xB8\xC2\xA0");
+}
+
+TEST(CodePage, TellsWhereATextDoesNotConvert)
+{
+    const struct
+    {
+        std::string_view utf8;
+        std::size_t nBad;
+    } aCases[] = {
+        { "ab\xCE\xB1", 2 },                // alpha
+        { "\xC3\xA4\xF0\x9F\x98\x80", 2 },  // beyond 16 bits
+        { "a\xC3", 1 },                     // ends inside
+        { "\xC3(", 0 },                     // no second byte
+        { "x\x80", 1 },                     // no first byte
+        { "\xC0\x80", 0 },                  // overlong
+        { "\xE0\x80\x80", 0 },              // overlong
+        { "\xED\xA0\x80", 0 },              // surrogate
+        { "\xF8\x88\x80\x80\x80", 0 },
+    };
+    for (const auto& c : aCases)
+    {
+        std::string text;
+        std::size_t nBad = 99;
+        EXPECT_FALSE(Utf8ToWindows1252(c.utf8, &text, &nBad)) << c.nBad;
+        EXPECT_EQ(nBad, c.nBad);
+    }
+}
