@@ -3,9 +3,8 @@
 
 #include "platform/base/types.h"
 
-#include <cstring>
+#include <cstddef>
 #include <span>
-#include <type_traits>
 
 // Shared by the handles of one metafile, which count themselves in. The block of the last metafile
 // that went away serves the next one, so that a host that makes many takes no memory each time.
@@ -39,15 +38,6 @@ public:
         BYTE* pPlace = m_pData + m_nSize;
         m_nSize += nBytes;
         return pPlace;
-    }
-    template <class T>
-    bool Append(const T& record)
-    {
-        static_assert(std::is_trivially_copyable_v<T> && sizeof(T) % 4 == 0);
-        BYTE* pPlace = Extend(sizeof(T));
-        if (pPlace)
-            std::memcpy(pPlace, &record, sizeof(T));
-        return pPlace != nullptr;
     }
 
     CMetafileBits(const CMetafileBits&) = delete;

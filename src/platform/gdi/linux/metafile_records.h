@@ -6,6 +6,7 @@
 
 #include <bit>
 #include <cstddef>
+#include <cstring>
 
 static_assert(std::endian::native == std::endian::little, "records are copied as they lie");
 
@@ -210,3 +211,18 @@ static_assert(sizeof(ENHMETAHEADER) == 108 && sizeof(EMREOF) == 20);
 static_assert(sizeof(EMRCREATEPEN) == 28 && sizeof(EMRCREATEBRUSHINDIRECT) == 24);
 static_assert(sizeof(EMREXTCREATEFONTINDIRECTW) == 332 && sizeof(EMREXTTEXTOUTW) == 76);
 static_assert(sizeof(EMRBITBLT) == 100 && sizeof(EMRSTRETCHBLT) == 108);
+
+constexpr std::size_t RoundUp4(std::size_t nBytes)
+{
+    return (nBytes + 3) & ~std::size_t{ 3 };
+}
+
+// All fields zero but the head. A longer record sets its size itself.
+template <class T>
+T MakeRecord(DWORD nType)
+{
+    T record{};
+    DWORD anHead[] = { nType, sizeof(T) };
+    std::memcpy(static_cast<void*>(&record), anHead, sizeof anHead);
+    return record;
+}

@@ -45,21 +45,57 @@ public:
     const std::optional<std::string>& FileName() const { return m_strFile; }
 
     void ObjectSelected(CDeviceContext& dc, const CHandleObject& object) override;
-    void TextColorSet(CDeviceContext&, COLORREF colour) override;
-    void BkColorSet(CDeviceContext&, COLORREF colour) override;
-    void BkModeSet(CDeviceContext&, int nMode) override;
-    void TextAlignSet(CDeviceContext&, UINT nAlign) override;
-    void Rop2Set(CDeviceContext&, int nMode) override;
-    void StretchBltModeSet(CDeviceContext&, int nMode) override;
-    void MapModeSet(CDeviceContext&, int nMode) override;
-    void WindowOrgSet(CDeviceContext&, POINT point) override;
-    void WindowExtSet(CDeviceContext&, SIZE size) override;
-    void ViewportOrgSet(CDeviceContext&, POINT point) override;
-    void ViewportExtSet(CDeviceContext&, SIZE size) override;
+    void TextColorSet(CDeviceContext&, COLORREF colour) override
+    {
+        WriteValue(EMR_SETTEXTCOLOR, colour);
+    }
+    void BkColorSet(CDeviceContext&, COLORREF colour) override
+    {
+        WriteValue(EMR_SETBKCOLOR, colour);
+    }
+    void BkModeSet(CDeviceContext&, int nMode) override
+    {
+        WriteValue(EMR_SETBKMODE, static_cast<DWORD>(nMode));
+    }
+    void TextAlignSet(CDeviceContext&, UINT nAlign) override
+    {
+        WriteValue(EMR_SETTEXTALIGN, nAlign);
+    }
+    void Rop2Set(CDeviceContext&, int nMode) override
+    {
+        WriteValue(EMR_SETROP2, static_cast<DWORD>(nMode));
+    }
+    void StretchBltModeSet(CDeviceContext&, int nMode) override
+    {
+        WriteValue(EMR_SETSTRETCHBLTMODE, static_cast<DWORD>(nMode));
+    }
+    void MapModeSet(CDeviceContext&, int nMode) override
+    {
+        WriteValue(EMR_SETMAPMODE, static_cast<DWORD>(nMode));
+    }
+    void WindowOrgSet(CDeviceContext&, POINT point) override
+    {
+        WritePair(EMR_SETWINDOWORGEX, point.x, point.y);
+    }
+    void WindowExtSet(CDeviceContext&, SIZE size) override
+    {
+        WritePair(EMR_SETWINDOWEXTEX, size.cx, size.cy);
+    }
+    void ViewportOrgSet(CDeviceContext&, POINT point) override
+    {
+        WritePair(EMR_SETVIEWPORTORGEX, point.x, point.y);
+    }
+    void ViewportExtSet(CDeviceContext&, SIZE size) override
+    {
+        WritePair(EMR_SETVIEWPORTEXTEX, size.cx, size.cy);
+    }
+    void MovedTo(CDeviceContext&, POINT point) override
+    {
+        WritePair(EMR_MOVETOEX, point.x, point.y);
+    }
     void StateSaved(CDeviceContext&) override;
     void StateRestored(CDeviceContext& dc, int nSaved) override;
     void ClipRectIntersected(CDeviceContext&, const RECT& rect) override;
-    void MovedTo(CDeviceContext&, POINT point) override;
     bool PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight, DWORD nRop) override;
     bool ExtTextOut(CDeviceContext& dc, const CTextRun& run) override;
     bool LineTo(CDeviceContext& dc, POINT from, POINT to) override;
@@ -74,11 +110,24 @@ private:
 
     void WriteHeader(const CDeviceInfo& device, LPCSTR pszDescription);
     bool WriteCreation(const CHandleObject& object, DWORD nNumber);
-    void WriteValue(DWORD nType, DWORD nValue);
-    void WritePair(DWORD nType, LONG x, LONG y);
-    template <class T>
-    bool Write(const T& record);
+    // nBytes of a record, not initialised; null if memory is short.
     BYTE* WriteLong(std::size_t nBytes);
+    template <class T>
+    bool Write(const T& record)
+    {
+        BYTE* pPlace = WriteLong(sizeof(T));
+        if (pPlace)
+            std::memcpy(pPlace, &record, sizeof(T));
+        return pPlace != nullptr;
+    }
+    void WriteValue(DWORD nType, DWORD nValue)
+    {
+        Write(EMRVALUE{ { nType, sizeof(EMRVALUE) }, nValue });
+    }
+    void WritePair(DWORD nType, LONG x, LONG y)
+    {
+        Write(EMRPAIR{ { nType, sizeof(EMRPAIR) }, x, y });
+    }
     RECTL TextBounds(const CDeviceContext& dc, const CTextRun& run) const;
     void GrowBounds(const RECTL& bounds);
 
