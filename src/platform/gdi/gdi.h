@@ -452,6 +452,8 @@ HBITMAP CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, cons
 HBITMAP CreateCompatibleBitmap(HDC hDC, int nWidth, int nHeight);
 int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, BITMAPINFO* pInfo,
               UINT nUsage);
+int SetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, const void* pBits,
+              const BITMAPINFO* pInfo, UINT nUsage);
 BOOL BitBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int xSource, int ySource,
             DWORD nRop);
 BOOL StretchBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int xSource,

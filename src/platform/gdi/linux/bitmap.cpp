@@ -1,0 +1,236 @@
+// Bitmaps: making, describing, single pixels, PNG.
+#include "platform/gdi/linux/bitmap.h"
+
+#include "platform/base/system.h"
+#include "platform/gdi/linux/device_context.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <exception>
+#include <new>
+#include <vector>
+
+CBitmapObject::CBitmapObject(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels)
+    : CHandleObject(OBJ_BITMAP),
+      m_nWidth(nWidth),
+      m_nHeight(nHeight),
+      m_nBits(nBits),
+      m_pPixels(std::move(pPixels))
+{
+}
+
+std::unique_ptr<CBitmapObject> CBitmapObject::Create(int nWidth, int nHeight, int nBits)
+{
+    if (nWidth < 1 || nHeight < 1 || nWidth > MAX_SIDE || nHeight > MAX_SIDE ||
+        std::int64_t{ nWidth } * nHeight > MAX_PIXELS || !IsPixelDepth(nBits))
+        return nullptr;
+    const std::size_t nPixels =
+        static_cast<std::size_t>(nWidth) * static_cast<std::size_t>(nHeight);
+    // Zero pages of the system: what is never drawn on costs nothing.
+    CPixelsPtr pPixels(static_cast<CPixel*>(std::calloc(nPixels, sizeof(CPixel))));
+    if (!pPixels)
+        return nullptr;
+    return std::unique_ptr<CBitmapObject>(
+        new (std::nothrow) CBitmapObject(nWidth, nHeight, nBits, std::move(pPixels)));
+}
+
+CPixel* CBitmapObject::Row(int y)
+{
+    if (m_bCairoDrew)
+    {
+        cairo_surface_flush(m_pSurface.get());
+        m_bCairoDrew = false;
+    }
+    m_bPixelsChanged = true;
+    return m_pPixels.get() + static_cast<std::ptrdiff_t>(y) * m_nWidth;
+}
+
+cairo_surface_t* CBitmapObject::Surface()
+{
+    if (!m_pSurface)
+    {
+        m_pSurface.reset(cairo_image_surface_create_for_data(
+            reinterpret_cast<unsigned char*>(m_pPixels.get()), CAIRO_FORMAT_RGB24, m_nWidth,
+            m_nHeight, m_nWidth * static_cast<int>(sizeof(CPixel))));
+        if (cairo_surface_status(m_pSurface.get()) != CAIRO_STATUS_SUCCESS)
+        {
+            m_pSurface.reset();
+            return nullptr;
+        }
+    }
+    if (m_bPixelsChanged)
+    {
+        cairo_surface_mark_dirty(m_pSurface.get());
+        m_bPixelsChanged = false;
+    }
+    m_bCairoDrew = true;
+    return m_pSurface.get();
+}
+
+CPixel CBitmapObject::ReadPixel(int x, int y)
+{
+    return NearestPixel(Row(y)[x], m_nBits);
+}
+
+void CBitmapObject::ReadRow(int x, int y, std::span<CPixel> pixels)
+{
+    const CPixel* pFrom = Row(y) + x;
+    if (m_nBits >= 24)
+        std::transform(pFrom, pFrom + pixels.size(), pixels.begin(),
+                       [](CPixel pixel) { return pixel & PIXEL_COLOUR; });
+    else
+        std::transform(pFrom, pFrom + pixels.size(), pixels.begin(),
+                       [this](CPixel pixel) { return NearestPixel(pixel, m_nBits); });
+}
+
+int CBitmapObject::Describe(int cb, void* pBuffer) const
+{
+    BITMAP bitmap{};
+    bitmap.bmWidth = m_nWidth;
+    bitmap.bmHeight = m_nHeight;
+    bitmap.bmWidthBytes = static_cast<LONG>(RowBytes(static_cast<unsigned>(m_nWidth), m_nBits, 2));
+    bitmap.bmPlanes = 1;
+    bitmap.bmBitsPixel = static_cast<WORD>(m_nBits);
+    return DescribeBytes(&bitmap, sizeof bitmap, cb, pBuffer);
+}
+
+CHandleObject& DefaultBitmap()
+{
+    // Never freed: device contexts may let go of it when the process ends.
+    static CBitmapObject* const s_pBitmap = []
+    {
+        std::unique_ptr<CBitmapObject> pBitmap = CBitmapObject::Create(1, 1, 1);
+        if (!pBitmap)
+            throw std::bad_alloc();
+        pBitmap->MakePermanent(CHandleObject::NOT_STOCK);
+        return pBitmap.release();
+    }();
+    return *s_pBitmap;
+}
+
+namespace
+{
+
+// The depths of the system: what lies between them gets the next larger one; 0 if there is none.
+int DepthFor(UINT nPlanes, UINT nBitCount)
+{
+    if (nPlanes > 32 || nBitCount > 32)
+        return 0;
+    const UINT nAsked = nPlanes * nBitCount;
+    for (const int nBits : { 1, 4, 8, 16, 24, 32 })
+        if (nAsked >= 1 && nAsked <= static_cast<UINT>(nBits))
+            return nBits;
+    return 0;
+}
+
+HBITMAP Fail(int nError)
+{
+    SetLastError(static_cast<DWORD>(nError));
+    return nullptr;
+}
+
+// Initial content: rows from the top down, filled up to 16 bits.
+void FillFrom(CBitmapObject& bitmap, const void* pBits)
+{
+    const auto* pRow = static_cast<const BYTE*>(pBits);
+    const auto nWidth = static_cast<std::size_t>(bitmap.Width());
+    for (int y = 0; y < bitmap.Height(); ++y)
+    {
+        UnpackRow(pRow, bitmap.Bits(), DepthColours(bitmap.Bits()), { bitmap.Row(y), nWidth });
+        pRow += RowBytes(nWidth, bitmap.Bits(), 2);
+    }
+}
+
+}  // namespace
+
+HBITMAP CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, const void* pBits)
+{
+    int nBits = DepthFor(nPlanes, nBitCount);
+    if (nWidth == 0 || nHeight == 0)
+    {
+        nWidth = nHeight = nBits = 1;
+        pBits = nullptr;
+    }
+    if (nWidth < 0 || nHeight < 0 || nBits == 0)
+        return Fail(EINVAL);
+    std::unique_ptr<CBitmapObject> pBitmap = CBitmapObject::Create(nWidth, nHeight, nBits);
+    if (!pBitmap)
+        return Fail(ENOMEM);
+    if (pBits)
+        FillFrom(*pBitmap, pBits);
+    return static_cast<HBITMAP>(pBitmap.release()->Handle());
+}
+
+HBITMAP CreateCompatibleBitmap(HDC hDC, int nWidth, int nHeight)
+{
+    if (!hDC)
+        return Fail(EINVAL);
+    const int nBits = hDC->Bitmap() ? static_cast<CBitmapObject*>(hDC->Bitmap())->Bits()
+                                    : hDC->Device().m_nBitsPixel;
+    return CreateBitmap(nWidth, nHeight, 1, static_cast<UINT>(nBits), nullptr);
+}
+
+COLORREF GetPixel(HDC hDC, int x, int y)
+{
+    return hDC && hDC->Target() ? hDC->Target()->GetPixel(*hDC, { x, y }) : CLR_INVALID;
+}
+
+COLORREF SetPixel(HDC hDC, int x, int y, COLORREF colour)
+{
+    if (!hDC || !hDC->Target() || !hDC->Target()->SetPixel(*hDC, { x, y }, colour))
+        return CLR_INVALID;
+    const COLORREF now = hDC->Target()->GetPixel(*hDC, { x, y });
+    return now != CLR_INVALID ? now : colour;  // what cannot be read has every colour
+}
+
+namespace
+{
+
+struct CPngSink
+{
+    const CByteSink& m_sink;
+    std::exception_ptr m_pException;  // none may pass through cairo's C code
+};
+
+cairo_status_t WritePiece(void* pContext, const unsigned char* pData, unsigned nLength)
+{
+    auto& png = *static_cast<CPngSink*>(pContext);
+    try
+    {
+        return png.m_sink({ pData, nLength }) ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
+    }
+    catch (...)
+    {
+        png.m_pException = std::current_exception();
+        return CAIRO_STATUS_WRITE_ERROR;
+    }
+}
+
+}  // namespace
+
+bool WriteBitmapPng(HBITMAP hBitmap, const CByteSink& sink)
+{
+    CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
+    if (!pBitmap)
+        return false;
+    std::unique_ptr<CBitmapObject> pReduced;
+    if (pBitmap->Bits() < 24)
+    {
+        pReduced = CBitmapObject::Create(pBitmap->Width(), pBitmap->Height(), 32);
+        if (!pReduced)
+            return false;
+        for (int y = 0; y < pBitmap->Height(); ++y)
+            pBitmap->ReadRow(0, y,
+                             { pReduced->Row(y), static_cast<std::size_t>(pBitmap->Width()) });
+        pBitmap = pReduced.get();
+    }
+    cairo_surface_t* pSurface = pBitmap->Surface();
+    if (!pSurface)
+        return false;
+    CPngSink png{ sink, nullptr };
+    const cairo_status_t status = cairo_surface_write_to_png_stream(pSurface, WritePiece, &png);
+    if (png.m_pException)
+        std::rethrow_exception(png.m_pException);
+    return status == CAIRO_STATUS_SUCCESS;
+}

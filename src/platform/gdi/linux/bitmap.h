@@ -1,0 +1,68 @@
+// The object behind HBITMAP.
+#pragma once
+
+#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/linux/gdi_object.h"
+#include "platform/gdi/linux/pixel_rows.h"
+
+#include <functional>
+#include <span>
+
+// A picture of 1 to 32 bits a pixel. It is drawn on in the 32-bit working form, whatever its depth;
+// who reads gets the nearest colours that the depth can hold.
+class CBitmapObject final : public CHandleObject
+{
+public:
+    // Cairo's own bound of an image's sides, and a bound of the memory, in pixels.
+    static constexpr int MAX_SIDE = 32767;
+    static constexpr std::int64_t MAX_PIXELS = std::int64_t{ 1 } << 28;
+
+    // All black. Null for a depth that does not exist, a size that is not positive or too large,
+    // or when memory is short.
+    static std::unique_ptr<CBitmapObject> Create(int nWidth, int nHeight, int nBits);
+
+    int Width() const { return m_nWidth; }
+    int Height() const { return m_nHeight; }
+    int Bits() const { return m_nBits; }
+
+    // For direct drawing: row y from the top, in the working form. Sees what cairo drew.
+    CPixel* Row(int y);
+    // What cairo draws on. Null when memory is short.
+    cairo_surface_t* Surface();
+
+    // Colours as the depth holds them. The place has to lie inside.
+    CPixel ReadPixel(int x, int y);
+    void ReadRow(int x, int y, std::span<CPixel> pixels);
+
+    // A BITMAP; rows count as filled up to 16 bits.
+    int Describe(int cb, void* pBuffer) const override;
+
+private:
+    struct CFreePixels
+    {
+        void operator()(CPixel* pPixels) const { std::free(pPixels); }
+    };
+    using CPixelsPtr = std::unique_ptr<CPixel[], CFreePixels>;
+
+    CBitmapObject(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels);
+
+    int m_nWidth;
+    int m_nHeight;
+    int m_nBits;
+    CPixelsPtr m_pPixels;
+    CSurfacePtr m_pSurface;  // over m_pPixels, made when first needed
+    bool m_bCairoDrew = false;
+    bool m_bPixelsChanged = false;
+};
+
+inline CBitmapObject* BitmapFromHandle(HBITMAP hBitmap)
+{
+    return ObjectFromHandle<CBitmapObject>(hBitmap, OBJ_BITMAP);
+}
+
+// Takes the bytes of a file piece by piece; false stops the writing.
+using CByteSink = std::function<bool(std::span<const BYTE>)>;
+
+// The bitmap as a PNG file, in the colours of its depth. False for a handle that is no bitmap, when
+// memory is short or the sink stopped.
+bool WriteBitmapPng(HBITMAP hBitmap, const CByteSink& sink);

@@ -1,0 +1,331 @@
+// Drawing on memory bitmaps: shapes pixel by pixel, text and wide lines by cairo.
+#include "platform/gdi/linux/cairo_target.h"
+#include "platform/gdi/linux/device_context.h"
+#include "platform/gdi/linux/font_cache.h"
+#include "platform/gdi/linux/stretch.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+
+namespace
+{
+
+bool IsDrawn(std::span<const int> pattern, std::int64_t nStep)
+{
+    if (pattern.empty())
+        return true;
+    std::int64_t nPeriod = 0;
+    for (const int n : pattern)
+        nPeriod += n;
+    nStep %= nPeriod;
+    std::size_t i = 0;
+    while (nStep >= pattern[i])
+        nStep -= pattern[i++];
+    return i % 2 == 0;
+}
+
+// The pixels of a line within bounds: f(x, y, step). On the longer axis each step is one pixel; the
+// place on the other is rounded, halves to the smaller coordinate, so that both directions meet
+// the same pixels.
+template <class F>
+void WalkLine(POINT from, POINT to, const RECT& bounds, F f)
+{
+    const bool bSteep = std::abs(to.y - from.y) > std::abs(to.x - from.x);
+    const auto turn = [bSteep](LONG x, LONG y)
+    {
+        return bSteep ? POINT{ y, x } : POINT{ x, y };
+    };
+    const POINT a = turn(from.x, from.y);
+    const POINT b = turn(to.x, to.y);
+    const POINT low = turn(bounds.left, bounds.top);
+    const POINT high = turn(bounds.right, bounds.bottom);
+    const std::int64_t nSteps = std::abs(b.x - a.x);
+    const std::int64_t nRise = std::abs(b.y - a.y);
+    const int nForward = b.x > a.x ? 1 : -1;
+    const int nSide = b.y > a.y ? 1 : -1;
+    const std::int64_t nFirst = std::max<std::int64_t>(
+        0, nForward > 0 ? std::int64_t{ low.x } - a.x : std::int64_t{ a.x } - high.x + 1);
+    const std::int64_t nEnd = std::min<std::int64_t>(
+        nSteps, nForward > 0 ? std::int64_t{ high.x } - a.x : std::int64_t{ a.x } - low.x + 1);
+    for (std::int64_t n = nFirst; n < nEnd; ++n)
+    {
+        const std::int64_t nShift = (2 * nRise * n + nSteps - (nSide > 0 ? 1 : 0)) / (2 * nSteps);
+        const LONG nMinor = a.y + nSide * static_cast<LONG>(nShift);
+        if (nMinor < low.y || nMinor >= high.y)
+            continue;
+        const POINT pixel = turn(a.x + nForward * static_cast<LONG>(n), nMinor);
+        f(pixel.x, pixel.y, n);
+    }
+}
+
+// Cairo's coordinates are 24 bits before the point.
+constexpr int CAIRO_LIMIT = 1 << 22;
+
+POINT LimitForCairo(POINT point)
+{
+    return { std::clamp(point.x, -CAIRO_LIMIT, CAIRO_LIMIT),
+             std::clamp(point.y, -CAIRO_LIMIT, CAIRO_LIMIT) };
+}
+
+void ClipTo(cairo_t* pCairo, const RECT& box)
+{
+    cairo_rectangle(pCairo, box.left, box.top, box.right - box.left, box.bottom - box.top);
+    cairo_clip(pCairo);
+}
+
+// No glyph reaches further from its pen than this many times the em square.
+constexpr double GLYPH_REACH = 3;
+
+// Larger glyphs are filled as outlines: cairo would keep a picture of each, megabytes of them.
+constexpr double OUTLINE_PPEM = 256;
+
+class CBitmapTarget final : public CCairoTarget
+{
+public:
+    explicit CBitmapTarget(CBitmapObject& bitmap) : m_bitmap(bitmap) {}
+
+    bool SetPixel(CDeviceContext& dc, POINT point, COLORREF colour) override;
+    COLORREF GetPixel(CDeviceContext& dc, POINT point) override;
+
+protected:
+    bool FillBox(const CDrawState& state, const RECT& box, const CFill& fill,
+                 CRasterOp op) override;
+    bool DrawLine(const CDrawState& state, POINT from, POINT to, const CStroke& stroke) override;
+    bool FrameBox(const CDrawState& state, const RECT& box, const CStroke& stroke) override;
+    bool ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run) override;
+    bool PutPicture(const CDrawState& state, const CPictureTransfer& transfer) override;
+
+private:
+    RECT Clip(const CDrawState& state) const;
+    void FillSolid(const RECT& box, CPixel pixel, CRasterOp op);
+    template <class F>
+    bool StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath);
+    bool BeginCairo();
+    bool EndCairo();
+
+    CBitmapObject& m_bitmap;
+    CCairoPtr m_pCairo;  // made when text or a wide line is drawn
+    CScaledFontPtr m_pFont;
+    COLORREF m_crText = CLR_INVALID;  // what the context has as its source
+};
+
+RECT CBitmapTarget::Clip(const CDrawState& state) const
+{
+    const RECT all{ 0, 0, m_bitmap.Width(), m_bitmap.Height() };
+    return state.m_clip ? IntersectBoxes(all, *state.m_clip) : all;
+}
+
+void CBitmapTarget::FillSolid(const RECT& box, CPixel pixel, CRasterOp op)
+{
+    const std::ptrdiff_t nWidth = box.right - box.left;
+    for (int y = box.top; y < box.bottom; ++y)
+    {
+        CPixel* pRow = m_bitmap.Row(y) + box.left;
+        if (op == OP_COPY)
+            std::fill_n(pRow, nWidth, pixel);
+        else
+            std::transform(pRow, pRow + nWidth, pRow,
+                           [=](CPixel before) { return Combine(op, before, pixel); });
+    }
+}
+
+bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFill& fill,
+                            CRasterOp op)
+{
+    const RECT clipped = IntersectBoxes(box, Clip(state));
+    if (IsEmptyBox(clipped))
+        return true;
+    const CPixel pixel = PixelFromColour(fill.m_colour);
+    if (!fill.m_hatch)
+    {
+        FillSolid(clipped, pixel, op);
+        return true;
+    }
+    const CHatchRows rows = HatchRows(*fill.m_hatch);
+    for (int y = clipped.top; y < clipped.bottom; ++y)
+    {
+        const unsigned nRow = rows[static_cast<std::size_t>(y & 7)];
+        CPixel* pRow = m_bitmap.Row(y);
+        for (int x = clipped.left; x < clipped.right; ++x)
+        {
+            if (nRow >> (7 - (x & 7)) & 1)
+                pRow[x] = Combine(op, pRow[x], pixel);
+            else if (fill.m_between)
+                pRow[x] = Combine(op, pRow[x], PixelFromColour(*fill.m_between));
+        }
+    }
+    return true;
+}
+
+bool CBitmapTarget::DrawLine(const CDrawState& state, POINT from, POINT to, const CStroke& stroke)
+{
+    if (stroke.m_nWidth > 1)
+    {
+        const POINT a = LimitForCairo(from);
+        const POINT b = LimitForCairo(to);
+        return StrokeWide(state, stroke,
+                          [&](cairo_t* pCairo)
+                          {
+                              cairo_move_to(pCairo, a.x + 0.5, a.y + 0.5);
+                              cairo_line_to(pCairo, b.x + 0.5, b.y + 0.5);
+                          });
+    }
+    const RECT bounds = Clip(state);
+    if (IsEmptyBox(bounds))
+        return true;
+    const std::span<const int> pattern = DashPattern(stroke.m_nStyle);
+    const CRasterOp op = OpFromRop2(state.m_nRop2);
+    const CPixel pixel = PixelFromColour(stroke.m_colour);
+    const CPixel between = PixelFromColour(state.m_crBk);
+    WalkLine(from, to, bounds,
+             [&](int x, int y, std::int64_t nStep)
+             {
+                 const bool bDrawn = IsDrawn(pattern, nStep);
+                 if (!bDrawn && state.m_nBkMode != OPAQUE)
+                     return;
+                 CPixel& place = m_bitmap.Row(y)[x];
+                 place = Combine(op, place, bDrawn ? pixel : between);
+             });
+    return true;
+}
+
+bool CBitmapTarget::FrameBox(const CDrawState& state, const RECT& box, const CStroke& stroke)
+{
+    if (stroke.m_nWidth > 1)
+    {
+        const POINT a = LimitForCairo({ box.left, box.top });
+        const POINT b = LimitForCairo({ box.right - 1, box.bottom - 1 });
+        return StrokeWide(state, stroke,
+                          [&](cairo_t* pCairo)
+                          { cairo_rectangle(pCairo, a.x + 0.5, a.y + 0.5, b.x - a.x, b.y - a.y); });
+    }
+    // Round once, each corner the first pixel of one side: none is drawn twice.
+    const POINT aCorners[] = { { box.left, box.top },
+                               { box.right - 1, box.top },
+                               { box.right - 1, box.bottom - 1 },
+                               { box.left, box.bottom - 1 } };
+    for (std::size_t i = 0; i < 4; ++i)
+        DrawLine(state, aCorners[i], aCorners[(i + 1) % 4], stroke);
+    return true;
+}
+
+template <class F>
+bool CBitmapTarget::StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath)
+{
+    const RECT clip = Clip(state);
+    if (IsEmptyBox(clip))
+        return true;
+    if (!BeginCairo())
+        return false;
+    cairo_t* pCairo = m_pCairo.get();
+    bool bDrawn = false;
+    {
+        const CCairoScope scope(pCairo);
+        ClipTo(pCairo, clip);
+        cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
+        cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, CAIRO_LIMIT));
+        cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_ROUND);
+        cairo_set_line_join(pCairo, CAIRO_LINE_JOIN_ROUND);
+        bDrawn = SetSource(pCairo, stroke.m_colour, OpFromRop2(state.m_nRop2));
+        if (bDrawn)
+        {
+            makePath(pCairo);
+            cairo_stroke(pCairo);
+        }
+    }
+    return EndCairo() && bDrawn;
+}
+
+bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
+{
+    const CDrawState& state = dc.State();
+    const bool bClipped = state.m_clip || run.m_clip;
+    RECT clip = Clip(state);
+    if (run.m_clip)
+        clip = IntersectBoxes(clip, *run.m_clip);
+    const double fWidth = GLYPH_REACH * run.m_font.Ppem() * std::max(1.0, run.m_font.WidthRatio());
+    const double fHeight = GLYPH_REACH * run.m_font.Ppem();
+    if (IsEmptyBox(clip) || run.m_origin.y - fHeight > clip.bottom ||
+        run.m_origin.y + fHeight < clip.top)
+        return true;
+    cairo_scaled_font_t* pFont = FindScaledFont(run.m_font, CHinting::pixels);
+    if (!pFont || !BeginCairo())
+        return false;
+
+    cairo_t* pCairo = m_pCairo.get();
+    if (pFont != m_pFont.get())
+    {
+        cairo_set_scaled_font(pCairo, pFont);
+        m_pFont.reset(cairo_scaled_font_reference(pFont));
+    }
+    if (state.m_crText != m_crText)
+    {
+        SetSource(pCairo, state.m_crText, OP_COPY);
+        m_crText = state.m_crText;
+    }
+    std::optional<CCairoScope> scope;
+    if (bClipped)
+    {
+        scope.emplace(pCairo);
+        ClipTo(pCairo, clip);
+    }
+    DrawGlyphs(pCairo, dc, run, { clip.left - fWidth, clip.right + fWidth },
+               std::max(fWidth, fHeight) > GLYPH_REACH * OUTLINE_PPEM);
+    scope.reset();
+    return EndCairo();
+}
+
+// Also tells cairo that the pixels have changed since.
+bool CBitmapTarget::BeginCairo()
+{
+    cairo_surface_t* pSurface = m_bitmap.Surface();
+    if (!m_pCairo && pSurface)
+    {
+        m_pCairo.reset(cairo_create(pSurface));
+        m_crText = CLR_INVALID;
+        m_pFont.reset();
+    }
+    return m_pCairo && EndCairo();
+}
+
+// A context that has failed stays so: the next drawing begins with another one.
+bool CBitmapTarget::EndCairo()
+{
+    if (cairo_status(m_pCairo.get()) == CAIRO_STATUS_SUCCESS)
+        return true;
+    m_pCairo.reset();
+    return false;
+}
+
+bool CBitmapTarget::SetPixel(CDeviceContext& dc, POINT point, COLORREF colour)
+{
+    const auto [x, y] = dc.Mapping().ToDevice(point);
+    const RECT clip = Clip(dc.State());
+    if (x < clip.left || y < clip.top || x >= clip.right || y >= clip.bottom)
+        return false;
+    m_bitmap.Row(y)[x] = PixelFromColour(colour);
+    return true;
+}
+
+COLORREF CBitmapTarget::GetPixel(CDeviceContext& dc, POINT point)
+{
+    const auto [x, y] = dc.Mapping().ToDevice(point);
+    const RECT clip = Clip(dc.State());
+    if (x < clip.left || y < clip.top || x >= clip.right || y >= clip.bottom)
+        return CLR_INVALID;
+    return ColourFromPixel(m_bitmap.ReadPixel(x, y));
+}
+
+bool CBitmapTarget::PutPicture(const CDrawState& state, const CPictureTransfer& transfer)
+{
+    return StretchPicture(transfer, m_bitmap, Clip(state));
+}
+
+}  // namespace
+
+std::unique_ptr<CDrawTarget> MakeBitmapTarget(CHandleObject& bitmap)
+{
+    return std::unique_ptr<CDrawTarget>(new (std::nothrow)
+                                            CBitmapTarget(static_cast<CBitmapObject&>(bitmap)));
+}

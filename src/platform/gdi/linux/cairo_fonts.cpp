@@ -1,0 +1,181 @@
+// Font files opened for drawing, and scaled fonts kept for bitmaps.
+#include "platform/gdi/linux/cairo_fonts.h"
+
+#include "platform/gdi/linux/device_context.h"
+#include "platform/gdi/linux/font_cache.h"
+#include "platform/gdi/linux/rounding.h"
+
+#include <cairo-ft.h>
+
+#include <array>
+#include <unordered_map>
+
+namespace
+{
+
+constexpr double s_fItalicShear = 0.25;
+
+// Faces are as many as files in use, and live for ever: cairo keeps scaled fonts of its own that
+// point at them. Its own FreeType objects, since cairo changes the size of a face as it draws.
+FT_Face OpenFace(const CFontFace& face)
+{
+    static FT_Library s_pLibrary = nullptr;
+    if (face.m_strFile.empty() || (!s_pLibrary && FT_Init_FreeType(&s_pLibrary) != 0))
+        return nullptr;
+    FT_Face pFace = nullptr;
+    return FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) == 0 ? pFace
+                                                                                       : nullptr;
+}
+
+struct CDrawnFace
+{
+    CFontFacePtr m_apFaces[2];  // by CHinting; null: the file cannot be read
+};
+
+const CDrawnFace& DrawnFace(const CFontFace& face)
+{
+    static auto* const s_pFaces = new std::unordered_map<const CFontFace*, CDrawnFace>;
+    const auto [it, bNew] = s_pFaces->try_emplace(&face);
+    FT_Face pFace = bNew ? OpenFace(face) : nullptr;
+    if (!pFace)
+        return it->second;
+    constexpr int anFlags[] = { FT_LOAD_DEFAULT, FT_LOAD_NO_HINTING };
+    for (std::size_t i = 0; i < std::size(anFlags); ++i)
+    {
+        CFontFacePtr& pDrawn = it->second.m_apFaces[i];
+        pDrawn.reset(cairo_ft_font_face_create_for_ft_face(pFace, anFlags[i]));
+        if (face.m_bFakeBold)
+            cairo_ft_font_face_set_synthesize(pDrawn.get(), CAIRO_FT_SYNTHESIZE_BOLD);
+    }
+    return it->second;
+}
+
+const cairo_font_options_t* FontOptions(CHinting hinting)
+{
+    const auto make = [](cairo_hint_style_t style)
+    {
+        cairo_font_options_t* pOptions = cairo_font_options_create();
+        cairo_font_options_set_antialias(pOptions, CAIRO_ANTIALIAS_GRAY);
+        cairo_font_options_set_hint_metrics(pOptions, CAIRO_HINT_METRICS_OFF);
+        cairo_font_options_set_hint_style(pOptions, style);
+        return pOptions;
+    };
+    static const cairo_font_options_t* const s_apOptions[] = { make(CAIRO_HINT_STYLE_FULL),
+                                                               make(CAIRO_HINT_STYLE_NONE) };
+    return s_apOptions[static_cast<int>(hinting)];
+}
+
+// Scaled fonts for the identity matrix. They are dropped together with the realised fonts that they
+// belong to, and when there are many: each may hold the pictures of its glyphs.
+class CScaledFonts
+{
+public:
+    cairo_scaled_font_t* Find(const CRealizedFont& font, CHinting hinting)
+    {
+        if (m_nGeneration != CFontCache::Generation() || m_fonts.size() >= LIMIT)
+        {
+            m_fonts.clear();
+            m_nGeneration = CFontCache::Generation();
+        }
+        const auto [it, bNew] = m_fonts.try_emplace(&font);
+        CScaledFontPtr& pScaled = it->second.m_apFonts[static_cast<int>(hinting)];
+        if (!pScaled && !it->second.m_abTried[static_cast<int>(hinting)])
+        {
+            cairo_matrix_t identity;
+            cairo_matrix_init_identity(&identity);
+            pScaled = MakeScaledFont(font, hinting, identity);
+            it->second.m_abTried[static_cast<int>(hinting)] = true;
+        }
+        return pScaled.get();
+    }
+
+private:
+    static constexpr std::size_t LIMIT = 256;
+    struct CEntry
+    {
+        CScaledFontPtr m_apFonts[2];
+        bool m_abTried[2] = { false, false };
+    };
+    std::unordered_map<const CRealizedFont*, CEntry> m_fonts;
+    unsigned m_nGeneration = 0;
+};
+
+}  // namespace
+
+cairo_scaled_font_t* FindScaledFont(const CRealizedFont& font, CHinting hinting)
+{
+    static auto* const s_pFonts = new CScaledFonts;  // outlives every device context
+    return s_pFonts->Find(font, hinting);
+}
+
+CScaledFontPtr MakeScaledFont(const CRealizedFont& font, CHinting hinting,
+                              const cairo_matrix_t& matrix)
+{
+    const CFontFacePtr& pFace = DrawnFace(font.Face()).m_apFaces[static_cast<int>(hinting)];
+    if (!pFace)
+        return nullptr;
+    const double fHeight = font.Ppem();
+    const double fWidth = fHeight * font.WidthRatio();
+    cairo_matrix_t size;
+    cairo_matrix_init(&size, fWidth, 0, font.Face().m_bFakeItalic ? -s_fItalicShear * fWidth : 0,
+                      fHeight, 0, 0);
+    CScaledFontPtr pScaled(
+        cairo_scaled_font_create(pFace.get(), &size, &matrix, FontOptions(hinting)));
+    if (cairo_scaled_font_status(pScaled.get()) != CAIRO_STATUS_SUCCESS)
+        return nullptr;
+    return pScaled;
+}
+
+namespace
+{
+
+// Glyphs on their way to cairo: a stretch at a time, so that no text takes memory.
+class CGlyphBatch
+{
+public:
+    CGlyphBatch(cairo_t* pCairo, bool bAsOutlines) : m_pCairo(pCairo), m_bAsOutlines(bAsOutlines) {}
+
+    void Add(unsigned long nGlyph, double x, double y)
+    {
+        m_aGlyphs[m_nCount++] = { nGlyph, x, y };
+        if (m_nCount == m_aGlyphs.size())
+            Flush();
+    }
+    void Flush()
+    {
+        const int nCount = static_cast<int>(std::exchange(m_nCount, 0));
+        if (nCount == 0)
+            return;
+        if (!m_bAsOutlines)
+            return cairo_show_glyphs(m_pCairo, m_aGlyphs.data(), nCount);
+        cairo_glyph_path(m_pCairo, m_aGlyphs.data(), nCount);
+        cairo_fill(m_pCairo);
+    }
+
+private:
+    cairo_t* m_pCairo;  // not owned
+    bool m_bAsOutlines;
+    std::size_t m_nCount = 0;
+    std::array<cairo_glyph_t, 64> m_aGlyphs;
+};
+
+}  // namespace
+
+void DrawGlyphs(cairo_t* pCairo, const CDeviceContext& dc, const CGlyphRun& run,
+                const CGlyphBounds& bounds, bool bAsOutlines)
+{
+    CGlyphBatch batch(pCairo, bAsOutlines);
+    std::int64_t nAdvance = 0;  // so far: pixels, or the caller's units
+    for (std::size_t i = 0; i < run.m_text.size(); ++i)
+    {
+        const BYTE byte = run.m_text[i];
+        const double x =
+            run.m_origin.x +
+            static_cast<double>(run.m_pDx ? dc.Mapping().ToDeviceWidth(SaturateToInt(nAdvance))
+                                          : nAdvance);
+        nAdvance += run.m_pDx ? run.m_pDx[i] : run.m_font.Advance(byte);
+        if (x >= bounds.m_fLeft && x <= bounds.m_fRight)
+            batch.Add(run.m_font.Glyph(byte), x, run.m_origin.y);
+    }
+    batch.Flush();
+}
