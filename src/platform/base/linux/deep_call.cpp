@@ -26,7 +26,6 @@
 #endif
 
 #ifdef MIVORA_ADDRESS_SANITIZER
-#include <sanitizer/asan_interface.h>
 #include <sanitizer/common_interface_defs.h>
 #endif
 
@@ -70,9 +69,6 @@ public:
     }
     ~CStack()
     {
-#ifdef MIVORA_ADDRESS_SANITIZER
-        ASAN_UNPOISON_MEMORY_REGION(m_pMemory, nStackBytes + m_nGuard);
-#endif
         munmap(m_pMemory, nStackBytes + m_nGuard);
     }
     CStack(const CStack&) = delete;
