@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints the records of an enhanced metafile, one line each, and checks its lengths.
+"""Prints the records of enhanced metafiles, one line each, and checks their lengths.
 
 Written from the published record layouts alone, so that it can judge what our own code writes.
 Exit status: 0 well formed, 1 not well formed (the faults stand on standard error), 2 wrong usage.
@@ -188,14 +188,17 @@ def dump(data, out):
 
 
 def main(arguments):
-    if len(arguments) != 1:
-        print("usage: emf_dump.py FILE", file=sys.stderr)
+    if not arguments:
+        print("usage: emf_dump.py FILE ...", file=sys.stderr)
         return 2
-    with open(arguments[0], "rb") as file:
-        faults = dump(file.read(), sys.stdout)
-    for fault in faults:
-        print("emf_dump.py: " + fault, file=sys.stderr)
-    return 1 if faults else 0
+    status = 0
+    for name in arguments:
+        with open(name, "rb") as file:
+            faults = dump(file.read(), sys.stdout)
+        for fault in faults:
+            print("emf_dump.py: %s: %s" % (name, fault), file=sys.stderr)
+            status = 1
+    return status
 
 
 if __name__ == "__main__":

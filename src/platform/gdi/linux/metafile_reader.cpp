@@ -178,11 +178,12 @@ bool IsDamagedComment(std::span<const BYTE> record)
            (record.size() < sizeof comment || comment.cbData > record.size() - sizeof comment);
 }
 
-// The comment with as many data as its record has; an own copy, the file's bytes stay.
+// The comment with as many data as its record has, and zeros behind it; an own copy, the file's
+// bytes stay.
 std::vector<DWORD> MendComment(std::span<const BYTE> record)
 {
     const std::size_t nSize = std::max(record.size(), sizeof(EMRGDICOMMENT));
-    std::vector<DWORD> copy(nSize / sizeof(DWORD));
+    std::vector<DWORD> copy(nSize / sizeof(DWORD) + 1);
     std::memcpy(copy.data(), record.data(), record.size());
     copy[1] = static_cast<DWORD>(nSize);
     copy[2] = static_cast<DWORD>(nSize - sizeof(EMRGDICOMMENT));

@@ -1,0 +1,461 @@
+#include "platform/gdi/emf_dump.h"
+#include "platform/gdi/test_fonts.h"
+
+#include "platform/base/file.h"
+#include "platform/base/system.h"
+#include "platform/gdi/dc.h"
+
+#include <cerrno>
+#include <cstring>
+#include <functional>
+
+namespace
+{
+
+constexpr UINT LINE = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
+
+const BYTE* AsBytes(const char* pszText)
+{
+    return reinterpret_cast<const BYTE*>(pszText);
+}
+
+std::string Record(const std::function<void(HDC)>& draw, const RECT* pFrame = nullptr,
+                   const char* pszDescription = nullptr)
+{
+    HDC hDC = CreateEnhMetaFileA(nullptr, nullptr, pFrame, pszDescription);
+    EXPECT_TRUE(hDC);
+    draw(hDC);
+    HENHMETAFILE hMetaFile = CloseEnhMetaFile(hDC);
+    EXPECT_TRUE(hMetaFile);
+    std::string strBytes = MetafileBytes(hMetaFile);
+    EXPECT_TRUE(DeleteEnhMetaFile(hMetaFile));
+    return strBytes;
+}
+
+// The value of a field in a line of the dump.
+std::string Field(const std::string& strLine, const std::string& strName)
+{
+    std::size_t nStart = strLine.find(' ' + strName + '=');
+    if (nStart == strLine.npos)
+        return "-";
+    nStart += strName.size() + 2;
+    return strLine.substr(nStart, strLine.find(' ', nStart) - nStart);
+}
+
+// Records the rows of a table. In the lines, header and end are left out: see the bounds.
+template <class T, std::size_t N>
+std::vector<CRecordLines> RecordTable(const T (&aCases)[N])
+{
+    std::vector<std::string> metafiles;
+    for (const auto& row : aCases)
+        metafiles.push_back(Record(row.m_draw));
+    return DumpRecords(metafiles);
+}
+
+// 508 mm over 1920 pixels and 286 mm over 1080, in hundredths of a millimetre; the quotients are
+// single floats before they are multiplied.
+#define SCALE "mode=1 scale=26.458332,26.481482 "
+
+void DrawExample(HDC hDC)
+{
+    GdiComment(hDC, 1, AsBytes("c"));
+    RECT rect{ 2, 3, 102, 43 };
+    FillRect(hDC, &rect, GetSysColorBrush(COLOR_WINDOW));
+    SetBkColor(hDC, 0x0080FF);
+    ExtTextOutA(hDC, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+    HFONT hFont = nullptr;
+    {
+        LOGFONTA font = FontOf("Times New Roman", -16);
+        hFont = CreateFontIndirectA(&font);
+    }
+    HGDIOBJ hOld = SelectObject(hDC, hFont);
+    SetBkMode(hDC, TRANSPARENT);
+    SetTextColor(hDC, 0x030201);
+    RECT box{ 10, 10, 60, 40 };
+    DrawTextA(hDC, "abc", 3, &box, LINE | DT_CENTER | DT_VCENTER);
+    SelectObject(hDC, hOld);
+    DeleteObject(hFont);
+}
+
+}  // namespace
+
+TEST(MetafileWriter, WritesTheRecordsOfADrawing)
+{
+    std::vector<std::string> expected = {
+        "HEADER 140 bounds=0,0,101,42 frame=0,0,2672,1112 device=1920,1080 mm=508,286 "
+        "um=508000,286000 handles=3 version=10000 pal=0 text=\"Maker\\0Picture\\0\\0\"",
+        "GDICOMMENT 16 bytes=1 data=\"c\"",
+        "CREATEBRUSHINDIRECT 24 1,0,16777215,0",
+        "SELECTOBJECT 12 1",
+        "BITBLT 100 bounds=2,3,101,42 dest=2,3,100,40 rop=00f00021 src=0,0 xform=1,0,0,1,0,0 "
+        "bk=000000 usage=0",
+        "SELECTOBJECT 12 stock0",
+        "SETBKCOLOR 12 0080ff",
+        "EXTTEXTOUTW 80 bounds=0,0,1,1 " SCALE
+        "ref=0,0 options=2 rect=2,3,102,43 text=\"\" at=76 dx= at=80",
+        "EXTCREATEFONTINDIRECTW 332 handle=2 height=-16 width=0 escapement=0 orientation=0 "
+        "weight=400 italic=0 underline=0 strikeout=0 charset=0 out=0 clip=0 quality=0 pitch=0 "
+        "face=\"Times New Roman\"",
+        "SELECTOBJECT 12 2",
+        "SETBKMODE 12 1",
+        "SETTEXTCOLOR 12 030201",
+        "EXTTEXTOUTW 96 bounds=24,17,47,35 " SCALE
+        "ref=24,17 options=0 rect=10,10,60,40 text=\"abc\" at=76 dx=7,8,7 at=84",
+        "SELECTOBJECT 12 stock13",
+        "DELETEOBJECT 12 2",
+        "EOF 20 0,16,20",
+    };
+    EXPECT_EQ(DumpRecords(Record(DrawExample, nullptr, "Maker\0Picture\0")), expected);
+}
+
+TEST(MetafileWriter, WritesEachCallAsTheSystemDoes)
+{
+    RECT box{ 5, 5, 50, 30 };
+    struct
+    {
+        const char* m_pszName;
+        std::function<void(HDC)> m_draw;
+        std::vector<std::string> m_expected;
+    } aCases[] = {
+        { "StatesAreWrittenAlsoWhenNothingChanges",
+          [](HDC h)
+          {
+              SetMapMode(h, MM_TEXT);
+              SetBkMode(h, OPAQUE);
+              SetTextColor(h, 0);
+              SetROP2(h, R2_XORPEN);
+              SetTextAlign(h, TA_RIGHT | TA_BASELINE);
+          },
+          { "SETMAPMODE 12 1", "SETBKMODE 12 2", "SETTEXTCOLOR 12 000000", "SETROP2 12 7",
+            "SETTEXTALIGN 12 26" } },
+        { "Mapping",
+          [](HDC h)
+          {
+              SetHundredths(h);
+              SetWindowOrgEx(h, -3, 4, nullptr);
+              SetViewportOrgEx(h, 7, -8, nullptr);
+          },
+          { "SETMAPMODE 12 8", "SETWINDOWEXTEX 16 100,-100", "SETVIEWPORTEXTEX 16 96,96",
+            "SETWINDOWORGEX 16 -3,4", "SETVIEWPORTORGEX 16 7,-8" } },
+        { "SavedStates",
+          [](HDC h)
+          {
+              SaveDC(h);
+              SaveDC(h);
+              IntersectClipRect(h, 1, 2, 30, 40);
+              RestoreDC(h, 1);
+              SaveDC(h);
+              RestoreDC(h, -1);
+          },
+          { "SAVEDC 8", "SAVEDC 8", "INTERSECTCLIPRECT 24 1,2,30,40", "RESTOREDC 12 -2", "SAVEDC 8",
+            "RESTOREDC 12 -1" } },
+        { "StockBrushIsNotCreated",
+          [](HDC h)
+          {
+              RECT rect{ 0, 0, 4, 3 };
+              FillRect(h, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+          },
+          { "SELECTOBJECT 12 stock4",
+            "BITBLT 100 bounds=0,0,3,2 dest=0,0,4,3 rop=00f00021 src=0,0 xform=1,0,0,1,0,0 "
+            "bk=000000 usage=0",
+            "SELECTOBJECT 12 stock0" } },
+        { "PenForALine",
+          [](HDC h)
+          {
+              HPEN hPen = CreatePen(PS_SOLID, 1, 0x112233);
+              HGDIOBJ hOld = SelectObject(h, hPen);
+              MoveToEx(h, 10, 20, nullptr);
+              LineTo(h, 30, 20);
+              SelectObject(h, hOld);
+              DeleteObject(hPen);
+          },
+          { "CREATEPEN 28 1,0,1,0,1122867", "SELECTOBJECT 12 1", "MOVETOEX 16 10,20",
+            "LINETO 16 30,20", "SELECTOBJECT 12 stock7", "DELETEOBJECT 12 1" } },
+        { "HatchedRectangleCountsItsLastPixelsIn",
+          [box](HDC h)
+          {
+              HBRUSH hBrush = CreateHatchBrush(HS_BDIAGONAL, 0x800000);
+              HGDIOBJ hOld = SelectObject(h, hBrush);
+              Rectangle(h, box.left, box.top, box.right, box.bottom);
+              Rectangle(h, box.right, box.bottom, box.left, box.top);
+              Rectangle(h, 7, 5, 7, 30);
+              SelectObject(h, hOld);
+              DeleteObject(hBrush);
+          },
+          { "CREATEBRUSHINDIRECT 24 1,2,8388608,3", "SELECTOBJECT 12 1", "RECTANGLE 24 5,5,49,29",
+            "RECTANGLE 24 5,5,49,29", "SELECTOBJECT 12 stock0", "DELETEOBJECT 12 1" } },
+        { "DeletedObjectsGiveTheirNumbersBack",
+          [](HDC h)
+          {
+              HGDIOBJ hFirst = CreateSolidBrush(1), hSecond = CreateSolidBrush(2);
+              SelectObject(h, hFirst);
+              SelectObject(h, hSecond);
+              DeleteObject(hFirst);
+              HGDIOBJ hThird = CreatePen(PS_SOLID, 1, 3);
+              SelectObject(h, hThird);
+              SelectObject(h, hSecond);
+              DeleteObject(CreateSolidBrush(4));  // never selected: the metafile does not know it
+              SelectObject(h, GetStockObject(NULL_BRUSH));
+              SelectObject(h, GetStockObject(BLACK_PEN));
+              DeleteObject(hThird);
+              DeleteObject(hSecond);
+          },
+          { "CREATEBRUSHINDIRECT 24 1,0,1,0", "SELECTOBJECT 12 1", "CREATEBRUSHINDIRECT 24 2,0,2,0",
+            "SELECTOBJECT 12 2", "DELETEOBJECT 12 1", "CREATEPEN 28 1,0,1,0,3", "SELECTOBJECT 12 1",
+            "SELECTOBJECT 12 2", "SELECTOBJECT 12 stock5", "SELECTOBJECT 12 stock7",
+            "DELETEOBJECT 12 1", "DELETEOBJECT 12 2" } },
+        { "SystemBrushIsCreatedAgainAfterItsDeletion",
+          [](HDC h)
+          {
+              SelectObject(h, GetSysColorBrush(COLOR_HIGHLIGHT));
+              SelectObject(h, GetStockObject(WHITE_BRUSH));
+              DeleteObject(GetSysColorBrush(COLOR_HIGHLIGHT));
+              SelectObject(h, GetSysColorBrush(COLOR_HIGHLIGHT));
+          },
+          { "CREATEBRUSHINDIRECT 24 1,0,14120960,0", "SELECTOBJECT 12 1", "SELECTOBJECT 12 stock0",
+            "DELETEOBJECT 12 1", "CREATEBRUSHINDIRECT 24 1,0,14120960,0", "SELECTOBJECT 12 1" } },
+        { "CommentsAreFilledUpWithZeros",
+          [](HDC h)
+          {
+              GdiComment(h, 0, nullptr);
+              GdiComment(h, 4, AsBytes("abcd"));
+              GdiComment(h, 5, AsBytes("a\0b'c"));
+          },
+          { "GDICOMMENT 12 bytes=0 data=\"\"", "GDICOMMENT 16 bytes=4 data=\"abcd\"",
+            "GDICOMMENT 20 bytes=5 data=\"a\\0b'c\"" } },
+        { "OnePixel", [](HDC h) { SetPixel(h, 3, 4, 0xFF); }, { "SETPIXELV 20 3,4,255" } },
+    };
+    std::vector<CRecordLines> dumps = RecordTable(aCases);
+    for (std::size_t i = 0; i < std::size(aCases); ++i)
+    {
+        SCOPED_TRACE(aCases[i].m_pszName);
+        ASSERT_GE(dumps[i].size(), 2U);
+        EXPECT_EQ(CRecordLines(dumps[i].begin() + 1, dumps[i].end() - 1), aCases[i].m_expected);
+    }
+}
+
+TEST(MetafileWriter, WritesTextsAsUnicode)
+{
+    struct
+    {
+        const char* m_pszFace;
+        std::string m_strText;
+        UINT m_nFormat;
+        const char* m_pszText;
+        const char* m_pszOptions;
+        const char* m_pszDx;
+    } aCases[] = {
+        { "Times New Roman", "a", LINE, "\"a\"", "0", "7" },
+        { "Times New Roman", "a", DT_SINGLELINE | DT_NOPREFIX, "\"a\"", "4", "7" },
+        { "Times New Roman", "\xE4\x80\x9F", LINE, "\"\\u00e4\\u20ac\\u0178\"", "0", "7,8,12" },
+        { "Symbol", "\xE5\x61", LINE, "\"\\uf0e5\\uf061\"", "0", "11,10" },
+        { "MT Extra", "h", LINE, "\"\\uf068\"", "0", "10" },
+    };
+    std::vector<std::string> metafiles;
+    for (const auto& row : aCases)
+        metafiles.push_back(Record(
+            [&](HDC hDC)
+            {
+                CUseFont use(hDC, FontOf(row.m_pszFace, -16));
+                RECT rect{ 0, 0, 50, 50 };
+                DrawTextA(hDC, row.m_strText.c_str(), -1, &rect, row.m_nFormat);
+                DrawTextA(hDC, "", 0, &rect, row.m_nFormat);
+            }));
+    std::vector<CRecordLines> dumps = DumpRecords(metafiles);
+    for (std::size_t i = 0; i < std::size(aCases); ++i)
+    {
+        SCOPED_TRACE(testing::Message() << aCases[i].m_pszFace << ' ' << aCases[i].m_pszText);
+        // Header, creation, selection, text, selection, deletion, end.
+        ASSERT_EQ(dumps[i].size(), 7U);
+        EXPECT_EQ(Field(dumps[i][3], "text"), aCases[i].m_pszText);
+        EXPECT_EQ(Field(dumps[i][3], "options"), aCases[i].m_pszOptions);
+        EXPECT_EQ(Field(dumps[i][3], "dx"), aCases[i].m_pszDx);
+    }
+}
+
+TEST(MetafileWriter, CountsWhatIsDrawnIntoItsBounds)
+{
+    struct
+    {
+        const char* m_pszName;
+        std::function<void(HDC)> m_draw;
+        const char* m_pszBounds;
+        const char* m_pszFrame;  // bounds * 508 * 100 / 1920 and * 286 * 100 / 1080, cut
+    } aCases[] = {
+        { "Nothing", [](HDC) {}, "0,0,-1,-1", "0,0,-26,-26" },
+        { "Comment", [](HDC h) { GdiComment(h, 3, AsBytes("abc")); }, "0,0,-1,-1", "0,0,-26,-26" },
+        { "Fill", [](HDC h) { PatBlt(h, 5, 6, 16, 4, PATCOPY); }, "5,6,20,9", "132,158,529,238" },
+        { "EmptyFill", [](HDC h) { PatBlt(h, 5, 6, 0, 4, PATCOPY); }, "0,0,-1,-1", "0,0,-26,-26" },
+        { "Line",
+          [](HDC h)
+          {
+              MoveToEx(h, 20, 30, nullptr);
+              LineTo(h, 10, 40);
+          },
+          "10,30,20,40", "264,794,529,1059" },
+        { "Rectangles",
+          [](HDC h)
+          {
+              Rectangle(h, 10, 11, 20, 21);
+              Rectangle(h, -4, 15, -2, 30);
+          },
+          "-4,11,19,29", "-105,291,502,767" },
+        { "MappedUpwards",  // 100 units are 96 pixels, and go up
+          [](HDC h)
+          {
+              SetHundredths(h);
+              PatBlt(h, 100, -100, 100, -200, PATCOPY);
+          },
+          "96,96,191,287", "2540,2542,5053,7600" },
+        { "Text",  // 22 wide, 17 high
+          [](HDC h)
+          {
+              CUseFont use(h, FontOf("Times New Roman", -16));
+              TextOutA(h, 40, 50, "abc", 3);
+          },
+          "40,50,63,68", "1058,1324,1666,1800" },
+    };
+    std::vector<CRecordLines> dumps = RecordTable(aCases);
+    for (std::size_t i = 0; i < std::size(aCases); ++i)
+    {
+        SCOPED_TRACE(aCases[i].m_pszName);
+        ASSERT_FALSE(dumps[i].empty());
+        EXPECT_EQ(Field(dumps[i][0], "bounds"), aCases[i].m_pszBounds);
+        EXPECT_EQ(Field(dumps[i][0], "frame"), aCases[i].m_pszFrame);
+    }
+    RECT frame{ 0, 0, 1234, 567 };
+    EXPECT_EQ(Field(DumpRecords(Record(DrawExample, &frame)).at(0), "frame"), "0,0,1234,567");
+}
+
+TEST(MetafileWriter, KeepsABitmapWhole)
+{
+    auto draw = [](HDC hDC)
+    {
+        CDC target, source;
+        target.Attach(hDC);
+        ASSERT_TRUE(source.CreateCompatibleDC(nullptr));
+        CBitmap bitmap;
+        ASSERT_TRUE(bitmap.CreateBitmap(3, 2, 1, 32, nullptr));
+        CBitmap* pOld = source.SelectObject(&bitmap);
+        source.FillSolidRect(0, 0, 3, 2, RGB(255, 0, 0));
+        source.SetPixel(0, 1, RGB(0, 0, 255));
+        source.SetWindowOrg(10, 20);
+        EXPECT_TRUE(target.StretchBlt(4, 5, 6, 8, &source, 11, 20, 2, 2, SRCCOPY));
+        EXPECT_FALSE(target.StretchBlt(4, 5, 6, 8, &target, 0, 0, 2, 2, SRCCOPY));
+        source.SelectObject(pOld);
+        target.Detach();
+    };
+    std::string strBytes = Record(draw);
+    std::vector<std::string> lines = DumpRecords(strBytes);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[1],
+              "STRETCHBLT 172 bounds=4,5,9,12 dest=4,5,6,8 rop=00cc0020 src=1,0 "
+              "xform=1,0,0,1,0,0 bk=0000ff usage=0 size=2,2 dib=40,3x2x32 info=40 bits=24");
+    // From the lowest row up, blue first.
+    std::string strBits = strBytes.substr(108 + 108 + 40, 24);
+    for (std::size_t i = 3; i < strBits.size(); i += 4)
+        strBits[i] = '.';
+    EXPECT_EQ(strBits, std::string("\xFF\0\0.\0\0\xFF.\0\0\xFF.\0\0\xFF.\0\0\xFF.\0\0\xFF.", 24));
+}
+
+TEST(MetafileWriter, WritesEqualBytesEachTime)
+{
+    std::string strFirst = Record(DrawExample, nullptr, "Maker\0Picture\0");
+    // What is left in the memory must not show.
+    Record(
+        [](HDC hDC)
+        {
+            std::vector<BYTE> noise(20000, 0xA5);
+            GdiComment(hDC, 20000, noise.data());
+        });
+    EXPECT_EQ(Record(DrawExample, nullptr, "Maker\0Picture\0"), strFirst);
+}
+
+TEST(MetafileWriter, RecordsSideBySide)
+{
+    HDC hFirst = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    HDC hSecond = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    HBRUSH hBrush = CreateSolidBrush(7), hOther = CreateSolidBrush(8);
+    SelectObject(hFirst, hBrush);
+    SelectObject(hSecond, hOther);
+    SelectObject(hSecond, hBrush);
+    DeleteObject(hBrush);
+    DeleteDC(hFirst);  // given up
+    HENHMETAFILE hMetaFile = CloseEnhMetaFile(hSecond);
+    std::vector<std::string> lines = DumpRecords(MetafileBytes(hMetaFile));
+    ASSERT_EQ(lines.size(), 7U);
+    EXPECT_EQ(lines[5], "DELETEOBJECT 12 2");
+    DeleteEnhMetaFile(hMetaFile);
+    DeleteObject(hOther);
+}
+
+namespace
+{
+
+int g_nFailing;  // operation that fails, -1 for none
+
+int FailOne(EFileOperation eOperation, const char*)
+{
+    return eOperation == g_nFailing ? ENOSPC : 0;
+}
+
+}  // namespace
+
+TEST(MetafileWriter, LeavesTheOldFileWhenACopyFails)
+{
+    CTestFolder folder;
+    const std::string strPath = folder.File("x.wmf");
+    WriteFile(strPath, "old");
+    HDC hDC = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
+    DrawExample(hDC);
+    HENHMETAFILE hMetaFile = CloseEnhMetaFile(hDC);
+
+    g_pfnFileFault = FailOne;
+    for (int nOperation : { fileOpOpen, fileOpWrite, fileOpClose, fileOpRename })
+    {
+        SCOPED_TRACE(nOperation);
+        g_nFailing = nOperation;
+        EXPECT_FALSE(CopyEnhMetaFileA(hMetaFile, strPath.c_str()));
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ENOSPC));
+        EXPECT_EQ(ReadFile(strPath), "old");
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.m_path), {}), 1);
+    }
+    g_pfnFileFault = nullptr;
+    EXPECT_FALSE(CopyEnhMetaFileA(hMetaFile, folder.File("none/x.wmf").c_str()));
+
+    HENHMETAFILE hCopy = CopyEnhMetaFileA(hMetaFile, strPath.c_str());
+    ASSERT_TRUE(hCopy);
+    EXPECT_EQ(ReadFile(strPath), MetafileBytes(hMetaFile));
+    // A copy outlives the original.
+    HENHMETAFILE hInMemory = CopyEnhMetaFileA(hCopy, nullptr);
+    DeleteEnhMetaFile(hMetaFile);
+    DeleteEnhMetaFile(hCopy);
+    EXPECT_EQ(MetafileBytes(hInMemory), ReadFile(strPath));
+    DeleteEnhMetaFile(hInMemory);
+}
+
+TEST(MetafileWriter, WritesTheFileThatItWasMadeFor)
+{
+    CTestFolder folder;
+    HDC hDC = CreateEnhMetaFileA(nullptr, folder.File("x.emf").c_str(), nullptr, nullptr);
+    DrawExample(hDC);
+    HENHMETAFILE hMetaFile = CloseEnhMetaFile(hDC);
+    ASSERT_TRUE(hMetaFile);
+    EXPECT_EQ(ReadFile(folder.File("x.emf")), MetafileBytes(hMetaFile));
+    DeleteEnhMetaFile(hMetaFile);
+
+    hDC = CreateEnhMetaFileA(nullptr, folder.File("none/x.emf").c_str(), nullptr, nullptr);
+    EXPECT_FALSE(CloseEnhMetaFile(hDC));
+    EXPECT_FALSE(CloseEnhMetaFile(nullptr));
+}
+
+// The other reader draws the text where the record says, in the font of the record.
+TEST(MetafileWriter, IsReadByAnotherProgram)
+{
+    CTestFolder folder;
+    WriteFile(folder.File("x.emf"), Record(DrawExample, nullptr, "Maker\0Picture\0"));
+    RunLines("emf2svg-conv -i " + folder.File("x.emf") + " -o " + folder.File("x.svg"));
+    std::string strSvg = ReadFile(folder.File("x.svg"));
+    for (const char* pszPart : { "<![CDATA[abc]]>", "Times New Roman", "fill=\"#010203\"" })
+        EXPECT_NE(strSvg.find(pszPart), strSvg.npos) << pszPart << " in\n" << strSvg;
+}
