@@ -58,19 +58,20 @@ void CFormulaParser::SetFunctConst(int nIndex, double dValue)
 double CFormulaParser::Calculation(CString strText, double x, WORD* pErrorPos, CString* pMessage)
 {
     m_strError.Empty();
+    m_dArgument = x == 0.0 ? NO_ARGUMENT : x;
     double dValue = 0.0;
-    const bool bDone = RunAndReport(pMessage,
-                                    [&]
-                                    {
-                                        WORD nPos;
-                                        CString strToken;
-                                        m_dArgument = x == 0.0 ? NO_ARGUMENT : x;
-                                        SetText(strText, &nPos, &strToken);
-                                        dValue = CalcExpression(&nPos, &strToken);
-                                        ReportEnd(nPos, strToken, "Error an Position %d gefunden",
-                                                  m_strError, pErrorPos, pMessage);
-                                    });
-    return bDone ? dValue : 0.0;
+    RunAndReport(pMessage, [&] { dValue = CalculateText(strText, pErrorPos, pMessage); });
+    return dValue;
+}
+
+double CFormulaParser::CalculateText(const CString& strText, WORD* pErrorPos, CString* pMessage)
+{
+    WORD nPos;
+    CString strToken;
+    SetText(strText, &nPos, &strToken);
+    const double dValue = CalcExpression(&nPos, &strToken);
+    ReportEnd(nPos, strToken, "Error an Position %d gefunden", m_strError, pErrorPos, pMessage);
+    return dValue;
 }
 
 // expression := term { ( "+" | "-" ) term }

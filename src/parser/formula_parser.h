@@ -74,6 +74,8 @@ protected:
     int m_bWideTimes;  // chooses the g_nTimesGap that a parse starts with
 
 private:
+    void ParseText(const CString& strText, WORD* pErrorPos, CString* pMessage);
+    double CalculateText(const CString& strText, WORD* pErrorPos, CString* pMessage);
     void SetText(CString strText, WORD* pPos, CString* pToken);
     CString TextBetween(WORD nStart, WORD nEnd) const;
     const CKeyword* TakeKeyword(WORD* pPos) const;

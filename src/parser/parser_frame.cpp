@@ -84,22 +84,27 @@ int CFormulaParser::Parse(CString strText, WORD* pErrorPos, CString* pMessage)
     m_bEnded = false;
     g_nTimesGap = m_bWideTimes != 0 ? GAP_WIDE : GAP_AT_START;
 
-    const bool bDone = RunAndReport(pMessage,
-                                    [&]
-                                    {
-                                        WORD nPos;
-                                        CString strToken;
-                                        SetText(strText, &nPos, &strToken);
-                                        CNode* pResult = ParseExpression(&nPos, &strToken);
-                                        ReportEnd(nPos, strToken, "Error at Position %d",
-                                                  m_strError, pErrorPos, pMessage);
-                                        pResult->ApplyFormat(&g_DefaultFormat);
-                                        FreeDropped(pResult);
-                                        m_pResult = pResult;
-                                    });
-    if (!bDone)
-        FreeAll();
-    return bDone ? 1 : 0;
+    if (RunAndReport(pMessage, [&] { ParseText(strText, pErrorPos, pMessage); }))
+        return 1;
+    FreeAll();
+    return 0;
+}
+
+// Nothing is given out before all that can fail is done.
+void CFormulaParser::ParseText(const CString& strText, WORD* pErrorPos, CString* pMessage)
+{
+    WORD nPos;
+    CString strToken;
+    SetText(strText, &nPos, &strToken);
+    CNode* pResult = ParseExpression(&nPos, &strToken);
+    WORD nErrorPos;
+    CString strMessage;
+    ReportEnd(nPos, strToken, "Error at Position %d", m_strError, &nErrorPos, &strMessage);
+    pResult->ApplyFormat(&g_DefaultFormat);
+    FreeDropped(pResult);
+    m_pResult = pResult;
+    *pErrorPos = nErrorPos;
+    *pMessage = strMessage;
 }
 
 void CFormulaParser::SetText(CString strText, WORD* pPos, CString* pToken)

@@ -13,22 +13,29 @@ int s_nUntilFailure = -1;  // allocations that still succeed; negative: all
 
 }  // namespace
 
-void* operator new(std::size_t nSize)
+void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept
 {
-    void* p = s_nUntilFailure == 0 ? nullptr : std::malloc(nSize);
-    if (p == nullptr)
-        throw std::bad_alloc();
+    if (s_nUntilFailure == 0)
+        return nullptr;
     if (s_nUntilFailure > 0)
         s_nUntilFailure--;
+    return std::malloc(nSize);
+}
+
+[[gnu::noinline]] void* operator new(std::size_t nSize)
+{
+    void* p = operator new(nSize, std::nothrow);
+    if (p == nullptr)
+        throw std::bad_alloc();
     return p;
 }
 
-void operator delete(void* p) noexcept
+[[gnu::noinline]] void operator delete(void* p) noexcept
 {
     std::free(p);
 }
 
-void operator delete(void* p, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* p, std::size_t) noexcept
 {
     std::free(p);
 }
