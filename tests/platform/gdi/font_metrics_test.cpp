@@ -264,11 +264,17 @@ TEST_F(FontMetrics, NamesEndWhereTheyEnd)
     LOGFONTA font = FontOf("Symbol", -30);
     std::memset(font.lfFaceName + 7, 'x', LF_FACESIZE - 7);
     EXPECT_EQ(Extent(m_dc, font, "\xD6").cx, 16);
-    std::memset(font.lfFaceName, 'x', LF_FACESIZE);
-    testing::internal::CaptureStderr();
     CFont made;
     made.CreateFontIndirect(&font);
     LOGFONTA got{};
+    made.GetLogFont(&got);
+    EXPECT_EQ(std::string(got.lfFaceName, LF_FACESIZE),
+              std::string("Symbol") + std::string(26, '\0'));
+    made.DeleteObject();
+
+    std::memset(font.lfFaceName, 'x', LF_FACESIZE);
+    testing::internal::CaptureStderr();
+    made.CreateFontIndirect(&font);
     EXPECT_EQ(made.GetLogFont(&got), static_cast<int>(sizeof got));
     EXPECT_EQ(std::string(got.lfFaceName), std::string(31, 'x'));
     Extent(m_dc, font, "x");

@@ -77,6 +77,33 @@ TEST(GdiObjects, ADeletedOneServesUntilItIsNoLongerSelected)
     EXPECT_EQ(GetObjectA(hFont, sizeof lf, &lf), 0);
 }
 
+TEST(GdiObjects, SavedStatesThatAreDroppedLetGo)
+{
+    CClientDC dc(nullptr);
+    LOGFONTA lf = FontOf("Arial", -50);
+    HFONT hFont = CreateFontIndirectA(&lf);
+    dc.SaveDC();
+    HGDIOBJ hOld = SelectObject(dc, hFont);
+    dc.SaveDC();
+    SelectObject(dc, hOld);
+    DeleteObject(hFont);
+    EXPECT_EQ(GetObjectType(hFont), OBJ_FONT);
+    dc.RestoreDC(1);
+    EXPECT_EQ(GetObjectType(hFont), 0u);
+}
+
+TEST(GdiObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
+{
+    CRecordedDC recorded;
+    HBRUSH hBrush = CreateSolidBrush(0x123456);
+    HGDIOBJ hOld = SelectObject(recorded.m_hDC, hBrush);
+    DeleteObject(hBrush);
+    RECT rect{ 0, 0, 1, 1 };
+    FillRect(recorded.m_hDC, &rect, GetSysColorBrush(COLOR_WINDOW));
+    EXPECT_EQ(SelectObject(recorded.m_hDC, hOld), hBrush);
+    EXPECT_EQ(GetObjectType(hBrush), 0u);
+}
+
 TEST(GdiObjects, SystemBrushesAndStockObjectsOutliveTheirDeletion)
 {
     CDeletions deletions;

@@ -57,6 +57,16 @@ TEST_F(MappingTest, HundredthsOfAnInchRoundByTheirSingleFactors)
     Expect(ToDevice(17, 100), 16, -96);  // 16.32
 }
 
+// The inverse goes by the determinant in single precision: the reciprocal has another last bit.
+TEST_F(MappingTest, TheInverseIsNotTheReciprocal)
+{
+    SetHundredths(m_dc, 72);
+    Expect(ToLogical(9, 27), 13, -38);  // 12.5000006, -37.5000018
+    m_dc.SetWindowExt(1000, -1000);
+    m_dc.SetViewportExt(96, 96);
+    Expect(ToLogical(6, 6), 62, -62);  // 62.499996
+}
+
 TEST_F(MappingTest, HalvesGoUpOnBothSidesOfZero)
 {
     SetHundredths(m_dc, 150, 1);
