@@ -12,9 +12,17 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release)
 endif()
 
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+
 add_compile_options(-Wall -Wextra -Wpedantic $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>)
 if(MIVORA_WERROR)
     add_compile_options(-Werror)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 sees copies of negative length in its own std::string, and the release of a string
+    # that is never released in an inlined destructor.
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>
+                        $<$<COMPILE_LANGUAGE:CXX>:-Wno-free-nonheap-object>)
 endif()
 # The coordinate arithmetic is defined in single steps: a fused multiply-add would round differently.
 add_compile_options(-ffp-contract=off -fno-semantic-interposition)
