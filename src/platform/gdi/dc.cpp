@@ -1,13 +1,11 @@
+// Calls of the system on the handles. What sets state goes to both contexts; what asks goes to one.
 #include "platform/gdi/dc.h"
 
-#include "platform/base/exception.h"
 #include "platform/gdi/handle_map.h"
 
 #include <cstring>
 
 IMPLEMENT_DYNAMIC(CDC, CObject)
-IMPLEMENT_DYNAMIC(CClientDC, CDC)
-IMPLEMENT_DYNAMIC(CMetaFileDC, CDC)
 
 using CDCMap = CHandleMap<CDC>;
 
@@ -507,40 +505,4 @@ BOOL CDC::GetTextMetrics(TEXTMETRICA* pMetrics) const
 BOOL CDC::GetOutputTextMetrics(TEXTMETRICA* pMetrics) const
 {
     return ::GetTextMetricsA(m_hDC, pMetrics);
-}
-
-// ---- Windows, metafiles
-
-HWND (*g_pfnWindowHandle)(const CWnd*) = nullptr;
-
-CClientDC::CClientDC(CWnd* pWnd)
-{
-    if (pWnd && g_pfnWindowHandle)
-        m_hWnd = g_pfnWindowHandle(pWnd);
-    if (!Attach(::GetDC(m_hWnd)))
-        AfxThrowResourceException();
-}
-
-CClientDC::~CClientDC()
-{
-    if (m_hDC)
-        ::ReleaseDC(m_hWnd, Detach());
-}
-
-CMetaFileDC::~CMetaFileDC()
-{
-    if (m_hDC)
-        ::DeleteEnhMetaFile(::CloseEnhMetaFile(Detach()));
-}
-
-BOOL CMetaFileDC::CreateEnhanced(CDC* pReference, LPCSTR pszFile, LPCRECT pBounds,
-                                 LPCSTR pszDescription)
-{
-    return Attach(::CreateEnhMetaFileA(pReference ? pReference->m_hAttribDC : nullptr, pszFile,
-                                       pBounds, pszDescription));
-}
-
-HENHMETAFILE CMetaFileDC::CloseEnhanced()
-{
-    return ::CloseEnhMetaFile(Detach());
 }

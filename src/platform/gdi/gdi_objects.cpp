@@ -1,3 +1,4 @@
+// Calls of the system on the handles, and the wrappers of handles that others made.
 #include "platform/gdi/gdi_objects.h"
 
 #include "platform/base/system.h"

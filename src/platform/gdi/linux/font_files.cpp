@@ -1,3 +1,4 @@
+// Asks the folder and fontconfig; the latter's configuration is loaded only when it is needed.
 #include "platform/gdi/linux/font_files.h"
 
 #include "platform/base/module_path.h"

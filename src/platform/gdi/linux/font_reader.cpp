@@ -1,3 +1,4 @@
+// One pass over the file with FreeType, in font units; the file is closed afterwards.
 #include "platform/gdi/linux/font_reader.h"
 
 #include <ft2build.h>

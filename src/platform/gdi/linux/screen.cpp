@@ -1,3 +1,4 @@
+// Contexts are kept for the next caller: each measuring of a formula asks for one.
 #include "platform/gdi/linux/screen.h"
 
 #include <array>
