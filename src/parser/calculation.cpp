@@ -141,12 +141,12 @@ double CFormulaParser::CalcPrimary(WORD* pPos, CString* pToken)
 // What begins none of these has the value 0, and nothing is read.
 double CFormulaParser::ReadCalcPrimary(WORD* pPos, CString* pToken)
 {
-    if (IsDecimalChar(TokenChar(*pToken)))
+    if (IsDecimal(pToken))
     {
         const WORD nStart = *pPos;
         do
             NextChar(pPos, pToken);
-        while (IsDecimalChar(TokenChar(*pToken)));
+        while (IsDecimal(pToken));
         return ReadDecimal(TextBetween(nStart, *pPos));
     }
     if (IsToken(pToken, '('))

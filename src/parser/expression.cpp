@@ -51,7 +51,7 @@ const CRelation* FindRelation(char chOperator, bool bEqualSign)
 CNode* CFormulaParser::ParseExpression(WORD* pPos, CString* pToken)
 {
     CNode* pResult = ParseTerm(pPos, pToken);
-    while (IsRelationChar(TokenChar(*pToken)))
+    while (IsRelation(pToken))
     {
         const char chOperator = TokenChar(*pToken);
         NextChar(pPos, pToken);

@@ -46,7 +46,7 @@ CNode* CFormulaParser::ParsePrimary(WORD* pPos, CString* pToken)
 
 CNode* CFormulaParser::ReadPrimary(WORD* pPos, CString* pToken)
 {
-    if (IsNumberChar(TokenChar(*pToken)))
+    if (IsNumber(pToken))
         return ReadNumber(pPos, pToken);
     if (IsToken(pToken, '('))
         return ReadGroup(pPos, pToken);
@@ -58,7 +58,7 @@ CNode* CFormulaParser::ReadPrimary(WORD* pPos, CString* pToken)
         if (m_bEnded || pKeyword->form == EKeywordForm::List)
             return pNode;
     }
-    if (IsNameChar(TokenChar(*pToken)))
+    if (IsName(pToken))
         pNode = ReadName(pPos, pToken);
     if (pNode == nullptr)
         return NewNode(NTI_STANDARD);
@@ -74,7 +74,7 @@ CNode* CFormulaParser::ReadNumber(WORD* pPos, CString* pToken)
     const WORD nStart = *pPos;
     do
         NextChar(pPos, pToken);
-    while (IsNumberChar(TokenChar(*pToken)));
+    while (IsNumber(pToken));
     return NewNode(NTI_NUMBER, TextBetween(nStart, *pPos));
 }
 
@@ -94,7 +94,7 @@ CNode* CFormulaParser::ReadName(WORD* pPos, CString* pToken)
     const WORD nStart = *pPos;
     do
         NextChar(pPos, pToken);
-    while (IsNameChar(TokenChar(*pToken)));
+    while (IsName(pToken));
     return NewNode(NTI_VARIABLE, TextBetween(nStart, *pPos));
 }
 
