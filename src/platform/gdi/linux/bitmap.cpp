@@ -11,16 +11,12 @@
 #include <new>
 #include <vector>
 
-CBitmapObject::CBitmapObject(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels)
-    : CHandleObject(OBJ_BITMAP),
-      m_nWidth(nWidth),
-      m_nHeight(nHeight),
-      m_nBits(nBits),
-      m_pPixels(std::move(pPixels))
+CPicture::CPicture(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels)
+    : m_nWidth(nWidth), m_nHeight(nHeight), m_nBits(nBits), m_pPixels(std::move(pPixels))
 {
 }
 
-std::unique_ptr<CBitmapObject> CBitmapObject::Create(int nWidth, int nHeight, int nBits)
+std::unique_ptr<CPicture> CPicture::Create(int nWidth, int nHeight, int nBits)
 {
     if (nWidth < 1 || nHeight < 1 || nWidth > MAX_SIDE || nHeight > MAX_SIDE ||
         std::int64_t{ nWidth } * nHeight > MAX_PIXELS || !IsPixelDepth(nBits))
@@ -31,11 +27,11 @@ std::unique_ptr<CBitmapObject> CBitmapObject::Create(int nWidth, int nHeight, in
     CPixelsPtr pPixels(static_cast<CPixel*>(std::calloc(nPixels, sizeof(CPixel))));
     if (!pPixels)
         return nullptr;
-    return std::unique_ptr<CBitmapObject>(
-        new (std::nothrow) CBitmapObject(nWidth, nHeight, nBits, std::move(pPixels)));
+    return std::unique_ptr<CPicture>(new (std::nothrow)
+                                         CPicture(nWidth, nHeight, nBits, std::move(pPixels)));
 }
 
-CPixel* CBitmapObject::Row(int y)
+CPixel* CPicture::Row(int y)
 {
     if (m_bCairoDrew)
     {
@@ -46,7 +42,7 @@ CPixel* CBitmapObject::Row(int y)
     return m_pPixels.get() + static_cast<std::ptrdiff_t>(y) * m_nWidth;
 }
 
-cairo_surface_t* CBitmapObject::Surface()
+cairo_surface_t* CPicture::Surface()
 {
     if (!m_pSurface)
     {
@@ -68,12 +64,12 @@ cairo_surface_t* CBitmapObject::Surface()
     return m_pSurface.get();
 }
 
-CPixel CBitmapObject::ReadPixel(int x, int y)
+CPixel CPicture::ReadPixel(int x, int y)
 {
     return NearestPixel(Row(y)[x], m_nBits);
 }
 
-void CBitmapObject::ReadRow(int x, int y, std::span<CPixel> pixels)
+void CPicture::ReadRow(int x, int y, std::span<CPixel> pixels)
 {
     const CPixel* pFrom = Row(y) + x;
     if (m_nBits >= 24)
@@ -84,15 +80,35 @@ void CBitmapObject::ReadRow(int x, int y, std::span<CPixel> pixels)
                        [this](CPixel pixel) { return NearestPixel(pixel, m_nBits); });
 }
 
+CBitmapObject* CBitmapObject::Create(std::unique_ptr<CPicture> pPicture)
+{
+    CBitmapObject* pBitmap = Take(OBJ_BITMAP);
+    pBitmap->m_pPicture = std::move(pPicture);
+    return pBitmap;
+}
+
+void CBitmapObject::Recycle()
+{
+    m_pPicture.reset();
+    CRecycled::Recycle();
+}
+
 int CBitmapObject::Describe(int cb, void* pBuffer) const
 {
+    const CPicture& picture = Picture();
     BITMAP bitmap{};
-    bitmap.bmWidth = m_nWidth;
-    bitmap.bmHeight = m_nHeight;
-    bitmap.bmWidthBytes = static_cast<LONG>(RowBytes(static_cast<unsigned>(m_nWidth), m_nBits, 2));
+    bitmap.bmWidth = picture.Width();
+    bitmap.bmHeight = picture.Height();
+    bitmap.bmWidthBytes =
+        static_cast<LONG>(RowBytes(static_cast<unsigned>(picture.Width()), picture.Bits(), 2));
     bitmap.bmPlanes = 1;
-    bitmap.bmBitsPixel = static_cast<WORD>(m_nBits);
+    bitmap.bmBitsPixel = static_cast<WORD>(picture.Bits());
     return DescribeBytes(&bitmap, sizeof bitmap, cb, pBuffer);
+}
+
+CPicture* SelectedPicture(const CDeviceContext& dc)
+{
+    return dc.Bitmap() ? &static_cast<CBitmapObject*>(dc.Bitmap())->Picture() : nullptr;
 }
 
 CHandleObject& DefaultBitmap()
@@ -100,11 +116,12 @@ CHandleObject& DefaultBitmap()
     // Never freed: device contexts may let go of it when the process ends.
     static CBitmapObject* const s_pBitmap = []
     {
-        std::unique_ptr<CBitmapObject> pBitmap = CBitmapObject::Create(1, 1, 1);
-        if (!pBitmap)
+        std::unique_ptr<CPicture> pPicture = CPicture::Create(1, 1, 1);
+        if (!pPicture)
             throw std::bad_alloc();
+        CBitmapObject* pBitmap = CBitmapObject::Create(std::move(pPicture));
         pBitmap->MakePermanent(CHandleObject::NOT_STOCK);
-        return pBitmap.release();
+        return pBitmap;
     }();
     return *s_pBitmap;
 }
@@ -131,14 +148,14 @@ HBITMAP Fail(int nError)
 }
 
 // Initial content: rows from the top down, filled up to 16 bits.
-void FillFrom(CBitmapObject& bitmap, const void* pBits)
+void FillFrom(CPicture& picture, const void* pBits)
 {
     const auto* pRow = static_cast<const BYTE*>(pBits);
-    const auto nWidth = static_cast<std::size_t>(bitmap.Width());
-    for (int y = 0; y < bitmap.Height(); ++y)
+    const auto nWidth = static_cast<std::size_t>(picture.Width());
+    for (int y = 0; y < picture.Height(); ++y)
     {
-        UnpackRow(pRow, bitmap.Bits(), DepthColours(bitmap.Bits()), { bitmap.Row(y), nWidth });
-        pRow += RowBytes(nWidth, bitmap.Bits(), 2);
+        UnpackRow(pRow, picture.Bits(), DepthColours(picture.Bits()), { picture.Row(y), nWidth });
+        pRow += RowBytes(nWidth, picture.Bits(), 2);
     }
 }
 
@@ -154,20 +171,20 @@ HBITMAP CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, cons
     }
     if (nWidth < 0 || nHeight < 0 || nBits == 0)
         return Fail(EINVAL);
-    std::unique_ptr<CBitmapObject> pBitmap = CBitmapObject::Create(nWidth, nHeight, nBits);
-    if (!pBitmap)
+    std::unique_ptr<CPicture> pPicture = CPicture::Create(nWidth, nHeight, nBits);
+    if (!pPicture)
         return Fail(ENOMEM);
     if (pBits)
-        FillFrom(*pBitmap, pBits);
-    return static_cast<HBITMAP>(pBitmap.release()->Handle());
+        FillFrom(*pPicture, pBits);
+    return static_cast<HBITMAP>(CBitmapObject::Create(std::move(pPicture))->Handle());
 }
 
 HBITMAP CreateCompatibleBitmap(HDC hDC, int nWidth, int nHeight)
 {
     if (!hDC)
         return Fail(EINVAL);
-    const int nBits = hDC->Bitmap() ? static_cast<CBitmapObject*>(hDC->Bitmap())->Bits()
-                                    : hDC->Device().m_nBitsPixel;
+    const CPicture* pSelected = SelectedPicture(*hDC);
+    const int nBits = pSelected ? pSelected->Bits() : hDC->Device().m_nBitsPixel;
     return CreateBitmap(nWidth, nHeight, 1, static_cast<UINT>(nBits), nullptr);
 }
 
@@ -211,21 +228,22 @@ cairo_status_t WritePiece(void* pContext, const unsigned char* pData, unsigned n
 
 bool WriteBitmapPng(HBITMAP hBitmap, const CByteSink& sink)
 {
-    CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
+    const CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
     if (!pBitmap)
         return false;
-    std::unique_ptr<CBitmapObject> pReduced;
-    if (pBitmap->Bits() < 24)
+    CPicture* pPicture = &pBitmap->Picture();
+    std::unique_ptr<CPicture> pReduced;
+    if (pPicture->Bits() < 24)
     {
-        pReduced = CBitmapObject::Create(pBitmap->Width(), pBitmap->Height(), 32);
+        pReduced = CPicture::Create(pPicture->Width(), pPicture->Height(), 32);
         if (!pReduced)
             return false;
-        for (int y = 0; y < pBitmap->Height(); ++y)
-            pBitmap->ReadRow(0, y,
-                             { pReduced->Row(y), static_cast<std::size_t>(pBitmap->Width()) });
-        pBitmap = pReduced.get();
+        const auto nWidth = static_cast<std::size_t>(pPicture->Width());
+        for (int y = 0; y < pPicture->Height(); ++y)
+            pPicture->ReadRow(0, y, { pReduced->Row(y), nWidth });
+        pPicture = pReduced.get();
     }
-    cairo_surface_t* pSurface = pBitmap->Surface();
+    cairo_surface_t* pSurface = pPicture->Surface();
     if (!pSurface)
         return false;
     CPngSink png{ sink, nullptr };

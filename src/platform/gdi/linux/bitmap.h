@@ -1,16 +1,18 @@
-// The object behind HBITMAP.
+// Pictures in memory, and the object behind HBITMAP.
 #pragma once
 
 #include "platform/gdi/linux/cairo_handles.h"
-#include "platform/gdi/linux/gdi_object.h"
+#include "platform/gdi/linux/draw_target.h"
 #include "platform/gdi/linux/pixel_rows.h"
 
+#include <cstdlib>
 #include <functional>
+#include <memory>
 #include <span>
 
 // A picture of 1 to 32 bits a pixel. It is drawn on in the 32-bit working form, whatever its depth;
 // who reads gets the nearest colours that the depth can hold.
-class CBitmapObject final : public CHandleObject
+class CPicture
 {
 public:
     // Cairo's own bound of an image's sides, and a bound of the memory, in pixels.
@@ -19,7 +21,7 @@ public:
 
     // All black. Null for a depth that does not exist, a size that is not positive or too large,
     // or when memory is short.
-    static std::unique_ptr<CBitmapObject> Create(int nWidth, int nHeight, int nBits);
+    static std::unique_ptr<CPicture> Create(int nWidth, int nHeight, int nBits);
 
     int Width() const { return m_nWidth; }
     int Height() const { return m_nHeight; }
@@ -34,9 +36,6 @@ public:
     CPixel ReadPixel(int x, int y);
     void ReadRow(int x, int y, std::span<CPixel> pixels);
 
-    // A BITMAP; rows count as filled up to 16 bits.
-    int Describe(int cb, void* pBuffer) const override;
-
 private:
     struct CFreePixels
     {
@@ -44,7 +43,7 @@ private:
     };
     using CPixelsPtr = std::unique_ptr<CPixel[], CFreePixels>;
 
-    CBitmapObject(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels);
+    CPicture(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels);
 
     int m_nWidth;
     int m_nHeight;
@@ -54,6 +53,26 @@ private:
     bool m_bCairoDrew = false;
     bool m_bPixelsChanged = false;
 };
+
+class CBitmapObject final : public CRecycled<CBitmapObject>
+{
+public:
+    CBitmapObject() : CRecycled(OBJ_BITMAP) {}
+    static CBitmapObject* Create(std::unique_ptr<CPicture> pPicture);
+    CPicture& Picture() const { return *m_pPicture; }
+
+    // A BITMAP; rows count as filled up to 16 bits.
+    int Describe(int cb, void* pBuffer) const override;
+
+protected:
+    void Recycle() override;
+
+private:
+    std::unique_ptr<CPicture> m_pPicture;  // null once it was deleted
+};
+
+// The picture that a memory device context draws on; null for other contexts.
+CPicture* SelectedPicture(const CDeviceContext& dc);
 
 inline CBitmapObject* BitmapFromHandle(HBITMAP hBitmap)
 {

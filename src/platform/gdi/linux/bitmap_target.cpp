@@ -83,7 +83,7 @@ constexpr double OUTLINE_PPEM = 256;
 class CBitmapTarget final : public CCairoTarget
 {
 public:
-    explicit CBitmapTarget(CBitmapObject& bitmap) : m_bitmap(bitmap) {}
+    explicit CBitmapTarget(CPicture& picture) : m_picture(picture) {}
 
     bool SetPixel(CDeviceContext& dc, POINT point, COLORREF colour) override;
     COLORREF GetPixel(CDeviceContext& dc, POINT point) override;
@@ -104,7 +104,7 @@ private:
     bool BeginCairo();
     bool EndCairo();
 
-    CBitmapObject& m_bitmap;
+    CPicture& m_picture;
     CCairoPtr m_pCairo;  // made when text or a wide line is drawn
     CScaledFontPtr m_pFont;
     COLORREF m_crText = CLR_INVALID;  // what the context has as its source
@@ -112,7 +112,7 @@ private:
 
 RECT CBitmapTarget::Clip(const CDrawState& state) const
 {
-    const RECT all{ 0, 0, m_bitmap.Width(), m_bitmap.Height() };
+    const RECT all{ 0, 0, m_picture.Width(), m_picture.Height() };
     return state.m_clip ? IntersectBoxes(all, *state.m_clip) : all;
 }
 
@@ -121,7 +121,7 @@ void CBitmapTarget::FillSolid(const RECT& box, CPixel pixel, CRasterOp op)
     const std::ptrdiff_t nWidth = box.right - box.left;
     for (int y = box.top; y < box.bottom; ++y)
     {
-        CPixel* pRow = m_bitmap.Row(y) + box.left;
+        CPixel* pRow = m_picture.Row(y) + box.left;
         if (op == OP_COPY)
             std::fill_n(pRow, nWidth, pixel);
         else
@@ -146,7 +146,7 @@ bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFil
     for (int y = clipped.top; y < clipped.bottom; ++y)
     {
         const unsigned nRow = rows[static_cast<std::size_t>(y & 7)];
-        CPixel* pRow = m_bitmap.Row(y);
+        CPixel* pRow = m_picture.Row(y);
         for (int x = clipped.left; x < clipped.right; ++x)
         {
             if (nRow >> (7 - (x & 7)) & 1)
@@ -184,7 +184,7 @@ bool CBitmapTarget::DrawLine(const CDrawState& state, POINT from, POINT to, cons
                  const bool bDrawn = IsDrawn(pattern, nStep);
                  if (!bDrawn && state.m_nBkMode != OPAQUE)
                      return;
-                 CPixel& place = m_bitmap.Row(y)[x];
+                 CPixel& place = m_picture.Row(y)[x];
                  place = Combine(op, place, bDrawn ? pixel : between);
              });
     return true;
@@ -279,7 +279,7 @@ bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
 // Also tells cairo that the pixels have changed since.
 bool CBitmapTarget::BeginCairo()
 {
-    cairo_surface_t* pSurface = m_bitmap.Surface();
+    cairo_surface_t* pSurface = m_picture.Surface();
     if (!m_pCairo && pSurface)
     {
         m_pCairo.reset(cairo_create(pSurface));
@@ -304,7 +304,7 @@ bool CBitmapTarget::SetPixel(CDeviceContext& dc, POINT point, COLORREF colour)
     const RECT clip = Clip(dc.State());
     if (x < clip.left || y < clip.top || x >= clip.right || y >= clip.bottom)
         return false;
-    m_bitmap.Row(y)[x] = PixelFromColour(colour);
+    m_picture.Row(y)[x] = PixelFromColour(colour);
     return true;
 }
 
@@ -314,18 +314,18 @@ COLORREF CBitmapTarget::GetPixel(CDeviceContext& dc, POINT point)
     const RECT clip = Clip(dc.State());
     if (x < clip.left || y < clip.top || x >= clip.right || y >= clip.bottom)
         return CLR_INVALID;
-    return ColourFromPixel(m_bitmap.ReadPixel(x, y));
+    return ColourFromPixel(m_picture.ReadPixel(x, y));
 }
 
 bool CBitmapTarget::PutPicture(const CDrawState& state, const CPictureTransfer& transfer)
 {
-    return StretchPicture(transfer, m_bitmap, Clip(state));
+    return StretchPicture(transfer, m_picture, Clip(state));
 }
 
 }  // namespace
 
 std::unique_ptr<CDrawTarget> MakeBitmapTarget(CHandleObject& bitmap)
 {
-    return std::unique_ptr<CDrawTarget>(new (std::nothrow)
-                                            CBitmapTarget(static_cast<CBitmapObject&>(bitmap)));
+    return std::unique_ptr<CDrawTarget>(
+        new (std::nothrow) CBitmapTarget(static_cast<CBitmapObject&>(bitmap).Picture()));
 }

@@ -8,6 +8,7 @@
 #include <cairo-ft.h>
 
 #include <array>
+#include <cmath>
 #include <unordered_map>
 
 namespace
@@ -29,25 +30,41 @@ FT_Face OpenFace(const CFontFace& face)
 
 struct CDrawnFace
 {
-    CFontFacePtr m_apFaces[2];  // by CHinting; null: the file cannot be read
+    FT_Face m_pFace = nullptr;  // null: the file cannot be read
+    CFontFacePtr m_apFaces[2];  // by CHinting; made when first needed
 };
 
-const CDrawnFace& DrawnFace(const CFontFace& face)
+// A face whose font could not be made is spoilt for ever; then a new one takes its place.
+cairo_font_face_t* DrawnFace(const CFontFace& face, CHinting hinting)
 {
     static auto* const s_pFaces = new std::unordered_map<const CFontFace*, CDrawnFace>;
     const auto [it, bNew] = s_pFaces->try_emplace(&face);
-    FT_Face pFace = bNew ? OpenFace(face) : nullptr;
-    if (!pFace)
-        return it->second;
-    constexpr int anFlags[] = { FT_LOAD_DEFAULT, FT_LOAD_NO_HINTING };
-    for (std::size_t i = 0; i < std::size(anFlags); ++i)
+    CDrawnFace& drawn = it->second;
+    if (bNew)
+        drawn.m_pFace = OpenFace(face);
+    if (!drawn.m_pFace)
+        return nullptr;
+    CFontFacePtr& pFace = drawn.m_apFaces[static_cast<int>(hinting)];
+    if (!pFace || cairo_font_face_status(pFace.get()) != CAIRO_STATUS_SUCCESS)
     {
-        CFontFacePtr& pDrawn = it->second.m_apFaces[i];
-        pDrawn.reset(cairo_ft_font_face_create_for_ft_face(pFace, anFlags[i]));
+        pFace.reset(cairo_ft_font_face_create_for_ft_face(
+            drawn.m_pFace, hinting == CHinting::pixels ? FT_LOAD_DEFAULT : FT_LOAD_NO_HINTING));
         if (face.m_bFakeBold)
-            cairo_ft_font_face_set_synthesize(pDrawn.get(), CAIRO_FT_SYNTHESIZE_BOLD);
+            cairo_ft_font_face_set_synthesize(pFace.get(), CAIRO_FT_SYNTHESIZE_BOLD);
     }
-    return it->second;
+    return pFace.get();
+}
+
+// What FreeType can scale, and a bitmap can show. Asking for more spoils the face.
+bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
+{
+    constexpr double MAX_SIZE = 32767;
+    constexpr double MIN_AREA = 1e-4;
+    cairo_matrix_t scale;
+    cairo_matrix_multiply(&scale, &size, &matrix);
+    return std::hypot(scale.xx, scale.yx) <= MAX_SIZE &&
+           std::hypot(scale.xy, scale.yy) <= MAX_SIZE &&
+           std::abs(scale.xx * scale.yy - scale.xy * scale.yx) >= MIN_AREA;
 }
 
 const cairo_font_options_t* FontOptions(CHinting hinting)
@@ -111,16 +128,15 @@ cairo_scaled_font_t* FindScaledFont(const CRealizedFont& font, CHinting hinting)
 CScaledFontPtr MakeScaledFont(const CRealizedFont& font, CHinting hinting,
                               const cairo_matrix_t& matrix)
 {
-    const CFontFacePtr& pFace = DrawnFace(font.Face()).m_apFaces[static_cast<int>(hinting)];
-    if (!pFace)
-        return nullptr;
     const double fHeight = font.Ppem();
     const double fWidth = fHeight * font.WidthRatio();
     cairo_matrix_t size;
     cairo_matrix_init(&size, fWidth, 0, font.Face().m_bFakeItalic ? -s_fItalicShear * fWidth : 0,
                       fHeight, 0, 0);
-    CScaledFontPtr pScaled(
-        cairo_scaled_font_create(pFace.get(), &size, &matrix, FontOptions(hinting)));
+    cairo_font_face_t* pFace = IsDrawable(size, matrix) ? DrawnFace(font.Face(), hinting) : nullptr;
+    if (!pFace)
+        return nullptr;
+    CScaledFontPtr pScaled(cairo_scaled_font_create(pFace, &size, &matrix, FontOptions(hinting)));
     if (cairo_scaled_font_status(pScaled.get()) != CAIRO_STATUS_SUCCESS)
         return nullptr;
     return pScaled;

@@ -197,12 +197,13 @@ bool CCairoTarget::StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext
                               const RECT& from, DWORD nRop)
 {
     const std::optional<CRasterOp> op = SourceOp(nRop);
-    if (!op || !source.Bitmap())
+    CPicture* pSource = SelectedPicture(source);
+    if (!op || !pSource)
         return false;
     const RECT toCorners = ToDeviceCorners(dc.Mapping(), to);
     const RECT fromCorners = ToDeviceCorners(source.Mapping(), from);
     const CPictureTransfer transfer{
-        *static_cast<CBitmapObject*>(source.Bitmap()),
+        *pSource,
         ShiftInverted(fromCorners),
         ShiftInverted(toCorners),
         (toCorners.left > toCorners.right) != (fromCorners.left > fromCorners.right),

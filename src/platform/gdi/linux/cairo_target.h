@@ -37,7 +37,7 @@ struct CFill
 // they become on the destination.
 struct CPictureTransfer
 {
-    CBitmapObject& m_source;
+    CPicture& m_source;
     RECT m_from;  // device pixels of the source, normalised; may reach beyond the bitmap
     RECT m_to;
     bool m_bMirrorX;

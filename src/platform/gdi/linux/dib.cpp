@@ -108,16 +108,16 @@ std::vector<CPixel> ReadTable(const BITMAPINFO& info, UINT nUsage)
 }
 
 // With no depth in the header: what the bitmap is.
-int TellFormat(const CBitmapObject& bitmap, BITMAPINFOHEADER& header)
+int TellFormat(const CPicture& picture, BITMAPINFOHEADER& header)
 {
-    header.biWidth = bitmap.Width();
-    header.biHeight = bitmap.Height();
+    header.biWidth = picture.Width();
+    header.biHeight = picture.Height();
     header.biPlanes = 1;
-    header.biBitCount = static_cast<WORD>(bitmap.Bits());
+    header.biBitCount = static_cast<WORD>(picture.Bits());
     header.biCompression = BI_RGB;
     header.biSizeImage =
-        static_cast<DWORD>(RowBytes(static_cast<unsigned>(bitmap.Width()), bitmap.Bits(), 4) *
-                           static_cast<unsigned>(bitmap.Height()));
+        static_cast<DWORD>(RowBytes(static_cast<unsigned>(picture.Width()), picture.Bits(), 4) *
+                           static_cast<unsigned>(picture.Height()));
     header.biXPelsPerMeter = header.biYPelsPerMeter = 0;
     header.biClrUsed = header.biClrImportant = 0;
     return 1;
@@ -146,12 +146,13 @@ int WalkLines(const CDibFormat& format, UINT nStart, UINT nLines, int nBitmapHei
 int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, BITMAPINFO* pInfo,
               UINT nUsage)
 {
-    CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
+    const CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
     if (!hDC || !pBitmap || !pInfo)
         return Fail(EINVAL);
     BITMAPINFOHEADER& header = pInfo->bmiHeader;
     if (header.biBitCount == 0 && !pBits && IsHeaderSize(header.biSize))
-        return TellFormat(*pBitmap, header);
+        return TellFormat(pBitmap->Picture(), header);
+    CPicture& picture = pBitmap->Picture();
     const std::optional<CDibFormat> format = CheckFormat(header);
     if (!format)
         return Fail(EINVAL);
@@ -163,11 +164,11 @@ int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, 
     if (!pBits)
         return format->m_nHeight;
     std::vector<CPixel> pixels(static_cast<std::size_t>(format->m_nWidth));
-    const auto nShared = static_cast<std::size_t>(std::min(format->m_nWidth, pBitmap->Width()));
-    return WalkLines(*format, nStart, nLines, pBitmap->Height(), static_cast<BYTE*>(pBits),
+    const auto nShared = static_cast<std::size_t>(std::min(format->m_nWidth, picture.Width()));
+    return WalkLines(*format, nStart, nLines, picture.Height(), static_cast<BYTE*>(pBits),
                      [&](int y, BYTE* pRow)
                      {
-                         pBitmap->ReadRow(0, y, std::span(pixels).first(nShared));
+                         picture.ReadRow(0, y, std::span(pixels).first(nShared));
                          std::fill_n(pRow, format->m_nRowBytes, BYTE{ 0 });
                          PackRow(pixels, format->m_nBits, pRow);
                      });
@@ -176,17 +177,18 @@ int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, 
 int SetDIBits(HDC, HBITMAP hBitmap, UINT nStart, UINT nLines, const void* pBits,
               const BITMAPINFO* pInfo, UINT nUsage)
 {
-    CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
+    const CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
     if (!pBitmap || !pInfo || !pBits)
         return Fail(EINVAL);
+    CPicture& picture = pBitmap->Picture();
     const std::optional<CDibFormat> format = CheckFormat(pInfo->bmiHeader);
     if (!format)
         return Fail(EINVAL);
     const std::vector<CPixel> table = ReadTable(*pInfo, nUsage);
-    const auto nShared = static_cast<std::size_t>(std::min(format->m_nWidth, pBitmap->Width()));
-    return WalkLines(*format, nStart, nLines, pBitmap->Height(),
+    const auto nShared = static_cast<std::size_t>(std::min(format->m_nWidth, picture.Width()));
+    return WalkLines(*format, nStart, nLines, picture.Height(),
                      const_cast<BYTE*>(static_cast<const BYTE*>(pBits)),
                      [&](int y, const BYTE* pRow) {
-                         UnpackRow(pRow, format->m_nBits, table, { pBitmap->Row(y), nShared });
+                         UnpackRow(pRow, format->m_nBits, table, { picture.Row(y), nShared });
                      });
 }

@@ -256,7 +256,7 @@ bool CHostTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
 
 bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& transfer)
 {
-    const CBitmapObject& source = transfer.m_source;
+    const CPicture& source = transfer.m_source;
     const RECT& from = transfer.m_from;
     const RECT& to = transfer.m_to;
     const RECT part = IntersectBoxes(from, { 0, 0, source.Width(), source.Height() });
@@ -265,8 +265,7 @@ bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& tr
     if (IsEmptyBox(part))
         return true;
     constexpr int BITS = 32;
-    const auto pPicture =
-        CBitmapObject::Create(part.right - part.left, part.bottom - part.top, BITS);
+    const auto pPicture = CPicture::Create(part.right - part.left, part.bottom - part.top, BITS);
     if (!pPicture)
         return false;
     for (int y = 0; y < pPicture->Height(); ++y)

@@ -88,14 +88,16 @@ int Distance(CPixel a, CPixel b)
     return nRed * nRed + nGreen * nGreen + nBlue * nBlue;
 }
 
+// Of equal colours the ends of the table win: they are the system's.
 BYTE SearchNearest(CPixel pixel, std::span<const CPixel> colours)
 {
     std::size_t nBest = 0;
     int nDistance = std::numeric_limits<int>::max();
-    for (std::size_t i = 0; i < colours.size() && nDistance > 0; ++i)
+    const std::size_t nLightEnd = colours.size() - s_aLight.size();
+    for (std::size_t i = 0; i < colours.size(); ++i)
     {
         const int nNew = Distance(pixel, colours[i]);
-        if (nNew < nDistance)
+        if (nNew < nDistance || (nNew == nDistance && nBest >= s_aDark.size() && i >= nLightEnd))
         {
             nDistance = nNew;
             nBest = i;

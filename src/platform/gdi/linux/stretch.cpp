@@ -94,7 +94,7 @@ public:
         const bool bOne = transfer.m_nStretchMode == COLORONCOLOR;
         const RECT& to = transfer.m_to;
         const RECT& from = transfer.m_from;
-        const CBitmapObject& source = transfer.m_source;
+        const CPicture& source = transfer.m_source;
         m_rows = { to.top,          to.bottom - to.top,  from.top, from.bottom - from.top,
                    source.Height(), transfer.m_bMirrorY, bOne };
         const CAxis columns{ to.left,        to.right - to.left,  from.left, from.right - from.left,
@@ -167,9 +167,9 @@ private:
 };
 
 // The source as it is now, so that it can be drawn on.
-std::unique_ptr<CBitmapObject> CopySource(CBitmapObject& source)
+std::unique_ptr<CPicture> CopySource(CPicture& source)
 {
-    auto pCopy = CBitmapObject::Create(source.Width(), source.Height(), source.Bits());
+    auto pCopy = CPicture::Create(source.Width(), source.Height(), source.Bits());
     for (int y = 0; pCopy && y < source.Height(); ++y)
         std::copy_n(source.Row(y), source.Width(), pCopy->Row(y));
     return pCopy;
@@ -196,14 +196,14 @@ void ReadForDestination(const CPictureTransfer& transfer, int nBits, int x, int 
     }
 }
 
-bool StretchPicture(const CPictureTransfer& transfer, CBitmapObject& destination, const RECT& clip)
+bool StretchPicture(const CPictureTransfer& transfer, CPicture& destination, const RECT& clip)
 {
     const RECT box = IntersectBoxes(transfer.m_to, clip);
     if (IsEmptyBox(box))
         return true;
     if (&transfer.m_source == &destination)
     {
-        const std::unique_ptr<CBitmapObject> pCopy = CopySource(destination);
+        const std::unique_ptr<CPicture> pCopy = CopySource(destination);
         return pCopy &&
                StretchPicture({ *pCopy, transfer.m_from, transfer.m_to, transfer.m_bMirrorX,
                                 transfer.m_bMirrorY, transfer.m_nStretchMode, transfer.m_op,

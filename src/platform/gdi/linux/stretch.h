@@ -10,4 +10,4 @@ void ReadForDestination(const CPictureTransfer& transfer, int nBits, int x, int 
 
 // Draws within the clip, which lies inside the destination. Pixels that have no source are left
 // alone. False when memory is short.
-bool StretchPicture(const CPictureTransfer& transfer, CBitmapObject& destination, const RECT& clip);
+bool StretchPicture(const CPictureTransfer& transfer, CPicture& destination, const RECT& clip);

@@ -1,0 +1,507 @@
+// Bitmaps of all depths: making them, their colours, device-independent bitmaps, block transfers.
+#include "platform/gdi/memory_picture.h"
+
+#include "platform/base/system.h"
+#include "platform/gdi/linux/bitmap.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace
+{
+
+using CLines = std::vector<std::string>;
+using CBytes = std::vector<BYTE>;
+
+// Header, colour table and nothing behind: a write too far is a fault that the checks see.
+struct CInfo
+{
+    CInfo(int nWidth, int nHeight, WORD nBits, DWORD nCompression = BI_RGB)
+        : m_bytes(sizeof(BITMAPINFOHEADER) + TableBytes(nBits, nCompression))
+    {
+        Header().biSize = sizeof(BITMAPINFOHEADER);
+        Header().biWidth = nWidth;
+        Header().biHeight = nHeight;
+        Header().biPlanes = 1;
+        Header().biBitCount = nBits;
+        Header().biCompression = nCompression;
+    }
+    static std::size_t TableBytes(WORD nBits, DWORD nCompression)
+    {
+        if (nCompression == BI_BITFIELDS)
+            return 12;
+        return nBits >= 1 && nBits <= 8 ? sizeof(RGBQUAD) << nBits : 0;
+    }
+    BITMAPINFO* Get() { return reinterpret_cast<BITMAPINFO*>(m_bytes.data()); }
+    BITMAPINFOHEADER& Header() { return Get()->bmiHeader; }
+    DWORD Colour(std::size_t n) const
+    {
+        DWORD quad = 0;
+        std::memcpy(&quad, m_bytes.data() + sizeof(BITMAPINFOHEADER) + n * sizeof quad,
+                    sizeof quad);
+        return quad;
+    }
+    std::vector<BYTE> m_bytes;
+};
+
+CBytes ReadBits(HDC hDC, HBITMAP hBitmap, CInfo& info)
+{
+    EXPECT_NE(GetDIBits(hDC, hBitmap, 0, 1, nullptr, info.Get(), DIB_RGB_COLORS), 0);
+    CBytes bits(info.Header().biSizeImage, 0xEE);
+    const int nHeight = std::abs(info.Header().biHeight);
+    EXPECT_EQ(GetDIBits(hDC, hBitmap, 0, static_cast<UINT>(nHeight), bits.data(), info.Get(),
+                        DIB_RGB_COLORS),
+              nHeight);
+    return bits;
+}
+
+TEST(Bitmaps, AreMadeInTheSystemsDepths)
+{
+    const struct
+    {
+        int nWidth, nHeight;
+        UINT nPlanes, nBits;
+        int nMadeWidth, nMadeHeight, nMadeBits, nRowBytes;  // all 0: refused
+    } aCases[] = {
+        { 5, 7, 1, 1, 5, 7, 1, 2 },          { 17, 7, 1, 1, 17, 7, 1, 4 },
+        { 5, 7, 1, 2, 5, 7, 4, 4 },          { 5, 7, 4, 1, 5, 7, 4, 4 },
+        { 5, 7, 1, 8, 5, 7, 8, 6 },          { 5, 7, 1, 15, 5, 7, 16, 10 },
+        { 5, 7, 1, 24, 5, 7, 24, 16 },       { 5, 7, 1, 32, 5, 7, 32, 20 },
+        { 0, 7, 1, 32, 1, 1, 1, 2 },         { 7, 0, 9, 99, 1, 1, 1, 2 },
+        { 5, 7, 1, 33, 0, 0, 0, 0 },         { 5, 7, 0x80000001, 2, 0, 0, 0, 0 },
+        { 5, 7, 0, 32, 0, 0, 0, 0 },         { -5, 7, 1, 32, 0, 0, 0, 0 },
+        { 5, -7, 1, 32, 0, 0, 0, 0 },        { INT32_MAX, INT32_MAX, 1, 32, 0, 0, 0, 0 },
+        { 65536, 65536, 1, 1, 0, 0, 0, 0 },  { 32768, 1, 1, 1, 0, 0, 0, 0 },
+        { 32767, 32767, 1, 32, 0, 0, 0, 0 }, { 32767, 1, 1, 32, 32767, 1, 32, 131068 },
+    };
+    for (const auto& c : aCases)
+    {
+        const HBITMAP hBitmap = CreateBitmap(c.nWidth, c.nHeight, c.nPlanes, c.nBits, nullptr);
+        BITMAP bitmap{};
+        EXPECT_EQ(GetObjectA(hBitmap, sizeof bitmap, &bitmap),
+                  c.nMadeBits ? static_cast<int>(sizeof bitmap) : 0);
+        EXPECT_EQ(bitmap.bmWidth, c.nMadeWidth) << c.nWidth << 'x' << c.nHeight << ' ' << c.nBits;
+        EXPECT_EQ(bitmap.bmHeight, c.nMadeHeight);
+        EXPECT_EQ(bitmap.bmBitsPixel, c.nMadeBits);
+        EXPECT_EQ(bitmap.bmWidthBytes, c.nRowBytes);
+        EXPECT_EQ(bitmap.bmPlanes, c.nMadeBits ? 1 : 0);
+        EXPECT_EQ(DeleteObject(hBitmap), c.nMadeBits ? TRUE : FALSE);
+    }
+}
+
+TEST(Bitmaps, CompatibleOnesHaveTheDepthOfWhatIsSelected)
+{
+    CMemoryPicture deep(2, 2, 8);
+    const HDC hEmpty = CreateCompatibleDC(nullptr);
+    const HDC hScreen = GetDC(nullptr);
+    const struct
+    {
+        HDC hDC;
+        int nBits;
+    } aCases[] = { { deep, 8 }, { hEmpty, 1 }, { hScreen, 32 } };
+    for (const auto& c : aCases)
+    {
+        const HBITMAP hBitmap = CreateCompatibleBitmap(c.hDC, 3, 3);
+        BITMAP bitmap{};
+        GetObjectA(hBitmap, sizeof bitmap, &bitmap);
+        EXPECT_EQ(bitmap.bmBitsPixel, c.nBits);
+        DeleteObject(hBitmap);
+    }
+    EXPECT_EQ(CreateCompatibleBitmap(nullptr, 3, 3), nullptr);
+    ReleaseDC(nullptr, hScreen);
+    DeleteDC(hEmpty);
+}
+
+TEST(Bitmaps, AreSelectedIntoOneMemoryContextOnly)
+{
+    CMemoryPicture picture(4, 4);
+    const HDC hOther = CreateCompatibleDC(nullptr);
+    const HDC hScreen = GetDC(nullptr);
+    EXPECT_EQ(SelectObject(hOther, picture.Bitmap()), nullptr);
+    EXPECT_EQ(SelectObject(hScreen, picture.Bitmap()), nullptr);
+    // With none selected, drawing has no effect and does no harm.
+    EXPECT_TRUE(PatBlt(hOther, 0, 0, 9, 9, WHITENESS));
+    EXPECT_TRUE(LineTo(hOther, 9, 9));
+    EXPECT_TRUE(TextOutA(hOther, 0, 0, "x", 1));
+    EXPECT_EQ(GetPixel(hOther, 0, 0), CLR_INVALID);
+    EXPECT_EQ(SetPixel(hOther, 0, 0, 0), CLR_INVALID);
+    EXPECT_EQ(SetPixel(picture, 4, 0, 0), CLR_INVALID);
+    EXPECT_EQ(GetPixel(picture, 0, -1), CLR_INVALID);
+    EXPECT_EQ(GetPixel(nullptr, 0, 0), CLR_INVALID);
+    ReleaseDC(nullptr, hScreen);
+    DeleteDC(hOther);
+}
+
+// A bitmap that is deleted while it is selected goes when it is let go of.
+TEST(Bitmaps, DeletedWhileSelectedStillTakeDrawing)
+{
+    const HDC hDC = CreateCompatibleDC(nullptr);
+    const HBITMAP hBitmap = CreateBitmap(2, 2, 1, 32, nullptr);
+    const HGDIOBJ hOld = SelectObject(hDC, hBitmap);
+    DeleteObject(hBitmap);
+    EXPECT_EQ(SetPixel(hDC, 0, 0, 0x123456), 0x123456u);
+    SelectObject(hDC, hOld);
+    DeleteDC(hDC);
+}
+
+// The nearest colour of the depth, worked out by hand. 16 bits: 5 a channel, spread by repeating
+// the upper ones.
+TEST(Bitmaps, HoldTheNearestColourOfTheirDepth)
+{
+    const struct
+    {
+        UINT nBits;
+        COLORREF colour, held;
+    } aCases[] = {
+        { 1, 0x7F7F7F, 0x000000 },  { 1, 0x808080, 0xFFFFFF },  { 1, 0x0000FF, 0x000000 },
+        { 1, 0x00FFFF, 0xFFFFFF },  { 4, 0x000070, 0x000080 },  { 4, 0x0000C8, 0x0000FF },
+        { 4, 0xB0B0B0, 0xC0C0C0 },  { 4, 0xF0F0F0, 0xFFFFFF },  { 4, 0x909090, 0x808080 },
+        { 8, 0x336699, 0x336699 },  { 8, 0xFF9900, 0xFF9900 },  { 8, 0x346798, 0x336699 },
+        { 8, 0xFFFFFF, 0xFFFFFF },  { 16, 0x040404, 0x000000 }, { 16, 0x050505, 0x080808 },
+        { 16, 0x0000FE, 0x0000FF }, { 16, 0x808080, 0x848484 }, { 24, 0x123456, 0x123456 },
+        { 32, 0x123456, 0x123456 },
+    };
+    for (const auto& c : aCases)
+    {
+        CMemoryPicture picture(1, 1, c.nBits);
+        EXPECT_EQ(SetPixel(picture, 0, 0, c.colour), c.held) << c.nBits << ' ' << c.colour;
+        EXPECT_EQ(GetPixel(picture, 0, 0), c.held);
+    }
+}
+
+TEST(Dibs, HoldRowsFromTheBottomFilledToFourBytes)
+{
+    CMemoryPicture picture(3, 2);
+    SetPixel(picture, 0, 0, 0x0000FF);  // red above
+    SetPixel(picture, 2, 1, 0x000000);  // black below
+    const struct
+    {
+        WORD nBits;
+        int nHeight;
+        CBytes bits;
+    } aCases[] = {
+        { 1, 2, { 0xC0, 0, 0, 0, 0x60, 0, 0, 0 } },
+        { 4, 2, { 0xFF, 0x00, 0, 0, 0x9F, 0xF0, 0, 0 } },
+        { 8, 2, { 255, 255, 0, 0, 249, 255, 255, 0 } },
+        { 16, 2, { 0xFF, 0x7F, 0xFF, 0x7F, 0, 0, 0, 0, 0x00, 0x7C, 0xFF, 0x7F, 0xFF, 0x7F, 0, 0 } },
+        { 24, 2, { 255, 255, 255, 255, 255, 255, 0,   0,   0,   0, 0, 0,
+                   0,   0,   255, 255, 255, 255, 255, 255, 255, 0, 0, 0 } },
+        { 32, 2, { 255, 255, 255, 0, 255, 255, 255, 0, 0,   0,   0,   0,
+                   0,   0,   255, 0, 255, 255, 255, 0, 255, 255, 255, 0 } },
+        { 1, -2, { 0x60, 0, 0, 0, 0xC0, 0, 0, 0 } },
+    };
+    for (const auto& c : aCases)
+    {
+        CInfo info(3, c.nHeight, c.nBits);
+        EXPECT_EQ(ReadBits(picture, picture.Bitmap(), info), c.bits) << c.nBits;
+        EXPECT_EQ(info.Header().biSizeImage, c.bits.size());
+    }
+}
+
+TEST(Dibs, HaveTheColoursOfTheirDepth)
+{
+    CMemoryPicture picture(1, 1);
+    const struct
+    {
+        WORD nBits;
+        std::size_t nColour;
+        DWORD quad;
+    } aCases[] = {
+        { 1, 0, 0x000000 },   { 1, 1, 0xFFFFFF },   { 4, 1, 0x800000 },  { 4, 7, 0xC0C0C0 },
+        { 4, 8, 0x808080 },   { 4, 12, 0x0000FF },  { 4, 15, 0xFFFFFF }, { 8, 0, 0x000000 },
+        { 8, 9, 0xA6CAF0 },   { 8, 10, 0x000000 },  { 8, 11, 0x000033 }, { 8, 225, 0xFFFFFF },
+        { 8, 246, 0xFFFBF0 }, { 8, 255, 0xFFFFFF },
+    };
+    for (const auto& c : aCases)
+    {
+        CInfo info(1, 1, c.nBits);
+        EXPECT_NE(GetDIBits(picture, picture.Bitmap(), 0, 1, nullptr, info.Get(), DIB_RGB_COLORS),
+                  0);
+        EXPECT_EQ(info.Colour(c.nColour), c.quad) << c.nBits << ':' << c.nColour;
+    }
+    CInfo masks(1, 1, 16, BI_BITFIELDS);
+    EXPECT_NE(GetDIBits(picture, picture.Bitmap(), 0, 1, nullptr, masks.Get(), DIB_RGB_COLORS), 0);
+    EXPECT_EQ(masks.Colour(0), 0x7C00u);
+    EXPECT_EQ(masks.Colour(2), 0x001Fu);
+    CInfo numbers(1, 1, 4);
+    EXPECT_NE(GetDIBits(picture, picture.Bitmap(), 0, 1, nullptr, numbers.Get(), DIB_PAL_COLORS),
+              0);
+    EXPECT_EQ(numbers.Colour(1), 0x00030002u);
+}
+
+TEST(Dibs, TellTheFormatOfTheBitmap)
+{
+    for (const UINT nBits : { 1u, 4u, 8u, 16u, 24u, 32u })
+    {
+        CMemoryPicture picture(9, 5, nBits);
+        CInfo info(0, 0, 0);
+        info.Header().biPlanes = 0;
+        EXPECT_NE(GetDIBits(picture, picture.Bitmap(), 0, 0, nullptr, info.Get(), DIB_RGB_COLORS),
+                  0);
+        EXPECT_EQ(info.Header().biWidth, 9);
+        EXPECT_EQ(info.Header().biHeight, 5);
+        EXPECT_EQ(info.Header().biPlanes, 1);
+        EXPECT_EQ(info.Header().biBitCount, nBits);
+        EXPECT_EQ(info.Header().biCompression, BI_RGB);
+        EXPECT_EQ(info.Header().biSizeImage, (9 * nBits + 31) / 32 * 4 * 5);
+    }
+}
+
+TEST(Dibs, GiveTheLinesThatAreAskedFor)
+{
+    CMemoryPicture picture(1, 4, 8);
+    for (int y = 0; y < 4; ++y)
+        SetPixel(picture, 0, y, y == 0 ? 0x0000FF : 0xFFFFFF);
+    const struct
+    {
+        UINT nStart, nLines;
+        int nHeight, nGiven;
+        CBytes first;  // first byte of each line; EE: not written
+    } aCases[] = {
+        { 0, 4, 4, 4, { 255, 255, 255, 249 } },
+        { 2, 2, 4, 2, { 255, 249, 0xEE, 0xEE } },
+        { 2, 9, 4, 2, { 255, 249, 0xEE, 0xEE } },
+        { 2, 2, -4, 2, { 249, 255, 0xEE, 0xEE } },
+        { 4, 1, 4, 0, { 0xEE, 0xEE, 0xEE, 0xEE } },
+        { 0, UINT_MAX, 4, 4, { 255, 255, 255, 249 } },
+        { UINT_MAX, UINT_MAX, 4, 0, { 0xEE, 0xEE, 0xEE, 0xEE } },
+    };
+    for (const auto& c : aCases)
+    {
+        CInfo info(1, c.nHeight, 8);
+        CBytes bits(16, 0xEE);
+        EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), c.nStart, c.nLines, bits.data(), info.Get(),
+                            DIB_RGB_COLORS),
+                  c.nGiven);
+        EXPECT_EQ((CBytes{ bits[0], bits[4], bits[8], bits[12] }), c.first)
+            << c.nStart << '+' << c.nLines;
+    }
+}
+
+TEST(Dibs, RefuseWhatMakesNoSense)
+{
+    CMemoryPicture picture(2, 2);
+    const auto ask = [&](auto change)
+    {
+        CInfo info(2, 2, 32);
+        change(info.Header());
+        CBytes bits(64);
+        SetLastError(0);
+        const int nLines =
+            GetDIBits(picture, picture.Bitmap(), 0, 2, bits.data(), info.Get(), DIB_RGB_COLORS);
+        EXPECT_EQ(GetLastError() != 0, nLines == 0);
+        return nLines;
+    };
+    EXPECT_EQ(ask([](BITMAPINFOHEADER&) {}), 2);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biSize = 12; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biBitCount = 0; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biBitCount = 2; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biPlanes = 3; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biWidth = 0; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biWidth = -2; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biHeight = 0; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biHeight = INT32_MIN; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biWidth = INT32_MAX; }), 0);
+    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biCompression = BI_RLE8; }), 0);
+    CInfo info(2, 2, 32);
+    EXPECT_EQ(GetDIBits(picture, nullptr, 0, 2, nullptr, info.Get(), 0), 0);
+    EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), 0, 2, nullptr, nullptr, 0), 0);
+    EXPECT_EQ(GetDIBits(nullptr, picture.Bitmap(), 0, 2, nullptr, info.Get(), 0), 0);
+    EXPECT_EQ(GetDIBits(picture, static_cast<HBITMAP>(GetStockObject(BLACK_PEN)), 0, 2, nullptr,
+                        info.Get(), 0),
+              0);
+}
+
+// What was read of a bitmap makes the same bitmap again, at every depth.
+TEST(Dibs, SetAgainGiveTheSameBitmap)
+{
+    for (const WORD nBits : { 1, 4, 8, 16, 24, 32 })
+    {
+        CMemoryPicture picture(13, 9, nBits);
+        for (int i = 0; i < 13 * 9; ++i)
+            SetPixel(picture, i % 13, i / 13, static_cast<COLORREF>(i * 7919 * 31) & 0xFFFFFF);
+        CInfo info(13, 9, nBits);
+        const CBytes bits = ReadBits(picture, picture.Bitmap(), info);
+        CMemoryPicture copy(13, 9, nBits);
+        EXPECT_EQ(SetDIBits(copy, copy.Bitmap(), 0, 9, bits.data(), info.Get(), DIB_RGB_COLORS), 9);
+        EXPECT_EQ(copy.Colours(), picture.Colours()) << nBits;
+    }
+}
+
+TEST(Bitmaps, TakeTheirFirstContentFromTheTop)
+{
+    const BYTE aMono[] = { 0xA0, 0, 0x40, 0 };  // rows filled up to 16 bits
+    const HBITMAP hBitmap = CreateBitmap(3, 2, 1, 1, aMono);
+    const HDC hDC = CreateCompatibleDC(nullptr);
+    const HGDIOBJ hOld = SelectObject(hDC, hBitmap);
+    std::string strSigns;
+    for (int i = 0; i < 6; ++i)
+        strSigns += CMemoryPicture::Sign(GetPixel(hDC, i % 3, i / 3));
+    EXPECT_EQ(strSigns, ".#.#.#");
+    SelectObject(hDC, hOld);
+    DeleteObject(hBitmap);
+    DeleteDC(hDC);
+}
+
+void SetSigns(HDC hDC, const CLines& lines)
+{
+    const auto colour = [](char c)
+    {
+        return c == 'r' ? 0x0000FFu : c == 'g' ? 0x00FF00u : c == 'b' ? 0xFF0000u : 0u;
+    };
+    for (std::size_t y = 0; y < lines.size(); ++y)
+        for (std::size_t x = 0; x < lines[y].size(); ++x)
+            SetPixel(hDC, static_cast<int>(x), static_cast<int>(y),
+                     lines[y][x] == '.' ? 0xFFFFFF : colour(lines[y][x]));
+}
+
+TEST(BlockTransfers, StretchShrinkAndMirror)
+{
+    CMemoryPicture source(4, 2);
+    SetSigns(source, { "rgb#", "####" });
+    const struct
+    {
+        const char* pszName;
+        RECT to, from;  // origin and extent
+        int nMode;
+        CLines lines;
+    } aCases[] = {
+        { "copied", { 1, 0, 4, 1 }, { 0, 0, 4, 1 }, BLACKONWHITE, { ".rgb#...", "........" } },
+        { "twice", { 0, 0, 8, 2 }, { 0, 0, 4, 1 }, BLACKONWHITE, { "rrggbb##", "rrggbb##" } },
+        { "half: black wins",
+          { 0, 0, 2, 1 },
+          { 0, 0, 4, 2 },
+          BLACKONWHITE,
+          { "##......", "........" } },
+        { "half: lines go",
+          { 0, 0, 2, 1 },
+          { 0, 0, 4, 1 },
+          COLORONCOLOR,
+          { "g#......", "........" } },
+        { "beyond the source",
+          { 0, 0, 6, 1 },
+          { -1, 0, 6, 1 },
+          BLACKONWHITE,
+          { ".rgb#...", "........" } },
+        { "beyond the end",
+          { 6, 1, 4, 2 },
+          { 0, 0, 4, 2 },
+          BLACKONWHITE,
+          { "........", "......rg" } },
+        // An inverted extent runs from its first pixel to the left.
+        { "mirrored", { 4, 0, -4, 1 }, { 0, 0, 4, 1 }, BLACKONWHITE, { ".#bgr...", "........" } },
+        { "mirrored twice",
+          { 4, 0, -4, 1 },
+          { 3, 0, -4, 1 },
+          BLACKONWHITE,
+          { ".rgb#...", "........" } },
+        { "nothing", { 0, 0, 0, 1 }, { 0, 0, 4, 1 }, BLACKONWHITE, { "........", "........" } },
+        { "of nothing", { 0, 0, 4, 1 }, { 0, 0, 0, 1 }, BLACKONWHITE, { "........", "........" } },
+        { "absurd",
+          { INT32_MIN, 0, INT32_MAX, 9 },
+          { 0, 0, INT32_MAX, 1 },
+          HALFTONE,
+          { "........", "........" } },
+    };
+    for (const auto& c : aCases)
+    {
+        CMemoryPicture picture(8, 2);
+        SetStretchBltMode(picture, c.nMode);
+        EXPECT_TRUE(StretchBlt(picture, c.to.left, c.to.top, c.to.right, c.to.bottom, source,
+                               c.from.left, c.from.top, c.from.right, c.from.bottom, SRCCOPY));
+        EXPECT_EQ(picture.Lines(), c.lines) << c.pszName;
+    }
+}
+
+TEST(BlockTransfers, AverageWhenAskedTo)
+{
+    CMemoryPicture source(2, 2);
+    SetSigns(source, { ".#", ".r" });
+    CMemoryPicture picture(1, 1);
+    SetStretchBltMode(picture, HALFTONE);
+    StretchBlt(picture, 0, 0, 1, 1, source, 0, 0, 2, 2, SRCCOPY);
+    // Red 255 * 3 / 4 and the others 255 / 2, rounded.
+    EXPECT_EQ(GetPixel(picture, 0, 0), RGB(191, 128, 128));
+}
+
+TEST(BlockTransfers, WithinOneBitmapReadBeforeTheyWrite)
+{
+    CMemoryPicture picture(6, 1);
+    SetSigns(picture, { "rgb..." });
+    BitBlt(picture, 1, 0, 5, 1, picture, 0, 0, SRCCOPY);
+    EXPECT_EQ(picture.Lines(), CLines({ "rrgb.." }));
+    BitBlt(picture, 0, 0, 5, 1, picture, 1, 0, SRCCOPY);
+    EXPECT_EQ(picture.Lines(), CLines({ "rgb..." }));
+}
+
+TEST(BlockTransfers, CombineAsTheOperationSays)
+{
+    CMemoryPicture source(4, 1);
+    const struct
+    {
+        DWORD nRop;
+        const char* pszLine;
+    } aCases[] = {
+        { SRCCOPY, "r.#." },   { NOTSRCCOPY, "?#.#" }, { SRCAND, "r###" },    { SRCPAINT, "..#." },
+        { SRCINVERT, "?.##" }, { DSTINVERT, "##.." },  { BLACKNESS, "####" }, { WHITENESS, "...." },
+    };
+    SetSigns(source, { "r.#." });
+    for (const auto& c : aCases)
+    {
+        CMemoryPicture picture(4, 1);
+        SetSigns(picture, { "..##" });
+        if (c.nRop == SRCAND)
+            SetSigns(picture, { ".###" });
+        if (c.nRop == SRCINVERT)
+            SetSigns(picture, { ".##." });
+        EXPECT_TRUE(BitBlt(picture, 0, 0, 4, 1, source, 0, 0, c.nRop));
+        EXPECT_EQ(picture.Lines(), CLines({ c.pszLine })) << c.nRop;
+    }
+    CMemoryPicture picture(4, 1);
+    EXPECT_FALSE(BitBlt(picture, 0, 0, 4, 1, nullptr, 0, 0, SRCCOPY));
+    EXPECT_FALSE(BitBlt(nullptr, 0, 0, 4, 1, source, 0, 0, SRCCOPY));
+    const HDC hScreen = GetDC(nullptr);
+    EXPECT_FALSE(BitBlt(picture, 0, 0, 4, 1, hScreen, 0, 0, SRCCOPY));
+    ReleaseDC(nullptr, hScreen);
+    EXPECT_TRUE(BitBlt(picture, 0, 0, 4, 1, nullptr, 0, 0, BLACKNESS));
+    EXPECT_EQ(picture.Lines(), CLines({ "####" }));
+}
+
+// One bit has two colours of the destination; what is not the source's background becomes black.
+TEST(BlockTransfers, ChangeBetweenOneBitAndColours)
+{
+    CMemoryPicture mono(3, 1, 1);
+    SetSigns(mono, { "#.#" });
+    CMemoryPicture colours(3, 1);
+    SetTextColor(colours, 0x0000FF);
+    SetBkColor(colours, 0x00FF00);
+    BitBlt(colours, 0, 0, 3, 1, mono, 0, 0, SRCCOPY);
+    EXPECT_EQ(colours.Lines(), CLines({ "rgr" }));
+    SetBkColor(colours, 0x0000FF);
+    BitBlt(mono, 0, 0, 3, 1, colours, 0, 0, SRCCOPY);
+    EXPECT_EQ(mono.Lines(), CLines({ ".#." }));
+}
+
+TEST(Bitmaps, AreWrittenAsPng)
+{
+    CMemoryPicture picture(3, 2, 1);
+    CBytes file;
+    EXPECT_TRUE(WriteBitmapPng(picture.Bitmap(),
+                               [&](std::span<const BYTE> bytes)
+                               {
+                                   file.insert(file.end(), bytes.begin(), bytes.end());
+                                   return true;
+                               }));
+    const BYTE aSignature[] = { 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
+    ASSERT_GT(file.size(), 40u);
+    EXPECT_EQ(std::memcmp(file.data(), aSignature, sizeof aSignature), 0);
+    EXPECT_EQ(file[19], 3);
+    EXPECT_EQ(file[23], 2);
+    EXPECT_FALSE(WriteBitmapPng(picture.Bitmap(), [](std::span<const BYTE>) { return false; }));
+    EXPECT_THROW(WriteBitmapPng(picture.Bitmap(),
+                                [](std::span<const BYTE>) -> bool { throw std::bad_alloc(); }),
+                 std::bad_alloc);
+    EXPECT_FALSE(WriteBitmapPng(nullptr, [](std::span<const BYTE>) { return true; }));
+}
+}  // namespace

@@ -1,0 +1,247 @@
+// Drawing on a host's own cairo context: images, PDF and SVG.
+#include "platform/gdi/cairo_dc.h"
+
+#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/memory_picture.h"
+#include "platform/gdi/test_fonts.h"
+
+#include <cairo-pdf.h>
+#include <cairo-svg.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace
+{
+
+constexpr int SIZE_PIXELS = 16;
+
+// A white image with a context of the host's.
+struct CHost
+{
+    CSurfacePtr m_pSurface{ cairo_image_surface_create(CAIRO_FORMAT_RGB24, SIZE_PIXELS,
+                                                       SIZE_PIXELS) };
+    CCairoPtr m_pCairo{ cairo_create(m_pSurface.get()) };
+
+    CHost()
+    {
+        cairo_set_source_rgb(m_pCairo.get(), 1, 1, 1);
+        cairo_paint(m_pCairo.get());
+    }
+    char Sign(int x, int y) const
+    {
+        cairo_surface_flush(m_pSurface.get());
+        const unsigned char* pRow = cairo_image_surface_get_data(m_pSurface.get()) +
+                                    y * cairo_image_surface_get_stride(m_pSurface.get());
+        const unsigned char* p = pRow + 4 * x;
+        return CMemoryPicture::Sign(RGB(p[2], p[1], p[0]));
+    }
+    std::vector<std::string> Lines() const
+    {
+        std::vector<std::string> lines(SIZE_PIXELS);
+        for (int i = 0; i < SIZE_PIXELS * SIZE_PIXELS; ++i)
+            lines[i / SIZE_PIXELS] += Sign(i % SIZE_PIXELS, i / SIZE_PIXELS);
+        return lines;
+    }
+};
+
+// Everything that has to come out the same on a bitmap and on a host's image.
+void DrawShapes(CDC& dc)
+{
+    dc.SetBkMode(TRANSPARENT);
+    dc.FillSolidRect(CRect(9, 1, 2, 4), 0x0000FF);
+    CBrush green(0x00FF00);
+    const CRect inverted(6, 9, 2, 5);
+    dc.FillRect(&inverted, &green);
+    dc.MoveTo(1, 15);
+    dc.LineTo(12, 15);
+    dc.MoveTo(12, 14);
+    dc.LineTo(1, 14);
+    dc.MoveTo(15, 12);
+    dc.LineTo(15, 3);
+    CBrush hatch(HS_BDIAGONAL, 0xFF0000);
+    const CSelectScope brush(&dc, &hatch);
+    dc.Rectangle(7, 5, 15, 14);
+    dc.PatBlt(0, 0, 2, 2, DSTINVERT);
+    dc.SetPixel(5, 0, 0x0000FF);
+    dc.IntersectClipRect(CRect(12, 0, 14, 2));
+    dc.PatBlt(0, 0, 16, 16, BLACKNESS);
+}
+
+TEST(CairoDC, DrawsShapesAsOnABitmap)
+{
+    CMemoryPicture picture(SIZE_PIXELS, SIZE_PIXELS);
+    DrawShapes(*CDC::FromHandle(picture));
+    CHost host;
+    {
+        CCairoDC dc(host.m_pCairo.get());
+        DrawShapes(dc);
+    }
+    EXPECT_EQ(host.Lines(), picture.Lines());
+}
+
+TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
+{
+    CHost host;
+    CCairoDC dc(host.m_pCairo.get(), 200, 150);
+    EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSX), 200);
+    EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSY), 150);
+    EXPECT_EQ(dc.GetDeviceCaps(HORZRES), SIZE_PIXELS);
+    EXPECT_EQ(dc.GetDeviceCaps(HORZSIZE), 2);  // 16 / 200 of 25.4 mm
+    EXPECT_EQ(dc.GetDeviceCaps(VERTSIZE), 3);
+    LOGFONTA font = FontOf("Times New Roman", 720);
+    CFont big;
+    ASSERT_TRUE(big.CreatePointFontIndirect(&font, &dc));
+    LOGFONTA made{};
+    big.GetLogFont(&made);
+    EXPECT_EQ(made.lfHeight, -150);
+    CCairoDC plain(host.m_pCairo.get(), 0, -3);
+    EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSX), 96);
+    EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSY), 96);
+}
+
+TEST(CairoDC, LeavesTheStateOfTheHostAlone)
+{
+    CHost host;
+    cairo_t* pCairo = host.m_pCairo.get();
+    cairo_set_source_rgb(pCairo, 0, 0, 1);
+    cairo_set_line_width(pCairo, 3);
+    cairo_set_operator(pCairo, CAIRO_OPERATOR_ADD);
+    cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_BEST);
+    cairo_rectangle(pCairo, 1, 2, 3, 4);
+    {
+        CCairoDC dc(pCairo);
+        DrawShapes(dc);
+        CUseFont font(dc, FontOf("Times New Roman", -12));
+        dc.TextOut(1, 1, "x", 1);
+        CMemoryPicture picture(3, 3);
+        dc.BitBlt(0, 0, 3, 3, CDC::FromHandle(picture), 0, 0, SRCCOPY);
+    }
+    EXPECT_EQ(cairo_get_line_width(pCairo), 3);
+    EXPECT_EQ(cairo_get_operator(pCairo), CAIRO_OPERATOR_ADD);
+    EXPECT_EQ(cairo_get_antialias(pCairo), CAIRO_ANTIALIAS_BEST);
+    double red = 0, green = 0, blue = 0, alpha = 0;
+    cairo_pattern_get_rgba(cairo_get_source(pCairo), &red, &green, &blue, &alpha);
+    EXPECT_EQ(blue, 1);
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    cairo_path_extents(pCairo, &x1, &y1, &x2, &y2);
+    EXPECT_EQ(x2, 4);
+    EXPECT_EQ(y2, 6);
+    cairo_clip_extents(pCairo, &x1, &y1, &x2, &y2);
+    EXPECT_EQ(x2, SIZE_PIXELS);
+    EXPECT_EQ(cairo_status(pCairo), CAIRO_STATUS_SUCCESS);
+}
+
+TEST(CairoDC, FollowsTheMatrixOfTheHost)
+{
+    CHost host;
+    cairo_translate(host.m_pCairo.get(), 2, 0);
+    cairo_scale(host.m_pCairo.get(), 2, 2);
+    CCairoDC dc(host.m_pCairo.get());
+    dc.FillSolidRect(CRect(1, 1, 3, 2), 0x0000FF);
+    const std::vector<std::string> lines = host.Lines();
+    EXPECT_EQ(lines[1], std::string(16, '.'));
+    EXPECT_EQ(lines[2], "....rrrr........");
+    EXPECT_EQ(lines[3], "....rrrr........");
+    EXPECT_EQ(lines[4], std::string(16, '.'));
+}
+
+TEST(CairoDC, TakesPicturesOfBitmaps)
+{
+    CMemoryPicture picture(2, 1);
+    SetPixel(picture, 0, 0, 0x0000FF);
+    CHost host;
+    CCairoDC dc(host.m_pCairo.get());
+    CDC* pSource = CDC::FromHandle(picture);
+    EXPECT_TRUE(dc.StretchBlt(1, 1, 4, 2, pSource, 0, 0, 2, 1, SRCCOPY));
+    dc.FillSolidRect(CRect(8, 1, 12, 3), 0x00FF00);
+    EXPECT_TRUE(dc.StretchBlt(11, 1, -4, 2, pSource, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(dc.BitBlt(0, 5, 4, 1, pSource, -1, 0, SRCCOPY));
+    const std::vector<std::string> lines = host.Lines();
+    EXPECT_EQ(lines[0], std::string(16, '.'));
+    EXPECT_EQ(lines[1], ".rr.......rr....");
+    EXPECT_EQ(lines[2], lines[1]);
+    EXPECT_EQ(lines[5], ".r..............");
+    CMemoryPicture copy(2, 2);
+    EXPECT_FALSE(BitBlt(copy, 0, 0, 2, 2, dc, 0, 0, SRCCOPY));  // a host's target is not read
+    EXPECT_EQ(dc.GetPixel(0, 0), CLR_INVALID);
+}
+
+TEST(CairoDC, WithoutAContextOrWithASpoiltOneDrawsNothing)
+{
+    CCairoDC none(nullptr);
+    EXPECT_EQ(none.GetSafeHdc(), nullptr);
+    EXPECT_FALSE(none.PatBlt(0, 0, 1, 1, BLACKNESS));
+
+    CSurfacePtr pTooLarge(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 40000, 40000));
+    CCairoPtr pSpoilt(cairo_create(pTooLarge.get()));
+    ASSERT_NE(cairo_status(pSpoilt.get()), CAIRO_STATUS_SUCCESS);
+    CCairoDC dc(pSpoilt.get());
+    EXPECT_FALSE(dc.PatBlt(0, 0, 1, 1, BLACKNESS));
+    EXPECT_FALSE(dc.LineTo(5, 5));
+    EXPECT_FALSE(dc.Rectangle(0, 0, 5, 5));
+    EXPECT_FALSE(dc.TextOut(0, 0, "x", 1));
+    CMemoryPicture picture(3, 3);
+    EXPECT_FALSE(dc.BitBlt(0, 0, 3, 3, CDC::FromHandle(picture), 0, 0, SRCCOPY));
+}
+
+TEST(CairoDC, AbsurdSizesDoNotSpoilTheContext)
+{
+    CHost host;
+    CCairoDC dc(host.m_pCairo.get());
+    for (const int nHeight : { -3000, -70000, INT32_MIN })
+    {
+        CUseFont font(dc, FontOf("Symbol", nHeight, 300));
+        dc.TextOut(0, 0, "\xD6", 1);
+    }
+    dc.FillSolidRect(CRect(INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX), 0xFFFFFF);
+    dc.MoveTo(INT32_MIN, 5);
+    dc.LineTo(INT32_MAX, 5);
+    EXPECT_EQ(cairo_status(host.m_pCairo.get()), CAIRO_STATUS_SUCCESS);
+    dc.FillSolidRect(CRect(1, 1, 2, 2), 0x0000FF);
+    EXPECT_EQ(host.Sign(1, 1), 'r');
+}
+
+cairo_status_t Append(void* pText, const unsigned char* pData, unsigned nLength)
+{
+    static_cast<std::string*>(pText)->append(reinterpret_cast<const char*>(pData), nLength);
+    return CAIRO_STATUS_SUCCESS;
+}
+
+void DrawForVector(cairo_t* pCairo)
+{
+    CCairoDC dc(pCairo, 72, 72);
+    dc.SetBkMode(TRANSPARENT);
+    CUseFont font(dc, FontOf("Times New Roman", -12));
+    dc.TextOut(10, 10, "ab", 2);
+    dc.MoveTo(10, 40);
+    dc.LineTo(30, 55);
+    CBrush hatch(HS_BDIAGONAL, 0xFF0000);
+    const CSelectScope brush(&dc, &hatch);
+    dc.Rectangle(40, 40, 60, 60);
+}
+
+TEST(CairoDC, KeepsTextAndLinesOnVectorSurfaces)
+{
+    std::string strSvg;
+    {
+        CSurfacePtr pSurface(cairo_svg_surface_create_for_stream(Append, &strSvg, 100, 100));
+        CCairoPtr pCairo(cairo_create(pSurface.get()));
+        DrawForVector(pCairo.get());
+        cairo_surface_finish(pSurface.get());
+    }
+    EXPECT_NE(strSvg.find("M 10.5 40.5 L 30.5 55.5"), strSvg.npos);  // one line, not its pixels
+    EXPECT_NE(strSvg.find("<use xlink:href=\"#glyph0-1\""), strSvg.npos);
+    EXPECT_EQ(strSvg.find("<image"), strSvg.npos);
+
+    std::string strPdf;
+    {
+        CSurfacePtr pSurface(cairo_pdf_surface_create_for_stream(Append, &strPdf, 100, 100));
+        CCairoPtr pCairo(cairo_create(pSurface.get()));
+        DrawForVector(pCairo.get());
+        cairo_surface_finish(pSurface.get());
+    }
+    EXPECT_NE(strPdf.find("/FontFile2"), strPdf.npos);  // the outlines, as a font
+    EXPECT_EQ(strPdf.find("/Subtype /Image"), strPdf.npos);
+}
+}  // namespace
