@@ -249,7 +249,9 @@ bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
     if (IsEmptyBox(clip) || run.m_origin.y - fHeight > clip.bottom ||
         run.m_origin.y + fHeight < clip.top)
         return true;
-    cairo_scaled_font_t* pFont = FindScaledFont(run.m_font, CHinting::pixels);
+    const bool bTwoColours = m_picture.Bits() == 1;
+    cairo_scaled_font_t* pFont =
+        FindScaledFont(run.m_font, bTwoColours ? CHinting::twoColours : CHinting::shades);
     if (!pFont || !BeginCairo())
         return false;
 
@@ -259,6 +261,7 @@ bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
         cairo_set_scaled_font(pCairo, pFont);
         m_pFont.reset(cairo_scaled_font_reference(pFont));
     }
+    cairo_set_antialias(pCairo, bTwoColours ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
     if (state.m_crText != m_crText)
     {
         SetSource(pCairo, state.m_crText, OP_COPY);

@@ -30,8 +30,8 @@ FT_Face OpenFace(const CFontFace& face)
 
 struct CDrawnFace
 {
-    FT_Face m_pFace = nullptr;  // null: the file cannot be read
-    CFontFacePtr m_apFaces[2];  // by CHinting; made when first needed
+    FT_Face m_pFace = nullptr;         // null: the file cannot be read
+    CFontFacePtr m_apFaces[HINTINGS];  // by CHinting; made when first needed
 };
 
 // A face whose font could not be made is spoilt for ever; then a new one takes its place.
@@ -48,7 +48,7 @@ cairo_font_face_t* DrawnFace(const CFontFace& face, CHinting hinting)
     if (!pFace || cairo_font_face_status(pFace.get()) != CAIRO_STATUS_SUCCESS)
     {
         pFace.reset(cairo_ft_font_face_create_for_ft_face(
-            drawn.m_pFace, hinting == CHinting::pixels ? FT_LOAD_DEFAULT : FT_LOAD_NO_HINTING));
+            drawn.m_pFace, hinting == CHinting::outlines ? FT_LOAD_NO_HINTING : FT_LOAD_DEFAULT));
         if (face.m_bFakeBold)
             cairo_ft_font_face_set_synthesize(pFace.get(), CAIRO_FT_SYNTHESIZE_BOLD);
     }
@@ -69,16 +69,19 @@ bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
 
 const cairo_font_options_t* FontOptions(CHinting hinting)
 {
-    const auto make = [](cairo_hint_style_t style)
+    const auto make = [](cairo_antialias_t antialias, cairo_hint_style_t style)
     {
         cairo_font_options_t* pOptions = cairo_font_options_create();
-        cairo_font_options_set_antialias(pOptions, CAIRO_ANTIALIAS_GRAY);
+        cairo_font_options_set_antialias(pOptions, antialias);
         cairo_font_options_set_hint_metrics(pOptions, CAIRO_HINT_METRICS_OFF);
         cairo_font_options_set_hint_style(pOptions, style);
         return pOptions;
     };
-    static const cairo_font_options_t* const s_apOptions[] = { make(CAIRO_HINT_STYLE_FULL),
-                                                               make(CAIRO_HINT_STYLE_NONE) };
+    static const cairo_font_options_t* const s_apOptions[] = {
+        make(CAIRO_ANTIALIAS_GRAY, CAIRO_HINT_STYLE_FULL),
+        make(CAIRO_ANTIALIAS_NONE, CAIRO_HINT_STYLE_FULL),
+        make(CAIRO_ANTIALIAS_GRAY, CAIRO_HINT_STYLE_NONE),
+    };
     return s_apOptions[static_cast<int>(hinting)];
 }
 
@@ -110,8 +113,8 @@ private:
     static constexpr std::size_t LIMIT = 256;
     struct CEntry
     {
-        CScaledFontPtr m_apFonts[2];
-        bool m_abTried[2] = { false, false };
+        CScaledFontPtr m_apFonts[HINTINGS];
+        bool m_abTried[HINTINGS] = {};
     };
     std::unordered_map<const CRealizedFont*, CEntry> m_fonts;
     unsigned m_nGeneration = 0;

@@ -9,12 +9,15 @@
 
 class CRealizedFont;
 
-// How outlines are fitted: to pixels on bitmaps; not at all where the device has no pixels.
+// How outlines become pixels: in shades, or in the two colours that a bitmap of one bit has; or not
+// at all, where the device has no pixels.
 enum class CHinting
 {
-    pixels,
+    shades,
+    twoColours,
     outlines
 };
+constexpr int HINTINGS = 3;
 
 // The font at its size under a matrix of the context, owned by a process-wide cache; use it at
 // once. Null if its file cannot be read or its size is beyond what can be drawn.

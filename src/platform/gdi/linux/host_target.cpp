@@ -83,6 +83,7 @@ protected:
 
 private:
     bool IsUsable() const { return cairo_status(m_pCairo.get()) == CAIRO_STATUS_SUCCESS; }
+    bool HasPixelUnits() const;
     void SetStroke(const CStroke& stroke);
     void FillHatchLines(const RECT& box, int nHatch);
     void FillHatchPixels(int nHatch);
@@ -117,12 +118,21 @@ bool CHostTarget::FillBox(const CDrawState& state, const RECT& box, const CFill&
     else
     {
         scope.Clip(box);
-        if (m_bVector)
+        if (m_bVector || !HasPixelUnits())
             FillHatchLines(box, *fill.m_hatch);
         else
             FillHatchPixels(*fill.m_hatch);
     }
     return IsUsable();
+}
+
+// True while units are pixels, so that a pattern of pixels looks as on a bitmap.
+bool CHostTarget::HasPixelUnits() const
+{
+    cairo_matrix_t matrix;
+    cairo_get_matrix(m_pCairo.get(), &matrix);
+    return matrix.xx == 1 && matrix.yy == 1 && matrix.xy == 0 && matrix.yx == 0 &&
+           matrix.x0 == std::floor(matrix.x0) && matrix.y0 == std::floor(matrix.y0);
 }
 
 // The middles of the lines that the pixels of a pattern would make. Levels go up by 8.
@@ -242,7 +252,7 @@ bool CHostTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
     cairo_get_matrix(pCairo, &matrix);
     // A font that cannot be had must not spoil the host's context.
     const CScaledFontPtr pFont =
-        MakeScaledFont(run.m_font, m_bVector ? CHinting::outlines : CHinting::pixels, matrix);
+        MakeScaledFont(run.m_font, m_bVector ? CHinting::outlines : CHinting::shades, matrix);
     if (!pFont)
         return false;
     CHostScope scope(pCairo, dc.State().m_clip);
