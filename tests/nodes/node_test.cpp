@@ -47,17 +47,23 @@ public:
         EXPECT_EQ(rect, m_rect);
         EXPECT_EQ(pen.lopnColor, pDC->GetTextColor());
         s_strNoted += m_strSymbol.GetString();
-        s_strNoted += std::to_string(nFlags) + NameOf(pDC->GetTextColor()) + "/" +
-                      NameOf(pDC->GetBkColor()) + " ";
+        s_strNoted += std::to_string(nFlags) + ForeName(pDC->GetTextColor()) + "/" +
+                      BackName(pDC->GetBkColor()) + " ";
     }
 
-    static std::string NameOf(COLORREF colour)
+    static std::string ForeName(COLORREF colour)
     {
         return colour == RGB(1, 2, 3)                       ? "own"
                : colour == GetSysColor(COLOR_GRAYTEXT)      ? "grey"
                : colour == GetSysColor(COLOR_HIGHLIGHTTEXT) ? "mark"
-               : colour == GetSysColor(COLOR_HIGHLIGHT)     ? "marked"
                                                             : "?";
+    }
+
+    static std::string BackName(COLORREF colour)
+    {
+        return colour == GetSysColor(COLOR_WINDOW)      ? "window"
+               : colour == GetSysColor(COLOR_HIGHLIGHT) ? "marked"
+                                                        : "?";
     }
 
     static inline std::string s_strNoted;
@@ -147,12 +153,12 @@ TEST(NodePaint, MarksSelectionAndGrey)
         UINT nFlags;
         const char* pszNoted;
     } aCases[] = {
-        { nullptr, 2, "r0own/? a0own/? b0own/? c0own/? " },
-        { pB, 1, "r0own/? a0own/? b1mark/marked c0own/? " },
-        { pB, 2, "r0own/? a0own/? b2mark/marked c2mark/marked " },
-        { pB, 6, "r6grey/? a6grey/? b6grey/? c6grey/? " },
+        { nullptr, 2, "r0own/window a0own/window b0own/window c0own/window " },
+        { pB, 1, "r0own/window a0own/window b1mark/marked c0own/window " },
+        { pB, 2, "r0own/window a0own/window b2mark/marked c2mark/marked " },
+        { pB, 6, "r6grey/window a6grey/window b6grey/window c6grey/window " },
         { &root, 2, "r2mark/marked a2mark/marked b2mark/marked c2mark/marked " },
-        { pB, 0, "r0own/? a0own/? b0mark/marked c0own/? " },
+        { pB, 0, "r0own/window a0own/window b0mark/marked c0own/window " },
     };
     for (const auto& test : aCases)
     {
@@ -170,7 +176,7 @@ TEST(NodePaint, MarksSelectionAndGrey)
     pB->m_rect = CRect();
     CNotingNode::s_strNoted.clear();
     root.Paint(&dc, rect, nullptr, 0);
-    EXPECT_EQ(CNotingNode::s_strNoted, "r0own/? a0own/? c0own/? ");
+    EXPECT_EQ(CNotingNode::s_strNoted, "r0own/window a0own/window c0own/window ");
     EXPECT_FALSE(pB->m_rect.IsRectEmpty());
 }
 
@@ -242,13 +248,14 @@ TEST(NodeAttributes, CopyAcrossClasses)
 {
     CNodePtr pSource = Kind(7, Node("NT_BRACE"));
     pSource->m_nBaseline = 31;
+    pSource->SetSymbol("s");
     pSource->GetLogFont()->lfWidth = 9;
     CNodePtr pTarget = Node("NT_NUMBER");
     pTarget->CopyAttributes(pSource.get());
     EXPECT_EQ(pTarget->GetTypeName(), "NT_BRACE");
     EXPECT_EQ(pTarget->m_nBaseline, 31);
     EXPECT_EQ(pTarget->GetLogFont()->lfWidth, 9);
-    EXPECT_EQ(pTarget->MakeText(0), "0.0") << "generated text is not copied, but the symbol is";
+    EXPECT_EQ(pTarget->MakeText(0), "s") << "the symbol in the template of the target's own class";
 }
 
 TEST(NodeText, FollowsTheTemplateOfTheType)
