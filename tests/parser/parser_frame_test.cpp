@@ -1,8 +1,6 @@
 // What holds for every parse: depth, length, the nodes that are made, one object for many texts.
 #include <gtest/gtest.h>
-#include <pthread.h>
 
-#include <functional>
 #include <random>
 #include <set>
 #include <vector>
@@ -10,6 +8,7 @@
 #include "format/tree_format.h"
 #include "parser/parsed.h"
 #include "parser/short_form.h"
+#include "parser/small_thread.h"
 
 namespace
 {
@@ -22,24 +21,6 @@ std::string Repeat(std::string_view strPart, int nTimes)
     for (int i = 0; i < nTimes; i++)
         strText += strPart;
     return strText;
-}
-
-// A small stack shows recursion that is left on it.
-void RunInSmallThread(std::function<void()> job)
-{
-    constexpr std::size_t nStack = 1024 * 1024;
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, nStack), 0);
-    pthread_t thread;
-    auto run = [](void* pJob) -> void*
-    {
-        (*static_cast<std::function<void()>*>(pJob))();
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &job), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
 }
 
 // Every link has its counterpart, no node hangs in two places, and levels and faces are those

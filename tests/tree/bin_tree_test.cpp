@@ -10,6 +10,9 @@
 #include "nodes/node.h"
 #include "nodes/typed_node.h"
 #include "parser/short_form.h"
+#include "parser/small_thread.h"
+#include "platform/base/archive.h"
+#include "platform/base/file.h"
 #include "tree/tree_form.h"
 #include "tree/tree_maker.h"
 
@@ -225,4 +228,62 @@ TEST(BinTree, SelectsNothingThatSortingDeletes)
     tree.SetSelection(pRoot->GetRight()->GetLeft(), 2);
     tree.SortByPriority(pRoot);
     EXPECT_EQ(tree.GetSelection(), nullptr);
+}
+
+TEST(BinTree, WorksAtAnyDepthOnASmallStack)
+{
+    RunInSmallThread(
+        []
+        {
+            constexpr int nLevels = 40000;
+            CBinTree tree;
+            CNode* pNode = tree.CreateRootNode("NT_STANDARD");
+            for (int i = 0; i < nLevels; i++)
+            {
+                CNode* pChild = tree.CreateBareNode(NTI_PLUS);
+                pNode->LinkRight(pChild);
+                pNode = pChild;
+            }
+            EXPECT_EQ(tree.FindParent(pNode), pNode->GetParent());
+            CBinTree copy;
+            copy.CopyFrom(tree);
+            EXPECT_EQ(Form(copy), Form(tree));
+            EXPECT_GT(copy.GetFormulaText(0).GetLength(), nLevels);
+            copy.SortByPriority(copy.GetRootNode());
+            EXPECT_EQ(Form(copy), Form(tree));
+
+            CMemFile file(1 << 20);
+            CArchive store(&file, CArchive::store);
+            tree.Serialize(store);
+            store.Close();
+            file.SeekToBegin();
+            CArchive load(&file, CArchive::load);
+            copy.Serialize(load);
+            EXPECT_EQ(Form(copy), Form(tree));
+        });
+}
+
+// Every level moves, and is formatted once.
+TEST(BinTree, SortsADeepTree)
+{
+    constexpr int nLevels = 20000;
+    CBinTree tree;
+    CNode* pRoot = tree.CreateRootNode("NT_STANDARD");
+    CNode* pNode = pRoot;
+    for (int i = 0; i < nLevels; i++)
+    {
+        CNode* pTimes = tree.CreateBareNode(NTI_TIMES);
+        CNode* pPlus = tree.CreateBareNode(NTI_PLUS);
+        pNode->LinkRight(pTimes);
+        pTimes->LinkRight(pPlus);
+        pNode = pPlus;
+    }
+    tree.SortByPriority(pRoot);
+    int nPlus = 0;
+    int nTimes = 0;
+    for (CNode* p = pRoot->GetRight(); p != nullptr; p = p->GetRight())
+        ++(p->GetTypeName() == "NT_PLUS" ? nPlus : nTimes);
+    EXPECT_EQ(nPlus, nLevels);
+    EXPECT_EQ(nTimes, nLevels);
+    EXPECT_EQ(pRoot->GetRight()->GetTypeName(), "NT_PLUS");
 }
