@@ -2,7 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include <string>
+#include <vector>
 
+#include "nodes/node.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
 

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "formulas.h"
+#include "nodes/node.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
 
