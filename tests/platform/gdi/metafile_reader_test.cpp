@@ -264,6 +264,12 @@ TEST(MetafileReader, FindsCommentsInSpiteOfDamage)
         ASSERT_EQ(seen.m_comments.size(), row.m_nComments);
         EXPECT_EQ(seen.m_comments[0], row.m_pszFirst);
     }
+    // Were odd sizes allowed, the bytes behind would be a sound record.
+    std::string strOdd = RawRecord(2, std::string(44, 'p')).substr(0, 49) + CommentRecord("odd");
+    PutDword(strOdd, 4, 49);
+    CSeen odd;
+    ASSERT_TRUE(EnumerateBytes(MetafileOf({ strOdd + "..." }), odd));
+    EXPECT_EQ(odd.m_types, std::vector<DWORD>{ 1 });
     CSeen seen;  // a comment that has not even room for its length
     ASSERT_TRUE(EnumerateBytes(MetafileOf({ RawRecord(70, ""), CommentRecord("next") }), seen));
     EXPECT_EQ(seen.m_comments, (std::vector<std::string>{ "", "next" }));

@@ -360,7 +360,18 @@ TEST(MetafileWriter, KeepsABitmapWhole)
 
 TEST(MetafileWriter, WritesEqualBytesEachTime)
 {
-    std::string strFirst = Record(DrawExample, nullptr, "Maker\0Picture\0");
+    auto draw = [](HDC hDC)
+    {
+        DrawExample(hDC);
+        HDC hSource = CreateCompatibleDC(nullptr);
+        HBITMAP hBitmap = CreateBitmap(3, 2, 1, 1, nullptr);
+        HGDIOBJ hOld = SelectObject(hSource, hBitmap);
+        EXPECT_TRUE(BitBlt(hDC, 0, 0, 3, 2, hSource, 0, 0, SRCCOPY));
+        SelectObject(hSource, hOld);
+        DeleteObject(hBitmap);
+        DeleteDC(hSource);
+    };
+    std::string strFirst = Record(draw, nullptr, "Maker\0Picture\0");
     // What is left in the memory must not show.
     Record(
         [](HDC hDC)
@@ -368,7 +379,7 @@ TEST(MetafileWriter, WritesEqualBytesEachTime)
             std::vector<BYTE> noise(20000, 0xA5);
             GdiComment(hDC, 20000, noise.data());
         });
-    EXPECT_EQ(Record(DrawExample, nullptr, "Maker\0Picture\0"), strFirst);
+    EXPECT_EQ(Record(draw, nullptr, "Maker\0Picture\0"), strFirst);
 }
 
 TEST(MetafileWriter, RecordsSideBySide)
@@ -426,10 +437,11 @@ TEST(MetafileWriter, LeavesTheOldFileWhenACopyFails)
     HENHMETAFILE hCopy = CopyEnhMetaFileA(hMetaFile, strPath.c_str());
     ASSERT_TRUE(hCopy);
     EXPECT_EQ(ReadFile(strPath), MetafileBytes(hMetaFile));
-    // A copy outlives the original.
+    // A copy outlives the original, also when other metafiles come.
     HENHMETAFILE hInMemory = CopyEnhMetaFileA(hCopy, nullptr);
     DeleteEnhMetaFile(hMetaFile);
     DeleteEnhMetaFile(hCopy);
+    Record([](HDC h) { GdiComment(h, 5, AsBytes("other")); });
     EXPECT_EQ(MetafileBytes(hInMemory), ReadFile(strPath));
     DeleteEnhMetaFile(hInMemory);
 }
