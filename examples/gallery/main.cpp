@@ -57,9 +57,9 @@ constexpr CPicture s_aPictures[] = {
     { "placeholder-fraction", "(DIVISION (PLACEHOLDER) (PLUS a b))" },
     { "vectors", "(VECTOR[#] (PLUS a b))", 8 },
     { "binomial", "(BRACE (BINOMIAL n k))" },
-    { "matrix", "(BRACE[1] (MATRIX (ELEMENT a b) (ELEMENT c d)))" },
+    { "matrix", "(BRACE (MATRIX (ELEMENT a b) (ELEMENT c d)))" },
     { "matrix-row", "(PLUS a (MATRIX b c))" },
-    { "line", "(BRACE[1] (LINE (ELEMENT a b) (ELEMENT c d)))" },
+    { "line", "(BRACE (LINE (ELEMENT a b) (ELEMENT c d)))" },
     { "element", "(ELEMENT (DIVISION a b) c)" },
 };
 
