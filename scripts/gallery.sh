@@ -20,6 +20,7 @@ render() { # FILE TEXT [OPTION ...]
 }
 
 mkdir -p docs/images/language docs/images/gallery
+render docs/images/readme.png 'int(exp((-(x~2))/2)*dx,0,greek p)+nsqr((a+b)/(a-b),3)'
 while read -r name text; do
     case $name in '' | '#'*) continue ;; esac
     render "docs/images/language/$name.png" "$text"
