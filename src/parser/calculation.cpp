@@ -1,11 +1,12 @@
 // Evaluates a text to a number: a grammar of its own over the characters and keywords of the
 // parser, without names, relations and lists.
+#include "parser/formula_parser.h"
+
 #include <charconv>
 #include <cmath>
 
 #include "parser/calculation.h"
 #include "parser/failure.h"
-#include "parser/formula_parser.h"
 #include "parser/keywords.h"
 #include "parser/token.h"
 #include "platform/base/app.h"

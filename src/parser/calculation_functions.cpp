@@ -1,8 +1,8 @@
 // The table of functions that a calculation knows, with what each of them refuses.
+#include "parser/calculation.h"
+
 #include <climits>
 #include <cmath>
-
-#include "parser/calculation.h"
 
 namespace
 {

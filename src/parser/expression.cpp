@@ -1,7 +1,8 @@
 // The operators of the formula language: one operation for each level, from the loosest down.
+#include "parser/formula_parser.h"
+
 #include "nodes/node.h"
 #include "nodes/typed_node.h"
-#include "parser/formula_parser.h"
 #include "parser/token.h"
 
 namespace

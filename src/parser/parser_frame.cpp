@@ -1,5 +1,7 @@
 // What all levels of the parser share: the text and its characters, the nodes that a parse makes,
 // the entry and its messages.
+#include "parser/formula_parser.h"
+
 #include <algorithm>
 #include <functional>
 #include <new>
@@ -7,7 +9,6 @@
 #include "format/tree_format.h"
 #include "nodes/node.h"
 #include "parser/failure.h"
-#include "parser/formula_parser.h"
 #include "parser/keywords.h"
 #include "parser/token.h"
 #include "platform/base/exception.h"

@@ -1,10 +1,11 @@
 // The bottom of the formula language: numbers, groups, keywords, names and the call form.
+#include "parser/formula_parser.h"
+
 #include <algorithm>
 #include <string>
 
 #include "nodes/node.h"
 #include "nodes/typed_node.h"
-#include "parser/formula_parser.h"
 #include "parser/keywords.h"
 #include "parser/token.h"
 #include "platform/base/deep_call.h"

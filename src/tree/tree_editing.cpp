@@ -1,11 +1,12 @@
 // The operations that change the shape of a tree. What leaves the tree is deleted, what enters it
 // is the tree's; nothing outside the moved part is formatted anew.
+#include "tree/bin_tree.h"
+
 #include <memory>
 
 #include "format/tree_format.h"
 #include "nodes/node.h"
 #include "platform/base/deep_call.h"
-#include "tree/bin_tree.h"
 
 namespace
 {

@@ -1,10 +1,11 @@
 // The archive form of a tree: rectangle, name, and the root's type in front of its record.
+#include "tree/bin_tree.h"
+
 #include <memory>
 
 #include "format/tree_format.h"
 #include "nodes/node.h"
 #include "platform/base/archive.h"
-#include "tree/bin_tree.h"
 
 namespace
 {
