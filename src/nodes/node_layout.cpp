@@ -81,8 +81,7 @@ CRect CNode::GetOwnSize(CDC* pDC)
 
 CSize CNode::MeasureSign(CDC* pDC)
 {
-    const CFontScope font(pDC, m_logFont);
-    m_sizeSign = pDC->GetOutputTextExtent(m_strSymbol);
+    m_sizeSign = pDC->GetPointFontExtent(m_logFont, m_strSymbol);
     return m_sizeSign;
 }
 

@@ -56,6 +56,12 @@ public:
         return CSize(8 * nCount, m_nHeight);
     }
 
+    // Not from the font cache, but by the two operations above.
+    CSize GetPointFontExtent(const LOGFONTA& lf, const CString& strText) override
+    {
+        return MeasureInNewFont(lf, strText);
+    }
+
 private:
     int m_nHeight = 0;
 };

@@ -2,6 +2,7 @@
 #include "platform/gdi/dc.h"
 
 #include "platform/gdi/handle_map.h"
+#include "platform/gdi/quick_extent.h"
 
 #include <cstring>
 
@@ -495,6 +496,26 @@ CSize CDC::GetOutputTextExtent(LPCSTR pszText, int nCount) const
 CSize CDC::GetOutputTextExtent(const CString& strText) const
 {
     return GetOutputTextExtent(strText.GetString(), strText.GetLength());
+}
+
+CSize CDC::GetPointFontExtent(const LOGFONTA& lf, const CString& strText)
+{
+    CSize size;
+    if (m_hDC == m_hAttribDC && QuickTextExtent(m_hDC, CFont::PointFont(lf, m_hAttribDC),
+                                                strText.GetString(), strText.GetLength(), &size))
+        return size;
+    return MeasureInNewFont(lf, strText);
+}
+
+CSize CDC::MeasureInNewFont(const LOGFONTA& lf, const CString& strText)
+{
+    CFont font;
+    font.CreatePointFontIndirect(&lf, this);
+    CFont* pOld = SelectObject(&font);
+    const CSize size = GetOutputTextExtent(strText);
+    if (pOld)
+        SelectObject(pOld);
+    return size;
 }
 
 BOOL CDC::GetTextMetrics(TEXTMETRICA* pMetrics) const

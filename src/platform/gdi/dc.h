@@ -121,9 +121,17 @@ public:
     // On the output context. An empty text is as high as the font, and 0 wide.
     virtual CSize GetOutputTextExtent(LPCSTR pszText, int nCount) const;
     CSize GetOutputTextExtent(const CString& strText) const;
+    // The same in a font that is made from lf (lfHeight in tenths of a point) for this and is gone
+    // afterwards.
+    virtual CSize GetPointFontExtent(const LOGFONTA& lf, const CString& strText);
     BOOL GetTextMetrics(TEXTMETRICA* pMetrics) const;
     BOOL GetOutputTextMetrics(TEXTMETRICA* pMetrics) const;
 
+protected:
+    // Makes the font, selects it, asks, puts the old one back.
+    CSize MeasureInNewFont(const LOGFONTA& lf, const CString& strText);
+
+public:
     HDC m_hDC = nullptr;        // output
     HDC m_hAttribDC = nullptr;  // questions
 

@@ -109,10 +109,9 @@ BOOL CFont::CreateFontIndirect(const LOGFONTA* pLogFont)
     return Attach(::CreateFontIndirectA(pLogFont));
 }
 
-BOOL CFont::CreatePointFontIndirect(const LOGFONTA* pLogFont, CDC* pDC)
+LOGFONTA CFont::PointFont(const LOGFONTA& lf, HDC hDC)
 {
-    HDC hDC = pDC ? pDC->m_hAttribDC : ::GetDC(nullptr);
-    LOGFONTA font = *pLogFont;
+    LOGFONTA font = lf;
     // The distance of two points: origins play no part, and the axis may point up.
     POINT aPoints[] = {
         { 0, ::MulDiv(::GetDeviceCaps(hDC, LOGPIXELSY), font.lfHeight, 720) },
@@ -123,6 +122,13 @@ BOOL CFont::CreatePointFontIndirect(const LOGFONTA* pLogFont, CDC* pDC)
     nHeight =
         std::min<std::int64_t>(nHeight < 0 ? -nHeight : nHeight, std::numeric_limits<LONG>::max());
     font.lfHeight = static_cast<LONG>(-nHeight);
+    return font;
+}
+
+BOOL CFont::CreatePointFontIndirect(const LOGFONTA* pLogFont, CDC* pDC)
+{
+    HDC hDC = pDC ? pDC->m_hAttribDC : ::GetDC(nullptr);
+    const LOGFONTA font = PointFont(*pLogFont, hDC);
     if (!pDC)
         ::ReleaseDC(nullptr, hDC);
     return CreateFontIndirect(&font);

@@ -58,6 +58,8 @@ public:
     // lfHeight in tenths of a point, its sign is dropped; converted by the resolution and the
     // mapping of the device context, or of the screen for null. lfWidth stays in logical units.
     BOOL CreatePointFontIndirect(const LOGFONTA* pLogFont, CDC* pDC = nullptr);
+    // What CreatePointFontIndirect hands to CreateFontIndirect.
+    static LOGFONTA PointFont(const LOGFONTA& lf, HDC hDC);
     int GetLogFont(LOGFONTA* pLogFont) const;
 
     operator HFONT() const { return static_cast<HFONT>(GetSafeHandle()); }

@@ -149,10 +149,13 @@ std::size_t CFontCache::Count()
 
 const CRealizedFont& CFontCache::Find(const CFontObject& font, const CMapping& mapping)
 {
+    return Find(font.FaceId(), mapping.ToDeviceFontLength(font.LogFont().lfHeight),
+                mapping.ToDeviceFontLength(font.LogFont().lfWidth));
+}
+
+const CRealizedFont& CFontCache::Find(int nFaceId, int nHeight, int nWidth)
+{
     CFontTable& table = Table();
-    int nFaceId = font.FaceId();
-    int nHeight = mapping.ToDeviceFontLength(font.LogFont().lfHeight);
-    int nWidth = mapping.ToDeviceFontLength(font.LogFont().lfWidth);
     std::size_t nSlot = SlotOf(nFaceId, nHeight, nWidth);
     for (CRealizedFont* p = table.m_apSlots[nSlot]; p; p = p->m_pNext)
         if (p->m_nHeight == nHeight && p->m_nWidth == nWidth && p->m_nFaceId == nFaceId)

@@ -73,6 +73,8 @@ public:
 
     // Valid until Generation() changes.
     static const CRealizedFont& Find(const CFontObject& font, const CMapping& mapping);
+    // Height and width in device pixels.
+    static const CRealizedFont& Find(int nFaceId, int nHeight, int nWidth);
     static unsigned Generation() { return s_nGeneration; }
     static std::size_t Count();
 
