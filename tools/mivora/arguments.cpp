@@ -109,9 +109,13 @@ void CheckTogether(const CArguments& arguments)
     if (bLines && arguments.Operand())
         throw CUsageError{ "--lines and a " + std::string(command.pszOperand) +
                            " exclude each other" };
+    const bool bStored = arguments.Has(OPT_FML);
+    if (bStored && (arguments.Operand() || bLines))
+        throw CUsageError{ std::string("--fml and ") + (bLines ? "--lines" : "a TEXT") +
+                           " exclude each other" };
     if (arguments.Has(OPT_HEX) && !bLines)
         throw CUsageError{ "--hex needs --lines" };
-    if (command.nOperand != OPERAND_NONE && !arguments.Operand() && !bLines)
+    if (command.nOperand != OPERAND_NONE && !arguments.Operand() && !bLines && !bStored)
         throw CUsageError{ std::string("a ") + command.pszOperand + " is needed" };
     for (EOption nId : command.aRequired)
     {

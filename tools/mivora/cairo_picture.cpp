@@ -127,6 +127,18 @@ void DrawAndFinish(cairo_surface_t* pSurface, double fScale, CFormulaOut& formul
     Check(cairo_surface_status(pSurface), strPath);
 }
 
+// Cairo numbers its surfaces through the life of a process; the one group that bears such a number
+// gets a name instead.
+void NameRootGroup(std::string& strSvg)
+{
+    constexpr char szStart[] = "<g id=\"";
+    const size_t nStart = strSvg.find(std::string(szStart) + "surface");
+    if (nStart == std::string::npos)
+        return;
+    const size_t nName = nStart + sizeof szStart - 1;
+    strSvg.replace(nName, strSvg.find('"', nName) - nName, "formula");
+}
+
 void AppendStruct(std::string& strBytes, const void* pData, size_t nSize)
 {
     strBytes.append(static_cast<const char*>(pData), nSize);
@@ -185,6 +197,7 @@ void WriteSvg(CFormulaOut& formula, const std::string& strPath, const CPictureOp
         cairo_svg_surface_create_for_stream(Append, &strBytes, size.cx * fScale, size.cy * fScale));
     cairo_svg_surface_set_document_unit(pSurface.get(), CAIRO_SVG_UNIT_PX);
     DrawAndFinish(pSurface.get(), fScale, formula, strPath, options);
+    NameRootGroup(strBytes);
     WriteFile(strPath, strBytes);
 }
 

@@ -89,6 +89,7 @@ public:
 
     int Finish(bool bStrict)
     {
+        ShowProgress();
         m_progress.Wipe();
         std::printf("%llu done, %llu with syntax errors, %llu failed\n", m_nDone, m_nSyntaxErrors,
                     m_nFailed);
@@ -110,7 +111,7 @@ CBatchOptions OptionsOf(const CArguments& arguments)
     options.pFormat = FindFormat(arguments.Value(OPT_FORMAT, "wmf"));
     options.picture.nDpi = arguments.Number(OPT_DPI, options.picture.nDpi);
     if (!options.pFormat->bDpi && arguments.Has(OPT_DPI))
-        throw CUsageError{ "--dpi is not for metafiles" };
+        throw CUsageError{ "--dpi is not for metafiles and stored formulas" };
     return options;
 }
 

@@ -31,7 +31,7 @@ CPictureOptions OptionsOf(const CArguments& arguments, const CPictureFormat& for
     if (!format.bDpi && (arguments.Has(OPT_DPI) || options.bBoxes))
     {
         throw CUsageError{ std::string(options.bBoxes ? "--boxes" : "--dpi") +
-                           " is not for metafiles" };
+                           " is not for metafiles and stored formulas" };
     }
     return options;
 }

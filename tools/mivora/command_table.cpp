@@ -27,10 +27,13 @@ constexpr COption s_aOptions[] = {
       "With --lines: each line is a text in hexadecimal, as bytes of Windows-1252" },
     { OPT_DIRECTORY, "d", "directory", "DIR", VALUE_FOLDER, 0, 0, nullptr,
       "Put the files into DIR" },
-    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, "wmf emf bmp png svg pdf",
+    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, "wmf emf bmp png svg pdf fml",
       "Format and extension of the files (default wmf)" },
     { OPT_JOBS, nullptr, "jobs", "N", VALUE_NUMBER, 1, 256, nullptr,
       "Work with N processes (default 1)" },
+    { OPT_FML, nullptr, "fml", "FILE", VALUE_FILE, 0, 0, nullptr,
+      "Take the stored formula in FILE instead of a TEXT" },
+    { OPT_JSON, nullptr, "json", nullptr, VALUE_NONE, 0, 0, nullptr, "Print one line of JSON" },
     { OPT_HELP, nullptr, "help", nullptr, VALUE_NONE, 0, 0, nullptr, "Show this help" },
 };
 static_assert(std::size(s_aOptions) == OPT_COUNT);
@@ -45,6 +48,8 @@ constexpr EOption s_aBatch[] = {
 };
 constexpr EOption s_aSingle[] = { OPT_STRICT, OPT_HELP };
 constexpr EOption s_aLines[] = { OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aLayout[] = { OPT_FML, OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aInspect[] = { OPT_JSON, OPT_OUTPUT, OPT_HELP };
 constexpr EOption s_aPlain[] = { OPT_HELP };
 
 constexpr CExample s_aRenderExamples[] = {
@@ -62,10 +67,16 @@ constexpr CExample s_aTreeExamples[] = {
     { "mivora tree --lines <formulas.txt", "one line for each line of a file" },
 };
 
+constexpr CExample s_aInspectExamples[] = {
+    { "mivora render 'a/b' -o half.fml && mivora inspect half.fml", "store, and look into it" },
+    { "mivora inspect half.fml -o half.svg", "draw the stored tree" },
+};
+
 constexpr CCommand s_aCommands[] = {
     { "render", OPERAND_TEXT, "TEXT", s_aRequiredRender, s_aRender, "draw a formula into a file",
       "Draws the formula into FILE. The extension of FILE chooses the format: .wmf or .emf "
-      "(enhanced metafile), .bmp, .png, .svg or .pdf. Prints the width and the height, each 22 "
+      "(enhanced metafile), .bmp, .png, .svg or .pdf, or .fml for a stored formula, which holds "
+      "text, tree and format. Prints the width and the height, each 22 "
       "times the size in pixels of the screen.\n"
       "A syntax error is a warning: the text is shown with a mark under the place, and the part "
       "before it is drawn.",
@@ -105,12 +116,14 @@ constexpr CCommand s_aCommands[] = {
       OPERAND_TEXT,
       "TEXT",
       {},
-      s_aLines,
+      s_aLayout,
       "tell the place of every node as JSON",
       "Prints one line of JSON: the gap of products, the rectangle of the formula and its nodes. "
       "A node has type, kind, symbol, level, height (of its font, tenths of a point), extent (of "
       "its text), own (size of its own part), size (of all of it), axis, rect (of its own part, "
-      "the formula painted at 0, 0), left and right. All is in pixels of the screen.",
+      "the formula painted at 0, 0), left and right. All is in pixels of the screen.\n"
+      "The nodes of a stored formula are taken as they stand in the file; their fonts are those of "
+      "the default format.",
       {},
       RunLayout },
     { "text",
@@ -142,6 +155,19 @@ constexpr CCommand s_aCommands[] = {
       "Prints the text in the comment of an enhanced metafile.",
       {},
       RunComment },
+    { "inspect",
+      OPERAND_FILE,
+      "FILE",
+      {},
+      s_aInspect,
+      "show what a stored formula holds",
+      "Prints the text, the rectangle (hundredths of an inch), the name, the tree and the format "
+      "of the formula that is stored in the .fml file FILE, a labelled line each. The tree is the "
+      "one in the file, in the form of the command tree; nothing is parsed. In text and name "
+      "control characters and the backslash are \\xNN.\n"
+      "With -o the stored tree is drawn too, in any format that render has.",
+      s_aInspectExamples,
+      RunInspect },
     { "fonts",
       OPERAND_NONE,
       nullptr,

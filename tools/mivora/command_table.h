@@ -20,6 +20,8 @@ enum EOption
     OPT_DIRECTORY,
     OPT_FORMAT,
     OPT_JOBS,
+    OPT_FML,
+    OPT_JSON,
     OPT_HELP,
     OPT_COUNT
 };
@@ -102,4 +104,8 @@ int RunLayout(const CArguments& arguments);
 int RunText(const CArguments& arguments);
 int RunCalc(const CArguments& arguments);
 int RunComment(const CArguments& arguments);
+int RunInspect(const CArguments& arguments);
 int RunFonts(const CArguments& arguments);
+
+// What layout does with --fml.
+int LayOutStored(const CArguments& arguments);

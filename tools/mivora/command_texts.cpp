@@ -115,7 +115,7 @@ int RunTree(const CArguments& arguments)
 
 int RunLayout(const CArguments& arguments)
 {
-    return AnswerTexts(arguments, AnswerLayout);
+    return arguments.Has(OPT_FML) ? LayOutStored(arguments) : AnswerTexts(arguments, AnswerLayout);
 }
 
 int RunText(const CArguments& arguments)

@@ -8,6 +8,7 @@
 #include "nodes/node.h"
 #include "platform/base/system.h"
 #include "report.h"
+#include "stored_formula.h"
 
 namespace
 {
@@ -35,6 +36,7 @@ void WriteBitmap(CFormulaOut& formula, const std::string& strPath, const CPictur
 constexpr CPictureFormat s_aFormats[] = {
     { "wmf", false, WriteMetafile }, { "emf", false, WriteMetafile }, { "bmp", true, WriteBitmap },
     { "png", true, WritePng },       { "svg", true, WriteSvg },       { "pdf", true, WritePdf },
+    { "fml", false, SaveStored },
 };
 
 std::string FormatList()

@@ -22,23 +22,27 @@ void StoreDocument(CDocument& document, CFile& file)
     ar.Close();
 }
 
-// Runs a save. A failure is told in a message box: what could not be saved, and why.
-template <class Save>
-BOOL SaveOrTell(LPCTSTR pszPathName, Save save)
+void LoadDocument(CDocument& document, CFile& file)
+{
+    CArchive ar(&file, CArchive::load);
+    ar.m_pDocument = &document;
+    document.Serialize(ar);
+    ar.Close();
+}
+
+// Runs a save or a load; a failure is reported.
+template <class Job>
+BOOL RunOrReport(CDocument& document, LPCTSTR pszPathName, BOOL bSaving, Job job)
 {
     try
     {
-        save();
+        job();
         return TRUE;
     }
     catch (CException* pException)
     {
-        char szReason[256] = "";
-        pException->GetErrorMessage(szReason, sizeof szReason);
+        document.ReportSaveLoadException(pszPathName, pException, bSaving);
         pException->Delete();
-        CString strMessage;
-        strMessage.Format("Failed to save document %s. %s", pszPathName, szReason);
-        AfxMessageBox(strMessage, MB_ICONEXCLAMATION);
     }
     return FALSE;
 }
@@ -53,6 +57,27 @@ void WriteWhole(LPCTSTR pszPathName, Write write)
         AfxThrowFileException(error.m_cause, error.m_lOsError, pszPathName);
     write(file);
     file.Close();
+}
+
+// Gives what read() makes of an open file to the document. An archive in memory has no name of its
+// own: its exceptions get that of the file.
+template <class Read>
+void LoadFrom(CDocument& document, LPCTSTR pszPathName, Read read)
+{
+    CFile file;
+    CFileException error;
+    if (!file.Open(pszPathName, CFile::modeRead | CFile::shareDenyWrite, &error))
+        AfxThrowFileException(error.m_cause, error.m_lOsError, pszPathName);
+    try
+    {
+        LoadDocument(document, read(file));
+    }
+    catch (CArchiveException* pException)
+    {
+        const int nCause = pException->m_cause;
+        pException->Delete();
+        AfxThrowArchiveException(nCause, pszPathName);
+    }
 }
 }  // namespace
 
@@ -81,12 +106,38 @@ BOOL CDocument::DoSave(LPCTSTR pszPathName, BOOL bReplace)
 
 BOOL CDocument::OnSaveDocument(LPCTSTR pszPathName)
 {
-    const BOOL bSaved = SaveOrTell(
-        pszPathName,
+    const BOOL bSaved = RunOrReport(
+        *this, pszPathName, TRUE,
         [&] { WriteWhole(pszPathName, [this](CFile& file) { StoreDocument(*this, file); }); });
     if (bSaved)
         m_bModified = FALSE;
     return bSaved;
+}
+
+BOOL CDocument::OnOpenDocument(LPCTSTR pszPathName)
+{
+    const auto load = [&]
+    {
+        LoadFrom(*this, pszPathName, [](CFile& file) -> CFile& { return file; });
+    };
+    return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
+}
+
+BOOL CDocument::TakePath(LPCTSTR pszPathName)
+{
+    m_strPathName = pszPathName;
+    m_bModified = FALSE;
+    return TRUE;
+}
+
+void CDocument::ReportSaveLoadException(LPCTSTR pszPathName, CException* pException, BOOL bSaving)
+{
+    char szReason[256] = "";
+    pException->GetErrorMessage(szReason, sizeof szReason);
+    CString strMessage;
+    strMessage.Format(bSaving ? "Failed to save document %s. %s" : "Failed to open document %s. %s",
+                      pszPathName, szReason);
+    AfxMessageBox(strMessage, MB_ICONEXCLAMATION);
 }
 
 COleDocument::COleDocument() : m_bCompoundFile(FALSE) {}
@@ -98,15 +149,33 @@ BOOL COleDocument::OnSaveDocument(LPCTSTR pszPathName)
     if (!m_bCompoundFile)
         return CDocument::OnSaveDocument(pszPathName);
     const BOOL bSaved =
-        SaveOrTell(pszPathName,
-                   [&]
-                   {
-                       CMemFile content(s_nGrowBytes);
-                       StoreDocument(*this, content);
-                       WriteWhole(pszPathName, [&](CFile& file)
-                                  { PackCompoundFile(file, s_szContents, content); });
-                   });
+        RunOrReport(*this, pszPathName, TRUE,
+                    [&]
+                    {
+                        CMemFile content(s_nGrowBytes);
+                        StoreDocument(*this, content);
+                        WriteWhole(pszPathName, [&](CFile& file)
+                                   { PackCompoundFile(file, s_szContents, content); });
+                    });
     if (bSaved)
         m_bModified = FALSE;
     return bSaved;
+}
+
+BOOL COleDocument::OnOpenDocument(LPCTSTR pszPathName)
+{
+    if (!m_bCompoundFile)
+        return CDocument::OnOpenDocument(pszPathName);
+    CMemFile content(s_nGrowBytes);
+    const auto unpack = [&](CFile& file) -> CFile&
+    {
+        if (!UnpackCompoundFile(file, s_szContents, content))
+            AfxThrowArchiveException(CArchiveException::badIndex);
+        return content;
+    };
+    const auto load = [&]
+    {
+        LoadFrom(*this, pszPathName, unpack);
+    };
+    return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
 }

@@ -6,6 +6,7 @@
 #include "platform/base/types.h"
 
 class CArchive;
+class CException;
 
 // Data with a path and a "modified" mark, without views or templates.
 class CDocument : public CCmdTarget
@@ -30,11 +31,22 @@ public:
     // on. 0, after a message box, if that failed: the old file is then as it was.
     virtual BOOL DoSave(LPCTSTR pszPathName, BOOL bReplace = TRUE);
 
-    // Writes the document through Serialize; here the archive alone is the file. 0 after a
-    // message box.
+    // Writes the document through Serialize; here the archive alone is the file. 0 after
+    // ReportSaveLoadException.
     virtual BOOL OnSaveDocument(LPCTSTR pszPathName);
 
+    // Reads the document through Serialize, and has that path from then on. 0 after
+    // ReportSaveLoadException: path and mark stay, and so does what Serialize had not replaced.
+    virtual BOOL OnOpenDocument(LPCTSTR pszPathName);
+
+    // Tells in a message box what could not be saved or opened, and why. The exception stays the
+    // caller's.
+    virtual void ReportSaveLoadException(LPCTSTR pszPathName, CException* pException, BOOL bSaving);
+
 protected:
+    // The document is what stands at that path. Nonzero.
+    BOOL TakePath(LPCTSTR pszPathName);
+
     CString m_strPathName;
     BOOL m_bModified;
 };
@@ -52,6 +64,7 @@ public:
     void EnableCompoundFile(BOOL bEnable = TRUE) { m_bCompoundFile = bEnable; }
 
     BOOL OnSaveDocument(LPCTSTR pszPathName) override;
+    BOOL OnOpenDocument(LPCTSTR pszPathName) override;
 
 private:
     BOOL m_bCompoundFile;

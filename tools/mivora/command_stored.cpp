@@ -1,0 +1,37 @@
+// inspect, and layout of a stored formula.
+#include <cstdio>
+
+#include "arguments.h"
+#include "layout_form.h"
+#include "picture.h"
+#include "stored_formula.h"
+
+namespace
+{
+int Print(const std::string& strText)
+{
+    std::fwrite(strText.data(), 1, strText.size(), stdout);
+    return STATUS_DONE;
+}
+}  // namespace
+
+int RunInspect(const CArguments& arguments)
+{
+    const std::string strOutput = arguments.Value(OPT_OUTPUT);
+    const CPictureFormat* pFormat = arguments.Has(OPT_OUTPUT) ? &FormatOfPath(strOutput) : nullptr;
+    CFormulaOut formula;
+    LoadStored(formula, *arguments.Operand());
+    // Drawing puts signs and rectangles into the nodes: what is told is what was stored.
+    const std::string strTold =
+        arguments.Has(OPT_JSON) ? DescribeStoredAsJson(formula) : DescribeStored(formula);
+    if (pFormat != nullptr)
+        WritePicture(formula, *pFormat, strOutput, {});
+    return Print(strTold);
+}
+
+int LayOutStored(const CArguments& arguments)
+{
+    CFormulaOut formula;
+    LoadStored(formula, arguments.Value(OPT_FML));
+    return Print(LayoutForm(formula) + "\n");
+}
