@@ -84,34 +84,43 @@ private:
     char* m_pMemory = nullptr;
 };
 
-// The stack that the next one in need takes. It keeps its pages.
-struct CSpare
+// Stacks that the next ones in need take. They keep their pages: fresh ones would cost a deep
+// formula more than all else that is done with it.
+struct CSpares
 {
-    CStack* pStack = nullptr;
-    ~CSpare() { delete pStack; }
+    static constexpr std::size_t nMost = 8;
+    CStack* apStacks[nMost] = {};
+    std::size_t nStacks = 0;
+
+    ~CSpares()
+    {
+        while (nStacks > 0)
+        {
+            delete apStacks[--nStacks];
+        }
+    }
 };
-CSpare g_spare;
+CSpares g_spares;
 
 CStack* TakeStack()
 {
-    CStack* pStack = g_spare.pStack;
-    g_spare.pStack = nullptr;
+    if (g_spares.nStacks > 0)
+    {
+        return g_spares.apStacks[--g_spares.nStacks];
+    }
+    auto* pStack = new (std::nothrow) CStack;
     if (pStack == nullptr)
     {
-        pStack = new (std::nothrow) CStack;
-        if (pStack == nullptr)
-        {
-            AfxThrowMemoryException();
-        }
+        AfxThrowMemoryException();
     }
     return pStack;
 }
 
 void GiveBackStack(CStack* pStack)
 {
-    if (g_spare.pStack == nullptr)
+    if (g_spares.nStacks < CSpares::nMost)
     {
-        g_spare.pStack = pStack;
+        g_spares.apStacks[g_spares.nStacks++] = pStack;
     }
     else
     {
