@@ -81,7 +81,7 @@ private:
     std::string Word()
     {
         SkipBlanks();
-        const std::string strWord(m_strRest.substr(0, m_strRest.find_first_of(" ()[]\"")));
+        std::string strWord(m_strRest.substr(0, m_strRest.find_first_of(" ()[]\"")));
         if (strWord.empty())
             throw std::runtime_error("a word is missing in front of: " + std::string(m_strRest));
         m_strRest.remove_prefix(strWord.size());
