@@ -1,13 +1,15 @@
 // Any bytes as a stored formula: the bare archive of a tree, and, where they look like one, a
-// compound file. What loads is measured, painted, written as text and stored again.
+// compound file. What loads is measured, painted, hit, written as text, copied, edited and stored.
 #include <cstdint>
 
+#include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
 #include "platform/doc/compound_file.h"
 #include "platform/gdi/dc.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
+#include "tree/tree_form.h"
 
 namespace
 {
@@ -19,15 +21,49 @@ void Store(CFormulaOut& formula)
     archive.Close();
 }
 
+void Look(CFormulaOut& formula)
+{
+    CClientDC screen(nullptr);
+    const CRect rect = formula.GetFormulaRect(&screen);
+    formula.DrawTree(&screen, CRect(0, 0, 0, 0));
+    for (int n = 1; n < 4; ++n)
+    {
+        CRect found(0, 0, 0, 0);
+        const CPoint point(rect.right / 4 * n, rect.bottom / 4 * n);
+        formula.m_Tree.SetSelection(formula.m_Tree.HitTestNode(&screen, &found, point), n);
+        formula.DrawTree(&screen, CRect(0, 0, 0, 0));
+    }
+    formula.m_Tree.GetFormulaText(0);
+    TreeForm(formula.m_Tree.GetRootNode());
+}
+
+// Every operation that changes the shape of a tree, on a copy.
+void Edit(CFormulaOut& formula)
+{
+    CBinTree tree;
+    tree.CopyFrom(formula.m_Tree);
+    CNode* pRoot = tree.GetRootNode();
+    if (pRoot == nullptr || pRoot->GetLeft() == nullptr)
+        return;
+    tree.CheckPoint();
+    tree.SortByPriority(pRoot->GetLeft());
+    CNode* pNode = tree.ChangeNodeType(pRoot->GetLeft(), "NT_SUM");
+    pNode = tree.InsertNodeAbove(pRoot, pNode, "NT_INTEGRAL", 2);
+    if (pNode->GetRight()->GetLeft() != nullptr)
+        tree.ReplaceByNewNode(pNode->GetRight()->GetLeft(), "NT_PLACEHOLDER");
+    tree.ReplaceNode(pNode, tree.CopySubtree(pNode, 1));
+    tree.Reformat(formula.GetTreeFormatPtr());
+    tree.CheckPoint();
+}
+
 // A kind outside its table is refused where it is used: that is an answer.
 void Use(CFormulaOut& formula)
 {
     try
     {
-        CClientDC screen(nullptr);
-        formula.GetFormulaRect(&screen);
-        formula.DrawTree(&screen, CRect(0, 0, 0, 0));
-        formula.m_Tree.GetFormulaText(0);
+        Look(formula);
+        formula.ReformatNodes();
+        Edit(formula);
     }
     catch (CInvalidArgException* pException)
     {

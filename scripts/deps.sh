@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing: deps.sh [build|test|fuzz|gallery] ...
+# Installs the Debian packages that are missing: deps.sh [build|test|fuzz] ...
 # Without a word: what building needs.
 set -euo pipefail
 
