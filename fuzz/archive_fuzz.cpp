@@ -47,7 +47,8 @@ void Edit(CFormulaOut& formula)
         return;
     tree.CheckPoint();
     tree.SortByPriority(pRoot->GetLeft());
-    CNode* pNode = tree.ChangeNodeType(pRoot->GetLeft(), "NT_SUM");
+    CNode* pTop = pRoot->GetLeft() != nullptr ? pRoot->GetLeft() : pRoot->GetRight();
+    CNode* pNode = tree.ChangeNodeType(pTop, "NT_SUM");
     pNode = tree.InsertNodeAbove(pRoot, pNode, "NT_INTEGRAL", 2);
     if (pNode->GetRight()->GetLeft() != nullptr)
         tree.ReplaceByNewNode(pNode->GetRight()->GetLeft(), "NT_PLACEHOLDER");
