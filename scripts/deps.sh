@@ -14,7 +14,7 @@ packages_test=(
     libgtest-dev libbenchmark-dev
     emf2svg file locales binutils
 )
-packages_fuzz=(clang libclang-rt-14-dev)
+packages_fuzz=(clang llvm libclang-rt-14-dev)
 
 packages=()
 for group in "${@:-build}"; do
