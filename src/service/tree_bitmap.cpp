@@ -154,16 +154,22 @@ bool WriteDib(const CString& strPath, HGLOBAL hDib)
     try
     {
         CMirrorFile file;
-        if (file.Open(strPath, CFile::modeCreate | CFile::modeWrite))
+        CFileException error;
+        if (file.Open(strPath, CFile::modeCreate | CFile::modeWrite, &error))
         {
             file.Write(&fileHeader, sizeof fileHeader);
             file.Write(pHeader, nSize);
             file.Close();
             bWritten = true;
         }
+        else
+        {
+            SetLastError(static_cast<DWORD>(error.m_lOsError));
+        }
     }
     catch (CFileException* pException)
     {
+        SetLastError(static_cast<DWORD>(pException->m_lOsError));
         pException->Delete();
     }
     GlobalUnlock(hDib);

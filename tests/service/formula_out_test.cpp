@@ -1,0 +1,204 @@
+#include "service/formula_out.h"
+
+#include <string>
+
+#include "nodes/node.h"
+#include "platform/base/archive.h"
+#include "platform/base/exception.h"
+#include "platform/gdi/dc.h"
+#include "service/service_helpers.h"
+
+namespace
+{
+using CFormulaOutTest = CServiceTest;
+
+// No text is read whose positions do not fit into 16 bits.
+CString TooLongText()
+{
+    return CString('a', 65535);
+}
+
+CRect ScreenRect(CFormulaOut& formula)
+{
+    CClientDC screen(nullptr);
+    return formula.GetFormulaRect(&screen);
+}
+
+TEST_F(CFormulaOutTest, FormsWhatItUnderstoodAndKeepsTheWholeText)
+{
+    CFormulaOut formula;
+    EXPECT_EQ(formula.IsRootNodeNULL(), 1);
+    EXPECT_EQ(formula.FormTree("  2x "), 1);
+    EXPECT_EQ(formula.m_strFormula, "  2x ");
+    CNode* pRoot = formula.m_Tree.GetRootNode();
+    ASSERT_NE(pRoot, nullptr);
+    EXPECT_EQ(pRoot->GetTypeName(), "NT_STANDARD");
+    EXPECT_EQ(pRoot->GetRight(), nullptr);
+    ASSERT_NE(pRoot->GetLeft(), nullptr);
+    EXPECT_EQ(pRoot->GetLeft()->GetParent(), pRoot);
+    EXPECT_EQ(pRoot->GetLeft()->GetTypeName(), "NT_NUMBER");
+    EXPECT_EQ(pRoot->GetLeft()->GetSymbol(), "2");
+    EXPECT_EQ(TakeMessages(), Messages{});
+}
+
+// A root with an empty sign of 17 pixels (18 hundredths) and a variable of 8 (11): gaps of 2 for
+// each sign, one unit behind each part.
+TEST_F(CFormulaOutTest, MeasuresInHundredthsOfAnInchAndInPixels)
+{
+    CFormulaOut formula;
+    formula.FormTree("2");
+    EXPECT_EQ(ScreenRect(formula), CRect(0, 0, 8 + 2 + 3 + 2 + 3, 17));
+    const CRect& rect = formula.m_Tree.m_rectFormula;
+    EXPECT_EQ(rect.TopLeft(), CPoint(0, 0));
+    EXPECT_EQ(rect.Height(), 18);
+
+    const CRect before = rect;
+    formula.GetTreeFormatPtr()->m_nSizes[0] = -24;
+    formula.ReformatNodes();
+    EXPECT_EQ(formula.m_Tree.m_rectFormula, before);
+    EXPECT_GT(ScreenRect(formula).Height(), 30);
+    formula.FormTree("2");
+    EXPECT_EQ(ScreenRect(formula).Height(), 17);
+}
+
+TEST_F(CFormulaOutTest, AStoppedParseLeavesTheOldTextWithoutATree)
+{
+    CFormulaOut formula;
+    formula.FormTree("a/b");
+    EXPECT_EQ(formula.FormTree(TooLongText()), 0);
+    const Messages messages = TakeMessages();
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].find("Error in Calculation() weil "), 0U);
+    EXPECT_GT(messages[0].size(), std::string("Error in Calculation() weil ").size());
+    EXPECT_EQ(formula.IsRootNodeNULL(), 1);
+    EXPECT_EQ(formula.m_strFormula, "a/b");
+    EXPECT_EQ(ScreenRect(formula), CRect(0, 0, 0, 0));
+}
+
+TEST_F(CFormulaOutTest, AssignmentFormsTheText)
+{
+    CFormulaOut source;
+    CFormulaOut target;
+    source.FormTree("a+b");
+    target.FormTree("c");
+    source.GetTreeFormatPtr()->m_nSizes[0] = -30;
+    EXPECT_EQ(&(target = source), &target);
+    EXPECT_EQ(target.m_strFormula, "a+b");
+    EXPECT_EQ(target.m_Tree.GetRootNode()->GetLeft()->GetTypeName(), "NT_PLUS");
+    EXPECT_EQ(target.GetTreeFormatPtr()->m_nSizes[0], -12);
+
+    source.m_strFormula = "x/y";  // as a read file leaves it
+    CFormulaOut& alias = source;
+    source = alias;
+    EXPECT_EQ(source.m_Tree.GetRootNode()->GetLeft()->GetTypeName(), "NT_DIVISION");
+
+    CFormulaOut empty;
+    target = empty;
+    EXPECT_EQ(target.m_strFormula, "");
+    EXPECT_EQ(target.IsRootNodeNULL(), 0);
+}
+
+TEST_F(CFormulaOutTest, WithoutATreeNothingIsPaintedButTheBackgroundModeIsSet)
+{
+    CFormulaOut formula;
+    formula.FormTree("a");
+    formula.ResetTree();
+    formula.ResetTree();
+    EXPECT_EQ(formula.m_strFormula, "a");
+    EXPECT_EQ(formula.IsRootNodeNULL(), 1);
+    CClientDC screen(nullptr);
+    screen.SetBkMode(OPAQUE);
+    formula.DrawTree(&screen, CRect(0, 0, 0, 0));
+    EXPECT_EQ(screen.GetBkMode(), TRANSPARENT);
+}
+
+TEST_F(CFormulaOutTest, MetafilesNeedTheirExtension)
+{
+    struct
+    {
+        const char* pszName;
+        bool bTaken;
+    } const aCases[] = { { "x.wmf", true },  { "x.wMf", true },  { "xWMF", true },
+                         { "x.emf", false }, { "wmf.x", false }, { "mf", false },
+                         { "", false } };
+    CFormulaOut formula;
+    formula.FormTree("a");
+    for (const auto& c : aCases)
+    {
+        SCOPED_TRACE(c.pszName);
+        const CString strPath = *c.pszName == '\0' ? CString() : File(c.pszName);
+        EXPECT_EQ(formula.WriteFormulaToWMF(strPath), c.bTaken ? 1 : 0);
+        EXPECT_EQ(std::filesystem::exists(strPath.GetString()), c.bTaken);
+        EXPECT_EQ(TakeMessages(), c.bTaken ? Messages{} : Messages{ s_szWrongExtension });
+        EXPECT_EQ(formula.ReadFormulaFromWMF(strPath), c.bTaken ? 1 : 0);
+        EXPECT_EQ(TakeMessages(), c.bTaken ? Messages{} : Messages{ s_szWrongExtension });
+    }
+    EXPECT_EQ(formula.WriteFormulaToWMF("mf"), 0);
+    EXPECT_EQ(TakeMessages(), Messages{ s_szWrongExtension });
+}
+
+TEST_F(CFormulaOutTest, TheCFunctionGives22TimesThePixels)
+{
+    float fWidth = -1;
+    float fHeight = -1;
+    EXPECT_EQ(StringToEMFFormula("a/b", File("x.wmf"), &fWidth, &fHeight), 1);
+    CFormulaOut formula;
+    formula.FormTree("a/b");
+    const CRect rect = ScreenRect(formula);
+    EXPECT_EQ(fWidth, 22.0F * static_cast<float>(rect.Width()));
+    EXPECT_EQ(fHeight, 22.0F * static_cast<float>(rect.Height()));
+    formula.WriteFormulaToWMF(File("y.wmf"));
+    EXPECT_EQ(ReadWhole(File("x.wmf")), ReadWhole(File("y.wmf")));
+}
+
+TEST_F(CFormulaOutTest, TheCFunctionSucceedsWhateverHappens)
+{
+    float fWidth = -1;
+    float fHeight = -1;
+    EXPECT_EQ(StringToEMFFormula("a", File("x.emf"), &fWidth, &fHeight), 1);
+    EXPECT_EQ(TakeMessages(), Messages{ s_szWrongExtension });
+    EXPECT_FALSE(std::filesystem::exists(m_folder / "x.emf"));
+    EXPECT_GT(fWidth, 0);
+
+    EXPECT_EQ(StringToEMFFormula(TooLongText(), File("long.wmf"), &fWidth, &fHeight), 1);
+    EXPECT_EQ(TakeMessages().size(), 1U);
+    EXPECT_EQ(fWidth, 0);
+    EXPECT_EQ(fHeight, 0);
+    EXPECT_TRUE(std::filesystem::exists(m_folder / "long.wmf"));
+}
+
+TEST_F(CFormulaOutTest, ATreeAndItsFormatGoThroughAnArchive)
+{
+    CFormulaOut source;
+    source.FormTree("a/b");
+    source.GetTreeFormatPtr()->m_pNumber->m_strFontName = "Arial";
+    CMemFile file;
+    {
+        CArchive ar(&file, CArchive::store);
+        source.SaveTree(ar);
+    }
+    file.SeekToBegin();
+    CFormulaOut target;
+    {
+        CArchive ar(&file, CArchive::load);
+        target.SaveTree(ar);
+    }
+    EXPECT_EQ(target.m_Tree.GetRootNode()->GetLeft()->GetTypeName(), "NT_DIVISION");
+    EXPECT_EQ(target.GetTreeFormatPtr()->m_pNumber->m_strFontName, "Arial");
+    EXPECT_EQ(target.m_strFormula, "");
+
+    file.SetLength(file.GetLength() - 1);
+    file.SeekToBegin();
+    CArchive ar(&file, CArchive::load);
+    try
+    {
+        target.SaveTree(ar);
+        FAIL() << "the archive is one byte short";
+    }
+    catch (CArchiveException* pException)
+    {
+        EXPECT_EQ(pException->m_cause, CArchiveException::endOfFile);
+        pException->Delete();
+    }
+}
+}  // namespace

@@ -1,0 +1,534 @@
+#!/usr/bin/env python3
+"""Drives the command line program: words and standard input in, output and status out."""
+import argparse
+import hashlib
+import json
+import os
+import pathlib
+import pty
+import re
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import zlib
+
+MIVORA = None
+FORMULAS = None
+
+
+def run(*words, stdin=b"", cwd=None):
+    """Runs mivora; words may be text or bytes."""
+    done = subprocess.run([MIVORA, *words], input=stdin, capture_output=True, cwd=cwd)
+    return done.returncode, done.stdout.decode(), done.stderr.decode()
+
+
+A_PLUS_B = '(STANDARD "" (PLUS "+" (VARIABLE "a" - -) (VARIABLE "b" - -)) -)\t0\t\t-6\n'
+TWO = '(STANDARD "" (NUMBER "2" - -) -)\t2\tError at Position 2!\t-6\n'
+MINUS_X = ('(STANDARD "" (PLUS "+" (MINUS "-" (STANDARD "" - -) (VARIABLE "x" - -)) '
+           '(VARIABLE "y" - -)) -)\t0\t\t-6\n')
+EMPTY = '(STANDARD "" (STANDARD "" - -) -)\t0\t\t-6\n'
+
+# words, standard input, standard output, standard error (pattern, whole), status
+FORMS = [
+    # The tree form
+    (["tree", "a+b*c"], b"", '(STANDARD "" (PLUS "+" (VARIABLE "a" - -) (TIMES "" (VARIABLE "b" '
+     '- -) (VARIABLE "c" - -))) -)\t0\t\t-5\n', "", 0),
+    (["tree", "2x"], b"", TWO, "", 0),
+    (["tree", "--strict", "2x"], b"", TWO, "", 1),
+    (["tree", "greek a<=b"], b"", '(STANDARD "" (EQUATION[1] "" (VARIABLE "a" @Symbol - -) '
+     '(VARIABLE "b" - -)) -)\t0\t\t-6\n', "", 0),
+    (["tree", "str(ä)"], b"", '(STANDARD "" (VARIABLE "\\xE4" - -) -)\t0\t\t-6\n', "", 0),
+    (["tree", "a" * 65535], b"", "-\t0\tError in Calculation\\(\\) weil .+\t-6\n", "", 1),
+    # What is a TEXT
+    (["tree", "-x+y"], b"", MINUS_X, "", 0),
+    (["tree", "--", "-x+y"], b"", MINUS_X, "", 0),
+    (["tree", "--strict", "--", "--lines"], b"", None, "", 0),
+    (["tree", "-"], b"a+b\n", A_PLUS_B, "", 0),
+    (["tree", "-"], b"a+b\r\n", A_PLUS_B, "", 0),
+    (["tree", "-"], b"2\n\n", '(STANDARD "" (NUMBER "2" - -) -)\t0\t\t-6\n', "", 0),
+    (["tree", ""], b"", EMPTY, "", 0),
+    (["tree", "-"], b"", EMPTY, "", 0),
+    # Lines
+    (["tree", "--lines"], b"a+b\r\n\n2x\na+b", A_PLUS_B + EMPTY + TWO + A_PLUS_B, "", 0),
+    (["tree", "--lines", "--strict"], b"2x\n", TWO, "", 1),
+    (["tree", "--lines"], b"", "", "", 0),
+    (["tree", "--lines"], b"\n", EMPTY, "", 0),
+    (["tree", "--lines"], "中\n".encode() + b"a+b\n\xff\n", "!\tposition 1: U\\+4E2D .*\n"
+     + re.escape(A_PLUS_B) + "!\tposition 1: .*0xFF.*\n", "", 1),
+    (["tree", "--lines", "--hex"], b"612B62\n6\nxy\n612b62", A_PLUS_B
+     + "!\tposition 2: a hexadecimal digit is missing\n"
+     + "!\tposition 1: a hexadecimal digit is missing\n" + A_PLUS_B, "", 1),
+    (["tree", "--lines", "--hex"], b"610062\n", None, "", 0),
+    (["tree", "--lines", "--hex"], b"61" * 65535 + b"\n612B62\n",
+     "-\t0\tError in Calculation\\(\\) weil .+\t-6\n" + re.escape(A_PLUS_B), "", 0),
+    # Calculation
+    (["calc", "1/0+2"], b"", "3\t0\t (Division durch Null)\n", "", 0),
+    (["calc", "2x"], b"", "2\t2\tError an Position 2 gefunden!\n", "", 0),
+    (["calc", "--strict", "2x"], b"", "2\t2\tError an Position 2 gefunden!\n", "", 1),
+    (["calc", "1/3"], b"", "0.33333333333333331\t0\t\n", "", 0),
+    (["calc", "--lines"], b"ln 0\n-ln 0\nln 0-ln 0\n-0\nartanh 1\n",
+     "-inf\t0\t\ninf\t0\t\nnan\t0\t\n-0\t0\t\ninf\t0\t\n", "", 0),
+    # Sizes
+    (["measure", "2"], b"", "0 0 18 17\t0 0 1[0-9] 18\t8\n", "", 0),
+    # Generated text
+    (["text", "a/b"], b"", "      (a)/(b)  \n", "", 0),
+    (["text", "a+" * 20 + "a"], b"", "      " + "a + " * 13 + "a \r\n     ++ " + "a + " * 6
+     + "a  \n", "", 0),
+    (["text", "--lines"], ("a+" * 20 + "a\nstr(ä)\n").encode(), "      " + "a + " * 13
+     + "a \\x0D\\x0A     ++ " + "a + " * 6 + "a  \n      \\xE4  \n", "", 0),
+    # Wrong usage
+    ([], b"", "", "mivora: a command is needed.*\n", 2),
+    (["nothing"], b"", "", "mivora: unknown command nothing.*\n", 2),
+    (["--nothing"], b"", "", "mivora: unknown option --nothing.*\n", 2),
+    (["tree"], b"", "", "mivora: tree: a TEXT is needed.*\n", 2),
+    (["tree", "a", "b"], b"", "", "mivora: tree: unexpected word b.*\n", 2),
+    (["tree", "a", "--nothing"], b"", "", "mivora: tree: unknown option --nothing.*\n", 2),
+    (["tree", "a", "--lines"], b"", "", "mivora: tree: --lines and a TEXT exclude.*\n", 2),
+    (["tree", "a", "--hex"], b"", "", "mivora: tree: --hex needs --lines.*\n", 2),
+    (["fonts", "a"], b"", "", "mivora: fonts: unexpected word a.*\n", 2),
+    (["comment", "--nothing"], b"", "", "mivora: comment: unknown option --nothing.*\n", 2),
+    (["render", "a"], b"", "", "mivora: render: --output FILE is needed.*\n", 2),
+    (["render", "a", "-o"], b"", "", "mivora: render: -o needs a value.*\n", 2),
+    (["render", "a", "-o", "x.gif"], b"", "", "mivora: render: the name x.gif ends in none.*\n", 2),
+    (["render", "a", "-o", "x"], b"", "", "mivora: render: the name x ends in none.*\n", 2),
+    (["render", "a", "-o", "x.png", "--dpi", "9"], b"", "", "mivora: render: --dpi.*\n", 2),
+    (["render", "a", "-o", "x.png", "--dpi=many"], b"", "", "mivora: render: --dpi.*\n", 2),
+    (["render", "a", "-o", "x.wmf", "--dpi", "96"], b"", "", "mivora: .*metafiles.*\n", 2),
+    (["render", "a", "-o", "x.wmf", "--boxes"], b"", "", "mivora: .*metafiles.*\n", 2),
+    (["render", "a", "-o", "x.png", "--select", "LX:1"], b"", "", "mivora: .*--select.*\n", 2),
+    (["render", "a", "-o", "x.png", "--select", "L:3"], b"", "", "mivora: .*--select.*\n", 2),
+    (["batch", "-"], b"", "", "mivora: batch: --directory DIR is needed.*\n", 2),
+    (["batch", "-", "-d", "x", "--format", "gif"], b"", "", "mivora: batch: --format.*\n", 2),
+    # Failures
+    (["tree", "a中"], b"", "", "mivora: position 2: U\\+4E2D is not in Windows-1252\n", 1),
+    (["tree", b"a\xff"], b"", "", "mivora: position 2: the byte 0xFF is no UTF-8\n", 1),
+    (["measure", "a" * 65535], b"", "", "mivora: Error in Calculation\\(\\) weil .*\n", 1),
+    (["text", "a" * 65535], b"", "", "mivora: Error in Calculation\\(\\) weil .*\n", 1),
+    (["render", "a", "-o", "no/x.wmf"], b"", "", "mivora: .*no/x.wmf: No such file.*\n", 1),
+    (["render", "a", "-o", "no/x.bmp"], b"", "", "mivora: .*no/x.bmp: No such file.*\n", 1),
+    (["render", "a", "-o", "no/x.svg"], b"", "", "mivora: .*no/x.svg: No such file.*\n", 1),
+    (["render", "a", "-o", "x.png", "--select", "LLL:1"], b"", "", "mivora: .*no node.*\n", 1),
+    (["render", "a" * 65535, "-o", "x.wmf"], b"", "", "mivora: Error in Calculation.*\n", 1),
+    (["comment", "missing.wmf"], b"", "", "mivora: .*missing.wmf: No such file.*\n", 1),
+    (["batch", "missing.txt", "-d", "x"], b"", "", "mivora: .*missing.txt: No such file.*\n", 1),
+]
+
+
+class Forms(unittest.TestCase):
+    maxDiff = None
+
+    def test_table(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for words, stdin, out, err, status in FORMS:
+                with self.subTest(words=[word[:40] for word in words], stdin=stdin[:40]):
+                    got_status, got_out, got_err = run(*words, stdin=stdin, cwd=folder)
+                    self.assertEqual(got_status, status, got_err)
+                    if out is not None and got_out != out:
+                        self.assertRegex(got_out, "^(?:%s)$" % out)
+                    self.assertRegex(got_err, "^(?:%s)$" % err)
+            self.assertEqual(os.listdir(folder), [], "a failure left a file behind")
+
+    def test_one_answer_for_each_line_at_once(self):
+        """Another program can talk with it line by line."""
+        with subprocess.Popen([MIVORA, "calc", "--lines"], stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE) as process:
+            for n in range(3):
+                process.stdin.write(b"%d+1\n" % n)
+                process.stdin.flush()
+                self.assertEqual(process.stdout.readline(), b"%d\t0\t\n" % (n + 1))
+            process.stdin.close()
+            self.assertEqual(process.wait(), 0)
+
+    def test_output_that_cannot_be_written(self):
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([MIVORA, "tree", "a"], stdout=full, capture_output=False,
+                                  stderr=subprocess.PIPE)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"cannot write to standard output", done.stderr)
+
+
+class Warnings(unittest.TestCase):
+    def expect(self, typed, message, text=None, caret=None, stdin=b""):
+        status, _, err = run("measure", typed, stdin=stdin)
+        self.assertEqual(status, 0)
+        expected = "mivora: warning: %s\n" % message
+        if text is not None:
+            expected += "  %s\n  %s^\n" % (text, " " * caret)
+        self.assertEqual(err.replace("\t", " "), expected)
+
+    def test_caret_stands_under_the_place(self):
+        self.expect("2x", "Error at Position 2!", "2x", 1)
+        self.expect("   2x", "Error at Position 2!", "   2x", 4)
+        self.expect("str(ä))b", "Error at Position 7!", "str(ä))b", 6)
+        self.expect("a \tb", "Error at Position 3!", "a  b", 2)
+
+    def test_no_caret_where_the_place_is_outside(self):
+        self.expect("INT", "Error at Position 65531!")
+
+    def test_the_line_in_question(self):
+        self.expect("-", "Error at Position 4!", "aa ", 3, stdin=b"aa \nc)\n")
+        self.expect("-", "Error at Position 9!", "b))", 2, stdin=b"str(a\nb))\n")
+        self.expect("-", "Error at Position 2!", "a", 1, stdin=b"a\nb\n")
+
+    def test_strict(self):
+        self.assertEqual(run("measure", "--strict", "2x")[0], 1)
+        self.assertEqual(run("measure", "--strict", "2")[0], 0)
+
+
+class Layout(unittest.TestCase):
+    def layout(self, text):
+        status, out, _ = run("layout", "--", text)
+        self.assertEqual(status, 0)
+        self.assertEqual(out.count("\n"), 1)
+        return json.loads(out)
+
+    def test_a_product(self):
+        """Signs: Times italic at 16 pixels, a and b are 8 wide, the line is 17 high."""
+        layout = self.layout("a*b")
+        self.assertEqual(layout["gap"], -5)
+        root = layout["root"]
+        times = root["left"]
+        self.assertIsNone(root["right"])
+        self.assertEqual(root["type"], "NT_STANDARD")
+        self.assertEqual(times["type"], "NT_TIMES")
+        self.assertNotIn("kind", times)
+        self.assertEqual(times["symbol"], "")
+        self.assertEqual(times["extent"][0], 0)
+        self.assertEqual(times["own"][0], -5)
+        for letter, side in ("a", "left"), ("b", "right"):
+            node = times[side]
+            self.assertEqual(node["symbol"], letter)
+            self.assertEqual((node["level"], node["height"]), (0, -120))
+            self.assertEqual(node["extent"], [8, 17])
+            self.assertEqual(node["own"], [10, 17])
+            self.assertEqual(node["size"], [13, 17])
+            self.assertEqual(node["axis"], 8)
+            self.assertIsNone(node["left"])
+        # a: one unit in; the product's own part behind the 13 units of a and one more.
+        self.assertEqual(times["left"]["rect"][0], 1)
+        self.assertEqual(times["rect"][0], 14)
+        self.assertEqual(times["rect"][2], 9)
+        self.assertEqual(times["right"]["rect"][0], 14 - 5 + 1 + 1)
+        self.assertEqual(layout["rect"][2:], root["size"])
+
+    def test_kinds_and_escapes(self):
+        division = self.layout("1/x")["root"]["left"]
+        self.assertEqual(division["kind"], 0)
+        self.assertNotIn("extent", division)
+        root = self.layout("sqr(x)")["root"]["left"]
+        self.assertEqual(root["symbol"], "\\xD6")
+        brace = self.layout("brace([,],x)")["root"]["left"]
+        self.assertEqual((brace["kind"], brace["symbol"]), (1, "[]"))
+        self.assertEqual(self.layout('str(a"b)')["root"]["left"]["symbol"], "a\\x22b")
+
+    def test_levels(self):
+        power = self.layout("a^b")["root"]["left"]
+        self.assertEqual((power["right"]["level"], power["right"]["height"]), (1, -100))
+
+    def test_refused(self):
+        status, out, err = run("layout", "a" * 65535)
+        self.assertEqual(status, 1)
+        layout = json.loads(out)
+        self.assertEqual((layout["root"], layout["rect"]), (None, [0, 0, 0, 0]))
+        self.assertIn("Error in Calculation() weil", err)
+
+    def test_deep(self):
+        status, out, _ = run("layout", "-", stdin=b"sqr(" * 15000 + b"x")
+        self.assertEqual(status, 0)
+        self.assertEqual(out.count('"NT_ROOT"'), 15000)
+        self.assertEqual(out.count("{"), out.count("}"))
+
+
+def pixels_of_png(data):
+    """Width, height and rows of (red, green, blue) of a PNG of 8-bit colours."""
+    assert data[:8] == b"\x89PNG\r\n\x1a\n"
+    chunks, at = [], 8
+    while at < len(data):
+        length, kind = struct.unpack(">I4s", data[at:at + 8])
+        chunks.append((kind, data[at + 8:at + 8 + length]))
+        at += 12 + length
+    width, height, depth, colour = struct.unpack(">IIBB", chunks[0][1][:10])
+    assert (depth, colour) == (8, 2), (depth, colour)
+    raw = zlib.decompress(b"".join(body for kind, body in chunks if kind == b"IDAT"))
+    rows, above = [], bytes(3 * width)
+    for y in range(height):
+        line = bytearray(raw[y * (3 * width + 1):(y + 1) * (3 * width + 1)])
+        method, line = line[0], line[1:]
+        for i in range(len(line)):
+            left = line[i - 3] if i >= 3 else 0
+            corner = above[i - 3] if i >= 3 else 0
+            up = above[i]
+            guess = left + up - corner
+            paeth = min((left, up, corner), key=lambda n: abs(guess - n))
+            line[i] = (line[i] + (0, left, up, (left + up) // 2, paeth)[method]) & 0xFF
+        above = bytes(line)
+        rows.append([tuple(line[i:i + 3]) for i in range(0, len(line), 3)])
+    return width, height, rows
+
+
+def picture(folder, *words, name="x.png"):
+    path = pathlib.Path(folder) / name
+    status, out, err = run("render", *words, "-o", str(path))
+    assert status == 0, err
+    return path.read_bytes(), out
+
+
+class Pictures(unittest.TestCase):
+    def setUp(self):
+        self.temporary = tempfile.TemporaryDirectory()
+        self.folder = self.temporary.name
+
+    def tearDown(self):
+        self.temporary.cleanup()
+
+    def size_in_pixels(self, text):
+        return [int(n) for n in run("measure", text)[1].split("\t")[0].split()][2:]
+
+    def test_prints_22_times_the_pixels(self):
+        width, height = self.size_in_pixels("a/b")
+        self.assertEqual(picture(self.folder, "a/b")[1], "%d %d\n" % (22 * width, 22 * height))
+
+    def test_png_has_the_formulas_size_in_every_resolution(self):
+        width, height = self.size_in_pixels("a/b")
+        for dpi in 96, 192, 300:
+            data, _ = picture(self.folder, "a/b", "--dpi", str(dpi))
+            got = pixels_of_png(data)
+            self.assertEqual(got[0], -(-width * dpi // 96))
+            self.assertEqual(got[1], -(-height * dpi // 96))
+            dark = sum(max(pixel) < 100 for row in got[2] for pixel in row)
+            self.assertGreater(dark, 20 * (dpi / 96) ** 2)
+            self.assertLess(dark, got[0] * got[1] / 4)
+
+    def test_bmp_by_the_library_and_enlarged(self):
+        width, height = self.size_in_pixels("a/b")
+        for dpi in 96, 192:
+            data, _ = picture(self.folder, "a/b", "--dpi", str(dpi), name="x.bmp")
+            size, start, head, w, h = struct.unpack("<2xI4xI3i", data[:26])
+            self.assertEqual((size, start, head), (len(data), 54, 40))
+            self.assertEqual((w, h), (width * dpi // 96, height * dpi // 96))
+
+    def test_vector_formats(self):
+        width, height = self.size_in_pixels("a/b")
+        svg = picture(self.folder, "a/b", name="x.svg")[0].decode()
+        self.assertIn('viewBox="0 0 %d %d"' % (width, height), svg)
+        pdf = picture(self.folder, "a/b", name="x.pdf")[0]
+        self.assertTrue(pdf.startswith(b"%PDF-"))
+        self.assertTrue(pdf.rstrip().endswith(b"%%EOF"))
+        box = re.search(rb"/MediaBox \[ ?0 0 ([0-9.]+) ([0-9.]+) ?\]", pdf)
+        self.assertAlmostEqual(float(box[1]), width * 0.75, places=2)
+        self.assertAlmostEqual(float(box[2]), height * 0.75, places=2)
+
+    def test_selection_and_grey(self):
+        """The colours of the system: highlight 0078D7, its text white, grey text 6D6D6D."""
+        highlight, grey = (0x00, 0x78, 0xD7), (0x6D, 0x6D, 0x6D)
+        colours = {}
+        for name, words in (("plain", []), ("node", ["--select", "L:1"]),
+                            ("subtree", ["--select", "L:2"]), ("grey", ["--grayed"]),
+                            ("root", ["--select", ":1"])):
+            rows = pixels_of_png(picture(self.folder, "a/b", *words)[0])[2]
+            colours[name] = [pixel for row in rows for pixel in row]
+        counts = {name: pixels.count(highlight) for name, pixels in colours.items()}
+        self.assertEqual(counts["plain"], 0)
+        self.assertGreater(counts["root"], 0)
+        self.assertGreater(counts["node"], counts["root"])
+        self.assertGreater(counts["subtree"], 2 * counts["node"])
+        self.assertEqual(counts["grey"], 0)
+        self.assertGreater(colours["grey"].count(grey), 10)
+        self.assertNotIn((0, 0, 0), colours["grey"])
+
+    def test_boxes_are_drawn_over_the_same_picture(self):
+        plain = pixels_of_png(picture(self.folder, "a/b", "--dpi", "192")[0])
+        boxes = pixels_of_png(picture(self.folder, "a/b", "--dpi", "192", "--boxes")[0])
+        self.assertEqual(plain[:2], boxes[:2])
+        coloured = [pixel for row in boxes[2] for pixel in row
+                    if max(pixel) - min(pixel) > 40]
+        self.assertGreater(len(coloured), 100)
+
+    def test_same_input_gives_same_bytes(self):
+        """In another folder, in a process of its own, behind other formulas."""
+        text = "sum(mark(x,i,2),i=1,n)=(n*(n+1))/2"
+        lines = pathlib.Path(self.folder) / "lines.txt"
+        lines.write_text("a/b\nsqr(x)\n%s\n" % text)
+        for name in "wmf", "emf", "bmp", "png", "svg", "pdf":
+            with self.subTest(name):
+                once = picture(self.folder, text, name="x." + name)[0]
+                with tempfile.TemporaryDirectory() as other:
+                    self.assertEqual(run("render", text, "-o", "y." + name, cwd=other)[0], 0)
+                    twice = (pathlib.Path(other) / ("y." + name)).read_bytes()
+                    run("batch", str(lines), "-d", other, "--format", name)
+                    batch = (pathlib.Path(other) / ("000003." + name)).read_bytes()
+                self.assertEqual(hashlib.md5(once).digest(), hashlib.md5(twice).digest())
+                self.assertEqual(hashlib.md5(once).digest(), hashlib.md5(batch).digest())
+
+    def test_extensions_in_any_case(self):
+        self.assertTrue(picture(self.folder, "a", name="x.PNG")[0].startswith(b"\x89PNG"))
+        self.assertEqual(picture(self.folder, "a", name="x.WMF")[0][40:44], b" EMF")
+
+    def test_a_failure_leaves_the_old_file(self):
+        path = pathlib.Path(self.folder) / "x.png"
+        path.write_bytes(b"old")
+        long = "a+" * 5000 + "a"
+        status, _, err = run("render", long, "-o", str(path), "--dpi", "2400")
+        self.assertEqual(status, 1)
+        self.assertIn("pixels long", err)
+        self.assertEqual(path.read_bytes(), b"old")
+
+    def test_comment(self):
+        path = pathlib.Path(self.folder) / "x.wmf"
+        picture(self.folder, "a", name="x.wmf")
+        self.assertEqual(run("comment", str(path)), (0, "\n", ""))
+        data = path.read_bytes()
+        # Another program's text in the place of the bare tag: the record grows by eight bytes.
+        at = data.index(b"qvmrz") - 12
+        kind, size, length = struct.unpack("<3I", data[at:at + 12])
+        self.assertEqual((kind, length), (70, 5))
+        text = "äb/c=1".encode("cp1252")
+        record = struct.pack("<3I", 70, size + 4, 5 + len(text)) + b"qvmrz" + text
+        record += bytes(size + 4 - len(record))
+        changed = bytearray(data[:at] + record + data[at + size:])
+        changed[48:52] = struct.pack("<I", len(changed))
+        path.write_bytes(changed)
+        self.assertEqual(run("comment", str(path)), (0, "äb/c=1\n", ""))
+        path.write_bytes(b"nothing of the kind")
+        status, out, err = run("comment", str(path))
+        self.assertEqual((status, out), (1, ""))
+        self.assertIn("不能解析该文件!", err)
+
+
+class Batch(unittest.TestCase):
+    LINES = "a/b\n2x\n\nx^2\n中\na)b\n".encode() + b"b" * 65535 + b"\nlast"
+    REPORT = ("mivora: line 2: Error at Position 2!\n"
+              "mivora: line 5: position 1: U\\+4E2D is not in Windows-1252\n"
+              "mivora: line 6: Error at Position 2!\n"
+              "mivora: line 7: Error in Calculation\\(\\) weil .*\n")
+
+    def setUp(self):
+        self.temporary = tempfile.TemporaryDirectory()
+        self.folder = pathlib.Path(self.temporary.name)
+
+    def tearDown(self):
+        self.temporary.cleanup()
+
+    def test_reports_and_files(self):
+        made = {}
+        for jobs in "1", "3":
+            out = self.folder / jobs
+            status, text, err = run("batch", "-", "-d", str(out), "--jobs", jobs, "--format",
+                                    "svg", stdin=self.LINES)
+            self.assertEqual(status, 1)
+            self.assertEqual(text, "6 done, 2 with syntax errors, 2 failed\n")
+            self.assertRegex(err, "^%s$" % self.REPORT)
+            made[jobs] = {path.name: path.read_bytes() for path in out.iterdir()}
+        self.assertEqual(sorted(made["1"]), ["%06d.svg" % n for n in (1, 2, 3, 4, 6, 8)])
+        self.assertEqual(made["1"], made["3"])
+
+    def test_status(self):
+        out = str(self.folder / "out")
+        for words, lines, status in ([], b"a\n", 0), ([], b"2x\n", 0), (["--strict"], b"2x\n", 1), \
+                (["--strict"], b"a\n", 0), ([], b"\xff\n", 1), ([], b"", 0):
+            with self.subTest(words=words, lines=lines):
+                self.assertEqual(run("batch", "-", "-d", out, *words, stdin=lines)[0], status)
+
+    def test_many_lines_stay_in_order(self):
+        lines = "".join("2%s\n" % ("x" if n % 7 == 0 else "") for n in range(1, 2001))
+        status, text, err = run("batch", "-", "-d", str(self.folder / "out"), "--jobs", "4",
+                                stdin=lines.encode())
+        self.assertEqual((status, text), (0, "2000 done, 285 with syntax errors, 0 failed\n"))
+        told = [int(line.split()[2][:-1]) for line in err.splitlines()]
+        self.assertEqual(told, list(range(7, 2001, 7)))
+        self.assertEqual(len(os.listdir(self.folder / "out")), 2000)
+
+    def test_a_bar_on_a_terminal_only(self):
+        lines = self.folder / "lines.txt"
+        lines.write_text("a\n" * 300)
+        parent, child = pty.openpty()
+        done = subprocess.run([MIVORA, "batch", str(lines), "-d", str(self.folder / "out")],
+                              stdout=subprocess.PIPE, stderr=child)
+        os.close(child)
+        shown = os.read(parent, 100000).decode()
+        os.close(parent)
+        self.assertEqual(done.stdout, b"300 done, 0 with syntax errors, 0 failed\n")
+        self.assertIn("100%", shown)
+        self.assertIn("[####", shown)
+
+    def test_all_formulas(self):
+        status, text, err = run("batch", FORMULAS, "-d", str(self.folder / "out"), "--format",
+                                "png", "--jobs", "2")
+        count = len(pathlib.Path(FORMULAS).read_text().splitlines())
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(text, "%d done, 0 with syntax errors, 0 failed\n" % count)
+
+
+class Manual(unittest.TestCase):
+    def test_help_page_and_completions_name_every_option(self):
+        help_text = run("--help")[1]
+        commands = re.findall(r"^  ([a-z]+) ", help_text.split("Commands:")[1], re.MULTILINE)
+        commands = [command for command in commands if run(command, "--help")[0] == 0]
+        self.assertIn("render", commands)
+        self.assertIn("fonts", commands)
+        page = run("--generate", "man")[1].replace("\\-", "-")
+        bash = run("--generate", "bash")[1]
+        zsh = run("--generate", "zsh")[1]
+        for command in commands:
+            status, text, _ = run(command, "--help")
+            self.assertEqual(status, 0)
+            options = re.findall(r"^  (?:-([a-z]), )?--([a-z]+)", text, re.MULTILINE)
+            self.assertIn(("", "help"), options)
+            section = page.split(".SS mivora %s " % command)[1].split("\n.S")[0]
+            bash_line = re.search(r"^ +%s\) (.*)$" % command, bash, re.MULTILINE)[1]
+            zsh_part = zsh.split("        %s)\n" % command)[1].split(";;")[0]
+            for short, name in options:
+                with self.subTest(command=command, option=name):
+                    self.assertIn("--" + name, section)
+                    self.assertIn("--" + name, bash_line.replace("'", " ").split())
+                    self.assertIn("--" + name, zsh_part)
+                    if short:
+                        self.assertIn("-%s, --%s" % (short, name), section)
+                        self.assertIn("-" + short, bash_line.replace("'", " ").split())
+                        self.assertIn("{-%s,--%s}" % (short, name), zsh_part)
+
+    def test_help_fits_a_terminal(self):
+        for words in ["--help"], ["render", "--help"], ["help", "batch"]:
+            status, text, _ = run(*words)
+            self.assertEqual(status, 0)
+            self.assertLess(max(map(len, text.splitlines())), 81)
+
+    def test_the_page_formats_without_complaint(self):
+        page = run("--generate", "man")[1]
+        done = subprocess.run(["groff", "-man", "-Tutf8", "-ww"], input=page.encode(),
+                              capture_output=True)
+        self.assertEqual(done.stderr, b"")
+        self.assertIn("mivora render", re.sub(".\b", "", done.stdout.decode()))
+
+    def test_bash_completes(self):
+        script = run("--generate", "bash")[1] + (
+            '\ncomplete_words() { COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _mivora; '
+            'echo "${COMPREPLY[@]}"; }\n')
+
+        def complete(*words):
+            calls = "complete_words %s" % " ".join("'%s'" % word for word in words)
+            done = subprocess.run(["bash", "-c", script + calls], capture_output=True, text=True)
+            self.assertEqual(done.stderr, "")
+            return done.stdout.split()
+
+        self.assertEqual(complete("mivora", "re"), ["render"])
+        self.assertEqual(complete("mivora", "batch", "--f"), ["--format"])
+        self.assertEqual(complete("mivora", "batch", "--format", "p"), ["png", "pdf"])
+        self.assertEqual(complete("mivora", "tree", "--"), ["--lines", "--hex", "--strict", "--help"])
+
+
+def main():
+    global MIVORA, FORMULAS
+    options = argparse.ArgumentParser()
+    options.add_argument("--mivora", required=True)
+    options.add_argument("--formulas", required=True)
+    options, rest = options.parse_known_args()
+    MIVORA, FORMULAS = map(os.path.abspath, (options.mivora, options.formulas))
+    os.environ.pop("ASAN_OPTIONS", None)
+    unittest.main(argv=[sys.argv[0], *rest])
+
+
+if __name__ == "__main__":
+    main()
