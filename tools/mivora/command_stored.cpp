@@ -4,7 +4,6 @@
 #include "arguments.h"
 #include "layout_form.h"
 #include "picture.h"
-#include "service/metafile_comment.h"
 #include "stored_formula.h"
 
 namespace
@@ -26,10 +25,7 @@ int RunInspect(const CArguments& arguments)
     const std::string strTold =
         arguments.Has(OPT_JSON) ? DescribeStoredAsJson(formula) : DescribeStored(formula);
     if (pFormat != nullptr)
-    {
-        g_strMetaComment = formula.m_strFormula;  // a metafile carries its text
         WritePicture(formula, *pFormat, strOutput, {});
-    }
     return Print(strTold);
 }
 

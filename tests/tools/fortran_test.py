@@ -1,0 +1,81 @@
+#!/usr/bin/python3
+"""The FORTRAN form of a formula, compiled by a FORTRAN compiler, has the calculator's value."""
+import argparse
+import math
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+
+MIVORA = None
+FORMULAS = [
+    "1.5+2.25-0.125", "2-3-4", "(1-2)-3", "-1.5+4",
+    "1.5*2.5/3.5", "8/4/2", "8/(4/2)", "1/3+2/3*5", "2*(3+4)*(5-6)", "(1+2)/(3+4)", "1/(2+3/(4+5/6))",
+    "1.5^2", "2^(1+2)", "(1+2)^(0.5)", "2^0.5*3^(1/3)", "(2^3)^2", "2^(3^2)", "(2/3)^4", "1.5^(-2)",
+    "sqr(2)", "sqr(1+sqr(2+sqr(3)))", "exp(1)", "exp(1.5-2)", "sin(1+2)", "cos(1/2+0.25)",
+    "tan(0.5+0.25)", "arcsin(0.5)", "arccos(0.25)", "arctan(2)", "sinh(0.5+1)", "cosh(0.5+1)",
+    "tanh(0.5+1)", "ln(1.5+2)", "log(10+2)", "arsinh(1.5+2)", "arcosh(1.5+2)", "artanh(0.25+0.5)",
+    "sin(1+2)^2+cos(1+2)^2", "exp(-(1.5^2)/2)/sqr(2*3.14159)", "(1+2*(3-4/(5+6^2)))/(7-sqr(8+9))",
+    # Continuation lines, with breaks inside of numbers and names
+    "+".join(f"{n}.{n}{n}{n}" for n in range(1, 60)),
+    "*".join(f"({n}.125+sqr({n}.5))" for n in range(1, 12)),
+    "-".join(f"sin({n}.25+0.5)/{n}" for n in range(1, 30)),
+]
+
+# In FORTRAN 1/2 is 0 and SQRT(2) no expression: numbers have a point, but for exponents.
+FORMULAS = [re.sub(r"(?<![\d.^])(\d+)(?![\d.])", r"\1.0", formula) for formula in FORMULAS]
+
+
+def run(command, lines):
+    done = subprocess.run([MIVORA, command, "--lines", "--strict"], input="\n".join(lines).encode(),
+                          capture_output=True, check=True)
+    return done.stdout.decode().splitlines()
+
+
+def statement(text):
+    """An assignment: the form starts with the six columns of a statement label."""
+    assert text.startswith(" " * 6)
+    return "      VALUE =\n     +" + text[6:].replace("\r\n", "\n") + "\n      PRINT *, VALUE\n"
+
+
+class Fortran(unittest.TestCase):
+    def test_the_compiler_gets_the_calculators_values(self):
+        texts = [text.replace("\\x0D\\x0A", "\r\n") for text in run("text", FORMULAS)]
+        answers = [line.split("\t") for line in run("calc", FORMULAS)]
+        self.assertEqual(len(texts), len(FORMULAS))
+        self.assertGreater(sum("\r\n     +" in text for text in texts), 3)
+        for text in texts:
+            for line in text.split("\r\n"):
+                self.assertLessEqual(len(line), 72)
+        with tempfile.TemporaryDirectory() as folder:
+            source = os.path.join(folder, "values.f")
+            with open(source, "w", encoding="ascii") as file:
+                file.write("      PROGRAM VALUES\n      DOUBLE PRECISION VALUE\n"
+                           + "".join(map(statement, texts)) + "      END\n")
+            # Numbers stand as they were typed: they are to be double precision.
+            subprocess.run(["gfortran", "-std=legacy", "-ffixed-form", "-fdefault-real-8",
+                            "-fdefault-double-8", source, "-o", os.path.join(folder, "values")],
+                           check=True)
+            values = subprocess.run([os.path.join(folder, "values")], capture_output=True, text=True,
+                                    check=True).stdout.split()
+        self.assertEqual(len(values), len(FORMULAS))
+        for formula, (value, position, message), compiled in zip(FORMULAS, answers, values):
+            with self.subTest(formula):
+                self.assertEqual((position, message), ("0", ""))
+                self.assertTrue(math.isclose(float(value), float(compiled), rel_tol=1e-14),
+                                (value, compiled))
+
+
+def main():
+    global MIVORA
+    options = argparse.ArgumentParser()
+    options.add_argument("--mivora", required=True)
+    options, rest = options.parse_known_args()
+    MIVORA = os.path.abspath(options.mivora)
+    unittest.main(argv=[sys.argv[0], *rest])
+
+
+if __name__ == "__main__":
+    main()
