@@ -1,7 +1,7 @@
-// Drawing on memory bitmaps: shapes pixel by pixel, text and wide lines by cairo.
+// Drawing on memory bitmaps: shapes and glyphs pixel by pixel, wide lines and outlines by cairo.
+#include "platform/gdi/linux/cairo_fonts.h"
 #include "platform/gdi/linux/cairo_target.h"
-#include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/font_cache.h"
+#include "platform/gdi/linux/glyph_masks.h"
 #include "platform/gdi/linux/stretch.h"
 
 #include <algorithm>
@@ -77,9 +77,6 @@ void ClipTo(cairo_t* pCairo, const RECT& box)
 // No glyph reaches further from its pen than this many times the em square.
 constexpr double GLYPH_REACH = 3;
 
-// Larger glyphs are filled as outlines: cairo would keep a picture of each, megabytes of them.
-constexpr double OUTLINE_PPEM = 256;
-
 class CBitmapTarget final : public CCairoTarget
 {
 public:
@@ -101,13 +98,14 @@ private:
     void FillSolid(const RECT& box, CPixel pixel, CRasterOp op);
     template <class F>
     bool StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath);
+    void PutMask(const CGlyphMask& mask, POINT pen, const RECT& clip, CPixel colour);
+    bool ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run, const RECT& clip,
+                      const CPenBounds& bounds);
     bool BeginCairo();
     bool EndCairo();
 
     CPicture& m_picture;
-    CCairoPtr m_pCairo;  // made when text or a wide line is drawn
-    CScaledFontPtr m_pFont;
-    COLORREF m_crText = CLR_INVALID;  // what the context has as its source
+    CCairoPtr m_pCairo;  // made when large text or a wide line is drawn
 };
 
 RECT CBitmapTarget::Clip(const CDrawState& state) const
@@ -119,11 +117,13 @@ RECT CBitmapTarget::Clip(const CDrawState& state) const
 void CBitmapTarget::FillSolid(const RECT& box, CPixel pixel, CRasterOp op)
 {
     const std::ptrdiff_t nWidth = box.right - box.left;
-    for (int y = box.top; y < box.bottom; ++y)
+    const bool bPlain = !UsesOld(op);
+    const CPixel plain = Combine(op, 0, pixel);
+    CPixel* pRow = m_picture.Row(box.top) + box.left;
+    for (int y = box.top; y < box.bottom; ++y, pRow += m_picture.Width())
     {
-        CPixel* pRow = m_picture.Row(y) + box.left;
-        if (op == OP_COPY)
-            std::fill_n(pRow, nWidth, pixel);
+        if (bPlain)
+            std::fill_n(pRow, nWidth, plain);
         else
             std::transform(pRow, pRow + nWidth, pRow,
                            [=](CPixel before) { return Combine(op, before, pixel); });
@@ -239,43 +239,66 @@ bool CBitmapTarget::StrokeWide(const CDrawState& state, const CStroke& stroke, F
 
 bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
 {
-    const CDrawState& state = dc.State();
-    const bool bClipped = state.m_clip || run.m_clip;
-    RECT clip = Clip(state);
+    const double fHeight = run.m_font.Ppem();
+    const double fWidth = fHeight * std::max(1.0, run.m_font.WidthRatio());
+    RECT clip = Clip(dc.State());
     if (run.m_clip)
         clip = IntersectBoxes(clip, *run.m_clip);
-    const double fWidth = GLYPH_REACH * run.m_font.Ppem() * std::max(1.0, run.m_font.WidthRatio());
-    const double fHeight = GLYPH_REACH * run.m_font.Ppem();
-    if (IsEmptyBox(clip) || run.m_origin.y - fHeight > clip.bottom ||
-        run.m_origin.y + fHeight < clip.top)
+    if (IsEmptyBox(clip) || run.m_origin.y - GLYPH_REACH * fHeight > clip.bottom ||
+        run.m_origin.y + GLYPH_REACH * fHeight < clip.top)
         return true;
-    const bool bTwoColours = m_picture.Bits() == 1;
-    cairo_scaled_font_t* pFont =
-        FindScaledFont(run.m_font, bTwoColours ? CHinting::twoColours : CHinting::shades);
+    const auto nReach = static_cast<std::int64_t>(std::min(GLYPH_REACH * fWidth, 1e9));
+    const CPenBounds bounds{ clip.left - nReach, clip.right + nReach };
+    if (std::max(fWidth, fHeight) > MASK_SIZE_LIMIT)
+        return ShowOutlines(dc, run, clip, bounds);
+
+    CFontMasks* pMasks =
+        FindFontMasks(run.m_font, m_picture.Bits() == 1 ? CHinting::twoColours : CHinting::shades);
+    if (!pMasks)
+        return false;
+    const CPixel colour = PixelFromColour(dc.State().m_crText);
+    WalkGlyphs(
+        dc, run, bounds,
+        [&](BYTE byte, std::int64_t x) {
+            PutMask(pMasks->Mask(byte), { static_cast<LONG>(x), run.m_origin.y }, clip, colour);
+        });
+    return true;
+}
+
+void CBitmapTarget::PutMask(const CGlyphMask& mask, POINT pen, const RECT& clip, CPixel colour)
+{
+    const RECT box{ mask.m_box.left + pen.x, mask.m_box.top + pen.y, mask.m_box.right + pen.x,
+                    mask.m_box.bottom + pen.y };
+    const RECT seen = IntersectBoxes(box, clip);
+    if (IsEmptyBox(seen))
+        return;
+    const std::ptrdiff_t nMaskWidth = box.right - box.left;
+    const auto nWidth = static_cast<std::size_t>(seen.right - seen.left);
+    const BYTE* pCoverage =
+        mask.m_coverage.data() + (seen.top - box.top) * nMaskWidth + (seen.left - box.left);
+    CPixel* pRow = m_picture.Row(seen.top) + seen.left;
+    for (int y = seen.top; y < seen.bottom; ++y, pRow += m_picture.Width(), pCoverage += nMaskWidth)
+        BlendRow({ pRow, nWidth }, pCoverage, colour);
+}
+
+bool CBitmapTarget::ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run, const RECT& clip,
+                                 const CPenBounds& bounds)
+{
+    cairo_matrix_t identity;
+    cairo_matrix_init_identity(&identity);
+    const CScaledFontPtr pFont = MakeScaledFont(run.m_font, CHinting::outlines, identity);
     if (!pFont || !BeginCairo())
         return false;
-
     cairo_t* pCairo = m_pCairo.get();
-    if (pFont != m_pFont.get())
     {
-        cairo_set_scaled_font(pCairo, pFont);
-        m_pFont.reset(cairo_scaled_font_reference(pFont));
-    }
-    cairo_set_antialias(pCairo, bTwoColours ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
-    if (state.m_crText != m_crText)
-    {
-        SetSource(pCairo, state.m_crText, OP_COPY);
-        m_crText = state.m_crText;
-    }
-    std::optional<CCairoScope> scope;
-    if (bClipped)
-    {
-        scope.emplace(pCairo);
+        const CCairoScope scope(pCairo);
         ClipTo(pCairo, clip);
+        if (m_picture.Bits() == 1)
+            cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
+        cairo_set_scaled_font(pCairo, pFont.get());
+        SetSource(pCairo, dc.State().m_crText, OP_COPY);
+        DrawGlyphs(pCairo, dc, run, bounds, true);
     }
-    DrawGlyphs(pCairo, dc, run, { clip.left - fWidth, clip.right + fWidth },
-               std::max(fWidth, fHeight) > GLYPH_REACH * OUTLINE_PPEM);
-    scope.reset();
     return EndCairo();
 }
 
@@ -286,8 +309,6 @@ bool CBitmapTarget::BeginCairo()
     if (!m_pCairo && pSurface)
     {
         m_pCairo.reset(cairo_create(pSurface));
-        m_crText = CLR_INVALID;
-        m_pFont.reset();
     }
     return m_pCairo && EndCairo();
 }

@@ -1,9 +1,7 @@
-// Font files opened for drawing, and scaled fonts kept for bitmaps.
+// Font files opened for drawing, and texts on their way to cairo.
 #include "platform/gdi/linux/cairo_fonts.h"
 
-#include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/font_cache.h"
-#include "platform/gdi/linux/rounding.h"
+#include "platform/gdi/linux/glyph_run.h"
 
 #include <cairo-ft.h>
 
@@ -85,48 +83,7 @@ const cairo_font_options_t* FontOptions(CHinting hinting)
     return s_apOptions[static_cast<int>(hinting)];
 }
 
-// Scaled fonts for the identity matrix. They are dropped together with the realised fonts that they
-// belong to, and when there are many: each may hold the pictures of its glyphs.
-class CScaledFonts
-{
-public:
-    cairo_scaled_font_t* Find(const CRealizedFont& font, CHinting hinting)
-    {
-        if (m_nGeneration != CFontCache::Generation() || m_fonts.size() >= LIMIT)
-        {
-            m_fonts.clear();
-            m_nGeneration = CFontCache::Generation();
-        }
-        const auto [it, bNew] = m_fonts.try_emplace(&font);
-        CScaledFontPtr& pScaled = it->second.m_apFonts[static_cast<int>(hinting)];
-        if (!pScaled && !it->second.m_abTried[static_cast<int>(hinting)])
-        {
-            cairo_matrix_t identity;
-            cairo_matrix_init_identity(&identity);
-            pScaled = MakeScaledFont(font, hinting, identity);
-            it->second.m_abTried[static_cast<int>(hinting)] = true;
-        }
-        return pScaled.get();
-    }
-
-private:
-    static constexpr std::size_t LIMIT = 256;
-    struct CEntry
-    {
-        CScaledFontPtr m_apFonts[HINTINGS];
-        bool m_abTried[HINTINGS] = {};
-    };
-    std::unordered_map<const CRealizedFont*, CEntry> m_fonts;
-    unsigned m_nGeneration = 0;
-};
-
 }  // namespace
-
-cairo_scaled_font_t* FindScaledFont(const CRealizedFont& font, CHinting hinting)
-{
-    static auto* const s_pFonts = new CScaledFonts;  // outlives every device context
-    return s_pFonts->Find(font, hinting);
-}
 
 CScaledFontPtr MakeScaledFont(const CRealizedFont& font, CHinting hinting,
                               const cairo_matrix_t& matrix)
@@ -181,20 +138,11 @@ private:
 }  // namespace
 
 void DrawGlyphs(cairo_t* pCairo, const CDeviceContext& dc, const CGlyphRun& run,
-                const CGlyphBounds& bounds, bool bAsOutlines)
+                const CPenBounds& bounds, bool bAsOutlines)
 {
     CGlyphBatch batch(pCairo, bAsOutlines);
-    std::int64_t nAdvance = 0;  // so far: pixels, or the caller's units
-    for (std::size_t i = 0; i < run.m_text.size(); ++i)
-    {
-        const BYTE byte = run.m_text[i];
-        const double x =
-            run.m_origin.x +
-            static_cast<double>(run.m_pDx ? dc.Mapping().ToDeviceWidth(SaturateToInt(nAdvance))
-                                          : nAdvance);
-        nAdvance += run.m_pDx ? run.m_pDx[i] : run.m_font.Advance(byte);
-        if (x >= bounds.m_fLeft && x <= bounds.m_fRight)
-            batch.Add(run.m_font.Glyph(byte), x, run.m_origin.y);
-    }
+    WalkGlyphs(dc, run, bounds,
+               [&](BYTE byte, std::int64_t x)
+               { batch.Add(run.m_font.Glyph(byte), static_cast<double>(x), run.m_origin.y); });
     batch.Flush();
 }

@@ -1,10 +1,6 @@
 // From calls in logical units to boxes, lines and glyphs in device pixels.
 #include "platform/gdi/linux/cairo_target.h"
 
-#include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/font_cache.h"
-#include "platform/gdi/linux/rounding.h"
-
 namespace
 {
 

@@ -3,11 +3,9 @@
 #pragma once
 
 #include "platform/gdi/linux/bitmap.h"
-#include "platform/gdi/linux/cairo_fonts.h"
 #include "platform/gdi/linux/draw_target.h"
+#include "platform/gdi/linux/glyph_run.h"
 #include "platform/gdi/linux/raster_op.h"
-
-struct CDrawState;
 
 // A pen on the device.
 struct CStroke

@@ -1,8 +1,7 @@
 // Drawing on a host's cairo context: device pixels are its user units.
 #include "platform/gdi/linux/host_target.h"
 
-#include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/font_cache.h"
+#include "platform/gdi/linux/cairo_fonts.h"
 #include "platform/gdi/linux/stretch.h"
 
 #include <cmath>

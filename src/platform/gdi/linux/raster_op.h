@@ -48,6 +48,12 @@ constexpr bool UsesNew(CRasterOp op)
     return op >> 2 != (op & 3);
 }
 
+// False if the result is the same whatever was there.
+constexpr bool UsesOld(CRasterOp op)
+{
+    return (op >> 1 & 5) != (op & 5);
+}
+
 constexpr CPixel Combine(CRasterOp op, CPixel before, CPixel drawn)
 {
     return (op & 1 ? ~before & ~drawn : 0) | (op & 2 ? before & ~drawn : 0) |
