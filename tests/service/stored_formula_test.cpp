@@ -1,0 +1,269 @@
+// The document of a formula: its bytes, the file around them, and what a damaged one leaves.
+#include <functional>
+
+#include "nodes/node.h"
+#include "platform/base/archive.h"
+#include "platform/base/exception.h"
+#include "platform/doc/compound_file.h"
+#include "service/service_helpers.h"
+#include "tree/tree_form.h"
+
+namespace
+{
+std::string Bits32(std::initializer_list<int> numbers)
+{
+    std::string strBytes;
+    for (int n : numbers)
+    {
+        for (int nShift = 0; nShift < 32; nShift += 8)
+            strBytes += static_cast<char>(static_cast<unsigned>(n) >> nShift);
+    }
+    return strBytes;
+}
+
+std::string Text(const std::string& str)
+{
+    return static_cast<char>(str.size()) + str;
+}
+
+// Face, colour, bold, italic, character set.
+std::string Record(const char* pszFace, int nBold, int nItalic, char nCharSet)
+{
+    return Text(pszFace) + Bits32({ 0, nBold, nItalic }) + nCharSet;
+}
+
+std::string DefaultFormat()
+{
+    const char* const TNR = "Times New Roman";
+    return Record(TNR, 0, 0, 0) + Record(TNR, 0, 1, 0) + Record(TNR, 0, 1, 0) +
+           Record(TNR, 0, 0, 0) + Record(TNR, 1, 0, 0) + Record("Symbol", 0, 0, 2) +
+           Record("Symbol", 0, 0, 2) + Bits32({ -12, -10, -8, -16, -12 });
+}
+
+// Text, rectangle and name; what stands in the tree's place is between this and the format.
+const std::string s_strHead = Text("x=1") + Bits32({ -1, 2, 300, 70000 }) + Text("name");
+
+// An empty root: no children, flags, priority, level, steps, type, symbol, description, colour,
+// rectangle, base line, face, italic, bold.
+const std::string s_strRoot =
+    Text("NT_STANDARD") + Text("") + Text("") + Bits32({ 0, -1, 0, 0, 0 }) + Text("NT_STANDARD") +
+    Text("") + Text("") + Bits32({ 0, 5, 6, 7, 8, 9 }) + Text("Times New Roman") + Bits32({ 0, 0 });
+
+// A document with a tree and a table of its own.
+class CLentDoc : public CFormulaDoc
+{
+public:
+    CLentDoc()
+    {
+        m_pTree = &m_tree;
+        m_pFormat = &m_format;
+    }
+    explicit CLentDoc(const char* pszRootSymbol) : CLentDoc()
+    {
+        m_tree.CreateRootNode("NT_STANDARD")->SetSymbol(pszRootSymbol);
+        m_tree.SetName("old name");
+        m_format.m_nSizes[0] = -99;
+        m_strFormula = "old text";
+    }
+
+    void ExpectOld()
+    {
+        ASSERT_NE(m_tree.GetRootNode(), nullptr);
+        EXPECT_EQ(m_tree.GetRootNode()->GetSymbol(), "old");
+        EXPECT_EQ(m_tree.GetName(), "old name");
+        EXPECT_EQ(m_format.m_nSizes[0], -99);
+    }
+
+    CBinTree m_tree;
+    CBinTreeFormat m_format;
+};
+
+std::string Stored(CDocument& document)
+{
+    CMemFile file;
+    CArchive ar(&file, CArchive::store);
+    document.Serialize(ar);
+    ar.Close();
+    return { reinterpret_cast<const char*>(file.GetData()), static_cast<size_t>(file.GetLength()) };
+}
+
+void Load(CDocument& document, std::string strBytes)
+{
+    CMemFile file(reinterpret_cast<BYTE*>(strBytes.data()), static_cast<UINT>(strBytes.size()));
+    CArchive ar(&file, CArchive::load);
+    document.Serialize(ar);
+    EXPECT_EQ(file.GetPosition(), file.GetLength());
+    ar.Close();
+}
+
+class CStoredFormulaTest : public CServiceTest
+{
+protected:
+    CString Pack(const char* pszName, const char* pszStream, std::string strContent)
+    {
+        CMemFile content(reinterpret_cast<BYTE*>(strContent.data()),
+                         static_cast<UINT>(strContent.size()));
+        CFile file(File(pszName), CFile::modeCreate | CFile::modeWrite);
+        PackCompoundFile(file, pszStream, content);
+        return File(pszName);
+    }
+
+    std::string ContentsOf(const CString& strPath)
+    {
+        CFile file(strPath, CFile::modeRead);
+        CMemFile content;
+        EXPECT_TRUE(UnpackCompoundFile(file, "Contents", content));
+        return { reinterpret_cast<const char*>(content.GetData()),
+                 static_cast<size_t>(content.GetLength()) };
+    }
+};
+
+TEST_F(CStoredFormulaTest, HasItsItemsInOrder)
+{
+    const std::string strBytes = s_strHead + s_strRoot + DefaultFormat();
+    CLentDoc loaded;
+    Load(loaded, strBytes);
+    EXPECT_EQ(loaded.m_strFormula, "x=1");
+    EXPECT_EQ(loaded.m_tree.m_rectFormula, CRect(-1, 2, 300, 70000));
+    EXPECT_EQ(loaded.m_tree.GetName(), "name");
+    EXPECT_EQ(loaded.m_tree.GetRootNode()->m_rect, CRect(5, 6, 7, 8));
+    EXPECT_EQ(Stored(loaded), strBytes);
+
+    // Only what was lent is there.
+    loaded.m_pFormat = nullptr;
+    EXPECT_EQ(Stored(loaded), s_strHead + s_strRoot);
+    loaded.m_pTree = nullptr;
+    EXPECT_EQ(Stored(loaded), Text("x=1"));
+}
+
+TEST_F(CStoredFormulaTest, AnEmptyTreeIsAZeroThatIsReadInPart)
+{
+    const std::string strBytes = s_strHead + Bits32({ 0 }) + DefaultFormat();
+    CLentDoc empty;
+    empty.m_strFormula = "x=1";
+    empty.m_tree.SetName("name");
+    empty.m_tree.m_rectFormula = CRect(-1, 2, 300, 70000);
+    EXPECT_EQ(Stored(empty), strBytes);
+
+    CLentDoc loaded("old");
+    EXPECT_FALSE(loaded.OnOpenDocument(Pack("x.fml", "Contents", strBytes)));
+    EXPECT_EQ(TakeMessages().size(), 1U);
+    EXPECT_EQ(loaded.m_tree.GetRootNode()->GetSymbol(), "old");
+    EXPECT_EQ(loaded.m_format.m_nSizes[0], -99);
+}
+
+TEST_F(CStoredFormulaTest, IsSavedAsItStandsAndOpened)
+{
+    CFormulaOut formula;
+    formula.FormTree("a/b=sqr(c)");
+    formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode(), 2);
+    formula.m_Format.m_nSizes[2] = -7;
+    const CString strPath = File("x.fml");
+    EXPECT_EQ(formula.SaveToFML(strPath), 1);
+    EXPECT_EQ(formula.m_Tree.GetSelection(), nullptr);
+    EXPECT_NE(formula.m_Tree.GetRootNode(), nullptr);
+    EXPECT_FALSE(formula.m_Doc.IsModified());
+    const std::string strFile = ReadWhole(strPath);
+    EXPECT_EQ(formula.SaveToFML(strPath), 1);
+    EXPECT_EQ(ReadWhole(strPath), strFile);
+
+    CLentDoc opened("old");
+    opened.SetModifiedFlag();
+    EXPECT_TRUE(opened.OnOpenDocument(strPath));
+    EXPECT_EQ(TakeMessages(), Messages{});
+    EXPECT_EQ(opened.GetPathName(), strPath);
+    EXPECT_FALSE(opened.IsModified());
+    EXPECT_EQ(opened.m_strFormula, "a/b=sqr(c)");
+    EXPECT_EQ(opened.m_format.m_nSizes[2], -7);
+    EXPECT_STREQ(TreeForm(opened.m_tree.GetRootNode()), TreeForm(formula.m_Tree.GetRootNode()));
+    EXPECT_EQ(Stored(opened), ContentsOf(strPath));
+}
+
+TEST_F(CStoredFormulaTest, ARefusedTextLeavesTheLastGoodOneWithoutATree)
+{
+    CFormulaOut formula;
+    formula.FormTree("a");
+    EXPECT_EQ(formula.FormTree(CString('a', 65535)), 0);
+    EXPECT_EQ(TakeMessages().size(), 1U);
+    formula.m_Tree.m_rectFormula = CRect(0, 0, 9, 18);
+    formula.SaveToFML(File("x.fml"));
+    EXPECT_EQ(ContentsOf(File("x.fml")),
+              Text("a") + Bits32({ 0, 0, 9, 18 }) + Text("") + Bits32({ 0 }) + DefaultFormat());
+}
+
+TEST_F(CStoredFormulaTest, WhatCannotBeOpenedIsToldAndChangesNothing)
+{
+    const std::string strSound = s_strHead + s_strRoot + DefaultFormat();
+    WriteWhole(File("bare.fml"), strSound);
+    WriteWhole(File("empty.fml"), "");
+    Pack("other.fml", "Other", strSound);
+    Pack("short.fml", "Contents", strSound.substr(0, 60));
+    Pack("class.fml", "Contents", s_strHead + Text("NT_Standard") + s_strRoot.substr(12));
+    const struct
+    {
+        const char* pszName;
+        const char* pszReason;
+    } aCases[] = {
+        { "bare.fml", "damaged" },        { "empty.fml", "damaged" },
+        { "other.fml", "damaged" },       { "short.fml", "early" },
+        { "class.fml", "unknown class" }, { "missing.fml", "There is no file" },
+    };
+    for (const auto& row : aCases)
+    {
+        SCOPED_TRACE(row.pszName);
+        CLentDoc opened("old");
+        opened.SetModifiedFlag();
+        EXPECT_FALSE(opened.OnOpenDocument(File(row.pszName)));
+        opened.ExpectOld();
+        EXPECT_TRUE(opened.IsModified());
+        EXPECT_TRUE(opened.GetPathName().IsEmpty());
+        const Messages messages = TakeMessages();
+        ASSERT_EQ(messages.size(), 1U);
+        EXPECT_EQ(messages[0].find("Failed to open document " +
+                                   std::string(File(row.pszName).View()) + ". "),
+                  0U);
+        EXPECT_NE(messages[0].find(row.pszReason), std::string::npos) << messages[0];
+    }
+    // Without the compound file the archive alone is the file.
+    CLentDoc bare;
+    bare.EnableCompoundFile(FALSE);
+    EXPECT_TRUE(bare.OnOpenDocument(File("bare.fml")));
+    EXPECT_EQ(Stored(bare), strSound);
+    EXPECT_TRUE(bare.DoSave(File("again.fml")));
+    EXPECT_EQ(ReadWhole(File("again.fml")), strSound);
+}
+
+// Cut anywhere, or with any byte changed, a file is refused or opened as something whole.
+TEST_F(CStoredFormulaTest, AnyDamageIsAnswered)
+{
+    const CString strPath = Pack("x.fml", "Contents", s_strHead + s_strRoot + DefaultFormat());
+    const std::string strWhole = ReadWhole(strPath);
+    size_t nRefused = 0;
+    const auto answer = [&](const std::string& strDamaged)
+    {
+        WriteWhole(strPath, strDamaged);
+        CLentDoc opened("old");
+        const BOOL bOpened = opened.OnOpenDocument(strPath);
+        EXPECT_EQ(TakeMessages().size(), bOpened ? 0U : 1U);
+        EXPECT_EQ(opened.IsModified(), FALSE);
+        EXPECT_FALSE(TreeForm(opened.m_tree.GetRootNode()).IsEmpty());
+        Stored(opened);
+        nRefused += !bOpened;
+        return bOpened;
+    };
+    for (size_t n = 0; n + 512 < strWhole.size(); ++n)
+        EXPECT_FALSE(answer(strWhole.substr(0, n))) << n;
+    for (size_t n = strWhole.size() - 512; n < strWhole.size(); ++n)
+        answer(strWhole.substr(0, n));
+    nRefused = 0;
+    for (size_t n = 0; n < strWhole.size(); ++n)
+    {
+        SCOPED_TRACE(n);
+        std::string strDamaged = strWhole;
+        strDamaged[n] = static_cast<char>(~strDamaged[n]);
+        answer(strDamaged);
+    }
+    EXPECT_GT(nRefused, 100U);
+    EXPECT_LT(nRefused, strWhole.size());
+}
+}  // namespace
