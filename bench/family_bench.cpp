@@ -2,9 +2,8 @@
 #include <benchmark/benchmark.h>
 
 #include <string>
-#include <vector>
 
-#include "nodes/node.h"
+#include "formulas.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
 
@@ -37,23 +36,6 @@ std::string Text(const CFamily& family, int nLevels)
     for (int n = 0; n < nLevels; ++n)
         text += family.pszClose;
     return text;
-}
-
-int CountNodes(CNode* pRoot)
-{
-    std::vector<CNode*> open = { pRoot };
-    int nNodes = 0;
-    while (!open.empty())
-    {
-        CNode* pNode = open.back();
-        open.pop_back();
-        if (pNode == nullptr)
-            continue;
-        ++nNodes;
-        open.push_back(pNode->GetLeft());
-        open.push_back(pNode->GetRight());
-    }
-    return nNodes;
 }
 
 void CountPerNode(benchmark::State& state, CFormulaOut& formula)

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "nodes/node.h"
+
 namespace
 {
 std::vector<std::string> ReadFormulas()
@@ -26,4 +28,21 @@ const std::vector<std::string>& Formulas()
 {
     static const std::vector<std::string> s_formulas = ReadFormulas();
     return s_formulas;
+}
+
+int CountNodes(CNode* pRoot)
+{
+    std::vector<CNode*> open = { pRoot };
+    int nNodes = 0;
+    while (!open.empty())
+    {
+        CNode* pNode = open.back();
+        open.pop_back();
+        if (pNode == nullptr)
+            continue;
+        ++nNodes;
+        open.push_back(pNode->GetLeft());
+        open.push_back(pNode->GetRight());
+    }
+    return nNodes;
 }
