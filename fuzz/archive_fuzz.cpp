@@ -73,13 +73,19 @@ void Use(CFormulaOut& formula)
     Store(formula);
 }
 
-void Load(CMemFile& file)
+// Serialize as an archive on its own has it, or behind the text that a document has first.
+void Load(CMemFile& file, bool bDocument)
 {
     CFormulaOut formula;
+    formula.m_Doc.m_pTree = &formula.m_Tree;
+    formula.m_Doc.m_pFormat = &formula.m_Format;
     try
     {
         CArchive archive(&file, CArchive::load);
-        formula.SaveTree(archive);
+        if (bDocument)
+            formula.m_Doc.Serialize(archive);
+        else
+            formula.SaveTree(archive);
         archive.Close();
     }
     catch (CException* pException)
@@ -94,13 +100,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
 {
     BeQuiet();
     CMemFile bare(const_cast<BYTE*>(pData), static_cast<UINT>(nSize));
-    Load(bare);
+    Load(bare, false);
     if (nSize > 8 && pData[0] == 0xD0 && pData[1] == 0xCF)
     {
         CMemFile compound(const_cast<BYTE*>(pData), static_cast<UINT>(nSize));
         CMemFile content;
         if (UnpackCompoundFile(compound, "Contents", content))
-            Load(content);
+            Load(content, true);
     }
     return 0;
 }
