@@ -22,5 +22,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/MivoraConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/MivoraConfig.cmake ${PROJECT_BINARY_DIR}/MivoraConfigVersion.cmake
         DESTINATION ${package_dir})
 
+# The package file finds the installation from its own place, so that it can be moved.
+file(RELATIVE_PATH MIVORA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${CMAKE_CURRENT_LIST_DIR}/mivora.pc.in ${PROJECT_BINARY_DIR}/mivora.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/mivora.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
