@@ -410,4 +410,35 @@ TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
     TextOutA(picture, 5, 5, "x", 1);
     EXPECT_GT(DarkPlaces(picture).size(), 10u);
 }
+
+// A picture that is too wide for a surface of cairo's takes everything that a narrow one takes.
+TEST(BitmapShapes, ReachTheEndOfVeryWidePictures)
+{
+    constexpr int WIDTH = 70000;
+    const auto ink = [](int nLeft, auto draw)
+    {
+        CMemoryPicture picture(WIDTH, 8);
+        SetBkMode(picture, TRANSPARENT);
+        draw(picture, nLeft);
+        const RECT box = InkBounds(picture);
+        return std::pair(box.left - nLeft, box.right - nLeft);
+    };
+    const auto line = [](HDC hDC, int nLeft)
+    {
+        CUseObject pen(hDC, CreatePen(PS_SOLID, 4, 0));
+        MoveToEx(hDC, nLeft, 2, nullptr);
+        LineTo(hDC, nLeft + 400, 6);
+    };
+    const auto text = [](HDC hDC, int nLeft)
+    {
+        CUseFont font(hDC, FontOf("Times New Roman", -400));
+        TextOutA(hDC, nLeft, -200, "HH", 2);
+    };
+    for (const int nLeft : { 32500, 60000, 65300 })
+    {
+        EXPECT_EQ(ink(nLeft, line), ink(100, line)) << nLeft;
+        EXPECT_EQ(ink(nLeft, text), ink(100, text)) << nLeft;
+    }
+    EXPECT_GT(ink(100, text).second, 400);
+}
 }  // namespace

@@ -31,45 +31,17 @@ std::unique_ptr<CPicture> CPicture::Create(int nWidth, int nHeight, int nBits)
                                          CPicture(nWidth, nHeight, nBits, std::move(pPixels)));
 }
 
-CPixel* CPicture::Row(int y)
+CSurfacePtr CPicture::Window(const RECT& box)
 {
-    if (m_bCairoDrew)
-    {
-        cairo_surface_flush(m_pSurface.get());
-        m_bCairoDrew = false;
-    }
-    m_bPixelsChanged = true;
-    return m_pPixels.get() + static_cast<std::ptrdiff_t>(y) * m_nWidth;
+    CSurfacePtr pSurface(cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(Row(box.top) + box.left), CAIRO_FORMAT_RGB24,
+        box.right - box.left, box.bottom - box.top, m_nWidth * static_cast<int>(sizeof(CPixel))));
+    if (cairo_surface_status(pSurface.get()) != CAIRO_STATUS_SUCCESS)
+        return nullptr;
+    return pSurface;
 }
 
-cairo_surface_t* CPicture::Surface()
-{
-    if (!m_pSurface)
-    {
-        m_pSurface.reset(cairo_image_surface_create_for_data(
-            reinterpret_cast<unsigned char*>(m_pPixels.get()), CAIRO_FORMAT_RGB24, m_nWidth,
-            m_nHeight, m_nWidth * static_cast<int>(sizeof(CPixel))));
-        if (cairo_surface_status(m_pSurface.get()) != CAIRO_STATUS_SUCCESS)
-        {
-            m_pSurface.reset();
-            return nullptr;
-        }
-    }
-    if (m_bPixelsChanged)
-    {
-        cairo_surface_mark_dirty(m_pSurface.get());
-        m_bPixelsChanged = false;
-    }
-    m_bCairoDrew = true;
-    return m_pSurface.get();
-}
-
-CPixel CPicture::ReadPixel(int x, int y)
-{
-    return NearestPixel(Row(y)[x], m_nBits);
-}
-
-void CPicture::ReadRow(int x, int y, std::span<CPixel> pixels)
+void CPicture::ReadRow(int x, int y, std::span<CPixel> pixels) const
 {
     const CPixel* pFrom = Row(y) + x;
     if (m_nBits >= 24)
@@ -243,11 +215,12 @@ bool WriteBitmapPng(HBITMAP hBitmap, const CByteSink& sink)
             pPicture->ReadRow(0, y, { pReduced->Row(y), nWidth });
         pPicture = pReduced.get();
     }
-    cairo_surface_t* pSurface = pPicture->Surface();
+    const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });
     if (!pSurface)
         return false;
     CPngSink png{ sink, nullptr };
-    const cairo_status_t status = cairo_surface_write_to_png_stream(pSurface, WritePiece, &png);
+    const cairo_status_t status =
+        cairo_surface_write_to_png_stream(pSurface.get(), WritePiece, &png);
     if (png.m_pException)
         std::rethrow_exception(png.m_pException);
     return status == CAIRO_STATUS_SUCCESS;

@@ -15,9 +15,9 @@
 class CPicture
 {
 public:
-    // Cairo's own bound of an image's sides, and a bound of the memory, in pixels.
-    static constexpr int MAX_SIDE = 32767;
-    static constexpr std::int64_t MAX_PIXELS = std::int64_t{ 1 } << 28;
+    static constexpr int MAX_SIDE = 1 << 27;
+    static constexpr std::int64_t MAX_PIXELS = std::int64_t{ 1 } << 28;  // a gigabyte
+    static constexpr int MAX_SURFACE_SIDE = 32767;                       // cairo's own bound
 
     // All black. Null for a depth that does not exist, a size that is not positive or too large,
     // or when memory is short.
@@ -27,14 +27,19 @@ public:
     int Height() const { return m_nHeight; }
     int Bits() const { return m_nBits; }
 
-    // For direct drawing: row y from the top, in the working form. Sees what cairo drew.
-    CPixel* Row(int y);
-    // What cairo draws on. Null when memory is short.
-    cairo_surface_t* Surface();
+    // Row y from the top, in the working form.
+    CPixel* Row(int y) { return m_pPixels.get() + static_cast<std::ptrdiff_t>(y) * m_nWidth; }
+    const CPixel* Row(int y) const
+    {
+        return m_pPixels.get() + static_cast<std::ptrdiff_t>(y) * m_nWidth;
+    }
+    // A part of the picture for cairo, over the same pixels: to be used and given up before they
+    // are touched again. Null for one that is too large, or when memory is short.
+    CSurfacePtr Window(const RECT& box);
 
     // Colours as the depth holds them. The place has to lie inside.
-    CPixel ReadPixel(int x, int y);
-    void ReadRow(int x, int y, std::span<CPixel> pixels);
+    CPixel ReadPixel(int x, int y) const { return NearestPixel(Row(y)[x], m_nBits); }
+    void ReadRow(int x, int y, std::span<CPixel> pixels) const;
 
 private:
     struct CFreePixels
@@ -49,9 +54,6 @@ private:
     int m_nHeight;
     int m_nBits;
     CPixelsPtr m_pPixels;
-    CSurfacePtr m_pSurface;  // over m_pPixels, made when first needed
-    bool m_bCairoDrew = false;
-    bool m_bPixelsChanged = false;
 };
 
 class CBitmapObject final : public CRecycled<CBitmapObject>

@@ -68,12 +68,6 @@ POINT LimitForCairo(POINT point)
              std::clamp(point.y, -CAIRO_LIMIT, CAIRO_LIMIT) };
 }
 
-void ClipTo(cairo_t* pCairo, const RECT& box)
-{
-    cairo_rectangle(pCairo, box.left, box.top, box.right - box.left, box.bottom - box.top);
-    cairo_clip(pCairo);
-}
-
 // No glyph reaches further from its pen than this many times the em square.
 constexpr double GLYPH_REACH = 3;
 
@@ -101,11 +95,10 @@ private:
     void PutMask(const CGlyphMask& mask, POINT pen, const RECT& clip, CPixel colour);
     bool ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run, const RECT& clip,
                       const CPenBounds& bounds);
-    bool BeginCairo();
-    bool EndCairo();
+    template <class F>
+    bool DrawByCairo(const RECT& clip, F draw);
 
     CPicture& m_picture;
-    CCairoPtr m_pCairo;  // made when large text or a wide line is drawn
 };
 
 RECT CBitmapTarget::Clip(const CDrawState& state) const
@@ -210,31 +203,49 @@ bool CBitmapTarget::FrameBox(const CDrawState& state, const RECT& box, const CSt
     return true;
 }
 
+// Gives the picture to cairo in pieces that are not too large for it: f(context) draws in device
+// pixels, and leaves the state as it likes.
+template <class F>
+bool CBitmapTarget::DrawByCairo(const RECT& clip, F draw)
+{
+    constexpr int STEP = CPicture::MAX_SURFACE_SIDE;
+    for (int y = clip.top; y < clip.bottom; y += STEP)
+        for (int x = clip.left; x < clip.right; x += STEP)
+        {
+            const RECT window{ x, y, std::min(clip.right, x + STEP),
+                               std::min(clip.bottom, y + STEP) };
+            const CSurfacePtr pSurface = m_picture.Window(window);
+            if (!pSurface)
+                return false;
+            const CCairoPtr pCairo(cairo_create(pSurface.get()));
+            cairo_translate(pCairo.get(), -x, -y);
+            draw(pCairo.get());
+            if (cairo_status(pCairo.get()) != CAIRO_STATUS_SUCCESS)
+                return false;
+            cairo_surface_flush(pSurface.get());
+        }
+    return true;
+}
+
 template <class F>
 bool CBitmapTarget::StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath)
 {
-    const RECT clip = Clip(state);
-    if (IsEmptyBox(clip))
-        return true;
-    if (!BeginCairo())
-        return false;
-    cairo_t* pCairo = m_pCairo.get();
-    bool bDrawn = false;
-    {
-        const CCairoScope scope(pCairo);
-        ClipTo(pCairo, clip);
-        cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
-        cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, CAIRO_LIMIT));
-        cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_ROUND);
-        cairo_set_line_join(pCairo, CAIRO_LINE_JOIN_ROUND);
-        bDrawn = SetSource(pCairo, stroke.m_colour, OpFromRop2(state.m_nRop2));
-        if (bDrawn)
-        {
-            makePath(pCairo);
-            cairo_stroke(pCairo);
-        }
-    }
-    return EndCairo() && bDrawn;
+    bool bKnown = true;
+    const bool bDrawn =
+        DrawByCairo(Clip(state),
+                    [&](cairo_t* pCairo)
+                    {
+                        cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
+                        cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, CAIRO_LIMIT));
+                        cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_ROUND);
+                        cairo_set_line_join(pCairo, CAIRO_LINE_JOIN_ROUND);
+                        bKnown = SetSource(pCairo, stroke.m_colour, OpFromRop2(state.m_nRop2));
+                        if (!bKnown)
+                            return;
+                        makePath(pCairo);
+                        cairo_stroke(pCairo);
+                    });
+    return bDrawn && bKnown;
 }
 
 bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
@@ -287,39 +298,17 @@ bool CBitmapTarget::ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run,
     cairo_matrix_t identity;
     cairo_matrix_init_identity(&identity);
     const CScaledFontPtr pFont = MakeScaledFont(run.m_font, CHinting::outlines, identity);
-    if (!pFont || !BeginCairo())
+    if (!pFont)
         return false;
-    cairo_t* pCairo = m_pCairo.get();
-    {
-        const CCairoScope scope(pCairo);
-        ClipTo(pCairo, clip);
-        if (m_picture.Bits() == 1)
-            cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
-        cairo_set_scaled_font(pCairo, pFont.get());
-        SetSource(pCairo, dc.State().m_crText, OP_COPY);
-        DrawGlyphs(pCairo, dc, run, bounds, true);
-    }
-    return EndCairo();
-}
-
-// Also tells cairo that the pixels have changed since.
-bool CBitmapTarget::BeginCairo()
-{
-    cairo_surface_t* pSurface = m_picture.Surface();
-    if (!m_pCairo && pSurface)
-    {
-        m_pCairo.reset(cairo_create(pSurface));
-    }
-    return m_pCairo && EndCairo();
-}
-
-// A context that has failed stays so: the next drawing begins with another one.
-bool CBitmapTarget::EndCairo()
-{
-    if (cairo_status(m_pCairo.get()) == CAIRO_STATUS_SUCCESS)
-        return true;
-    m_pCairo.reset();
-    return false;
+    return DrawByCairo(clip,
+                       [&](cairo_t* pCairo)
+                       {
+                           if (m_picture.Bits() == 1)
+                               cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
+                           cairo_set_scaled_font(pCairo, pFont.get());
+                           SetSource(pCairo, dc.State().m_crText, OP_COPY);
+                           DrawGlyphs(pCairo, dc, run, bounds, true);
+                       });
 }
 
 bool CBitmapTarget::SetPixel(CDeviceContext& dc, POINT point, COLORREF colour)

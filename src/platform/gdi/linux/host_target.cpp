@@ -286,6 +286,9 @@ bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& tr
                 pixel = ~pixel;
     }
 
+    const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });
+    if (!pSurface)
+        return false;
     cairo_t* pCairo = m_pCairo.get();
     CHostScope scope(pCairo, state.m_clip);
     if (!SetSource(pCairo, 0, transfer.m_op))  // for the operator
@@ -297,8 +300,7 @@ bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& tr
                     transfer.m_bMirrorY ? to.bottom : to.top);
     cairo_scale(pCairo, transfer.m_bMirrorX ? -fScaleX : fScaleX,
                 transfer.m_bMirrorY ? -fScaleY : fScaleY);
-    cairo_set_source_surface(pCairo, pPicture->Surface(), part.left - from.left,
-                             part.top - from.top);
+    cairo_set_source_surface(pCairo, pSurface.get(), part.left - from.left, part.top - from.top);
     const bool bSmooth = transfer.m_nStretchMode == HALFTONE ||
                          (transfer.m_nStretchMode != COLORONCOLOR && (fScaleX < 1 || fScaleY < 1));
     cairo_pattern_set_filter(cairo_get_source(pCairo),
