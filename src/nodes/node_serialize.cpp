@@ -1,5 +1,7 @@
 // The archive form of a node and all below it. A loaded node's children come from the tree's
 // factory: the one place where this layer knows the one above.
+#include <cstring>
+
 #include "format/tree_format.h"
 #include "nodes/node.h"
 #include "platform/base/archive.h"
@@ -66,6 +68,14 @@ void StoreChild(CArchive& ar, CBinTree* pTree, CNode* pChild)
     }
 }
 
+// The name of a face in the form of a string, without making one.
+void StoreFace(CArchive& ar, const char* pszFace)
+{
+    const auto nLength = static_cast<BYTE>(std::strlen(pszFace));
+    ar << nLength;
+    ar.Write(pszFace, nLength);
+}
+
 // A text that is what the constructor gave stays shared with its table.
 void LoadText(CArchive& ar, CString& strText)
 {
@@ -84,7 +94,8 @@ void CNode::SerializeNode(CArchive& ar, CBinTree* pTree)
     {
         StoreChildren(ar, pTree);
         StoreCommon(ar);
-        ar << GetFontName() << IsItalic() << IsBold();
+        StoreFace(ar, m_logFont.lfFaceName);
+        ar << IsItalic() << IsBold();
         return;
     }
     std::unique_ptr<CNode> pLeft = LoadChild(ar, pTree);

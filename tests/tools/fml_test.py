@@ -242,6 +242,11 @@ class Read(unittest.TestCase):
         self.assertRefused(self.archive(brace, "-o", self.path + ".png"), "not valid")
         self.assertRefused(run("layout", "--fml", self.path), "not valid")
         self.assertFalse(os.path.exists(self.path + ".png"))
+        # A face of control characters is told in one line.
+        face = node("NT_STANDARD", symbol="x").replace(b"Times New Roman", b"a\nb\x1b[31mxxxxxxx")
+        status, _, err = self.archive(HEAD + face + FORMAT, "-o", self.path + ".svg")
+        self.assertEqual(status, 0)
+        self.assertRegex(err, r'^mivora: the font "a\?b\?\[31mxxxxxxx" is missing; [^\n]*\n$')
 
     def test_files_that_are_no_stored_formula(self):
         sound = HEAD + node("NT_STANDARD") + FORMAT

@@ -98,6 +98,8 @@ std::string UsageOf(const CCommand& command)
         strUsage += std::string(" ") + command.pszOperand;
     if (bLines)
         strUsage += " | --lines";
+    for (EOption nId : command.aOptions)
+        strUsage += nId == OPT_FML ? " | --fml FILE" : "";
     return strUsage;
 }
 

@@ -188,8 +188,16 @@ void CArchive::Abort()
 
 CArchive& CArchive::operator<<(const CString& str)
 {
-    AfxWriteStringLength(*this, static_cast<UINT>(str.GetLength()), FALSE);
-    Write(str.GetString(), static_cast<UINT>(str.GetLength()));
+    const auto nLength = static_cast<UINT>(str.GetLength());
+    if (IsStoring() && nLength < 0xFF && m_pEnd - m_pCurrent > static_cast<std::ptrdiff_t>(nLength))
+    {
+        *m_pCurrent++ = static_cast<BYTE>(nLength);
+        std::memcpy(m_pCurrent, str.GetString(), nLength);
+        m_pCurrent += nLength;
+        return *this;
+    }
+    AfxWriteStringLength(*this, nLength, FALSE);
+    Write(str.GetString(), nLength);
     return *this;
 }
 

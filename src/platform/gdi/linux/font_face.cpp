@@ -2,6 +2,7 @@
 // others, and a substitute, told once, for those that are nowhere.
 #include "platform/gdi/linux/font_face.h"
 
+#include "platform/base/code_page.h"
 #include "platform/gdi/linux/font_files.h"
 #include "platform/gdi/linux/font_reader.h"
 
@@ -92,12 +93,25 @@ CFamilyIndex FamilyByPitch(BYTE nPitchAndFamily)
     return (nPitchAndFamily & 0xF0) == FF_ROMAN ? SERIF : SANS;
 }
 
+// A name from a damaged file is shown in one line of readable text.
+std::string Printable(const char* pszFace)
+{
+    std::string strFace = pszFace;
+    for (char& ch : strFace)
+    {
+        const auto nCode = static_cast<unsigned char>(ch);
+        if (nCode < 0x20 || nCode == 0x7F)
+            ch = '?';
+    }
+    return Windows1252ToUtf8(strFace);
+}
+
 void ReportSubstitute(const char* pszFace, const char* pszSubstitute)
 {
     static std::set<std::string> s_told;
     if (s_told.size() < NAME_LIMIT && s_told.insert(pszFace).second)
         std::fprintf(stderr, "mivora: the font \"%s\" is missing; %s is used in its place\n",
-                     pszFace, pszSubstitute);
+                     Printable(pszFace).c_str(), pszSubstitute);
 }
 
 // Takes a font of the system if it can be read; what the file has not of the style is left to the
