@@ -1,40 +1,35 @@
 /* The one header that a host includes: formula text in, pictures and sizes out.
- * C hosts get the two C functions, C++ hosts also the class CFormulaOut. */
+ *
+ * StringToEMFFormula writes a formula as an enhanced metafile and tells its size: 22 times the size
+ * in screen pixels. The text is bytes of Windows-1252, the path must end in "wmf" in any case, the
+ * two pointers must not be null. Always 1: what goes wrong is told in message boxes.
+ *
+ * AfxSetMessageBoxHandler takes the place of the message boxes, which without a display are lines
+ * on standard error; a null handler brings them back. The handler gets a text in code page 936
+ * (ASCII but for the Chinese messages), valid during the call, the buttons that are asked for (0:
+ * OK alone) and pContext; it gives the button pressed, 1 for OK.
+ *
+ * C++ hosts get the same and the class CFormulaOut, with the platform classes that it needs. */
 #ifndef MIVORA_MIVORA_H
 #define MIVORA_MIVORA_H
 
 #ifdef __cplusplus
+
 #include "platform/base/app.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
-#endif
 
-#ifdef __cplusplus
-extern "C"
-{
-#endif
+#else
 
-    /* Writes the formula as an enhanced metafile and tells its size: 22 times the size in screen
-     * pixels. The text is bytes of Windows-1252, the path must end in "wmf" in any case, the two
-     * pointers must not be null. Always 1: what goes wrong is told in message boxes. */
-    int StringToEMFFormula(const char* pszFormula, const char* pszPath, float* pfWidth,
-                           float* pfHeight);
+int StringToEMFFormula(const char* pszFormula, const char* pszPath, float* pfWidth,
+                       float* pfHeight);
 
-    /* Answers a message box. pszText is code page 936 (ASCII but for the Chinese messages),
-     * nType what the box asks for (0: one OK button), the result the button: 1 is OK. */
-    typedef int (*MivoraMessageBoxHandler)(const char* pszText, unsigned nType, void* pContext);
+typedef int (*AFX_MESSAGE_BOX_HANDLER)(const char* pszText, unsigned nType, void* pContext);
+void AfxSetMessageBoxHandler(AFX_MESSAGE_BOX_HANDLER pfnHandler, void* pContext);
 
-    /* Takes the place of the message boxes, which without a display are lines on standard error;
-     * null brings them back. */
-#ifndef __cplusplus
-    void AfxSetMessageBoxHandler(MivoraMessageBoxHandler pfnHandler, void* pContext);
-#endif
-
-#ifdef __cplusplus
-}
 #endif
 
 #endif

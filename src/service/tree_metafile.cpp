@@ -18,14 +18,22 @@ constexpr char s_szDescription[] = "Formula\0Image\0";  // one more NUL ends the
 constexpr DWORD s_nCommentRecord = 70;
 constexpr size_t s_nCommentHead = 12;  // type, size, size of the data
 
-// Hundredths of a millimetre, by the screen's physical size.
+// Hundredths of a millimetre. The product wraps around as 32-bit machine arithmetic does: a formula
+// of twenty million pixels has no frame that would be of use.
+int FrameLength(int nPixels, int nMillimetres, int nResolution)
+{
+    const auto nProduct = static_cast<DWORD>(nPixels) * 100U;
+    return MulDiv(static_cast<int>(nProduct), nMillimetres, nResolution);
+}
+
+// The formula's size by the screen's physical size, not by its logical resolution.
 CRect FrameOf(const CRect& rect, HDC hScreen)
 {
-    const int cx = MulDiv(rect.Width() * 100, GetDeviceCaps(hScreen, HORZSIZE),
-                          GetDeviceCaps(hScreen, HORZRES));
-    const int cy = MulDiv(rect.Height() * 100, GetDeviceCaps(hScreen, VERTSIZE),
-                          GetDeviceCaps(hScreen, VERTRES));
-    return CRect(0, 0, cx, cy);
+    return CRect(0, 0,
+                 FrameLength(rect.Width(), GetDeviceCaps(hScreen, HORZSIZE),
+                             GetDeviceCaps(hScreen, HORZRES)),
+                 FrameLength(rect.Height(), GetDeviceCaps(hScreen, VERTSIZE),
+                             GetDeviceCaps(hScreen, VERTRES)));
 }
 
 void WriteComment(CDC& dc)

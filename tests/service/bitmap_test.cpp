@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/base/system.h"
+#include "platform/gdi/cairo_dc.h"
 #include "platform/gdi/dc.h"
 #include "service/service_helpers.h"
 
@@ -17,6 +18,26 @@ CRect ScreenRect(CFormulaOut& formula)
 {
     CClientDC screen(nullptr);
     return formula.GetFormulaRect(&screen);
+}
+
+// What holds all points that are inked.
+template <class IsInked>
+CRect InkedPart(int cx, int cy, IsInked isInked)
+{
+    CRect inked(cx, cy, 0, 0);
+    for (int y = 0; y < cy; ++y)
+    {
+        for (int x = 0; x < cx; ++x)
+        {
+            if (isInked(x, y))
+            {
+                inked =
+                    CRect(std::min<int>(inked.left, x), std::min<int>(inked.top, y),
+                          std::max<int>(inked.right, x + 1), std::max<int>(inked.bottom, y + 1));
+            }
+        }
+    }
+    return inked;
 }
 
 // A memory device context with a white bitmap.
@@ -37,20 +58,8 @@ public:
     // Where something other than white is.
     CRect Inked() const
     {
-        CRect inked(m_rect.right, m_rect.bottom, 0, 0);
-        for (int y = 0; y < m_rect.bottom; ++y)
-        {
-            for (int x = 0; x < m_rect.right; ++x)
-            {
-                if (m_dc.GetPixel(x, y) == 0xFFFFFF)
-                    continue;
-                inked.left = std::min(inked.left, x);
-                inked.top = std::min(inked.top, y);
-                inked.right = std::max(inked.right, x + 1);
-                inked.bottom = std::max(inked.bottom, y + 1);
-            }
-        }
-        return inked;
+        return InkedPart(m_rect.right, m_rect.bottom,
+                         [&](int x, int y) { return m_dc.GetPixel(x, y) != 0xFFFFFF; });
     }
 
     CDC m_dc;
@@ -59,6 +68,47 @@ private:
     CRect m_rect;
     CBitmap m_bitmap;
     CBitmap* m_pOld;
+};
+
+// A page with a resolution of its own.
+class CPage
+{
+    cairo_surface_t* m_pSurface;
+    cairo_t* m_pCairo;
+
+public:
+    CPage(int cx, int cy, int nDpi)
+        : m_pSurface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, cx, cy)),
+          m_pCairo(cairo_create(m_pSurface)),
+          m_dc(m_pCairo, nDpi, nDpi)
+    {
+        cairo_set_source_rgb(m_pCairo, 1, 1, 1);
+        cairo_paint(m_pCairo);
+    }
+    ~CPage()
+    {
+        cairo_destroy(m_pCairo);
+        cairo_surface_destroy(m_pSurface);
+    }
+    CPage(const CPage&) = delete;
+    CPage& operator=(const CPage&) = delete;
+
+    CRect Inked() const
+    {
+        cairo_surface_flush(m_pSurface);
+        const unsigned char* pData = cairo_image_surface_get_data(m_pSurface);
+        const int nStride = cairo_image_surface_get_stride(m_pSurface);
+        return InkedPart(cairo_image_surface_get_width(m_pSurface),
+                         cairo_image_surface_get_height(m_pSurface),
+                         [&](int x, int y)
+                         {
+                             std::uint32_t nPixel = 0;
+                             std::memcpy(&nPixel, pData + y * nStride + 4 * x, sizeof nPixel);
+                             return (nPixel & 0xFFFFFF) != 0xFFFFFF;
+                         });
+    }
+
+    CCairoDC m_dc;
 };
 
 TEST_F(CBitmapTest, WritesABmpOfTheFormulasSize)
@@ -125,6 +175,8 @@ TEST_F(CBitmapTest, PacksBitmapsOfEveryDepth)
     }
 }
 
+// The device has twice the screen's resolution: the picture, laid out for the screen, is as large
+// in inches, and what is inked lies where it does on the screen.
 TEST_F(CBitmapTest, PrintsEnlargedByTheRatioOfResolutions)
 {
     CFormulaOut formula;
@@ -132,8 +184,18 @@ TEST_F(CBitmapTest, PrintsEnlargedByTheRatioOfResolutions)
     const CRect rect = ScreenRect(formula);
     CCanvas plain(rect.Width(), rect.Height());
     formula.DrawTree(&plain.m_dc, CRect(0, 0, 0, 0));
-    CCanvas printed(2 * rect.Width(), 2 * rect.Height());
-    EXPECT_EQ(formula.PrintDDB(&printed.m_dc), 1);
-    EXPECT_EQ(printed.Inked(), plain.Inked());  // both have the screen's resolution
+    const CRect inked = plain.Inked();
+    ASSERT_GT(inked.Height(), 20);
+
+    CPage page(3 * rect.Width(), 3 * rect.Height(), 192);
+    EXPECT_EQ(formula.PrintDDB(&page.m_dc), 1);
+    const CRect printed = page.Inked();
+    EXPECT_NEAR(printed.left, 2 * inked.left, 1);
+    EXPECT_NEAR(printed.top, 2 * inked.top, 1);
+    EXPECT_NEAR(printed.right, 2 * inked.right, 1);
+    EXPECT_NEAR(printed.bottom, 2 * inked.bottom, 1);
+
+    CBinTree empty;
+    EXPECT_EQ(empty.PrintBitmap(&page.m_dc), 1);
 }
 }  // namespace

@@ -1,12 +1,14 @@
 #include "service/formula_out.h"
 
 #include <string>
+#include <thread>
 
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
 #include "platform/gdi/dc.h"
 #include "service/service_helpers.h"
+#include "service/thread_check.h"
 
 namespace
 {
@@ -200,5 +202,13 @@ TEST_F(CFormulaOutTest, ATreeAndItsFormatGoThroughAnArchive)
         EXPECT_EQ(pException->m_cause, CArchiveException::endOfFile);
         pException->Delete();
     }
+}
+
+TEST_F(CFormulaOutTest, DebugBuildsStopWhereTwoThreadsAreInside)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const CInsideLibrary inside;
+    const CInsideLibrary again;
+    EXPECT_DEBUG_DEATH(std::thread([] { const CInsideLibrary other; }).join(), "Enter");
 }
 }  // namespace
