@@ -75,17 +75,6 @@ void StoreFace(CArchive& ar, const char* pszFace)
     ar << nLength;
     ar.Write(pszFace, nLength);
 }
-
-// A text that is what the constructor gave stays shared with its table.
-void LoadText(CArchive& ar, CString& strText)
-{
-    CString strLoaded;
-    ar >> strLoaded;
-    if (!strLoaded.IsIdentical(strText))
-    {
-        strText = strLoaded;
-    }
-}
 }  // namespace
 
 void CNode::SerializeNode(CArchive& ar, CBinTree* pTree)
@@ -163,7 +152,7 @@ void CNode::StoreCommon(CArchive& ar) const
 void CNode::LoadCommon(CArchive& ar)
 {
     ar >> m_nFlags >> m_nPriority >> m_nLevel >> m_nLeftLevelStep >> m_nRightLevelStep;
-    CString strType;
+    CString strType = m_strType;
     ar >> strType;
     const std::optional<ENodeType> nType = NodeTypeFromName(strType);
     if (!nType)
@@ -171,9 +160,7 @@ void CNode::LoadCommon(CArchive& ar)
         AfxThrowArchiveException(CArchiveException::badClass);
     }
     m_strType = NodeTypeName(*nType);
-    LoadText(ar, m_strSymbol);
-    LoadText(ar, m_strDescription);
-    ar >> m_colour;
+    ar >> m_strSymbol >> m_strDescription >> m_colour;
     ar >> m_rect.left >> m_rect.top >> m_rect.right >> m_rect.bottom >> m_nBaseline;
 }
 

@@ -189,7 +189,8 @@ void CArchive::Abort()
 CArchive& CArchive::operator<<(const CString& str)
 {
     const auto nLength = static_cast<UINT>(str.GetLength());
-    if (IsStoring() && nLength < 0xFF && m_pEnd - m_pCurrent > static_cast<std::ptrdiff_t>(nLength))
+    if (IsStoring() && nLength < nWordFollows &&
+        m_pEnd - m_pCurrent > static_cast<std::ptrdiff_t>(nLength))
     {
         *m_pCurrent++ = static_cast<BYTE>(nLength);
         std::memcpy(m_pCurrent, str.GetString(), nLength);
@@ -203,6 +204,15 @@ CArchive& CArchive::operator<<(const CString& str)
 
 CArchive& CArchive::operator>>(CString& str)
 {
+    // What it holds already, as most strings of a node that was just made do, is only passed over.
+    const auto nPresent = static_cast<UINT>(str.GetLength());
+    if (IsLoading() && nPresent < nWordFollows &&
+        m_pEnd - m_pCurrent > static_cast<std::ptrdiff_t>(nPresent) && *m_pCurrent == nPresent &&
+        std::memcmp(m_pCurrent + 1, str.GetString(), nPresent) == 0)
+    {
+        m_pCurrent += nPresent + 1;
+        return *this;
+    }
     int nCharacterSize = 1;
     const UINT nLength = AfxReadStringLength(*this, nCharacterSize);
     str = nCharacterSize == 1 ? LoadBytes(nLength) : LoadTwoByteText(nLength);
