@@ -27,5 +27,8 @@ for formula in "${formulas[@]}"; do
     name=$(printf 'out/formula-%02d' "$number")
     size=$(build/linux-release/bin/mivora render -o "$name.wmf" -- "$formula")
     build/linux-release/bin/mivora render -o "$name.png" --dpi 192 -- "$formula" >/dev/null
-    printf '%s.wmf %s.png  %s  %s\n' "$name" "$name" "${size/ /x}" "$formula"
+    # The library tells 22 times the size in pixels of the screen.
+    read -r width height <<<"$size"
+    printf '%s.wmf %s.png  %s x %s pixels  %s\n' \
+        "$name" "$name" "$((width / 22))" "$((height / 22))" "$formula"
 done
