@@ -1,6 +1,7 @@
 // Any bytes as a stored formula: the bare archive of a tree, and, where they look like one, a
 // compound file. What loads is measured, painted, hit, written as text, copied, edited and stored.
 #include <cstdint>
+#include <cstdlib>
 
 #include "nodes/node.h"
 #include "platform/base/archive.h"
@@ -37,6 +38,27 @@ void Look(CFormulaOut& formula)
     TreeForm(formula.m_Tree.GetRootNode());
 }
 
+// A part of a tree into a tree of its own, through one that is lent the part for that time.
+void CopyPart(CFormulaOut& formula, CBinTree& tree, CNode* pPart)
+{
+    CBinTree lent;
+    lent.SetRootNode(pPart);
+    lent.SetName(tree.GetName());
+    CBinTree copy;
+    copy.CopyFrom(lent);
+    lent.SetRootNode(nullptr);
+
+    copy.SetSelection(copy.GetRootNode(), tree.GetSelectionMode());
+    copy.SetSelectionMode((copy.GetSelectionMode() & 1) + 1);
+    CBinTreeFormat format;
+    format.CopyFormat(*formula.GetTreeFormatPtr());
+    copy.Reformat(&format);
+    CClientDC screen(nullptr);
+    copy.Draw(&screen, CRect(0, 0, 0, 0));
+    if (copy.GetSelection() != copy.GetRootNode() || copy.GetName().Compare(tree.GetName()) != 0)
+        std::abort();
+}
+
 // Every operation that changes the shape of a tree, on a copy.
 void Edit(CFormulaOut& formula)
 {
@@ -53,6 +75,7 @@ void Edit(CFormulaOut& formula)
     if (pNode->GetRight()->GetLeft() != nullptr)
         tree.ReplaceByNewNode(pNode->GetRight()->GetLeft(), "NT_PLACEHOLDER");
     tree.ReplaceNode(pNode, tree.CopySubtree(pNode, 1));
+    CopyPart(formula, tree, pRoot->GetRight() != nullptr ? pRoot->GetRight() : pRoot->GetLeft());
     tree.Reformat(formula.GetTreeFormatPtr());
     tree.CheckPoint();
 }
