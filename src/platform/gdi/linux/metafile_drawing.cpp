@@ -246,6 +246,8 @@ bool CMetafileWriter::ExtTextOut(CDeviceContext& dc, const CTextRun& run)
 
     BYTE* pText = pPlace + sizeof record;
     std::memset(pText + nText - 4, 0, 4);
+    if (nChars == 0)
+        return true;  // a fill needs no font file
     const CRealizedFont& font = dc.Font();
     for (std::size_t i = 0; i < nChars; ++i)
     {
