@@ -20,11 +20,9 @@ struct CFamily
 
 constexpr CFamily s_aFamilies[] = {
     // name          open       inner  close  largest
-    { "fractions",   "1/(1+",   "x",   ")",   1024 },
-    { "roots",       "sqr(1+",  "x",   ")",   1024 },
-    { "brackets",    "abs(1+",  "x",   ")",   1024 },
-    { "powers",      "a^(1+",   "x",   ")",   1024 },
-    { "sums",        "a+",      "x",   "",    8192 },
+    { "fractions", "1/(1+", "x", ")", 1024 }, { "roots", "sqr(1+", "x", ")", 1024 },
+    { "brackets", "abs(1+", "x", ")", 1024 }, { "powers", "a^(1+", "x", ")", 1024 },
+    { "sums", "a+", "x", "", 8192 },
 };
 
 std::string Text(const CFamily& family, int nLevels)
@@ -81,9 +79,13 @@ const bool s_bRegistered = []
     {
         const std::string name = family.pszName;
         benchmark::RegisterBenchmark((name + "/parse_and_measure").c_str(), ParseAndMeasure, family)
-            ->RangeMultiplier(2)->Range(1, family.nLargest)->Complexity();
+            ->RangeMultiplier(2)
+            ->Range(1, family.nLargest)
+            ->Complexity();
         benchmark::RegisterBenchmark((name + "/metafile").c_str(), Metafile, family)
-            ->RangeMultiplier(2)->Range(1, family.nLargest)->Complexity();
+            ->RangeMultiplier(2)
+            ->Range(1, family.nLargest)
+            ->Complexity();
     }
     return true;
 }();

@@ -41,9 +41,9 @@ CRect Measure(CFormulaOut& formula)
 
 bool WritePng(CFormulaOut& formula, const CRect& rect, const char* pszPath)
 {
-    cairo_surface_t* pSurface = cairo_image_surface_create(
-        CAIRO_FORMAT_RGB24, s_nScale * (rect.Width() + 2 * s_nMargin),
-        s_nScale * (rect.Height() + 2 * s_nMargin));
+    cairo_surface_t* pSurface =
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, s_nScale * (rect.Width() + 2 * s_nMargin),
+                                   s_nScale * (rect.Height() + 2 * s_nMargin));
     cairo_t* pCairo = cairo_create(pSurface);
     cairo_scale(pCairo, s_nScale, s_nScale);
     cairo_set_source_rgb(pCairo, 1, 1, 1);

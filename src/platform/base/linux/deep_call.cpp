@@ -67,17 +67,11 @@ public:
             AfxThrowMemoryException();
         }
     }
-    ~CStack()
-    {
-        munmap(m_pMemory, nStackBytes + m_nGuard);
-    }
+    ~CStack() { munmap(m_pMemory, nStackBytes + m_nGuard); }
     CStack(const CStack&) = delete;
     CStack& operator=(const CStack&) = delete;
 
-    char* Bottom() const
-    {
-        return m_pMemory + m_nGuard;
-    }
+    char* Bottom() const { return m_pMemory + m_nGuard; }
 
 private:
     std::size_t m_nGuard;

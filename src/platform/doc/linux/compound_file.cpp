@@ -14,10 +14,10 @@ namespace
 const CCompoundModule* LoadModule()
 {
     // Beside the library, or as seen from a program that has it inside.
-    const std::string strFile = BesideModule({ "mivora/" COMPOUND_MODULE_FILE,
-                                               "../" COMPOUND_LIBRARY_FOLDER
-                                               "/mivora/" COMPOUND_MODULE_FILE,
-                                               "../lib/mivora/" COMPOUND_MODULE_FILE });
+    const std::string strFile =
+        BesideModule({ "mivora/" COMPOUND_MODULE_FILE,
+                       "../" COMPOUND_LIBRARY_FOLDER "/mivora/" COMPOUND_MODULE_FILE,
+                       "../lib/mivora/" COMPOUND_MODULE_FILE });
     void* pModule = strFile.empty() ? nullptr : dlopen(strFile.c_str(), RTLD_NOW | RTLD_LOCAL);
     return pModule == nullptr
                ? nullptr

@@ -72,9 +72,8 @@ int Unpack(const void* pFile, std::size_t nFile, const char* pszStream, PFN_SINK
            void* pContext)
 {
     const CQuiet quiet;
-    const CObjectPtr<GsfInput> memory(
-        gsf_input_memory_new(static_cast<const guint8*>(pFile), static_cast<gsf_off_t>(nFile),
-                             FALSE));
+    const CObjectPtr<GsfInput> memory(gsf_input_memory_new(static_cast<const guint8*>(pFile),
+                                                           static_cast<gsf_off_t>(nFile), FALSE));
     const CObjectPtr<GsfInfile> root(memory ? gsf_infile_msole_new(memory.get(), nullptr)
                                             : nullptr);
     if (root == nullptr)
