@@ -12,7 +12,7 @@ packages_build=(
 )
 packages_test=(
     libgtest-dev libbenchmark-dev
-    emf2svg file locales binutils
+    emf2svg file groff-base locales binutils
     python3-olefile libgsf-bin p7zip-full gfortran
 )
 packages_fuzz=(clang llvm libclang-rt-14-dev)
