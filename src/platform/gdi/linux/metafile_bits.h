@@ -44,8 +44,8 @@ public:
     CMetafileBits& operator=(const CMetafileBits&) = delete;
 
 private:
-    static constexpr std::size_t FIRST_SIZE = 16 * 1024;   // a formula of a dozen signs
-    static constexpr std::size_t KEPT_SIZE = 1024 * 1024;  // a larger block is given back
+    static constexpr std::size_t FIRST_SIZE = 16 * 1024;        // a formula of a dozen signs
+    static constexpr std::size_t KEPT_SIZE = 32 * 1024 * 1024;  // a larger one is given back
 
     CMetafileBits() = default;
     ~CMetafileBits();
