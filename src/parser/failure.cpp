@@ -10,19 +10,35 @@ namespace
 constexpr const char* s_pszStopped = "Error in Calculation() weil ";
 constexpr int MAX_REASON = 255;  // characters
 
+CString MakeNoMemoryText()
+{
+    char szReason[MAX_REASON + 1] = "";
+    CMemoryException().GetErrorMessage(szReason, sizeof szReason);
+    return CString::Immortal(CString(s_pszStopped) + szReason);
+}
+
+// Made before it is needed: then there is no memory for it.
+const CString s_strNoMemory = MakeNoMemoryText();
+
 }  // namespace
 
 CString DescribeFailure(CException* pException)
 {
     char szReason[MAX_REASON + 1] = "";
     pException->GetErrorMessage(szReason, sizeof szReason);
-    return CString::Immortal(s_pszStopped) + szReason;
+    try
+    {
+        return s_pszStopped + CString(szReason);
+    }
+    catch (CMemoryException*)  // a static object
+    {
+        return s_strNoMemory;
+    }
 }
 
 CString DescribeNoMemory()
 {
-    CMemoryException exception;
-    return DescribeFailure(&exception);
+    return s_strNoMemory;
 }
 
 void ReportEnd(WORD nPos, const CString& strToken, const char* pszFormat, const CString& strDetail,
