@@ -5,6 +5,8 @@
 
 #include <memory>
 
+#include <cstddef>
+
 #include "nodes/type_names.h"
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
@@ -44,6 +46,10 @@ public:
 
     // Deletes what hangs below, at any depth, without recursion. Unlinks nothing above.
     ~CNode() override;
+
+    // Nodes come and go by the thousand: memory of deleted ones waits for new ones.
+    static void* operator new(std::size_t nBytes);
+    static void operator delete(void* p, std::size_t nBytes) noexcept;
 
     CNode(const CNode&) = delete;
     CNode& operator=(const CNode&) = delete;
