@@ -1,23 +1,12 @@
 // Memory of nodes: what a deleted node leaves is kept for the next one of its size. The system's
 // allocator would give the pages of a long formula back each time, and fetch them again.
 #include "nodes/node.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-#define MIVORA_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define MIVORA_ADDRESS_SANITIZER 1
-#endif
-#endif
+#include "platform/base/sanitizer.h"
 
 namespace
 {
 // The sanitizer has to see each node come and go.
-#ifdef MIVORA_ADDRESS_SANITIZER
-constexpr std::size_t s_nKeptBytes = 0;
-#else
-constexpr std::size_t s_nKeptBytes = 16 * 1024 * 1024;
-#endif
+constexpr std::size_t s_nKeptBytes = g_bAddressSanitizer ? 0 : 16 * 1024 * 1024;
 constexpr std::size_t s_nStep = 16;
 constexpr std::size_t s_nLargest = 1024;
 

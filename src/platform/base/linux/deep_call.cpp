@@ -16,14 +16,7 @@
 #include <new>
 
 #include "platform/base/exception.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-#define MIVORA_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define MIVORA_ADDRESS_SANITIZER 1
-#endif
-#endif
+#include "platform/base/sanitizer.h"
 
 #ifdef MIVORA_ADDRESS_SANITIZER
 #include <sanitizer/common_interface_defs.h>

@@ -2,20 +2,14 @@
 #include "platform/gdi/linux/font_files.h"
 
 #include "platform/base/module_path.h"
+#include "platform/base/sanitizer.h"
 
 #include <fontconfig/fontconfig.h>
 #include <unistd.h>
 
 #include <memory>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define MIVORA_LEAK_CHECK 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define MIVORA_LEAK_CHECK 1
-#endif
-#endif
-#ifdef MIVORA_LEAK_CHECK
+#ifdef MIVORA_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -27,7 +21,7 @@ void LoadConfiguration()
 {
     static const bool s_bLoaded = []
     {
-#ifdef MIVORA_LEAK_CHECK
+#ifdef MIVORA_ADDRESS_SANITIZER
         __lsan::ScopedDisabler disabler;
 #endif
         return FcInit() == FcTrue;
