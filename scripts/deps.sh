@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing: deps.sh [build|test|fuzz] ...
+# Installs the Debian packages that are missing: deps.sh [build|test|fuzz|windows] ...
 # Without a word: what building needs.
 set -euo pipefail
 
@@ -15,6 +15,12 @@ packages_test=(
     emf2svg file groff-base locales binutils
     python3-olefile libgsf-bin p7zip-full gfortran
 )
+# Wine does without the X libraries too, but then it is another screen that the tests see.
+packages_windows=(
+    g++-mingw-w64-x86-64-posix googletest
+    wine wine64 xvfb util-linux
+    libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
+)
 packages_fuzz=(clang llvm libclang-rt-14-dev)
 
 packages=()
@@ -23,6 +29,7 @@ for group in "${@:-build}"; do
         build) packages+=("${packages_build[@]}") ;;
         test) packages+=("${packages_test[@]}") ;;
         fuzz) packages+=("${packages_fuzz[@]}") ;;
+        windows) packages+=("${packages_windows[@]}") ;;
         *) echo "deps.sh: unknown group '$group'" >&2; exit 2 ;;
     esac
 done
