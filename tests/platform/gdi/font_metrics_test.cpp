@@ -290,7 +290,7 @@ TEST_F(FontMetrics, ThousandsOfSizesDoNotFillTheMemory)
     CSelectScope select(&m_dc, &held);
     CSize heldBefore = m_dc.GetOutputTextExtent("held", 4);
     CClientDC other(nullptr);
-    for (int nSize = 1; nSize <= 3000; ++nSize)
+    for (int nSize = 1; nSize <= 5000; ++nSize)
     {
         Extent(other, FontOf("Times", -nSize, nSize % 7), "x");
         ASSERT_LE(CFontCache::Count(), CFontCache::FONT_LIMIT);

@@ -69,7 +69,7 @@ private:
 class CFontCache
 {
 public:
-    static constexpr std::size_t FONT_LIMIT = 1024;  // each a little over a kilobyte
+    static constexpr std::size_t FONT_LIMIT = 4096;  // each a little over a kilobyte
 
     // Valid until Generation() changes.
     static const CRealizedFont& Find(const CFontObject& font, const CMapping& mapping);
