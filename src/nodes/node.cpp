@@ -49,14 +49,12 @@ CNode::CNode(ENodeType nType)
     : m_pParent(nullptr),
       m_pLeft(nullptr),
       m_pRight(nullptr),
-      m_colour(GetSysColor(COLOR_WINDOWTEXT)),
-      m_logFont(s_newFont),
       m_nBaseline(0),
       m_nMeasuredPass(0),
       m_nMeasuredBaseline(0),
       m_bBorrowsOwn(false),
-      m_nOwnerPass(0),
-      m_pSignOwner(nullptr)
+      m_colour(GetSysColor(COLOR_WINDOWTEXT)),
+      m_logFont(s_newFont)
 {
     const CNodeData& data = NodeData(nType);
     m_nPriority = data.nPriority;

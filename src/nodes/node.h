@@ -130,6 +130,7 @@ public:
     void SetBold(int n) { m_logFont.lfWeight = n == 1 ? 700 : 400; }
     BOOL IsBold() const { return m_logFont.lfWeight == 700; }
     BOOL IsSameDescription(const CNode* p) const;
+    bool BorrowsOwnSize() const { return m_bBorrowsOwn; }
 
     // The node of this subtree that has p as a child, searched by the child links, this node
     // first, then left, then right. Null if there is none.
@@ -137,11 +138,8 @@ public:
 
     // What the last Measure found here: extent of subtree and sign, and the base line as it was
     // right behind that Measure.
-    CSize GetMeasuredSize() const { return CSize(m_rectMeasured.right, m_rectMeasured.bottom); }
-    CSize GetMeasuredOwn() const
-    {
-        return CSize(m_rectMeasuredOwn.right, m_rectMeasuredOwn.bottom);
-    }
+    CSize GetMeasuredSize() const { return m_sizeMeasured; }
+    CSize GetMeasuredOwn() const { return m_sizeMeasuredOwn; }
     int GetMeasuredBaseline() const { return m_nMeasuredBaseline; }
 
     // Bare extent of the sign's text before any gap, when it was last asked for; (0, 0) in
@@ -152,34 +150,45 @@ public:
     // passes must give the same results as. For tests.
     static bool s_bPlainRecursion;
 
-    CNode* m_pParent;      // not owned; null at the root
-    CNode* m_pLeft;        // owned
-    CNode* m_pRight;       // owned
+    // What measuring and painting touch stands together, in this order: a long formula is larger
+    // than the fast caches.
+    CNode* m_pParent;  // not owned; null at the root
+    CNode* m_pLeft;    // owned
+    CNode* m_pRight;   // owned
+    UINT m_nFlags;     // NF_...
+    int m_nBaseline;   // height of the line on which neighbours align; right behind Measure only
+
+private:
+    // Bookkeeping of passes. Extents are those of rectangles at (0, 0).
+    ULONGLONG m_nMeasuredPass;  // in which the following three were found; 0 never
+    CSize m_sizeMeasured;
+    CSize m_sizeMeasuredOwn;
+    int m_nMeasuredBaseline;
+    bool m_bBorrowsOwn;
+    CSize m_sizeSign;
+
+public:
+    CString m_strSymbol;  // the sign, shown in m_logFont
+    CRect m_rect;         // own part where the last Paint put it, in the coordinates of that Paint
+    COLORREF m_colour;    // of text and pen
+    LOGFONT m_logFont;    // lfHeight in tenths of a point, with the sign of the format's sizes
+
     int m_nPriority;       // the larger, the looser it binds; -1 is none
-    UINT m_nFlags;         // NF_...
     int m_nLevel;          // selects the font size
     int m_nLeftLevelStep;  // the left child's level is m_nLevel and this
     int m_nRightLevelStep;
-    CString m_strType;         // NT_...
-    CString m_strSymbol;       // the sign, shown in m_logFont
-    CString m_strDescription;  // English
-    COLORREF m_colour;         // of text and pen
-    LOGFONT m_logFont;         // lfHeight in tenths of a point, with the sign of the format's sizes
+    CString m_strType;                    // NT_...
+    CString m_strDescription;             // English
     CString m_strTextOwn[TEXT_FORMS];     // stands for the node in generated text if not empty
     CString m_strTextFormat[TEXT_FORMS];  // three %s: left, own, right
-    CRect m_rect;     // own part where the last Paint put it, in the coordinates of that Paint
-    int m_nBaseline;  // height of the line on which neighbours align; right behind Measure only
 
 protected:
     // A node with the data of a type, in the default font. The name is the factory's to set.
     explicit CNode(ENodeType nType);
 
-    // For a class whose own size is that of its parent (a range): what was measured for it holds
-    // only while the parent's sign stays as it was.
+    // For ranges, whose own size is that of the parent: what was measured for one holds only while
+    // the parent's sign stays as it was.
     void BorrowOwnSize() { m_bBorrowsOwn = true; }
-
-    // The nearest node above that does not borrow its own size, or null.
-    CNode* FindSignOwner();
 
     // Bare extent of m_strSymbol in m_logFont.
     CSize MeasureSign(CDC* pDC);
@@ -217,14 +226,4 @@ private:
     void LoadRange(CArchive& ar, CBinTree* pTree);
     void LinkLoadedLeft(std::unique_ptr<CNode> pLeft);
     void LinkLoadedRight(std::unique_ptr<CNode> pRight);
-
-    // Bookkeeping of passes.
-    ULONGLONG m_nMeasuredPass;  // in which the following three were found; 0 never
-    CRect m_rectMeasured;
-    CRect m_rectMeasuredOwn;
-    int m_nMeasuredBaseline;
-    CSize m_sizeSign;
-    bool m_bBorrowsOwn;
-    ULONGLONG m_nOwnerPass;  // in which the next was found
-    CNode* m_pSignOwner;     // not owned
 };

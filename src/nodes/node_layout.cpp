@@ -13,16 +13,16 @@ CRect CNode::Measure(CDC* pDC)
     if (IsMeasured(pDC))
     {
         m_nBaseline = m_nMeasuredBaseline;
-        return m_rectMeasured;
+        return CRect(CPoint(0, 0), m_sizeMeasured);
     }
     return Descend(
         [&]
         {
             CParts parts = MeasureParts(pDC);
-            m_rectMeasuredOwn = parts.own;
+            m_sizeMeasuredOwn = CSize(parts.own.right, parts.own.bottom);
             CRect rect(0, 0, 0, 0);
             Arrange(rect, parts.left, parts.right, parts.own);
-            m_rectMeasured = rect;
+            m_sizeMeasured = CSize(rect.right, rect.bottom);
             m_nMeasuredBaseline = m_nBaseline;
             m_nMeasuredPass = CLayoutPass::GetCurrent();
             return rect;
@@ -35,7 +35,7 @@ CRect CNode::Measure(CDC* pDC)
 bool CNode::IsMeasured(CDC* pDC)
 {
     return m_nMeasuredPass == CLayoutPass::GetCurrent() && !s_bPlainRecursion &&
-           (!m_bBorrowsOwn || GetOwnSize(pDC) == m_rectMeasuredOwn);
+           (!m_bBorrowsOwn || GetOwnSize(pDC) == CRect(CPoint(0, 0), m_sizeMeasuredOwn));
 }
 
 // The order matters: the own size of a range asks the node above.
@@ -83,30 +83,6 @@ CSize CNode::MeasureSign(CDC* pDC)
 {
     m_sizeSign = pDC->GetPointFontExtent(m_logFont, m_strSymbol);
     return m_sizeSign;
-}
-
-// Ranges can hang in chains as long as the formula: each remembers, within a pass, where the walk
-// ended.
-CNode* CNode::FindSignOwner()
-{
-    const ULONGLONG nPass = CLayoutPass::GetCurrent();
-    CNode* pOwner = this;
-    while (pOwner != nullptr && pOwner->m_bBorrowsOwn)
-    {
-        if (nPass != 0 && pOwner->m_nOwnerPass == nPass)
-        {
-            pOwner = pOwner->m_pSignOwner;
-            break;
-        }
-        pOwner = pOwner->m_pParent;
-    }
-    for (CNode* p = this; p != nullptr && p->m_bBorrowsOwn && p->m_nOwnerPass != nPass;
-         p = p->m_pParent)
-    {
-        p->m_nOwnerPass = nPass;
-        p->m_pSignOwner = pOwner;
-    }
-    return pOwner;
 }
 
 CNode* CNode::HitTest(CDC* pDC, CRect& rect, CPoint point)

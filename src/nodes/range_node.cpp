@@ -32,6 +32,33 @@ CRect CRangeNode::GetOwnSize(CDC* pDC)
     return pOwner != nullptr ? pOwner->GetOwnSize(pDC) : CRect(0, 0, 0, 0);
 }
 
+// Ranges can hang in chains as long as the formula: each remembers, within a pass, where the walk
+// ended.
+CNode* CRangeNode::FindSignOwner()
+{
+    const auto asRange = [](CNode* p)
+    {
+        return p != nullptr && p->BorrowsOwnSize() ? static_cast<CRangeNode*>(p) : nullptr;
+    };
+    const ULONGLONG nPass = CLayoutPass::GetCurrent();
+    CNode* pOwner = this;
+    while (CRangeNode* pRange = asRange(pOwner))
+    {
+        if (nPass != 0 && pRange->m_nOwnerPass == nPass)
+        {
+            pOwner = pRange->m_pSignOwner;
+            break;
+        }
+        pOwner = pRange->m_pParent;
+    }
+    for (CRangeNode* p = this; p != nullptr && p->m_nOwnerPass != nPass; p = asRange(p->m_pParent))
+    {
+        p->m_nOwnerPass = nPass;
+        p->m_pSignOwner = pOwner;
+    }
+    return pOwner;
+}
+
 void CRangeNode::PaintOwn(CDC*, CRect, UINT) {}
 
 CNode* CRangeNode::HitTest(CDC* pDC, CRect& rect, CPoint point)

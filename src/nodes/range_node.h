@@ -18,4 +18,11 @@ public:
     // The lower limit goes first. Null if the point is in neither limit: the operator above then
     // looks at its own sign and at its right child.
     CNode* HitTest(CDC* pDC, CRect& rect, CPoint point) override;
+
+private:
+    // The nearest node above that is no range, or null.
+    CNode* FindSignOwner();
+
+    ULONGLONG m_nOwnerPass = 0;     // pass in which the next was found; 0 never
+    CNode* m_pSignOwner = nullptr;  // not owned
 };
