@@ -22,7 +22,7 @@ constexpr int GAP_WIDE = 2;
 constexpr int GAP_AT_START = -6;
 
 // A list of nodes that has grown beyond this is given back after the parse.
-constexpr std::size_t KEPT_NODES = 16 * 1024;
+constexpr std::size_t KEPT_NODES = 64 * 1024;
 constexpr std::size_t FIRST_NODES = 256;
 constexpr std::size_t NODES_AT_ONCE = 3;  // a node, and the children that its constructor makes
 
