@@ -15,7 +15,7 @@ packages_test=(
     emf2svg file groff-base locales binutils
     python3-olefile libgsf-bin p7zip-full gfortran
 )
-# Wine does without the X libraries too, but then it is another screen that the tests see.
+# Wine loads the X libraries where they are: cursors, mouse input, drawing by the X server.
 packages_windows=(
     g++-mingw-w64-x86-64-posix googletest
     wine wine64 xvfb util-linux
