@@ -24,6 +24,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>
                         $<$<COMPILE_LANGUAGE:CXX>:-Wno-free-nonheap-object>)
 endif()
+if(WIN32)
+    # The system's headers read the thread's own block at addresses near 0, which GCC 12 takes for
+    # a null pointer.
+    add_compile_options(--param=min-pagesize=0)
+endif()
 # The coordinate arithmetic is defined in single steps: a fused multiply-add would round differently.
 add_compile_options(-ffp-contract=off -fno-semantic-interposition)
 if(MIVORA_SANITIZE)
@@ -42,11 +47,22 @@ if(MIVORA_FUZZ)
     set(MIVORA_FUZZ_LINK -fsanitize=fuzzer,address,undefined)
 endif()
 
-# mivora_layer(NAME SOURCES ... [DEPENDS layer ...] [LIBRARIES target ...])
-# One room of the library, as objects that the libraries that ship are put together from.
+# mivora_layer(NAME SOURCES ... [BACKEND ...] [LINUX ...] [WIN32 ...] [DEPENDS layer ...]
+#              [LIBRARIES target ...])
+# One room of the library, as objects that the libraries that ship are put together from. Sources
+# behind BACKEND stand in the folders of both systems, those behind LINUX or WIN32 in one.
 function(mivora_layer name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;BACKEND;LINUX;WIN32;DEPENDS;LIBRARIES" ${ARGN})
     set(target mivora_${name})
+    if(WIN32)
+        list(TRANSFORM ARG_BACKEND PREPEND win32/)
+        list(TRANSFORM ARG_WIN32 PREPEND win32/)
+        list(APPEND ARG_SOURCES ${ARG_BACKEND} ${ARG_WIN32})
+    else()
+        list(TRANSFORM ARG_BACKEND PREPEND linux/)
+        list(TRANSFORM ARG_LINUX PREPEND linux/)
+        list(APPEND ARG_SOURCES ${ARG_BACKEND} ${ARG_LINUX})
+    endif()
     if(ARG_SOURCES)
         add_library(${target} OBJECT ${ARG_SOURCES})
         set(scope PUBLIC)
@@ -91,4 +107,20 @@ function(mivora_tests name)
     target_link_libraries(${name}_tests PRIVATE ${ARG_LIBRARIES} GTest::gtest GTest::gtest_main)
     add_test(NAME ${name} COMMAND ${name}_tests)
     set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()
+
+# mivora_version_resource(TARGET FILE DESCRIPTION): what Windows shows as the file's properties.
+function(mivora_version_resource target file description)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL EXECUTABLE)
+        set(version_type VFT_APP)
+    else()
+        set(version_type VFT_DLL)
+    endif()
+    set(version_name ${target})
+    set(version_file ${file})
+    set(version_description ${description})
+    set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${resource} @ONLY)
+    target_sources(${target} PRIVATE ${resource})
 endfunction()

@@ -126,7 +126,7 @@ const CKeyword* CFormulaParser::TakeKeyword(WORD* pPos) const
 {
     if (*pPos == 0 || *pPos > m_strText.GetLength())
         return nullptr;
-    const CKeyword* pKeyword = FindKeyword(static_cast<LPCTSTR>(m_strText) + *pPos - 1);
+    const CKeyword* pKeyword = FindKeyword(static_cast<LPCSTR>(m_strText) + *pPos - 1);
     if (pKeyword != nullptr)
         *pPos = static_cast<WORD>(*pPos + pKeyword->GetLength() - 1);
     return pKeyword;

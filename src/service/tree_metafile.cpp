@@ -4,6 +4,7 @@
 #include "platform/base/app.h"
 #include "platform/base/system.h"
 #include "platform/gdi/dc.h"
+#include "platform/gdi/native_gdi.h"
 #include "service/metafile_comment.h"
 #include "service/screen_dc.h"
 #include "tree/bin_tree.h"
@@ -82,15 +83,14 @@ int CBinTree::WriteMetafile(CString strPath)
     Draw(&dc, rect);
 
     const HENHMETAFILE hPicture = dc.CloseEnhanced();
-    const HENHMETAFILE hCopy = CopyEnhMetaFileA(hPicture, strPath);
-    DeleteEnhMetaFile(hCopy);
+    const BOOL bWritten = SaveEnhMetaFile(hPicture, strPath);
     DeleteEnhMetaFile(hPicture);
-    return hCopy != nullptr ? 1 : 0;
+    return bWritten ? 1 : 0;
 }
 
 int CBinTree::ReadMetafile(CString strPath)
 {
-    const HENHMETAFILE hPicture = GetEnhMetaFileA(strPath);
+    const HENHMETAFILE hPicture = LoadEnhMetaFile(strPath);
     int nParameter = 204;
     const CRect rect(0, 0, 0, 0);
     EnumEnhMetaFile(nullptr, hPicture, TakeComment, &nParameter, &rect);
@@ -117,6 +117,6 @@ void CBinTree::ReportLastError()
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
         nullptr, GetLastError(), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
         reinterpret_cast<char*>(&pszText), 0, nullptr);
-    MessageBoxA(nullptr, pszText, "Error", MB_ICONINFORMATION);
+    AfxSystemMessageBox(pszText, "Error", MB_ICONINFORMATION);
     LocalFree(pszText);
 }

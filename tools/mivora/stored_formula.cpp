@@ -38,7 +38,7 @@ public:
         m_pFormat->Serialize(ar);
     }
 
-    void ReportSaveLoadException(LPCTSTR pszPathName, CException* pException, BOOL bSaving) override
+    void ReportSaveLoadException(LPCSTR pszPathName, CException* pException, BOOL bSaving) override
     {
         const auto* pFile = dynamic_cast<const CFileException*>(pException);
         char szText[4200] = "";

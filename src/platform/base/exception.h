@@ -115,7 +115,7 @@ public:
                          UINT* pnHelpContext = nullptr) const override;
 
     int m_cause;
-    LONG m_lOsError;  // the system's number: errno on Linux, -1 if there is none
+    LONG m_lOsError;  // the system's number (errno on Linux), -1 if there is none
     CString m_strFileName;
 };
 

@@ -188,7 +188,12 @@ void CMirrorFile::Close()
         CFile::Close();
         if (!m_strTemporary.IsEmpty())
         {
-            Rename(m_strTemporary, m_strTarget);
+            int nError = AskFault(fileOpRename, m_strTarget);
+            if (nError == 0)
+            {
+                nError = native_file::Replace(m_strTemporary, m_strTarget);
+            }
+            Check(nError, m_strTemporary);
             m_strTemporary.Empty();
         }
     }

@@ -7,8 +7,8 @@
 
 class CFileException;
 
-// What a file is about to do. Tests set g_pfnFileFault to a function that returns the errno with
-// which the operation is to fail, or 0 to let it pass.
+// What a file is about to do. Tests set g_pfnFileFault to a function that returns the system's
+// error number with which the operation is to fail, or 0 to let it pass.
 enum EFileOperation
 {
     fileOpOpen,
@@ -19,7 +19,11 @@ enum EFileOperation
 };
 extern int (*g_pfnFileFault)(EFileOperation eOperation, const char* pszPath);
 
-// A file of the system, unbuffered. A path is a string of bytes.
+// Paths are UTF-8 from now on, for the whole process. Without it they are the system's code page on
+// Windows; where paths are bytes this changes nothing.
+void UsePathsInUtf8();
+
+// A file of the system, unbuffered.
 class CFile : public CObject
 {
     DECLARE_DYNAMIC(CFile)

@@ -1,65 +1,19 @@
-// Where this code lies on the disk.
+// What lies beside the module.
 #include "platform/base/module_path.h"
 
-#include <dlfcn.h>
-
-#include <cstdint>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <system_error>
 
-namespace
+std::filesystem::path BesideModule(std::initializer_list<const char*> relativePaths)
 {
-namespace fs = std::filesystem;
-
-// The file whose code is mapped at an address. The loader may know a module by a relative name,
-// which says nothing once the working directory has changed; the kernel knows the true one.
-std::string MappedFile(std::uintptr_t nAddress)
-{
-    std::ifstream maps("/proc/self/maps");
-    for (std::string strLine; std::getline(maps, strLine);)
-    {
-        unsigned long nFrom = 0;
-        unsigned long nTo = 0;
-        int nPath = 0;
-        if (std::sscanf(strLine.c_str(), "%lx-%lx %*s %*s %*s %*s %n", &nFrom, &nTo, &nPath) == 2 &&
-            nFrom <= nAddress && nAddress < nTo && nPath > 0)
-            return strLine.substr(static_cast<std::size_t>(nPath));
-    }
-    return {};
-}
-
-std::string FindModulePath()
-{
-    Dl_info info{};
-    void* pHere = reinterpret_cast<void*>(&FindModulePath);
-    const bool bAbsolute = dladdr(pHere, &info) && info.dli_fname && info.dli_fname[0] == '/';
-    const std::string strFile =
-        bAbsolute ? info.dli_fname : MappedFile(reinterpret_cast<std::uintptr_t>(pHere));
-    std::error_code error;
-    const fs::path path = fs::canonical(strFile, error);
-    return error ? std::string() : path.string();
-}
-}  // namespace
-
-const std::string& ModulePath()
-{
-    static const std::string s_strPath = FindModulePath();
-    return s_strPath;
-}
-
-std::string BesideModule(std::initializer_list<const char*> relativePaths)
-{
-    const fs::path folder = fs::path(ModulePath()).parent_path();
+    const std::filesystem::path folder = ModulePath().parent_path();
     if (folder.empty())
         return {};
     for (const char* pszRelative : relativePaths)
     {
         std::error_code error;
-        const fs::path path = (folder / pszRelative).lexically_normal();
-        if (fs::exists(path, error))
-            return path.string();
+        std::filesystem::path path = (folder / pszRelative).lexically_normal();
+        if (std::filesystem::exists(path, error))
+            return path;
     }
     return {};
 }

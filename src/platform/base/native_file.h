@@ -16,6 +16,8 @@ int GetLength(INT_PTR hFile, ULONGLONG& nLength);
 int Close(INT_PTR hFile);
 int Remove(const char* pszPath);
 int Rename(const char* pszOld, const char* pszNew);  // replaces what is there
+// Puts a file made by CreateBeside in its target's place.
+int Replace(const char* pszNew, const char* pszTarget);
 
 // Where a path ends when links are followed. bReplaceable: a regular file that may be written, or
 // nothing, is there, so that a new file can take its place.

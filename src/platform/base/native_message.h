@@ -3,5 +3,6 @@
 
 #include "platform/base/types.h"
 
-// Text and caption (null: none) are bytes of code page 936. Returns the button.
+// A text without a caption (null) is the library's own, code page 936; with one it comes from the
+// system, in its code page. Returns the button.
 int ShowNativeMessage(const char* pszText, const char* pszCaption, UINT nType);

@@ -29,9 +29,6 @@ constexpr DWORD MAKELANGID(WORD nPrimary, WORD nSub)
 DWORD FormatMessageA(DWORD dwFlags, const void* pSource, DWORD dwMessageId, DWORD dwLanguageId,
                      char* pszBuffer, DWORD nSize, void* pArguments);
 
-// AfxSystemMessageBox under the system's name; there is no owner.
-int MessageBoxA(HWND hWnd, const char* pszText, const char* pszCaption, UINT nType);
-
 constexpr DWORD VER_PLATFORM_WIN32_WINDOWS = 1;
 constexpr DWORD VER_PLATFORM_WIN32_NT = 2;
 struct OSVERSIONINFOA

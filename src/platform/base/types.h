@@ -9,6 +9,8 @@
 #endif
 #include <windows.h>
 
+#include "platform/base/windows_names.h"
+
 #else
 
 #include <cstddef>
@@ -114,7 +116,5 @@ struct LOGFONTA
     CHAR lfFaceName[LF_FACESIZE];
 };
 using LOGFONT = LOGFONTA;
-
-using LPCTSTR = const char*;  // text is narrow throughout
 
 #endif

@@ -32,7 +32,7 @@ void LoadDocument(CDocument& document, CFile& file)
 
 // Runs a save or a load; a failure is reported.
 template <class Job>
-BOOL RunOrReport(CDocument& document, LPCTSTR pszPathName, BOOL bSaving, Job job)
+BOOL RunOrReport(CDocument& document, LPCSTR pszPathName, BOOL bSaving, Job job)
 {
     try
     {
@@ -49,7 +49,7 @@ BOOL RunOrReport(CDocument& document, LPCTSTR pszPathName, BOOL bSaving, Job job
 
 // Hands an open file to the writer; only a writer that comes back puts it in the target's place.
 template <class Write>
-void WriteWhole(LPCTSTR pszPathName, Write write)
+void WriteWhole(LPCSTR pszPathName, Write write)
 {
     CMirrorFile file;
     CFileException error;
@@ -62,7 +62,7 @@ void WriteWhole(LPCTSTR pszPathName, Write write)
 // Gives what read() makes of an open file to the document. An archive in memory has no name of its
 // own: its exceptions get that of the file.
 template <class Read>
-void LoadFrom(CDocument& document, LPCTSTR pszPathName, Read read)
+void LoadFrom(CDocument& document, LPCSTR pszPathName, Read read)
 {
     CFile file;
     CFileException error;
@@ -95,7 +95,7 @@ BOOL CDocument::OnNewDocument()
 
 void CDocument::DeleteContents() {}
 
-BOOL CDocument::DoSave(LPCTSTR pszPathName, BOOL bReplace)
+BOOL CDocument::DoSave(LPCSTR pszPathName, BOOL bReplace)
 {
     if (!OnSaveDocument(pszPathName))
         return FALSE;
@@ -104,7 +104,7 @@ BOOL CDocument::DoSave(LPCTSTR pszPathName, BOOL bReplace)
     return TRUE;
 }
 
-BOOL CDocument::OnSaveDocument(LPCTSTR pszPathName)
+BOOL CDocument::OnSaveDocument(LPCSTR pszPathName)
 {
     const BOOL bSaved = RunOrReport(
         *this, pszPathName, TRUE,
@@ -114,7 +114,7 @@ BOOL CDocument::OnSaveDocument(LPCTSTR pszPathName)
     return bSaved;
 }
 
-BOOL CDocument::OnOpenDocument(LPCTSTR pszPathName)
+BOOL CDocument::OnOpenDocument(LPCSTR pszPathName)
 {
     const auto load = [&]
     {
@@ -123,14 +123,14 @@ BOOL CDocument::OnOpenDocument(LPCTSTR pszPathName)
     return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
 }
 
-BOOL CDocument::TakePath(LPCTSTR pszPathName)
+BOOL CDocument::TakePath(LPCSTR pszPathName)
 {
     m_strPathName = pszPathName;
     m_bModified = FALSE;
     return TRUE;
 }
 
-void CDocument::ReportSaveLoadException(LPCTSTR pszPathName, CException* pException, BOOL bSaving)
+void CDocument::ReportSaveLoadException(LPCSTR pszPathName, CException* pException, BOOL bSaving)
 {
     char szReason[256] = "";
     pException->GetErrorMessage(szReason, sizeof szReason);
@@ -144,7 +144,7 @@ COleDocument::COleDocument() : m_bCompoundFile(FALSE) {}
 
 COleDocument::~COleDocument() = default;
 
-BOOL COleDocument::OnSaveDocument(LPCTSTR pszPathName)
+BOOL COleDocument::OnSaveDocument(LPCSTR pszPathName)
 {
     if (!m_bCompoundFile)
         return CDocument::OnSaveDocument(pszPathName);
@@ -162,7 +162,7 @@ BOOL COleDocument::OnSaveDocument(LPCTSTR pszPathName)
     return bSaved;
 }
 
-BOOL COleDocument::OnOpenDocument(LPCTSTR pszPathName)
+BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
 {
     if (!m_bCompoundFile)
         return CDocument::OnOpenDocument(pszPathName);

@@ -29,23 +29,23 @@ public:
 
     // Writes the document to a path; if bReplace is nonzero the document has that path from then
     // on. 0, after a message box, if that failed: the old file is then as it was.
-    virtual BOOL DoSave(LPCTSTR pszPathName, BOOL bReplace = TRUE);
+    virtual BOOL DoSave(LPCSTR pszPathName, BOOL bReplace = TRUE);
 
     // Writes the document through Serialize; here the archive alone is the file. 0 after
     // ReportSaveLoadException.
-    virtual BOOL OnSaveDocument(LPCTSTR pszPathName);
+    virtual BOOL OnSaveDocument(LPCSTR pszPathName);
 
     // Reads the document through Serialize, and has that path from then on. 0 after
     // ReportSaveLoadException: path and mark stay, and so does what Serialize had not replaced.
-    virtual BOOL OnOpenDocument(LPCTSTR pszPathName);
+    virtual BOOL OnOpenDocument(LPCSTR pszPathName);
 
     // Tells in a message box what could not be saved or opened, and why. The exception stays the
     // caller's.
-    virtual void ReportSaveLoadException(LPCTSTR pszPathName, CException* pException, BOOL bSaving);
+    virtual void ReportSaveLoadException(LPCSTR pszPathName, CException* pException, BOOL bSaving);
 
 protected:
     // The document is what stands at that path. Nonzero.
-    BOOL TakePath(LPCTSTR pszPathName);
+    BOOL TakePath(LPCSTR pszPathName);
 
     CString m_strPathName;
     BOOL m_bModified;
@@ -63,8 +63,8 @@ public:
     // Chooses the compound file; without it the archive alone is the file.
     void EnableCompoundFile(BOOL bEnable = TRUE) { m_bCompoundFile = bEnable; }
 
-    BOOL OnSaveDocument(LPCTSTR pszPathName) override;
-    BOOL OnOpenDocument(LPCTSTR pszPathName) override;
+    BOOL OnSaveDocument(LPCSTR pszPathName) override;
+    BOOL OnOpenDocument(LPCSTR pszPathName) override;
 
 private:
     BOOL m_bCompoundFile;

@@ -2,7 +2,7 @@
 #include "platform/gdi/dc.h"
 
 #include "platform/gdi/handle_map.h"
-#include "platform/gdi/quick_extent.h"
+#include "platform/gdi/native_gdi.h"
 
 #include <cstring>
 

@@ -4,6 +4,7 @@
 #include "platform/base/system.h"
 #include "platform/gdi/dc.h"
 #include "platform/gdi/handle_map.h"
+#include "platform/gdi/native_gdi.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -106,7 +107,7 @@ CPalette* CPalette::FromHandle(HPALETTE hPalette)
 
 BOOL CFont::CreateFontIndirect(const LOGFONTA* pLogFont)
 {
-    return Attach(::CreateFontIndirectA(pLogFont));
+    return Attach(CreateFaceFont(pLogFont));
 }
 
 LOGFONTA CFont::PointFont(const LOGFONTA& lf, HDC hDC)

@@ -57,7 +57,7 @@ TEST(MessageBox, GoesThroughTheAppToTheHandler)
         CLoudApp app;
         EXPECT_EQ(AfxGetApp(), &app);
         EXPECT_EQ(AfxMessageBox("two", MB_ICONSTOP), 7);
-        EXPECT_EQ(MessageBoxA(nullptr, "three", "Error", MB_ICONINFORMATION), 7);
+        EXPECT_EQ(AfxSystemMessageBox("three", "Error", MB_ICONINFORMATION), 7);
         CArchiveException(CArchiveException::endOfFile, "x.fml", FALSE).ReportError();
     }
     EXPECT_EQ(AfxGetApp(), pBefore);
@@ -73,7 +73,7 @@ TEST(MessageBox, IsOneLineOnStandardErrorWithoutAHandler)
     EXPECT_EQ(AfxMessageBox("\xCE\xC4\xBC\xFE wmf!\r\nmore\n"), IDOK);
     AfxMessageBox("plain");
     AfxMessageBox("\x80\xFF caf\xE9 \x81");  // no code page 936: shown as Windows-1252
-    MessageBoxA(nullptr, "text", "Error", 0);
+    AfxSystemMessageBox("text", "Error");
     EXPECT_EQ(::testing::internal::GetCapturedStderr(),
               "\xE6\x96\x87\xE4\xBB\xB6 wmf!  more\nplain\n"
               "\xE2\x82\xAC\xC3\xBF caf\xC3\xA9 \xC2\x81\nError: text\n");

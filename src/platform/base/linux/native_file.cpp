@@ -169,6 +169,12 @@ int native_file::Rename(const char* pszOld, const char* pszNew)
     return ErrorOf(rename(pszOld, pszNew) != 0);
 }
 
+// Owner and mode were taken over when the new file was made.
+int native_file::Replace(const char* pszNew, const char* pszTarget)
+{
+    return Rename(pszNew, pszTarget);
+}
+
 int native_file::FindTarget(const char* pszPath, CString& strTarget, bool& bReplaceable)
 {
     constexpr int nMaxLinks = 40;
@@ -272,3 +278,5 @@ int CFileException::OsErrorToException(LONG lOsError)
     }
     return genericException;
 }
+
+void UsePathsInUtf8() {}

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/base/app.h"
 #include "platform/base/cstring.h"
 
 namespace
@@ -128,11 +127,6 @@ DWORD FormatMessageA(DWORD dwFlags, const void*, DWORD dwMessageId, DWORD, char*
     }
     std::memcpy(pszBuffer, text.GetString(), nLength + 1);
     return nLength;
-}
-
-int MessageBoxA(HWND, const char* pszText, const char* pszCaption, UINT nType)
-{
-    return AfxSystemMessageBox(pszText, pszCaption, nType);
 }
 
 BOOL GetVersionExA(OSVERSIONINFOA* pInfo)

@@ -17,7 +17,8 @@ const CCompoundModule* LoadModule()
     const std::string strFile =
         BesideModule({ "mivora/" COMPOUND_MODULE_FILE,
                        "../" COMPOUND_LIBRARY_FOLDER "/mivora/" COMPOUND_MODULE_FILE,
-                       "../lib/mivora/" COMPOUND_MODULE_FILE });
+                       "../lib/mivora/" COMPOUND_MODULE_FILE })
+            .string();
     void* pModule = strFile.empty() ? nullptr : dlopen(strFile.c_str(), RTLD_NOW | RTLD_LOCAL);
     return pModule == nullptr
                ? nullptr

@@ -92,7 +92,7 @@ std::optional<CFontLocation> Location(const CPatternPtr& pFound)
 const std::string& FontFolder()
 {
     static const std::string s_strFolder =
-        BesideModule({ "../share/mivora/fonts", "../../share/mivora/fonts" });
+        BesideModule({ "../share/mivora/fonts", "../../share/mivora/fonts" }).string();
     return s_strFolder;
 }
 

@@ -16,8 +16,6 @@ namespace
 {
 
 constexpr std::size_t READ_STEP = 64 * 1024;
-// A damaged length makes us read at most so much.
-constexpr std::size_t READ_LIMIT = std::size_t{ 256 } * 1024 * 1024;
 
 EMR HeadAt(std::span<const BYTE> bytes, std::size_t nOffset)
 {
@@ -31,7 +29,7 @@ std::size_t FieldBytes(const ENHMETAHEADER& header)
 {
     std::size_t nBytes = std::min<std::size_t>(header.nSize, sizeof header);
     for (DWORD nOffset : { header.offDescription, header.offPixelFormat })
-        if (nOffset >= ENHMETA_OLDEST_HEADER)
+        if (nOffset >= METAFILE_OLDEST_HEADER)
             nBytes = std::min<std::size_t>(nBytes, nOffset);
     return nBytes;
 }
@@ -80,36 +78,11 @@ private:
     int m_nFile;
 };
 
-enum EWalk
-{
-    walkMore,    // the bytes end where a record may go on
-    walkEnded,   // behind the EOF record
-    walkDamaged  // no sound record begins here
-};
-
-// Moves *pnOffset over whole records.
-EWalk WalkRecords(std::span<const BYTE> bytes, std::size_t* pnOffset)
-{
-    while (bytes.size() - *pnOffset >= sizeof(EMR))
-    {
-        EMR head = HeadAt(bytes, *pnOffset);
-        if (head.nSize < sizeof(EMR) || head.nSize % 4 != 0 ||
-            head.nSize > READ_LIMIT - std::min(READ_LIMIT, *pnOffset))
-            return walkDamaged;
-        if (head.nSize > bytes.size() - *pnOffset)
-            return walkMore;
-        *pnOffset += head.nSize;
-        if (head.iType == EMR_EOF)
-            return walkEnded;
-    }
-    return walkMore;
-}
-
 // Reads as far as the records are sound. Returns 0 or the error's number.
 DWORD ReadRecords(CDescriptor& file, CMetafileBits& bits)
 {
     const std::size_t nStep =
-        std::clamp<std::size_t>(file.Size() + 1, ENHMETA_OLDEST_HEADER, READ_STEP);
+        std::clamp<std::size_t>(file.Size() + 1, METAFILE_OLDEST_HEADER, READ_STEP);
     std::size_t nWalked = 0;
     bool bHeaderSeen = false;
     for (;;)
@@ -124,7 +97,7 @@ DWORD ReadRecords(CDescriptor& file, CMetafileBits& bits)
             return static_cast<DWORD>(errno);
         if (nRead == 0)
             return 0;
-        if (!bHeaderSeen && bits.Size() >= ENHMETA_OLDEST_HEADER)
+        if (!bHeaderSeen && bits.Size() >= METAFILE_OLDEST_HEADER)
         {
             if (!CheckHeader(bits.Bytes()))
                 return EINVAL;
@@ -144,27 +117,6 @@ ENHMETAHEADER HENHMETAFILE__::Header() const
     const std::size_t nFields = FieldBytes(header);
     std::memset(reinterpret_cast<BYTE*>(&header) + nFields, 0, sizeof header - nFields);
     return header;
-}
-
-bool CheckHeader(std::span<const BYTE> bytes)
-{
-    if (bytes.size() < ENHMETA_OLDEST_HEADER)
-        return false;
-    DWORD dwSignature;
-    std::memcpy(&dwSignature, bytes.data() + offsetof(ENHMETAHEADER, dSignature),
-                sizeof dwSignature);
-    EMR head = HeadAt(bytes, 0);
-    return head.iType == EMR_HEADER && dwSignature == ENHMETA_SIGNATURE &&
-           head.nSize >= ENHMETA_OLDEST_HEADER && head.nSize % 4 == 0;
-}
-
-std::size_t WholeRecords(std::span<const BYTE> bytes, bool* pbEnded)
-{
-    std::size_t nOffset = 0;
-    EWalk eWalk = WalkRecords(bytes, &nOffset);
-    if (pbEnded)
-        *pbEnded = eWalk == walkEnded;
-    return nOffset;
 }
 
 namespace

@@ -4,6 +4,7 @@
 
 #include "platform/gdi/linux/metafile_bits.h"
 #include "platform/gdi/linux/metafile_records.h"
+#include "platform/gdi/metafile_walk.h"
 
 #include <functional>
 
@@ -24,15 +25,6 @@ public:
 private:
     CMetafileBits* m_pBits;
 };
-
-// The header of a metafile: type, signature, and a size that holds the fields of the format's first
-// version. Needs the first 88 bytes.
-bool CheckHeader(std::span<const BYTE> bytes);
-
-// Bytes up to the end of the EOF record, or of the last whole record before the first one that is
-// damaged. *pbEnded: there was an EOF record. What the header says of sizes and numbers is not
-// asked: a damaged header must not hide sound records, and a cut file has what is left of it.
-std::size_t WholeRecords(std::span<const BYTE> bytes, bool* pbEnded = nullptr);
 
 // Gives each record to the visitor until that returns false. A comment whose data would reach over
 // its record is shown cut to it. False if the visitor stopped or there is no EOF record.

@@ -13,8 +13,6 @@ static_assert(std::endian::native == std::endian::little, "records are copied as
 constexpr DWORD ENHMETA_SIGNATURE = 0x464D4520;  // " EMF"
 constexpr DWORD ENHMETA_VERSION = 0x10000;
 constexpr DWORD ENHMETA_STOCK_OBJECT = 0x80000000;
-// A header of the first version of the format; later ones grew to 100 and 108 bytes.
-constexpr DWORD ENHMETA_OLDEST_HEADER = 88;
 constexpr DWORD GM_COMPATIBLE = 1;
 
 constexpr DWORD EMR_HEADER = 1;

@@ -1,9 +1,14 @@
-// The size of a text straight from the font cache.
-#include "platform/gdi/quick_extent.h"
+// Sizes straight from the font cache; the rest is the drawing interface as it stands.
+#include "platform/gdi/native_gdi.h"
 
 #include "platform/gdi/linux/device_context.h"
 #include "platform/gdi/linux/font_cache.h"
 #include "platform/gdi/linux/font_face.h"
+
+HFONT CreateFaceFont(const LOGFONTA* pFont)
+{
+    return CreateFontIndirectA(pFont);
+}
 
 bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, SIZE* pSize)
 {
@@ -18,4 +23,15 @@ bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, 
     *pSize = { nCount == 0 ? 0 : mapping.ToLogicalWidth(realized.TextWidth(text)),
                mapping.ToLogicalHeight(realized.Height()) };
     return true;
+}
+
+BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
+{
+    const HENHMETAFILE hCopy = CopyEnhMetaFileA(hMetaFile, pszFile);
+    return DeleteEnhMetaFile(hCopy);
+}
+
+HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile)
+{
+    return GetEnhMetaFileA(pszFile);
 }

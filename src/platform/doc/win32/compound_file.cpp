@@ -1,0 +1,137 @@
+// Compound files by the system's structured storage, in memory.
+#include "platform/doc/compound_file.h"
+
+#include "platform/base/exception.h"
+#include "platform/base/win32/wide_text.h"
+
+#include <objbase.h>
+
+#include <memory>
+#include <vector>
+
+namespace
+{
+struct CReleaseObject
+{
+    void operator()(IUnknown* pObject) const { pObject->Release(); }
+};
+template <class T>
+using CObjectPtr = std::unique_ptr<T, CReleaseObject>;
+
+constexpr DWORD s_nCreate = STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE;
+constexpr DWORD s_nRead = STGM_READ | STGM_SHARE_EXCLUSIVE;
+
+void Check(HRESULT nResult)
+{
+    if (nResult == E_OUTOFMEMORY || nResult == STG_E_INSUFFICIENTMEMORY)
+        AfxThrowMemoryException();
+    if (FAILED(nResult))
+        AfxThrowFileException(CFileException::genericException, nResult);
+}
+
+// What was made by a function with an out parameter; empty if it failed and may.
+template <class T, class F>
+CObjectPtr<T> Make(F create)
+{
+    T* p = nullptr;
+    return SUCCEEDED(create(&p)) ? CObjectPtr<T>(p) : nullptr;
+}
+template <class T, class F>
+CObjectPtr<T> MustMake(F create)
+{
+    T* p = nullptr;
+    Check(create(&p));
+    return CObjectPtr<T>(p);
+}
+
+std::wstring StreamName(const char* pszStream)
+{
+    return ToWide(pszStream, CP_UTF8);
+}
+
+CObjectPtr<ILockBytes> NewMemory()
+{
+    return MustMake<ILockBytes>([](ILockBytes** pp)
+                                { return CreateILockBytesOnHGlobal(nullptr, TRUE, pp); });
+}
+
+void WriteStorage(ILockBytes* pMemory, const char* pszStream, const CMemFile& content)
+{
+    const auto storage = MustMake<IStorage>(
+        [=](IStorage** pp) { return StgCreateDocfileOnILockBytes(pMemory, s_nCreate, 0, pp); });
+    const auto stream = MustMake<IStream>(
+        [&](IStream** pp)
+        { return storage->CreateStream(StreamName(pszStream).c_str(), s_nCreate, 0, 0, pp); });
+    Check(stream->Write(content.GetData(), static_cast<ULONG>(content.GetLength()), nullptr));
+    Check(stream->Commit(STGC_DEFAULT));
+    Check(storage->Commit(STGC_DEFAULT));
+}
+
+void CopyBytes(ILockBytes* pMemory, CFile& file)
+{
+    STATSTG status{};
+    Check(pMemory->Stat(&status, STATFLAG_NONAME));
+    std::vector<BYTE> bytes(status.cbSize.LowPart);
+    ULARGE_INTEGER offset{};
+    ULONG nRead = 0;
+    Check(pMemory->ReadAt(offset, bytes.data(), static_cast<ULONG>(bytes.size()), &nRead));
+    file.Write(bytes.data(), nRead);
+}
+
+CObjectPtr<ILockBytes> ReadRest(CFile& file)
+{
+    CObjectPtr<ILockBytes> memory = NewMemory();
+    BYTE aPiece[0x4000];
+    ULARGE_INTEGER offset{};
+    while (const UINT nRead = file.Read(aPiece, sizeof aPiece))
+    {
+        Check(memory->WriteAt(offset, aPiece, nRead, nullptr));
+        offset.QuadPart += nRead;
+    }
+    return memory;
+}
+
+bool CopyStream(IStream* pStream, ULONGLONG nMost, CMemFile& content)
+{
+    STATSTG status{};
+    // A stream that claims more than the file can hold is believed nothing.
+    if (FAILED(pStream->Stat(&status, STATFLAG_NONAME)) || status.cbSize.QuadPart > nMost)
+        return false;
+    BYTE aPiece[0x4000];
+    for (ULONGLONG nLeft = status.cbSize.QuadPart; nLeft > 0;)
+    {
+        ULONG nRead = 0;
+        if (FAILED(pStream->Read(aPiece, sizeof aPiece, &nRead)) || nRead == 0)
+            return false;
+        content.Write(aPiece, nRead);
+        nLeft -= nRead;
+    }
+    return true;
+}
+}  // namespace
+
+void PackCompoundFile(CFile& file, const char* pszStream, const CMemFile& content)
+{
+    const auto memory = NewMemory();
+    WriteStorage(memory.get(), pszStream, content);
+    CopyBytes(memory.get(), file);
+}
+
+BOOL UnpackCompoundFile(CFile& file, const char* pszStream, CMemFile& content)
+{
+    const auto memory = ReadRest(file);
+    STATSTG status{};
+    Check(memory->Stat(&status, STATFLAG_NONAME));
+    const auto storage = Make<IStorage>(
+        [&](IStorage** pp)
+        { return StgOpenStorageOnILockBytes(memory.get(), nullptr, s_nRead, nullptr, 0, pp); });
+    const auto stream = storage ? Make<IStream>(
+                                      [&](IStream** pp) {
+                                          return storage->OpenStream(StreamName(pszStream).c_str(),
+                                                                     nullptr, s_nRead, 0, pp);
+                                      })
+                                : nullptr;
+    const bool bCopied = stream && CopyStream(stream.get(), status.cbSize.QuadPart, content);
+    content.SeekToBegin();
+    return bCopied;
+}

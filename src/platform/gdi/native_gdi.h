@@ -1,0 +1,20 @@
+// What the drawing interface in C leaves to each backend: fonts that come with the library, files
+// of metafiles written whole and read without trust.
+#pragma once
+
+#include "platform/gdi/gdi.h"
+
+// CreateFontIndirectA; the faces of the library are to be had.
+HFONT CreateFaceFont(const LOGFONTA* pFont);
+
+// The size of a text without making and selecting its font, where nobody could notice that. font is
+// in logical units; no characters have the font's height. False, and nothing written, where the
+// font must be made, as on a device context that records what is selected.
+bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, SIZE* pSize);
+
+// Writes a metafile's bytes: all of them, or the file stays as it was. FALSE, and the last error
+// set, for failure. Equal pictures give equal bytes.
+BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile);
+// The whole records of a file, whatever its header says of their number and size; the caller
+// deletes the result. Null, and the last error set, if it cannot be read or is no metafile.
+HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile);
