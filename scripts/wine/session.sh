@@ -8,6 +8,8 @@ scripts=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "${1:?$usage}" && pwd)
 : "${2:?$usage}"
 shift
+holder=$build/bin/wine-hold.exe
+[ -e "$holder" ] || { echo "session.sh: $holder is not built" >&2; exit 1; }
 
 wine_dir=$build/wine
 "$scripts/make_prefix.sh" "$wine_dir" "$build/share/mivora/fonts"
@@ -48,7 +50,7 @@ export DISPLAY=:$display
 # The holder keeps Wine's services and its desktop: a test that had to start them would also have
 # to wait for their end, as they inherit its output.
 cp -a --reflink=auto "$wine_dir/prefix" "$WINEPREFIX"
-start wine "$build/bin/wine-hold.exe" "$work/ready" </dev/null >/dev/null 2>&1 &
+start wine "$holder" "$work/ready" </dev/null >/dev/null 2>&1 &
 for ((tries = 0; tries < 300; ++tries)); do
     [ ! -e "$work/ready" ] || break
     sleep 0.1
