@@ -15,11 +15,11 @@ packages_test=(
     emf2svg file groff-base locales binutils
     python3-olefile libgsf-bin p7zip-full gfortran
 )
-# Wine loads the X libraries where they are: cursors, mouse input, drawing by the X server.
+# Wine loads the X libraries where they are: for cursors, mouse input, changes of the screen.
 packages_windows=(
     g++-mingw-w64-x86-64-posix googletest
     wine wine64 xvfb util-linux
-    libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
+    libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
 )
 packages_fuzz=(clang llvm libclang-rt-14-dev)
 
