@@ -107,9 +107,9 @@ int CRealizedFont::TextWidth(std::span<const BYTE> text) const
     return SaturateToInt(nWidth);
 }
 
-char16_t CRealizedFont::Unicode(BYTE byte) const
+char16_t CRealizedFont::Unicode(BYTE byte, BYTE nCharSet) const
 {
-    if (m_pFace->m_bPrivateCodes)
+    if (TakesPrivateCodes(*m_pFace, nCharSet))
         return static_cast<char16_t>(byte < 0x20 ? byte : 0xF000 | byte);
     return UnicodeFromAnsi(byte);
 }

@@ -38,7 +38,7 @@ public:
     int TextWidth(std::span<const BYTE> text) const;
     std::uint16_t Glyph(BYTE byte) const { return m_pFace->m_anGlyphs[byte]; }
     // What a metafile record holds for the byte.
-    char16_t Unicode(BYTE byte) const;
+    char16_t Unicode(BYTE byte, BYTE nCharSet) const;
 
 private:
     friend class CFontCache;

@@ -311,6 +311,12 @@ const CFontFace& FontFaceById(int nFaceId)
     return *pFace;
 }
 
+bool TakesPrivateCodes(const CFontFace& face, BYTE nCharSet)
+{
+    return face.m_bPrivateCodes &&
+           (face.m_coding != CTextCoding::mtExtra || nCharSet == SYMBOL_CHARSET);
+}
+
 char16_t UnicodeFromAnsi(BYTE byte)
 {
     static constexpr char16_t s_acHigh[32] = {

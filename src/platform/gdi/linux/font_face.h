@@ -24,7 +24,7 @@ struct CFontFace
     std::string m_strFile;  // empty: no file could be had, and the numbers are made up
     int m_nIndex = 0;       // of the face in a file that holds several
     CTextCoding m_coding = CTextCoding::text;
-    bool m_bPrivateCodes = false;  // a metafile holds U+F0xx for its bytes
+    bool m_bPrivateCodes = false;  // metafiles may hold U+F0xx for its bytes
     bool m_bFakeBold = false;      // asked for bold, file is not: the drawing has to thicken it
     bool m_bFakeItalic = false;    // likewise, slanted
     int m_nUnitsPerEm = 2048;
@@ -45,6 +45,10 @@ struct CFontFace
 int FindFontFace(const LOGFONTA& font);
 // Its numbers; the file is read on the first use.
 const CFontFace& FontFaceById(int nFaceId);
+
+// Whether a font of this face that was asked for by a character set takes bytes as its own codes,
+// which are U+F0xx: "MT Extra" says of itself that it has the letters of Windows-1252 too.
+bool TakesPrivateCodes(const CFontFace& face, BYTE nCharSet);
 
 // Windows-1252 as Unicode; the five bytes that it leaves open stay as they are.
 char16_t UnicodeFromAnsi(BYTE byte);

@@ -186,7 +186,8 @@ BOOL GetTextMetricsA(HDC hDC, TEXTMETRICA* pMetrics)
     metrics.tmPitchAndFamily = static_cast<BYTE>(TMPF_VECTOR | TMPF_TRUETYPE |
                                                  (face.m_bFixedPitch ? 0 : TMPF_FIXED_PITCH) |
                                                  (asked.lfPitchAndFamily & 0xF0));
-    metrics.tmCharSet = face.m_bPrivateCodes ? SYMBOL_CHARSET : ANSI_CHARSET;
+    metrics.tmCharSet =
+        TakesPrivateCodes(face, asked.lfCharSet) ? SYMBOL_CHARSET : ANSI_CHARSET;
     *pMetrics = metrics;
     return TRUE;
 }

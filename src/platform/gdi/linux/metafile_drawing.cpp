@@ -58,11 +58,14 @@ float UnitSize(int nMillimetres, int nPixels, int nWindow, int nViewport)
 
 }  // namespace
 
+// An empty area counts as well: its corners, right and bottom inside, are in the other order.
 void CMetafileWriter::GrowBounds(const RECTL& bounds)
 {
-    if (bounds.left > bounds.right || bounds.top > bounds.bottom)
-        return;
-    m_bounds = m_bounds.left > m_bounds.right ? bounds : Union(m_bounds, bounds);
+    const RECTL ordered = { std::min(bounds.left, bounds.right),
+                            std::min(bounds.top, bounds.bottom),
+                            std::max(bounds.left, bounds.right),
+                            std::max(bounds.top, bounds.bottom) };
+    m_bounds = m_bounds.left > m_bounds.right ? ordered : Union(m_bounds, ordered);
 }
 
 bool CMetafileWriter::LineTo(CDeviceContext& dc, POINT from, POINT to)
@@ -249,9 +252,10 @@ bool CMetafileWriter::ExtTextOut(CDeviceContext& dc, const CTextRun& run)
     if (nChars == 0)
         return true;  // a fill needs no font file
     const CRealizedFont& font = dc.Font();
+    const BYTE nCharSet = dc.State().m_pFont->LogFont().lfCharSet;
     for (std::size_t i = 0; i < nChars; ++i)
     {
-        char16_t unit = font.Unicode(run.m_text[i]);
+        char16_t unit = font.Unicode(run.m_text[i], nCharSet);
         std::memcpy(pText + i * sizeof unit, &unit, sizeof unit);
     }
     dc.LogicalAdvances(run, { reinterpret_cast<INT*>(pText + nText), nChars });

@@ -31,6 +31,11 @@ BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
     return DeleteEnhMetaFile(hCopy);
 }
 
+HENHMETAFILE MakeEnhMetaFile(std::span<const BYTE> bytes)
+{
+    return SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data());
+}
+
 HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile)
 {
     return GetEnhMetaFileA(pszFile);

@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+"""Runs backend_report of two builds over the same formulas and compares what they say: the
+rectangles of each formula, and the records of its metafile.
+
+Equal means equal type, rectangle, text, spacing, font and colour of every record, in the same
+order. Left out are sizes of records and what follows from them: the opaque fill has four more
+bytes in ours, and the scale of a text record may differ in its last bit.
+"""
+
+import argparse
+import io
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+from formula_list import formula_list
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tools"))
+import emf_dump  # noqa: E402
+
+TREES = 400
+LEFT_OUT = re.compile(r"^(\S+) \d+|(?<= )scale=\S+ |(?<= )at=\d+ ?")
+
+
+def run(command, texts, folder):
+    """The report's lines; Wine is given native paths, which it knows."""
+    result = subprocess.run([*command, str(texts), str(folder), str(TREES)],
+                            stdout=subprocess.PIPE, check=False, timeout=600)
+    if result.returncode != 0:
+        sys.exit("%s ended with %d" % (command[-1], result.returncode))
+    return result.stdout.decode("ascii").replace("\r\n", "\n").splitlines()
+
+
+def records(path):
+    """The metafile's records as lines without what may differ; faults are told."""
+    out = io.StringIO()
+    faults = emf_dump.dump(path.read_bytes(), out)
+    lines = [LEFT_OUT.sub(lambda m: m.group(1) or "", line) for line in
+             out.getvalue().splitlines()]
+    return [line for line in lines if not line.startswith("EOF")], faults
+
+
+def first_difference(ours, theirs):
+    for number, (a, b) in enumerate(zip(ours, theirs)):
+        if a != b:
+            return "record %d\n    %s\n    %s" % (number, a, b)
+    return "%d records, %d records" % (len(ours), len(theirs))
+
+
+def compare_metafiles(names, first, second):
+    differing = []
+    for name in names:
+        ours, our_faults = records(first / (name + ".wmf"))
+        theirs, their_faults = records(second / (name + ".wmf"))
+        if our_faults or their_faults:
+            differing.append("%s: not well formed: %s" % (name, our_faults or their_faults))
+        elif ours != theirs:
+            differing.append("%s: %s" % (name, first_difference(ours, theirs)))
+    return differing
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--source", type=Path, required=True)
+    parser.add_argument("--first", required=True, help="backend_report of one build")
+    parser.add_argument("--second", required=True, help="backend_report of the other build")
+    parser.add_argument("--runner", default="", help="what runs the second one")
+    parser.add_argument("--keep", type=Path, help="folder to leave the metafiles in")
+    arguments = parser.parse_args()
+    if not Path(arguments.first).exists():
+        sys.exit("%s is missing: build the Linux side first" % arguments.first)
+
+    with tempfile.TemporaryDirectory() as temporary:
+        folder = arguments.keep or Path(temporary)
+        texts = folder / "texts.txt"
+        first, second = folder / "first", folder / "second"
+        first.mkdir(parents=True, exist_ok=True)
+        second.mkdir(exist_ok=True)
+        formulas = formula_list(arguments.source)
+        texts.write_text("".join(text.hex() + "\n" for text in formulas))
+        ours = run([arguments.first], texts, first)
+        theirs = run([*arguments.runner.split(), arguments.second], texts, second)
+        unequal = ["%s\n    %s" % pair for pair in zip(ours, theirs) if pair[0] != pair[1]]
+        if len(ours) != len(theirs) or len(ours) != len(formulas) + TREES:
+            unequal.append("%d lines, %d lines" % (len(ours), len(theirs)))
+        written = [line.split()[0] for line in ours if line.endswith("written=1")]
+        if len(written) < len(ours) * 9 // 10:
+            unequal.append("only %d of %d metafiles written" % (len(written), len(ours)))
+        differing = compare_metafiles(written, first, second)
+
+    for line in unequal[:20] + differing[:20]:
+        print(line)
+    print("%d formulas and trees, %d with other rectangles, %d with other records" %
+          (len(ours), len(unequal), len(differing)))
+    return 1 if unequal or differing else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
