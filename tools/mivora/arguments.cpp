@@ -98,7 +98,12 @@ void Declare(CLI::App& app, const COption& option, std::string& strValue)
     if (option.nValue == VALUE_NUMBER)
         pOption->check(CLI::Range(option.nMin, option.nMax));
     if (option.nValue == VALUE_CHOICE)
-        pOption->check(CLI::IsMember(Choices(option.pszChoices)));
+    {
+        const CLI::Validator offered = CLI::IsMember(Choices(option.pszChoices));
+        const CLI::Validator refused = CLI::IsMember(Choices(option.pszRefusedChoices));
+        pOption->check([=](const std::string& strChoice)
+                       { return refused(strChoice).empty() ? "" : offered(strChoice); });
+    }
 }
 
 // What has to be there, and what cannot stand together.

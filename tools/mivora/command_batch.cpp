@@ -1,15 +1,10 @@
 // batch: every line of a file into a file of its own.
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <memory>
 
 #include "arguments.h"
 #include "batch_job.h"
 #include "report.h"
+#include "system_calls.h"
 #include "text_input.h"
 #include "worker_pool.h"
 
@@ -23,7 +18,7 @@ constexpr int s_nBarWidth = 30;
 class CProgress
 {
 public:
-    CProgress() : m_bShown(isatty(STDERR_FILENO) != 0) {}
+    CProgress() : m_bShown(IsErrorTerminal()) {}
     ~CProgress() { Wipe(); }
     CProgress(const CProgress&) = delete;
     CProgress& operator=(const CProgress&) = delete;
@@ -108,21 +103,11 @@ CBatchOptions OptionsOf(const CArguments& arguments)
 {
     CBatchOptions options;
     options.strDirectory = arguments.Value(OPT_DIRECTORY);
-    options.pFormat = FindFormat(arguments.Value(OPT_FORMAT, "wmf"));
+    options.pFormat = &FormatOfName(arguments.Value(OPT_FORMAT, "wmf"));
     options.picture.nDpi = arguments.Number(OPT_DPI, options.picture.nDpi);
     if (!options.pFormat->bDpi && arguments.Has(OPT_DPI))
         throw CUsageError{ "--dpi is not for metafiles and stored formulas" };
     return options;
-}
-
-void MakeDirectory(const std::string& strPath)
-{
-    struct stat status;
-    if (mkdir(strPath.c_str(), 0777) == 0)
-        return;
-    const int nError = errno;
-    if (stat(strPath.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
-        throw CFailure{ "cannot make the folder " + strPath + ": " + std::strerror(nError) };
 }
 
 void DrawHere(CLineReader& reader, CBatch& batch, const CBatchOptions& options)
@@ -172,7 +157,7 @@ int RunBatch(const CArguments& arguments)
 {
     const CBatchOptions options = OptionsOf(arguments);
     CLineReader reader(*arguments.Operand());
-    MakeDirectory(options.strDirectory);
+    MakeFolder(options.strDirectory);
     CBatch batch(reader);
     const int nJobs = arguments.Number(OPT_JOBS, 1);
     if (nJobs == 1)

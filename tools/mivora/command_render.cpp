@@ -1,16 +1,12 @@
 // render, comment and fonts.
 #include <cstdio>
-#include <cstring>
-
-#include <fcntl.h>
-#include <unistd.h>
-#include <cerrno>
 
 #include "arguments.h"
+#include "font_list.h"
+#include "input_file.h"
 #include "picture.h"
 #include "platform/base/code_page.h"
 #include "platform/gdi/dc.h"
-#include "platform/gdi/linux/font_face.h"
 #include "report.h"
 #include "service/metafile_comment.h"
 #include "text_input.h"
@@ -43,15 +39,6 @@ void PrintSize(CFormulaOut& formula)
     std::printf("%.9g %.9g\n", static_cast<double>(static_cast<float>(rect.Width()) * s_fScale),
                 static_cast<double>(static_cast<float>(rect.Height()) * s_fScale));
 }
-
-// Tells a missing file apart from one that is no metafile.
-void CheckReadable(const std::string& strPath)
-{
-    const int nFile = open(strPath.c_str(), O_RDONLY | O_CLOEXEC);
-    if (nFile < 0)
-        throw CFailure{ "cannot open " + strPath + ": " + std::strerror(errno) };
-    close(nFile);
-}
 }  // namespace
 
 int RunRender(const CArguments& arguments)
@@ -78,7 +65,7 @@ int RunRender(const CArguments& arguments)
 int RunComment(const CArguments& arguments)
 {
     const std::string strPath = *arguments.Operand();
-    CheckReadable(strPath);
+    const CInputFile readable(strPath);  // tells a missing file apart from one that is no metafile
     CBinTree tree;
     if (!tree.ReadMetafile(strPath.c_str()))
         throw CFailure{ strPath + ": " + TakeLibraryMessages() };
@@ -89,7 +76,7 @@ int RunComment(const CArguments& arguments)
 
 int RunFonts(const CArguments&)
 {
-    for (const auto& [strFace, strFile] : ListFontFaces())
+    for (const auto& [strFace, strFile] : FacesAndFiles())
         std::printf("%s\t%s\n", strFace.c_str(), strFile.empty() ? "-" : strFile.c_str());
     return STATUS_DONE;
 }

@@ -3,15 +3,15 @@
 #include <cassert>
 #include <cstring>
 
+#include "platform_texts.h"
+
 namespace
 {
 // One row for each EOption, in its order.
 constexpr COption s_aOptions[] = {
     { OPT_OUTPUT, "o", "output", "FILE", VALUE_FILE, 0, 0, nullptr,
       "Write the picture to FILE; its extension chooses the format" },
-    { OPT_DPI, nullptr, "dpi", "N", VALUE_NUMBER, 10, 2400, nullptr,
-      "Resolution of a .bmp or .png in dots per inch (default 96); a .svg or .pdf is enlarged "
-      "in the same proportion" },
+    { OPT_DPI, nullptr, "dpi", "N", VALUE_NUMBER, 10, 2400, nullptr, g_szDpiHelp },
     { OPT_BOXES, nullptr, "boxes", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Draw the rectangles of the nodes and their axes over the picture" },
     { OPT_GRAYED, nullptr, "grayed", nullptr, VALUE_NONE, 0, 0, nullptr,
@@ -27,8 +27,8 @@ constexpr COption s_aOptions[] = {
       "With --lines: each line is a text in hexadecimal, as bytes of Windows-1252" },
     { OPT_DIRECTORY, "d", "directory", "DIR", VALUE_FOLDER, 0, 0, nullptr,
       "Put the files into DIR" },
-    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, "wmf emf bmp png svg pdf fml",
-      "Format and extension of the files (default wmf)" },
+    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, g_szFormats,
+      "Format and extension of the files (default wmf)", g_szFormatsElsewhere },
     { OPT_JOBS, nullptr, "jobs", "N", VALUE_NUMBER, 1, 256, nullptr,
       "Work with N processes (default 1)" },
     { OPT_FML, nullptr, "fml", "FILE", VALUE_FILE, 0, 0, nullptr,
@@ -52,35 +52,9 @@ constexpr EOption s_aLayout[] = { OPT_FML, OPT_LINES, OPT_HEX, OPT_STRICT, OPT_H
 constexpr EOption s_aInspect[] = { OPT_JSON, OPT_OUTPUT, OPT_HELP };
 constexpr EOption s_aPlain[] = { OPT_HELP };
 
-constexpr CExample s_aRenderExamples[] = {
-    { "mivora render 'sqr(x+1)/2' -o root.wmf", "an enhanced metafile" },
-    { "mivora render 'a/b' -o half.png --dpi 300", "a picture of 300 dots per inch" },
-    { "echo 'a<=b' | mivora render - -o relation.svg", "the text from standard input" },
-};
-constexpr CExample s_aBatchExamples[] = {
-    { "mivora batch formulas.txt -d out --format svg --jobs 4", "four processes" },
-    { "grep = notes | mivora batch - -d out", "from a pipe" },
-};
-constexpr CExample s_aTreeExamples[] = {
-    { "mivora tree 'a+b*c'", "one text" },
-    { "mivora tree -x+y", "a text may begin with a minus sign" },
-    { "mivora tree --lines <formulas.txt", "one line for each line of a file" },
-};
-
-constexpr CExample s_aInspectExamples[] = {
-    { "mivora render 'a/b' -o half.fml && mivora inspect half.fml", "store, and look into it" },
-    { "mivora inspect half.fml -o half.svg", "draw the stored tree" },
-};
-
 constexpr CCommand s_aCommands[] = {
     { "render", OPERAND_TEXT, "TEXT", s_aRequiredRender, s_aRender, "draw a formula into a file",
-      "Draws the formula into FILE. The extension of FILE chooses the format: .wmf or .emf "
-      "(enhanced metafile), .bmp, .png, .svg or .pdf, or .fml for a stored formula, which holds "
-      "text, tree and format. Prints the width and the height, each 22 "
-      "times the size in pixels of the screen.\n"
-      "A syntax error is a warning: the text is shown with a mark under the place, and the part "
-      "before it is drawn.",
-      s_aRenderExamples, RunRender },
+      g_szRenderDescription, g_aRenderExamples, RunRender },
     { "batch", OPERAND_FILE, "FILE", s_aRequiredBatch, s_aBatch,
       "draw every line of a file into a file of its own",
       "Takes one formula from each line of FILE, or of standard input if FILE is -, and draws it "
@@ -89,7 +63,7 @@ constexpr CCommand s_aCommands[] = {
       "Each failure and each syntax error is told with its line and position, and the rest goes "
       "on. The last line counts: \"N done, N with syntax errors, N failed\". The status is 1 if "
       "a line failed.",
-      s_aBatchExamples, RunBatch },
+      g_aBatchExamples, RunBatch },
     { "measure",
       OPERAND_TEXT,
       "TEXT",
@@ -110,7 +84,7 @@ constexpr CCommand s_aCommands[] = {
       "and the gap of products. A node is (TYPE[kind] \"symbol\" left right); a missing child "
       "is -, and @Symbol behind a symbol tells its face. A text that is refused gives - for "
       "the tree.",
-      s_aTreeExamples,
+      g_aTreeExamples,
       RunTree },
     { "layout",
       OPERAND_TEXT,
@@ -166,7 +140,7 @@ constexpr CCommand s_aCommands[] = {
       "one in the file, in the form of the command tree; nothing is parsed. In text and name "
       "control characters and the backslash are \\xNN.\n"
       "With -o the stored tree is drawn too, in any format that render has.",
-      s_aInspectExamples,
+      g_aInspectExamples,
       RunInspect },
     { "fonts",
       OPERAND_NONE,

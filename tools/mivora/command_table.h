@@ -48,6 +48,8 @@ struct COption
     int nMax;
     const char* pszChoices;  // separated by blanks
     const char* pszHelp;
+    // Choices that the command itself refuses, with its reason; help tells nothing of them.
+    const char* pszRefusedChoices = "";
 };
 
 // How the words that are no options are used.

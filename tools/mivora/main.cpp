@@ -9,6 +9,7 @@
 #include "command_table.h"
 #include "generate.h"
 #include "platform/base/exception.h"
+#include "program.h"
 #include "report.h"
 
 namespace
@@ -100,10 +101,10 @@ int RunAndTell(int nWords, const char* const* apszWords)
 }
 }  // namespace
 
-int main(int argc, char** argv)
+int RunMivora(int nWords, const char* const* apszWords)
 {
     KeepLibraryMessages();
-    const int nStatus = RunAndTell(argc > 0 ? argc - 1 : 0, argv + 1);
+    const int nStatus = RunAndTell(nWords, apszWords);
     const std::string strMessages = TakeLibraryMessages();
     if (!strMessages.empty())
         Tell(strMessages);

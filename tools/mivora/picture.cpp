@@ -1,50 +1,49 @@
 #include "picture.h"
 
 #include <cctype>
-#include <span>
 
 #include "arguments.h"
-#include "cairo_picture.h"
 #include "nodes/node.h"
+#include "picture_file.h"
+#include "picture_formats.h"
 #include "platform/base/system.h"
 #include "report.h"
-#include "stored_formula.h"
 
 namespace
 {
-constexpr int s_nScreenDpi = 96;
-
-void WriteMetafile(CFormulaOut& formula, const std::string& strPath, const CPictureOptions&)
-{
-    SetLastError(0);
-    if (!formula.m_Tree.WriteMetafile(strPath.c_str()))
-        throw CFailure{ "cannot write " + strPath + ": " + LastErrorText() };
-}
-
-void WriteBitmap(CFormulaOut& formula, const std::string& strPath, const CPictureOptions& options)
-{
-    if (options.bBoxes || options.nDpi != s_nScreenDpi)
-    {
-        WriteBmp(formula, strPath, options);
-        return;
-    }
-    SetLastError(0);
-    if (!formula.m_Tree.WriteBitmapFile(strPath.c_str()))
-        throw CFailure{ "cannot write " + strPath + ": " + LastErrorText() };
-}
-
-constexpr CPictureFormat s_aFormats[] = {
-    { "wmf", false, WriteMetafile }, { "emf", false, WriteMetafile }, { "bmp", true, WriteBitmap },
-    { "png", true, WritePng },       { "svg", true, WriteSvg },       { "pdf", true, WritePdf },
-    { "fml", false, SaveStored },
-};
-
 std::string FormatList()
 {
     std::string strList;
-    for (const CPictureFormat& format : s_aFormats)
-        strList += std::string(strList.empty() ? "." : " .") + format.pszExtension;
+    for (const CPictureFormat& format : PictureFormats())
+    {
+        if (format.pfnWrite != nullptr)
+            strList += std::string(strList.empty() ? "." : " .") + format.pszExtension;
+    }
     return strList;
+}
+
+// In any case; null if there is none of that name.
+const CPictureFormat* FindFormat(const std::string& strExtension)
+{
+    std::string strLower = strExtension;
+    for (char& ch : strLower)
+        ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
+    for (const CPictureFormat& format : PictureFormats())
+    {
+        if (strLower == format.pszExtension)
+            return &format;
+    }
+    return nullptr;
+}
+
+const CPictureFormat& Writable(const CPictureFormat& format)
+{
+    if (format.pfnWrite == nullptr)
+    {
+        throw CUsageError{ std::string(".") + format.pszExtension + " " + format.pszElsewhere +
+                           "; here there are " + FormatList() };
+    }
+    return format;
 }
 
 // The node at the end of the letters, null if there is none.
@@ -60,17 +59,12 @@ CNode* FollowPath(CNode* pNode, const std::string& strSteps)
 }
 }  // namespace
 
-const CPictureFormat* FindFormat(const std::string& strExtension)
+const CPictureFormat& FormatOfName(const std::string& strExtension)
 {
-    std::string strLower = strExtension;
-    for (char& ch : strLower)
-        ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
-    for (const CPictureFormat& format : s_aFormats)
-    {
-        if (strLower == format.pszExtension)
-            return &format;
-    }
-    return nullptr;
+    const CPictureFormat* pFormat = FindFormat(strExtension);
+    if (pFormat == nullptr)
+        throw CUsageError{ "the format " + strExtension + " is none of " + FormatList() };
+    return Writable(*pFormat);
 }
 
 const CPictureFormat& FormatOfPath(const std::string& strPath)
@@ -80,7 +74,7 @@ const CPictureFormat& FormatOfPath(const std::string& strPath)
         nPoint == std::string::npos ? nullptr : FindFormat(strPath.substr(nPoint + 1));
     if (pFormat == nullptr)
         throw CUsageError{ "the name " + strPath + " ends in none of " + FormatList() };
-    return *pFormat;
+    return Writable(*pFormat);
 }
 
 void SelectNode(CBinTree& tree, const CPictureOptions& options)
@@ -103,6 +97,25 @@ void SelectNode(CBinTree& tree, const CPictureOptions& options)
     if (pNode == nullptr)
         throw CFailure{ "the formula has no node at " + strPath };
     tree.SetSelection(pNode, static_cast<int>((strMode == "1" ? PF_NODE : PF_SUBTREE) | nGrayed));
+}
+
+void WriteMetafile(CFormulaOut& formula, const std::string& strPath, const CPictureOptions&)
+{
+    SetLastError(0);
+    if (!formula.m_Tree.WriteMetafile(strPath.c_str()))
+        throw CFailure{ "cannot write " + strPath + ": " + LastErrorText() };
+}
+
+void WriteBitmap(CFormulaOut& formula, const std::string& strPath, const CPictureOptions& options)
+{
+    if (options.bBoxes || options.nDpi != s_nScreenDpi)
+    {
+        WriteBmp(formula, strPath, options);
+        return;
+    }
+    SetLastError(0);
+    if (!formula.m_Tree.WriteBitmapFile(strPath.c_str()))
+        throw CFailure{ "cannot write " + strPath + ": " + LastErrorText() };
 }
 
 void WritePicture(CFormulaOut& formula, const CPictureFormat& format, const std::string& strPath,

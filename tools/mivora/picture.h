@@ -17,15 +17,15 @@ struct CPictureFormat
 {
     const char* pszExtension;  // without the point
     bool bDpi;                 // knows a resolution and boxes
-    // Throws CFailure.
+    // Throws CFailure. Null: another system has this format.
     void (*pfnWrite)(CFormulaOut& formula, const std::string& strPath,
                      const CPictureOptions& options);
+    const char* pszElsewhere = nullptr;  // where that is: "is made on ..."
 };
 
-// By extension, in any case; null if there is none of that name.
-const CPictureFormat* FindFormat(const std::string& strExtension);
-
-// By the extension of a path. Throws CUsageError.
+// A format that can be written, by its extension or that of a path, in any case. Throw CUsageError
+// if there is none.
+const CPictureFormat& FormatOfName(const std::string& strExtension);
 const CPictureFormat& FormatOfPath(const std::string& strPath);
 
 // Sets the selection of a tree by a path such as "LR:2". Throws CUsageError for what is no path,

@@ -6,6 +6,7 @@
 #include "platform/base/app.h"
 #include "platform/base/code_page.h"
 #include "platform/base/system.h"
+#include "system_calls.h"
 
 namespace
 {
@@ -96,17 +97,7 @@ std::string TakeLibraryMessages()
 
 std::string LastErrorText()
 {
-    char szText[256] = "";
-    if (FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                       GetLastError(), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), szText,
-                       sizeof szText, nullptr) == 0)
-    {
-        return "unknown error";
-    }
-    std::string strText = szText;
-    while (!strText.empty() && (IsControl(strText.back()) || strText.back() == '.'))
-        strText.pop_back();
-    return strText;
+    return SystemErrorText(static_cast<long>(GetLastError()));
 }
 
 std::string SyntaxWarning(const CParseReport& report, const std::string& strTyped)

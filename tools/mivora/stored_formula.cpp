@@ -1,11 +1,10 @@
 #include "stored_formula.h"
 
-#include <cstring>
-
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
 #include "report.h"
+#include "system_calls.h"
 
 namespace
 {
@@ -45,7 +44,7 @@ public:
         if (pFile != nullptr && pFile->m_lOsError > 0)
         {
             m_strReason = std::string(bSaving ? "cannot write " : "cannot open ") + pszPathName +
-                          ": " + std::strerror(pFile->m_lOsError);
+                          ": " + SystemErrorText(pFile->m_lOsError);
         }
         else if (pException->GetErrorMessage(szText, sizeof szText))
         {

@@ -1,10 +1,5 @@
 #include "text_input.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 
@@ -119,21 +114,11 @@ std::string TypedText(const CArguments& arguments)
 }
 
 CLineReader::CLineReader(const std::string& strPath)
-    : m_strPath(strPath), m_nFile(STDIN_FILENO), m_achBuffer(s_nBufferSize)
+    : m_pFile(strPath == "-" ? std::make_unique<CInputFile>()
+                             : std::make_unique<CInputFile>(strPath)),
+      m_nSize(m_pFile->Size()),
+      m_achBuffer(s_nBufferSize)
 {
-    if (strPath != "-")
-        m_nFile = open(strPath.c_str(), O_RDONLY | O_CLOEXEC);
-    if (m_nFile < 0)
-        throw CFailure{ "cannot open " + strPath + ": " + std::strerror(errno) };
-    struct stat status;
-    if (fstat(m_nFile, &status) == 0 && S_ISREG(status.st_mode))
-        m_nSize = static_cast<unsigned long long>(status.st_size);
-}
-
-CLineReader::~CLineReader()
-{
-    if (m_nFile != STDIN_FILENO)
-        close(m_nFile);
 }
 
 bool CLineReader::Next(std::string& strLine)
@@ -167,13 +152,7 @@ bool CLineReader::NextRaw(std::string& strLine)
 bool CLineReader::Fill()
 {
     std::fflush(stdout);
-    ssize_t nRead = 0;
-    do
-        nRead = read(m_nFile, m_achBuffer.data(), m_achBuffer.size());
-    while (nRead < 0 && errno == EINTR);
-    if (nRead < 0)
-        throw CFailure{ "cannot read " + m_strPath + ": " + std::strerror(errno) };
     m_nNext = 0;
-    m_nFilled = static_cast<size_t>(nRead);
-    return nRead > 0;
+    m_nFilled = m_pFile->Read(m_achBuffer.data(), m_achBuffer.size());
+    return m_nFilled > 0;
 }

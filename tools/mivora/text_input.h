@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "arguments.h"
+#include "input_file.h"
 #include "platform/base/cstring.h"
 
 // UTF-8 as the bytes of the library. Throws CFailure that tells the position of what cannot be
@@ -23,9 +24,6 @@ class CLineReader
 public:
     // "-" is standard input. Throws CFailure if the file cannot be opened.
     explicit CLineReader(const std::string& strPath);
-    ~CLineReader();
-    CLineReader(const CLineReader&) = delete;
-    CLineReader& operator=(const CLineReader&) = delete;
 
     // False at the end. Standard output is flushed whenever more input has to be waited for, so
     // that another program can talk with this one line by line. Throws CFailure.
@@ -40,10 +38,9 @@ public:
 private:
     bool Fill();
 
-    std::string m_strPath;
-    int m_nFile;
+    std::unique_ptr<CInputFile> m_pFile;
+    unsigned long long m_nSize;
     unsigned long long m_nTaken = 0;
-    unsigned long long m_nSize = 0;
     std::vector<char> m_achBuffer;
     size_t m_nNext = 0;  // in the buffer
     size_t m_nFilled = 0;

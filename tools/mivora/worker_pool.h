@@ -2,20 +2,13 @@
 // answered, and another takes its place.
 #pragma once
 
-#include <sys/types.h>
-
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "batch_job.h"
-
-// Lines that go to a worker together.
-struct CBlock
-{
-    unsigned long long nFirstLine = 1;
-    std::vector<std::string> astrLines;
-};
+#include "worker_messages.h"
+#include "worker_process.h"
 
 struct CBlockResult
 {
@@ -28,9 +21,6 @@ class CWorkerPool
 public:
     // Throws CFailure if a process cannot be started.
     CWorkerPool(int nWorkers, const CBatchOptions& options);
-    ~CWorkerPool();
-    CWorkerPool(const CWorkerPool&) = delete;
-    CWorkerPool& operator=(const CWorkerPool&) = delete;
 
     // Waits until a worker is free and the results that wait in line are few, and hands it over.
     void Submit(CBlock block);
@@ -42,19 +32,14 @@ public:
 private:
     struct CWorker
     {
-        pid_t nProcess = -1;
-        int nTo = -1;    // blocks
-        int nFrom = -1;  // results
+        std::unique_ptr<CWorkerProcess> pProcess;
         bool bBusy = false;
         unsigned long long nBlock = 0;
         CBlock block;
     };
 
-    void Start(CWorker& worker);
-    void Stop(CWorker& worker);
+    void Start(CWorker& worker) { worker.pProcess = std::make_unique<CWorkerProcess>(m_options); }
     void Collect(CWorker& worker);
-    // Waits for the end of a worker and tells how it came.
-    static std::string Bury(CWorker& worker);
     void WaitForAny();
     CWorker* FreeWorker();
 

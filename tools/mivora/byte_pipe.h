@@ -1,0 +1,14 @@
+// Bytes to and from another process.
+#pragma once
+
+#include <cstddef>
+
+class CBytePipe
+{
+public:
+    virtual ~CBytePipe() = default;
+
+    // All of it; false if the other side has gone.
+    virtual bool Write(const void* pData, std::size_t nSize) = 0;
+    virtual bool Read(void* pData, std::size_t nSize) = 0;
+};
