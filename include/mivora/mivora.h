@@ -1,8 +1,9 @@
 /* The one header that a host includes: formula text in, pictures and sizes out.
  *
  * StringToEMFFormula writes a formula as an enhanced metafile and tells its size: 22 times the size
- * in screen pixels. The text is bytes of Windows-1252, the path must end in "wmf" in any case, the
- * two pointers must not be null. Always 1: what goes wrong is told in message boxes.
+ * in screen pixels. The text is bytes of Windows-1252, the path must end in "wmf" in any case.
+ * Always 1: what goes wrong is told in message boxes, and no exception comes out. With a null pointer
+ * no file is written, and the sizes are 0 where they can be stored.
  *
  * AfxSetMessageBoxHandler takes the place of the message boxes, which without a display are lines
  * on standard error; a null handler brings them back. The handler gets a text in code page 936

@@ -1,5 +1,9 @@
+// The C function: whatever goes wrong inside, its caller sees a result, and a C program no
+// exception.
 #include <memory>
+#include <new>
 
+#include "platform/base/app.h"
 #include "platform/base/exception.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
@@ -22,21 +26,66 @@ void WriteWithSizes(const char* pszFormula, const char* pszPath, float* pfWidth,
     *pfHeight = Scaled(pFormula->GetFormulaRect(&screen).Height());
     pFormula->WriteFormulaToWMF(pszPath);
 }
+
+// Tells in a message box what stopped the job.
+template <class Job>
+void RunAndTell(Job job)
+{
+    try
+    {
+        job();
+    }
+    catch (CException* pException)
+    {
+        pException->ReportError();
+        pException->Delete();
+    }
+    catch (const std::bad_alloc&)
+    {
+        CMemoryException().ReportError();
+    }
+    catch (...)
+    {
+        CException(FALSE).ReportError();
+    }
+}
+
+// A box needs memory too, and its handler is the host's: what that throws has no way on.
+template <class Job>
+void RunSealed(Job job) noexcept
+{
+    try
+    {
+        RunAndTell(job);
+    }
+    catch (CException* pException)
+    {
+        pException->Delete();
+    }
+    catch (...)
+    {
+    }
+}
+
+void SetZero(float* pfSize)
+{
+    if (pfSize != nullptr)
+        *pfSize = 0;
+}
 }  // namespace
 
 extern "C" int StringToEMFFormula(const char* pszFormula, const char* pszPath, float* pfWidth,
                                   float* pfHeight)
 {
-    *pfWidth = 0;
-    *pfHeight = 0;
-    try
-    {
-        WriteWithSizes(pszFormula, pszPath, pfWidth, pfHeight);
-    }
-    catch (CException* pException)  // a C program could not catch it
-    {
-        pException->ReportError();
-        pException->Delete();
-    }
+    SetZero(pfWidth);
+    SetZero(pfHeight);
+    RunSealed(
+        [=]
+        {
+            if (pszFormula == nullptr || pszPath == nullptr || pfWidth == nullptr ||
+                pfHeight == nullptr)
+                AfxThrowInvalidArgException();
+            WriteWithSizes(pszFormula, pszPath, pfWidth, pfHeight);
+        });
     return 1;
 }

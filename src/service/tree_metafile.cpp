@@ -1,5 +1,6 @@
 // A tree as an enhanced metafile, and the text that such a file carries in its comment.
 #include <cstring>
+#include <exception>
 
 #include "platform/base/app.h"
 #include "platform/base/system.h"
@@ -53,14 +54,46 @@ void FillBackground(CDC& dc, const CRect& rect)
 }
 
 // The data up to a NUL, whatever size the record tells, but not beyond its end.
-int CALLBACK TakeComment(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM)
+void TakeComment(const ENHMETARECORD& record)
 {
-    if (pRecord->iType != s_nCommentRecord || pRecord->nSize < s_nCommentHead)
-        return 1;
-    const char* pchData = reinterpret_cast<const char*>(pRecord) + s_nCommentHead;
-    const size_t nLength = strnlen(pchData, pRecord->nSize - s_nCommentHead);
+    if (record.iType != s_nCommentRecord || record.nSize < s_nCommentHead)
+        return;
+    const char* pchData = reinterpret_cast<const char*>(&record) + s_nCommentHead;
+    const size_t nLength = strnlen(pchData, record.nSize - s_nCommentHead);
     g_strMetaComment = CString(pchData, static_cast<int>(nLength));
-    return 1;
+}
+
+// Stands where an integer is handed through the system; what a visit threw waits behind it.
+struct CVisit
+{
+    int m_nParameter = 204;
+    std::exception_ptr m_failure;
+};
+
+// Called by the system, which no exception may cross.
+int CALLBACK VisitRecord(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int,
+                         LPARAM lParam) noexcept
+{
+    try
+    {
+        TakeComment(*pRecord);
+        return 1;
+    }
+    catch (...)
+    {
+        reinterpret_cast<CVisit*>(lParam)->m_failure = std::current_exception();
+        return 0;
+    }
+}
+
+void TakeComments(HENHMETAFILE hPicture)
+{
+    CVisit visit;
+    const CRect unused(0, 0, 0, 0);
+    EnumEnhMetaFile(nullptr, hPicture, VisitRecord, &visit, &unused);
+    DeleteEnhMetaFile(hPicture);
+    if (visit.m_failure)
+        std::rethrow_exception(visit.m_failure);
 }
 }  // namespace
 
@@ -90,12 +123,7 @@ int CBinTree::WriteMetafile(CString strPath)
 
 int CBinTree::ReadMetafile(CString strPath)
 {
-    const HENHMETAFILE hPicture = LoadEnhMetaFile(strPath);
-    int nParameter = 204;
-    const CRect rect(0, 0, 0, 0);
-    EnumEnhMetaFile(nullptr, hPicture, TakeComment, &nParameter, &rect);
-    DeleteEnhMetaFile(hPicture);
-
+    TakeComments(LoadEnhMetaFile(strPath));
     if (g_strMetaComment.Left(s_nTagLength).Compare(s_szTag) != 0)
     {
         // "不能解析该文件!"

@@ -90,7 +90,7 @@ def facts(face, glyph, bold_by_hand, height, width):
         total += pixels
         weighted += pixels * byte
     return (ascent, descent, fixed(cell - face.em, scale), max(0, fixed(face.gap, scale)),
-            upwards((average + extra) * ratio), upwards(fixed(face.widest, scale) * ratio),
+            upwards((average + extra) * ratio), upwards((fixed(face.widest, scale) + extra) * ratio),
             total, weighted)
 
 

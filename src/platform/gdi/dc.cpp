@@ -442,7 +442,7 @@ BOOL CDC::TextOut(int x, int y, LPCSTR pszText, int nCount)
 {
     if (nCount < 0)
         nCount = static_cast<int>(std::strlen(pszText));
-    return ::TextOutA(m_hDC, x, y, pszText, nCount);
+    return !CanDrawLetters(m_hDC) || ::TextOutA(m_hDC, x, y, pszText, nCount);
 }
 
 BOOL CDC::TextOut(int x, int y, const CString& strText)
@@ -453,11 +453,18 @@ BOOL CDC::TextOut(int x, int y, const CString& strText)
 BOOL CDC::ExtTextOut(int x, int y, UINT nOptions, LPCRECT pRect, LPCSTR pszText, UINT nCount,
                      const INT* pDx)
 {
+    if (nCount > 0 && !CanDrawLetters(m_hDC))
+        return TRUE;
     return ::ExtTextOutA(m_hDC, x, y, nOptions, pRect, pszText, nCount, pDx);
 }
 
 int CDC::DrawText(LPCSTR pszText, int nCount, LPRECT pRect, UINT nFormat)
 {
+    if ((nFormat & DT_CALCRECT) == 0 && !CanDrawLetters(m_hDC))
+    {
+        RECT measured = *pRect;
+        return ::DrawTextA(m_hDC, pszText, nCount, &measured, nFormat | DT_CALCRECT);
+    }
     return ::DrawTextA(m_hDC, pszText, nCount, pRect, nFormat);
 }
 

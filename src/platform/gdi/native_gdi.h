@@ -4,6 +4,8 @@
 
 #include "platform/gdi/gdi.h"
 
+#include <span>
+
 // CreateFontIndirectA; the faces of the library are to be had.
 HFONT CreateFaceFont(const LOGFONTA* pFont);
 
@@ -12,9 +14,15 @@ HFONT CreateFaceFont(const LOGFONTA* pFont);
 // font must be made, as on a device context that records what is selected.
 bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, SIZE* pSize);
 
+// False where letters in the font that is selected are beyond what the system can draw; they can
+// still be measured.
+bool CanDrawLetters(HDC hDC);
+
 // Writes a metafile's bytes: all of them, or the file stays as it was. FALSE, and the last error
 // set, for failure. Equal pictures give equal bytes.
 BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile);
+// The whole records of some bytes, as LoadEnhMetaFile has those of a file.
+HENHMETAFILE MakeEnhMetaFile(std::span<const BYTE> bytes);
 // The whole records of a file, whatever its header says of their number and size; the caller
 // deletes the result. Null, and the last error set, if it cannot be read or is no metafile.
 HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile);

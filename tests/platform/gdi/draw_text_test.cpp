@@ -1,5 +1,6 @@
 #include "platform/gdi/dc.h"
-#include "platform/gdi/recording_target.h"
+#include "platform/gdi/memory_picture.h"
+#include "platform/gdi/metafile_calls.h"
 #include "platform/gdi/test_fonts.h"
 
 #include <gtest/gtest.h>
@@ -9,13 +10,27 @@ namespace
 
 constexpr UINT LINE = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
 
-// The reference point of the text that a call draws, from the record "text x y options ...".
-POINT Reference(const std::vector<std::string>& calls)
+// The texts that are drawn, with a font of 16 pixels or another one in the device context.
+template <class F>
+std::vector<std::string> TextCalls(F draw, const LOGFONTA& font = FontOf("Times New Roman", -16))
 {
-    POINT point{ -9999, -9999 };
+    CRecordedCalls recorded;
+    {
+        const CUseFont use(recorded, font);
+        draw(recorded);
+    }
+    std::vector<std::string> lines = recorded.Lines();
+    std::erase_if(lines, [](const std::string& strLine) { return !strLine.starts_with("text"); });
+    return lines;
+}
+
+// The reference point of the only text, from the line "text x y options ...".
+CPoint Reference(const std::vector<std::string>& calls)
+{
+    int x = -9999, y = -9999;
     if (calls.size() == 1)
-        std::sscanf(calls[0].c_str(), "text %d %d", &point.x, &point.y);
-    return point;
+        std::sscanf(calls[0].c_str(), "text %d %d", &x, &y);
+    return CPoint(x, y);
 }
 
 }  // namespace
@@ -38,7 +53,7 @@ TEST(DrawText, PlacesOneLineByItsFlags)
         { { 10, 10, 60, 40 }, 0x928, 10, 23 },
         { { 10, 10, 60, 40 }, 0x929, 24, 23 },
         { { 10, 10, 60, 40 }, 0x92A, 38, 23 },
-        { { 10, 10, 60, 40 }, 0xB28, 10, 23 },  // external leading changes nothing
+        { { 10, 10, 60, 40 }, 0xB28, 10, 23 },  // external leading moves nothing
         { { 10, 10, 60, 40 }, 0xB2A, 38, 23 },
         { { 10, 10, 60, 40 }, 0x825, 24, 17 },  // clipped
         { { 0, 0, 5, 4 }, 0x925, -8, -6 },      // -17 / 2; 4 / 2 - 17 / 2
@@ -49,19 +64,20 @@ TEST(DrawText, PlacesOneLineByItsFlags)
         { { 60, 40, 10, 10 }, 0x92A, -12, -7 },
         { { -7, -9, -30, -10 }, 0x921, -29, -9 },  // (-37 - 22) / 2
     };
-    CRecordedDC recorded;
-    CUseFont use(recorded.m_hDC, FontOf("Times New Roman", -16));
     for (const auto& row : aCases)
     {
         SCOPED_TRACE(testing::Message()
                      << std::hex << row.m_nFormat << std::dec << " in " << row.m_rect.left << ' '
                      << row.m_rect.top << ' ' << row.m_rect.right << ' ' << row.m_rect.bottom);
-        recorded.m_calls.clear();
         CRect rect(row.m_rect);
-        int nHeight = DrawTextA(recorded.m_hDC, "abc", 3, &rect, row.m_nFormat);
-        EXPECT_EQ(Reference(recorded.m_calls).x, row.x);
-        EXPECT_EQ(Reference(recorded.m_calls).y, row.y);
-        EXPECT_EQ(nHeight, row.y - row.m_rect.top + 17);
+        int nHeight = 0;
+        const auto draw = [&](HDC hDC)
+        {
+            nHeight = DrawTextA(hDC, "abc", 3, &rect, row.m_nFormat);
+        };
+        EXPECT_EQ(Reference(TextCalls(draw)), CPoint(row.x, row.y));
+        const int nLeading = row.m_nFormat & DT_EXTERNALLEADING ? 1 : 0;
+        EXPECT_EQ(nHeight, row.y - row.m_rect.top + 17 + nLeading);
         EXPECT_EQ(rect, CRect(row.m_rect)) << "the rectangle is the caller's";
     }
 }
@@ -69,82 +85,94 @@ TEST(DrawText, PlacesOneLineByItsFlags)
 // 17 hundredths are 16 pixels; "abc" is 23 hundredths wide and 18 high.
 TEST(DrawText, DoesNotTurnRoundInAMapping)
 {
-    CRecordedDC recorded;
-    SetHundredths(recorded.m_hDC);
-    CUseFont use(recorded.m_hDC, FontOf("Times New Roman", -17));
-    recorded.m_calls.clear();
-    RECT rect{ 10, 10, 60, 40 };
-    DrawTextA(recorded.m_hDC, "abc", -1, &rect, LINE | DT_CENTER | DT_VCENTER);
-    EXPECT_EQ(recorded.m_calls,
+    const auto draw = [](UINT nFormat)
+    {
+        return [nFormat](HDC hDC)
+        {
+            SetHundredths(hDC);
+            const CUseFont use(hDC, FontOf("Times New Roman", -17));
+            RECT rect{ 10, 10, 60, 40 };
+            DrawTextA(hDC, "abc", -1, &rect, nFormat);
+        };
+    };
+    EXPECT_EQ(TextCalls(draw(LINE | DT_CENTER | DT_VCENTER)),
               std::vector<std::string>{ "text 23 16 0 rect 10 10 60 40 dx 7 8 7 codes 97 98 99" });
-    recorded.m_calls.clear();
-    DrawTextA(recorded.m_hDC, "abc", -1, &rect, LINE | DT_RIGHT | DT_BOTTOM);
-    EXPECT_EQ(Reference(recorded.m_calls).x, 37);
-    EXPECT_EQ(Reference(recorded.m_calls).y, 22);
+    EXPECT_EQ(Reference(TextCalls(draw(LINE | DT_RIGHT | DT_BOTTOM))), CPoint(37, 22));
 }
 
 TEST(DrawText, HandsTheTargetWhatARecordNeeds)
 {
-    CRecordedDC recorded;
-    RECT rect{ 10, 10, 60, 40 };
+    const RECT rect{ 10, 10, 60, 40 };
+    const auto draw = [&](HDC hDC)
     {
-        CUseFont use(recorded.m_hDC, FontOf("Times New Roman", -16));
-        recorded.m_calls.clear();
-        DrawTextA(recorded.m_hDC, "", 0, &rect, LINE);
-        EXPECT_TRUE(recorded.m_calls.empty()) << "no characters, no call";
-        DrawTextA(recorded.m_hDC, "\xE4\x80\x81", 3, &rect, DT_SINGLELINE | DT_NOPREFIX);
-        EXPECT_EQ(recorded.m_calls.at(0),
-                  "text 10 10 4 rect 10 10 60 40 dx 7 8 6 codes 228 8364 129");
-        recorded.m_calls.clear();
-        TextOutA(recorded.m_hDC, 5, 6, "Wi", 2);
-        EXPECT_EQ(recorded.m_calls.at(0), "text 5 6 0 dx 15 4 codes 87 105");
-        recorded.m_calls.clear();
+        RECT box = rect;
+        DrawTextA(hDC, "", 0, &box, LINE);  // no characters, no call
+        DrawTextA(hDC, "\xE4\x80\x81", 3, &box, DT_SINGLELINE | DT_NOPREFIX);
+        TextOutA(hDC, 5, 6, "Wi", 2);
         const INT anDx[] = { 30, -4 };
-        ExtTextOutA(recorded.m_hDC, 5, 6, 0, nullptr, "Wi", 2, anDx);
-        EXPECT_EQ(recorded.m_calls.at(0), "text 5 6 0 dx 30 -4 codes 87 105");
-    }
-    CUseFont use(recorded.m_hDC, FontOf("Symbol", -30));
-    recorded.m_calls.clear();
-    DrawTextA(recorded.m_hDC, "\xE5\x61", 2, &rect, LINE);
-    EXPECT_EQ(recorded.m_calls.at(0),
-              "text 10 10 0 rect 10 10 60 40 dx 21 19 codes 61669 61537");  // F0E5 F061
+        ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, anDx);
+    };
+    EXPECT_EQ(TextCalls(draw),
+              (std::vector<std::string>{
+                  "text 10 10 4 rect 10 10 60 40 dx 7 8 6 codes 228 8364 129",
+                  "text 5 6 0 dx 15 4 codes 87 105", "text 5 6 0 dx 30 -4 codes 87 105" }));
+    const auto drawSymbols = [&](HDC hDC)
+    {
+        RECT box = rect;
+        DrawTextA(hDC, "\xE5\x61", 2, &box, LINE);
+    };
+    EXPECT_EQ(
+        TextCalls(drawSymbols, FontOf("Symbol", -30)),  // F0E5 F061
+        std::vector<std::string>{ "text 10 10 0 rect 10 10 60 40 dx 21 19 codes 61669 61537" });
 }
 
 TEST(DrawText, CountsBreaksAndMarks)
 {
-    CRecordedDC recorded;
-    CUseFont use(recorded.m_hDC, FontOf("Times New Roman", -16));
-    RECT rect{ 10, 10, 0, 0 };
-    recorded.m_calls.clear();
-    EXPECT_EQ(DrawTextA(recorded.m_hDC, "abc\r\nab", -1, &rect, DT_CALCRECT | DT_NOPREFIX), 34);
-    EXPECT_EQ(CRect(rect), CRect(10, 10, 32, 44));
-    EXPECT_TRUE(recorded.m_calls.empty());
-    DrawTextA(recorded.m_hDC, "a&&b&c", -1, &rect, DT_SINGLELINE);
-    EXPECT_NE(recorded.m_calls.at(0).find("codes 97 38 98 99"), std::string::npos);
+    const auto measure = [](HDC hDC)
+    {
+        RECT rect{ 10, 10, 0, 0 };
+        EXPECT_EQ(DrawTextA(hDC, "abc\r\nab", -1, &rect, DT_CALCRECT | DT_NOPREFIX), 34);
+        EXPECT_EQ(CRect(rect), CRect(10, 10, 32, 44));
+    };
+    EXPECT_EQ(TextCalls(measure), std::vector<std::string>{});
+    const auto draw = [](HDC hDC)
+    {
+        RECT rect{ 10, 10, 32, 44 };
+        DrawTextA(hDC, "a&&b&c", -1, &rect, DT_SINGLELINE);
+    };
+    const std::vector<std::string> calls = TextCalls(draw);
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_NE(calls[0].find("codes 97 38 98 99"), std::string::npos) << calls[0];
 }
 
-TEST(Text, AlignmentMovesTheOriginOnTheDevice)
+// The cell of "abc", as an opaque text fills it.
+TEST(Text, AlignmentMovesTheCellOnTheDevice)
 {
-    struct
+    const struct
     {
-        UINT m_nAlign;
-        int x, y;
+        UINT nAlign;
+        CRect cell;
     } aCases[] = {
-        { TA_LEFT | TA_TOP, 100, 64 },       // base line 14 below the top
-        { TA_RIGHT | TA_BASELINE, 78, 50 },  // 22 wide
-        { TA_CENTER | TA_BOTTOM, 89, 47 },   //  3 below the base line
+        { TA_LEFT | TA_TOP, { 100, 50, 122, 67 } },
+        { TA_RIGHT | TA_BASELINE, { 78, 36, 100, 53 } },  // base line 14 below the top
+        { TA_CENTER | TA_BOTTOM, { 89, 33, 111, 50 } },
     };
-    CClientDC dc(nullptr);
-    CUseFont use(dc, FontOf("Times New Roman", -16));
-    const BYTE abText[] = { 'a', 'b', 'c' };
-    CTextRun run{ { 100, 50 }, 0, nullptr, abText, nullptr };
-    for (const auto& row : aCases)
+    for (const auto& c : aCases)
     {
-        dc.SetTextAlign(row.m_nAlign);
-        POINT origin = dc.m_hDC->TextOrigin(run);
-        EXPECT_EQ(origin.x, row.x) << row.m_nAlign;
-        EXPECT_EQ(origin.y, row.y) << row.m_nAlign;
+        CMemoryPicture picture(200, 100);
+        const CUseFont use(picture, FontOf("Times New Roman", -16));
+        SetBkColor(picture, 0x00FF00);
+        SetTextColor(picture, 0x00FF00);
+        SetTextAlign(picture, c.nAlign);
+        EXPECT_TRUE(TextOutA(picture, 100, 50, "abc", 3));
+        EXPECT_EQ(picture.Inked(), c.cell) << c.nAlign;
     }
+}
+
+TEST(Text, MovesTheCurrentPositionWhenAskedTo)
+{
+    CClientDC dc(nullptr);
+    const CUseFont use(dc, FontOf("Times New Roman", -16));
     dc.SetTextAlign(TA_UPDATECP);
     dc.MoveTo(7, 8);
     dc.TextOut(100, 50, "abc");

@@ -1,31 +1,16 @@
 // What an independent reader says of a metafile.
 #pragma once
 
-#include "platform/gdi/gdi.h"
+#include "native/build_machine.h"
+#include "platform/gdi/native_gdi.h"
+#include "test_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-#include <cstdio>
-#include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
-
-// A folder of its own for a test, gone with it.
-class CTestFolder
-{
-public:
-    CTestFolder()
-    {
-        std::string strName = (std::filesystem::temp_directory_path() / "emf_XXXXXX").string();
-        if (mkdtemp(strName.data()))
-            m_path = strName;
-    }
-    ~CTestFolder() { std::filesystem::remove_all(m_path); }
-    std::string File(const char* pszName) const { return (m_path / pszName).string(); }
-    std::filesystem::path m_path;
-};
 
 inline std::string ReadFile(const std::string& strPath)
 {
@@ -49,18 +34,10 @@ inline std::string MetafileBytes(HENHMETAFILE hMetaFile)
 // Lines of a command's output; fails the test if it does not end well.
 inline std::vector<std::string> RunLines(const std::string& strCommand)
 {
+    const CCommandResult result = RunCommand(strCommand);
+    EXPECT_EQ(result.m_nStatus, 0) << strCommand << '\n' << result.m_strOutput;
     std::vector<std::string> lines;
-    FILE* pPipe = popen((strCommand + " 2>&1").c_str(), "r");
-    if (!pPipe)
-    {
-        ADD_FAILURE() << strCommand;
-        return lines;
-    }
-    std::string strOutput;
-    char aBuffer[4096];
-    while (std::size_t nRead = fread(aBuffer, 1, sizeof aBuffer, pPipe))
-        strOutput.append(aBuffer, nRead);
-    EXPECT_EQ(pclose(pPipe), 0) << strCommand << '\n' << strOutput;
+    const std::string& strOutput = result.m_strOutput;
     for (std::size_t nStart = 0, nEnd; nStart < strOutput.size(); nStart = nEnd + 1)
     {
         nEnd = std::min(strOutput.find('\n', nStart), strOutput.size());
@@ -76,12 +53,12 @@ using CRecordLines = std::vector<std::string>;
 inline std::vector<CRecordLines> DumpRecords(const std::vector<std::string>& metafiles)
 {
     CTestFolder folder;
-    std::string strCommand = "python3 " MIVORA_TEST_DATA "/../tools/emf_dump.py";
+    std::string strCommand = "python3 " + NativePath(MIVORA_TEST_DATA "/../tools/emf_dump.py");
     for (std::size_t i = 0; i < metafiles.size(); ++i)
     {
         std::string strFile = folder.File(std::to_string(i).c_str());
         WriteFile(strFile, metafiles[i]);
-        strCommand += ' ' + strFile;
+        strCommand += ' ' + NativePath(strFile);
     }
     std::vector<CRecordLines> dumps;
     for (const std::string& strLine : RunLines(strCommand))
@@ -99,4 +76,29 @@ inline std::vector<CRecordLines> DumpRecords(const std::vector<std::string>& met
 inline CRecordLines DumpRecords(const std::string& strMetafile)
 {
     return DumpRecords(std::vector<std::string>{ strMetafile }).front();
+}
+
+// The bytes of a metafile that was drawn on, as it is saved.
+inline std::string Record(const std::function<void(HDC)>& draw, const RECT* pFrame = nullptr,
+                          const char* pszDescription = nullptr)
+{
+    HDC hDC = CreateEnhMetaFileA(nullptr, nullptr, pFrame, pszDescription);
+    EXPECT_TRUE(hDC);
+    draw(hDC);
+    HENHMETAFILE hMetaFile = CloseEnhMetaFile(hDC);
+    EXPECT_TRUE(hMetaFile);
+    CTestFolder folder;
+    EXPECT_TRUE(SaveEnhMetaFile(hMetaFile, folder.File("x.emf").c_str()));
+    EXPECT_TRUE(DeleteEnhMetaFile(hMetaFile));
+    return ReadFile(folder.File("x.emf"));
+}
+
+// The value of a field in a line of the dump.
+inline std::string Field(const std::string& strLine, const std::string& strName)
+{
+    std::size_t nStart = strLine.find(' ' + strName + '=');
+    if (nStart == strLine.npos)
+        return "-";
+    nStart += strName.size() + 2;
+    return strLine.substr(nStart, strLine.find(' ', nStart) - nStart);
 }

@@ -1,8 +1,10 @@
 // A bitmap in a memory device context, and what is on it as lines of signs.
 #pragma once
 
+#include "platform/base/geometry.h"
 #include "platform/gdi/gdi.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -57,6 +59,22 @@ public:
         for (const COLORREF colour : Colours())
             lines[n++ / static_cast<std::size_t>(m_nWidth)] += Sign(colour);
         return lines;
+    }
+
+    // What holds everything that is not white.
+    CRect Inked() const
+    {
+        CRect box(m_nWidth, m_nHeight, 0, 0);
+        int n = 0;
+        for (const COLORREF colour : Colours())
+        {
+            const CRect pixel(CPoint(n % m_nWidth, n / m_nWidth), CSize(1, 1));
+            if (colour != 0xFFFFFF)
+                box = { std::min(box.left, pixel.left), std::min(box.top, pixel.top),
+                        std::max(box.right, pixel.right), std::max(box.bottom, pixel.bottom) };
+            ++n;
+        }
+        return box;
     }
 
     static char Sign(COLORREF colour)

@@ -1,7 +1,7 @@
 // Fonts for tests, by face and height.
 #pragma once
 
-#include "platform/gdi/gdi.h"
+#include "platform/gdi/native_gdi.h"
 
 #include <cstring>
 
@@ -22,7 +22,7 @@ class CUseFont
 {
 public:
     CUseFont(HDC hDC, const LOGFONTA& font)
-        : m_hDC(hDC), m_hFont(CreateFontIndirectA(&font)), m_hOld(SelectObject(hDC, m_hFont))
+        : m_hDC(hDC), m_hFont(CreateFaceFont(&font)), m_hOld(SelectObject(hDC, m_hFont))
     {
     }
     ~CUseFont()

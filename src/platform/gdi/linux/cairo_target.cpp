@@ -183,8 +183,10 @@ bool CCairoTarget::Rectangle(CDeviceContext& dc, const RECT& rect)
         return FillWithBrush(state, { box.left, box.top, box.right - 1, box.bottom - 1 }, op);
     if (stroke->m_nStyle == PS_INSIDEFRAME)
         box = Inset(box, stroke->m_nWidth / 2);
-    if (box.right - box.left < 2 || box.bottom - box.top < 2)
+    if (IsEmptyBox(box))
         return true;
+    if (stroke->m_nWidth <= 1 && (box.right - box.left == 1 || box.bottom - box.top == 1))
+        return FillBox(state, box, { stroke->m_colour, {}, {} }, op);  // all of it is edge
     const bool bFilled = FillWithBrush(state, Inset(box, 1), op);
     return FrameBox(state, box, *stroke) && bFilled;
 }

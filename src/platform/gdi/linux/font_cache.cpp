@@ -83,8 +83,9 @@ void CRealizedFont::Realize(int nFaceId, int nHeight, int nWidth)
         nAsked = 0;
     m_bStretched = nAsked != 0;
     m_fRatio = m_bStretched ? static_cast<double>(nAsked) / nAverage : 1.0;
-    m_nAverageWidth = RoundToInt((nAverage + (face.m_bFakeBold ? 1 : 0)) * m_fRatio);
-    m_nMaxWidth = RoundToInt(scaled(face.m_nMaxWidth) * m_fRatio);
+    const double fThicker = face.m_bFakeBold ? 1 : 0;
+    m_nAverageWidth = RoundToInt((nAverage + fThicker) * m_fRatio);
+    m_nMaxWidth = RoundToInt((scaled(face.m_nMaxWidth) + fThicker) * m_fRatio);
 }
 
 int CRealizedFont::FillAdvance(BYTE byte) const

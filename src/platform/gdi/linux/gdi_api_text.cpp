@@ -68,7 +68,8 @@ std::vector<std::string_view> SplitLines(std::string_view text)
     return lines;
 }
 
-// One line in the rectangle; returns its extent.
+// One line in the rectangle; returns its extent, with the distance to a next line where that is
+// asked for.
 SIZE DrawLine(HDC hDC, std::string_view line, const RECT& rect, UINT nFormat, POINT& place)
 {
     SIZE extent = TextExtent(hDC, Bytes(line.data(), line.size()));
@@ -76,6 +77,9 @@ SIZE DrawLine(HDC hDC, std::string_view line, const RECT& rect, UINT nFormat, PO
     if (!line.empty() && !(nFormat & DT_CALCRECT))
         ExtTextOutA(hDC, place.x, place.y, nFormat & DT_NOCLIP ? 0 : ETO_CLIPPED, &rect,
                     line.data(), static_cast<UINT>(line.size()), nullptr);
+    if (nFormat & DT_EXTERNALLEADING)
+        extent.cy = SaturateToInt(std::int64_t{ extent.cy } +
+                                  hDC->Mapping().ToLogicalHeight(hDC->Font().ExternalLeading()));
     return extent;
 }
 
@@ -186,8 +190,7 @@ BOOL GetTextMetricsA(HDC hDC, TEXTMETRICA* pMetrics)
     metrics.tmPitchAndFamily = static_cast<BYTE>(TMPF_VECTOR | TMPF_TRUETYPE |
                                                  (face.m_bFixedPitch ? 0 : TMPF_FIXED_PITCH) |
                                                  (asked.lfPitchAndFamily & 0xF0));
-    metrics.tmCharSet =
-        TakesPrivateCodes(face, asked.lfCharSet) ? SYMBOL_CHARSET : ANSI_CHARSET;
+    metrics.tmCharSet = TakesPrivateCodes(face, asked.lfCharSet) ? SYMBOL_CHARSET : ANSI_CHARSET;
     *pMetrics = metrics;
     return TRUE;
 }

@@ -25,6 +25,11 @@ bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, 
     return true;
 }
 
+bool CanDrawLetters(HDC)
+{
+    return true;
+}
+
 BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
 {
     const HENHMETAFILE hCopy = CopyEnhMetaFileA(hMetaFile, pszFile);

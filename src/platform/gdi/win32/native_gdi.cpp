@@ -7,14 +7,22 @@
 #include "platform/gdi/metafile_walk.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
 #include <cstring>
+#include <functional>
+#include <new>
+#include <set>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace
 {
 
 constexpr char s_szOwnFace[] = "MT Extra";
+constexpr DWORD COMMENT_RECORD = 70;
 constexpr DWORD FONT_RECORD = 82;
 // Of a font record: where the LOGFONTW lies, and where the face's name begins in it.
 constexpr std::size_t FACE_OFFSET = 12 + offsetof(LOGFONTW, lfFaceName);
@@ -52,11 +60,50 @@ void LoadOwnFace()
     static_cast<void>(s_bLoaded);
 }
 
+// The face that comes in the place of one that is missing.
+std::string SubstituteOf(const LOGFONTA& font)
+{
+    char szFace[LF_FACESIZE] = "";
+    const HDC hDC = CreateCompatibleDC(nullptr);
+    const HFONT hFont = CreateFontIndirectA(&font);
+    const HGDIOBJ hOld = SelectObject(hDC, hFont);
+    GetTextFaceA(hDC, LF_FACESIZE, szFace);
+    SelectObject(hDC, hOld);
+    DeleteObject(hFont);
+    DeleteDC(hDC);
+    return szFace;
+}
+
+void TellIfMissing(const LOGFONTA& font, const std::string& strFace)
+{
+    if (strFace.empty() || SystemHasFace(strFace.c_str()))
+        return;
+    std::string strShown = strFace;
+    for (char& ch : strShown)
+        ch = static_cast<unsigned char>(ch) < 0x20 || ch == 0x7F ? '?' : ch;
+    std::fprintf(stderr, "mivora: the font \"%s\" is missing; %s is used in its place\n",
+                 strShown.c_str(), SubstituteOf(font).c_str());
+}
+
+// What has to be done when a face is first asked for.
+void PrepareFace(const LOGFONTA& font)
+{
+    constexpr std::size_t MOST_NAMES = 1000;  // a damaged file may have any number
+    static std::set<std::string, std::less<>> s_seen;
+    const std::string_view face(font.lfFaceName, strnlen(font.lfFaceName, LF_FACESIZE - 1));
+    if (s_seen.size() >= MOST_NAMES || s_seen.find(face) != s_seen.end())
+        return;
+    const std::string strFace(*s_seen.emplace(face).first);
+    if (lstrcmpiA(strFace.c_str(), s_szOwnFace) == 0)
+        LoadOwnFace();
+    TellIfMissing(font, strFace);
+}
+
 // Calls visit with each whole record.
 template <class F>
 void ForEachRecord(std::span<BYTE> bytes, F visit)
 {
-    for (std::size_t nOffset = 0; nOffset + sizeof(ENHMETARECORD) <= bytes.size();)
+    for (std::size_t nOffset = 0; nOffset < bytes.size();)
     {
         DWORD nSize;
         std::memcpy(&nSize, bytes.data() + nOffset + sizeof(DWORD), sizeof nSize);
@@ -87,36 +134,81 @@ std::vector<BYTE> BytesOf(HENHMETAFILE hMetaFile)
     return bytes;
 }
 
-// The file's bytes as far as a metafile of bearable size goes; CFileException.
-std::vector<BYTE> ReadFileBytes(CFile& file)
+class CMetafileFile : public CFile
 {
-    constexpr UINT STEP = 64 * 1024;
+public:
+    explicit CMetafileFile(LPCSTR pszFile) : CFile(pszFile, modeRead | shareDenyNone) {}
+    bool IsOnDisk() const
+    {
+        return GetFileType(reinterpret_cast<HANDLE>(m_hFile)) == FILE_TYPE_DISK;
+    }
+};
+
+// How many bytes the piece that was begun still lacks: the header, the head of a record or the rest
+// of one. nWalked bytes of the others are whole records.
+std::size_t MissingBytes(std::span<const BYTE> bytes, std::size_t nWalked)
+{
+    constexpr std::size_t HEAD = 2 * sizeof(DWORD);
+    if (bytes.size() < METAFILE_OLDEST_HEADER)
+        return METAFILE_OLDEST_HEADER - bytes.size();
+    const std::size_t nBegun = bytes.size() - nWalked;
+    if (nBegun < HEAD)
+        return HEAD - nBegun;
+    DWORD nSize;
+    std::memcpy(&nSize, bytes.data() + nWalked + sizeof(DWORD), sizeof nSize);
+    return nSize - nBegun;
+}
+
+// The file's bytes as far as a metafile of bearable size goes; CFileException. From a pipe no byte
+// is waited for that need not come.
+std::vector<BYTE> ReadFileBytes(CMetafileFile& file)
+{
+    constexpr std::size_t STEP = 64 * 1024;
+    const bool bOnDisk = file.IsOnDisk();
     std::vector<BYTE> bytes;
     std::size_t nWalked = 0;
-    for (UINT nRead = STEP; nRead == STEP;)
+    for (;;)
     {
         const std::size_t nHave = bytes.size();
-        bytes.resize(nHave + STEP);
-        nRead = file.Read(bytes.data() + nHave, STEP);
+        const std::size_t nStep = bOnDisk ? STEP : std::min(STEP, MissingBytes(bytes, nWalked));
+        bytes.resize(nHave + nStep);
+        const UINT nRead = file.Read(bytes.data() + nHave, static_cast<UINT>(nStep));
         bytes.resize(nHave + nRead);
-        if (!CheckHeader(bytes) || WalkRecords(bytes, &nWalked) != walkMore)
-            break;
+        if (nRead < nStep || !CheckHeader(bytes) || WalkRecords(bytes, &nWalked) != walkMore)
+            return bytes;
     }
-    return bytes;
 }
 
 // The system believes the header: it gets one that is true.
-void MendHeader(std::span<BYTE> bytes)
+void MendHeader(std::span<BYTE> bytes, DWORD nRecords)
 {
     ENHMETAHEADER header{};
     const std::size_t nFields = METAFILE_OLDEST_HEADER;
     std::memcpy(&header, bytes.data(), nFields);
     header.nBytes = static_cast<DWORD>(bytes.size());
+    header.nRecords = nRecords;
     header.nHandles = header.nHandles != 0 ? header.nHandles : 1;
     std::memcpy(bytes.data(), &header, nFields);
 }
 
-HENHMETAFILE MakeMetafile(std::vector<BYTE> bytes)
+// Appends a record; a comment gets room for its length, which says no more than its record has.
+void AppendRecord(std::vector<BYTE>& bytes, std::span<const BYTE> record)
+{
+    constexpr std::size_t COMMENT_HEAD = 3 * sizeof(DWORD);
+    const std::size_t nStart = bytes.size();
+    bytes.insert(bytes.end(), record.begin(), record.end());
+    DWORD anHead[3] = {};
+    std::memcpy(anHead, record.data(), std::min(record.size(), COMMENT_HEAD));
+    if (anHead[0] != COMMENT_RECORD)
+        return;
+    const std::size_t nSize = std::max(record.size(), COMMENT_HEAD);
+    anHead[1] = static_cast<DWORD>(nSize);
+    anHead[2] = std::min(anHead[2], static_cast<DWORD>(nSize - COMMENT_HEAD));
+    bytes.resize(nStart + nSize);
+    std::memcpy(bytes.data() + nStart, anHead, COMMENT_HEAD);
+}
+
+HENHMETAFILE MakeMetafile(std::span<BYTE> bytes)
 {
     const std::size_t nWhole = CheckHeader(bytes) ? WholeRecords(bytes) : 0;
     if (nWhole == 0)
@@ -124,17 +216,65 @@ HENHMETAFILE MakeMetafile(std::vector<BYTE> bytes)
         SetLastError(ERROR_INVALID_DATA);
         return nullptr;
     }
-    bytes.resize(nWhole);
-    MendHeader(bytes);
-    return SetEnhMetaFileBits(static_cast<UINT>(bytes.size()), bytes.data());
+    std::vector<BYTE> mended;
+    mended.reserve(nWhole);
+    DWORD nRecords = 0;
+    ForEachRecord(bytes.first(nWhole),
+                  [&](std::span<const BYTE> record)
+                  {
+                      AppendRecord(mended, record);
+                      ++nRecords;
+                  });
+    MendHeader(mended, nRecords);
+    return SetEnhMetaFileBits(static_cast<UINT>(mended.size()), mended.data());
+}
+
+// What fails for want of memory gives FALSE or null like any other failure.
+template <class Job>
+auto WithErrors(Job job) -> decltype(job())
+{
+    DWORD dwError = ERROR_NOT_ENOUGH_MEMORY;
+    try
+    {
+        return job();
+    }
+    catch (CFileException* pError)
+    {
+        dwError = static_cast<DWORD>(pError->m_lOsError);
+        pError->Delete();
+    }
+    catch (CMemoryException* pError)
+    {
+        pError->Delete();
+    }
+    catch (const std::bad_alloc&)
+    {
+    }
+    SetLastError(dwError);
+    return {};
+}
+
+BOOL WriteWhole(std::span<const BYTE> bytes, LPCSTR pszFile)
+{
+    CMirrorFile file;
+    CFileException error;
+    if (!file.Open(pszFile, CFile::modeCreate | CFile::modeWrite, &error))
+    {
+        SetLastError(static_cast<DWORD>(error.m_lOsError));
+        return FALSE;
+    }
+    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+    file.Close();
+    return TRUE;
 }
 
 }  // namespace
 
 HFONT CreateFaceFont(const LOGFONTA* pFont)
 {
-    if (lstrcmpiA(pFont->lfFaceName, s_szOwnFace) == 0)
-        LoadOwnFace();
+    if (pFont == nullptr)
+        return nullptr;
+    PrepareFace(*pFont);
     return CreateFontIndirectA(pFont);
 }
 
@@ -144,47 +284,56 @@ bool QuickTextExtent(HDC, const LOGFONTA&, LPCSTR, int, SIZE*)
     return false;
 }
 
+// The picture of a letter is made whole, whatever is seen of it: one beyond 32-bit sizes was seen
+// to end the process, one near them takes gigabytes.
+bool CanDrawLetters(HDC hDC)
+{
+    constexpr double MOST_PIXELS = 1 << 28;
+    TEXTMETRICA metrics{};
+    if (GetObjectType(hDC) == OBJ_ENHMETADC || !GetTextMetricsA(hDC, &metrics))
+        return true;
+    POINT aCorners[] = { { 0, 0 }, { metrics.tmMaxCharWidth, metrics.tmHeight } };
+    LPtoDP(hDC, aCorners, 2);
+    const double fWidth = static_cast<double>(aCorners[1].x) - static_cast<double>(aCorners[0].x);
+    const double fHeight = static_cast<double>(aCorners[1].y) - static_cast<double>(aCorners[0].y);
+    return std::fabs(fWidth * fHeight) <= MOST_PIXELS;
+}
+
 BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
 {
-    std::vector<BYTE> bytes = BytesOf(hMetaFile);
-    if (bytes.empty())
-        return FALSE;
-    ForEachRecord(bytes, ClearBehindFace);
-    CMirrorFile file;
-    CFileException error;
-    if (!file.Open(pszFile, CFile::modeCreate | CFile::modeWrite, &error))
-    {
-        SetLastError(static_cast<DWORD>(error.m_lOsError));
-        return FALSE;
-    }
-    try
-    {
-        file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-        file.Close();
-        return TRUE;
-    }
-    catch (CFileException* pError)
-    {
-        const auto dwError = static_cast<DWORD>(pError->m_lOsError);
-        pError->Delete();
-        file.Abort();
-        SetLastError(dwError);
-        return FALSE;
-    }
+    return WithErrors(
+        [=]
+        {
+            std::vector<BYTE> bytes = BytesOf(hMetaFile);
+            if (bytes.empty())
+                return FALSE;
+            ForEachRecord(std::span<BYTE>(bytes), ClearBehindFace);
+            return WriteWhole(bytes, pszFile);
+        });
+}
+
+HENHMETAFILE MakeEnhMetaFile(std::span<const BYTE> bytes)
+{
+    return WithErrors(
+        [=]
+        {
+            std::vector<BYTE> copy(bytes.begin(), bytes.end());
+            return MakeMetafile(copy);
+        });
 }
 
 HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile)
 {
-    try
+    if (pszFile == nullptr)
     {
-        CFile file(pszFile, CFile::modeRead | CFile::shareDenyNone);
-        return MakeMetafile(ReadFileBytes(file));
-    }
-    catch (CFileException* pError)
-    {
-        const auto dwError = static_cast<DWORD>(pError->m_lOsError);
-        pError->Delete();
-        SetLastError(dwError);
+        SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
+    return WithErrors(
+        [=]
+        {
+            CMetafileFile file(pszFile);
+            std::vector<BYTE> bytes = ReadFileBytes(file);
+            return MakeMetafile(bytes);
+        });
 }

@@ -170,7 +170,9 @@ TEST(BitmapRectangles, HaveAnEdgeOfOnePixel)
         { { 1, 1, 3, 4 },
           { "........", ".##.....", ".##.....", ".##.....", "........", "........" } },
         { { 1, 1, 2, 5 },
-          { "........", "........", "........", "........", "........", "........" } },
+          { "........", ".#......", ".#......", ".#......", ".#......", "........" } },
+        { { 5, 3, 1, 2 },
+          { "........", "........", ".####...", "........", "........", "........" } },
         { { 1, 1, 6, 1 },
           { "........", "........", "........", "........", "........", "........" } },
     };
@@ -265,17 +267,7 @@ TEST(BitmapLines, LeaveGapsThatTheBackgroundModeFills)
     EXPECT_EQ(picture.Lines(), CLines({ "rrrgggrrrgggrr", "rrr...rrr...rr" }));
 }
 
-// Bounds of what is not white.
-RECT InkBounds(const CMemoryPicture& picture)
-{
-    RECT box{ INT32_MAX, INT32_MAX, 0, 0 };
-    for (const auto& [x, y] : DarkPlaces(picture))
-        box = { std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
-                std::max(box.bottom, y + 1) };
-    return box;
-}
-
-void ExpectNear(const RECT& box, const RECT& expected, const char* pszCase)
+void ExpectNear(const CRect& box, const CRect& expected, const char* pszCase)
 {
     EXPECT_NEAR(box.left, expected.left, 1) << pszCase;
     EXPECT_NEAR(box.top, expected.top, 1) << pszCase;
@@ -313,7 +305,7 @@ TEST(BitmapText, StandsOnTheBaseLineAtItsSize)
         EXPECT_TRUE(TextOutA(picture, 50, 20, &c.cByte, 1));
         const double fScale = 100.0 / 2048;
         const int nBase = 20 + c.nAscent;
-        ExpectNear(InkBounds(picture),
+        ExpectNear(picture.Inked(),
                    { static_cast<int>(50 + c.xMin * fScale * c.fRatio),
                      static_cast<int>(nBase - c.yMax * fScale),
                      static_cast<int>(50 + c.xMax * fScale * c.fRatio + 0.99),
@@ -353,7 +345,7 @@ TEST(BitmapText, FillsItsCellWhenOpaque)
     SetBkColor(picture, 0x00FF00);
     SetTextColor(picture, 0x00FF00);
     TextOutA(picture, 10, 5, "ab", 2);
-    const RECT ink = InkBounds(picture);
+    const CRect ink = picture.Inked();
     EXPECT_EQ(ink.left, 10);
     EXPECT_EQ(ink.top, 5);
     EXPECT_EQ(ink.right, 10 + extent.cx);
@@ -369,7 +361,7 @@ TEST(BitmapText, KeepsToItsClip)
     CUseFont font(picture, FontOf("Times New Roman", -30));
     const RECT rect{ 12, 10, 20, 25 };
     ExtTextOutA(picture, 5, 0, ETO_CLIPPED, &rect, "MMM", 3, nullptr);
-    RECT ink = InkBounds(picture);
+    CRect ink = picture.Inked();
     EXPECT_GE(ink.left, 12);
     EXPECT_GE(ink.top, 10);
     EXPECT_LE(ink.right, 20);
@@ -380,34 +372,40 @@ TEST(BitmapText, KeepsToItsClip)
     SaveDC(picture);
     IntersectClipRect(picture, 0, 15, 60, 18);
     TextOutA(picture, 5, 0, "MMM", 3);
-    ink = InkBounds(picture);
+    ink = picture.Inked();
     EXPECT_EQ(ink.top, 15);
     EXPECT_EQ(ink.bottom, 18);
     RestoreDC(picture, -1);
     TextOutA(picture, 5, 0, "MMM", 3);
-    EXPECT_LT(InkBounds(picture).top, 15);
+    EXPECT_LT(picture.Inked().top, 15);
 }
 
 // Sizes and places beyond all bounds draw nothing, or what is seen of them, and spoil nothing.
 TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
 {
     CMemoryPicture picture(40, 40);
-    SetBkMode(picture, TRANSPARENT);
+    CDC& dc = *CDC::FromHandle(picture);
+    dc.SetBkMode(TRANSPARENT);
     for (const int nHeight : { -1, -300, -5000, -70000, -100000000, INT32_MIN, INT32_MAX })
         for (const int nWidth : { 0, 1, 5000, INT32_MAX, INT32_MIN })
         {
             CUseFont font(picture, FontOf("Symbol", nHeight, nWidth));
             for (const int n : { 0, INT32_MAX, INT32_MIN })
-                TextOutA(picture, n, n, "\xD6(", 2);
+            {
+                RECT rect{ n, n, n, n };
+                dc.TextOut(n, n, "\xD6(", 2);
+                dc.DrawText("\xD6(", 2, &rect, DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX);
+                dc.ExtTextOut(n, n, 0, nullptr, "\xD6(", 2, nullptr);
+            }
         }
     const std::string strLong(70000, 'M');
-    TextOutA(picture, -600000, 0, strLong.data(), static_cast<int>(strLong.size()));
+    dc.TextOut(-600000, 0, strLong.data(), static_cast<int>(strLong.size()));
     const std::vector<INT> anDx(strLong.size(), INT32_MAX);
-    ExtTextOutA(picture, 0, 0, 0, nullptr, strLong.data(), 70000, anDx.data());
+    dc.ExtTextOut(0, 0, 0, nullptr, strLong.data(), 70000, anDx.data());
 
     PatBlt(picture, 0, 0, 40, 40, WHITENESS);
     CUseFont font(picture, FontOf("Times New Roman", -20));
-    TextOutA(picture, 5, 5, "x", 1);
+    dc.TextOut(5, 5, "x", 1);
     EXPECT_GT(DarkPlaces(picture).size(), 10u);
 }
 
@@ -420,7 +418,7 @@ TEST(BitmapShapes, ReachTheEndOfVeryWidePictures)
         CMemoryPicture picture(WIDTH, 8);
         SetBkMode(picture, TRANSPARENT);
         draw(picture, nLeft);
-        const RECT box = InkBounds(picture);
+        const CRect box = picture.Inked();
         return std::pair(box.left - nLeft, box.right - nLeft);
     };
     const auto line = [](HDC hDC, int nLeft)

@@ -34,7 +34,7 @@ public:
         Append("dx", std::vector<long long>(dx.begin(), dx.end()));
         std::vector<long long> codes;
         for (BYTE byte : run.m_text)
-            codes.push_back(dc.Font().Unicode(byte));
+            codes.push_back(dc.Font().Unicode(byte, dc.State().m_pFont->LogFont().lfCharSet));
         return Append("codes", codes);
     }
     bool LineTo(CDeviceContext&, POINT from, POINT to) override

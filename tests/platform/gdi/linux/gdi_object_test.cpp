@@ -1,0 +1,105 @@
+// What objects tell of themselves inside of the drawing layer.
+#include "platform/gdi/linux/gdi_object.h"
+
+#include "platform/gdi/dc.h"
+#include "platform/gdi/linux/recording_target.h"
+#include "platform/gdi/memory_picture.h"
+#include "platform/gdi/test_fonts.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace
+{
+
+struct CDeletions : CObjectListener
+{
+    void ObjectDeleted(const CHandleObject& object) override { m_deleted.push_back(&object); }
+    std::vector<const CHandleObject*> m_deleted;
+};
+
+}  // namespace
+
+TEST(HandleObjects, RecordersHearOfDeletions)
+{
+    CDeletions deletions;
+    HBRUSH hWindow = GetSysColorBrush(COLOR_WINDOW);
+    EXPECT_TRUE(DeleteObject(hWindow));
+    EXPECT_EQ(deletions.m_deleted, std::vector<const CHandleObject*>{ ObjectFromHandle(hWindow) });
+    EXPECT_EQ(ObjectFromHandle(GetStockObject(NULL_BRUSH))->StockIndex(), NULL_BRUSH);
+}
+
+// The target hears calls as they were made: signs of extents, kinds of objects, both ends of lines.
+TEST(DrawTargets, HearCallsAsTheyWereMade)
+{
+    CRecordedDC recorded;
+    const RECT rect{ 9, 5, 5, 7 };
+    ExtTextOutA(recorded.m_hDC, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
+    FillRect(recorded.m_hDC, &rect, GetSysColorBrush(COLOR_WINDOW));
+    MoveToEx(recorded.m_hDC, 1, 2, nullptr);
+    LineTo(recorded.m_hDC, 3, 4);
+    Rectangle(recorded.m_hDC, 9, 5, 5, 7);
+    EXPECT_EQ(recorded.m_calls,
+              (std::vector<std::string>{ "text 0 0 2 rect 9 5 5 7 dx codes", "select 2",
+                                         "patblt 9 5 -4 2 15728673", "select 2", "move 1 2",
+                                         "line 1 2 3 4", "rectangle 9 5 5 7" }));
+}
+
+// The interface promises nothing for what is deleted while it is selected. Here it serves on.
+TEST(HandleObjects, ADeletedOneServesUntilItIsNoLongerSelected)
+{
+    CClientDC dc(nullptr);
+    HDC hDC = dc;
+    LOGFONTA lf = FontOf("Arial", -50);
+    HFONT hFont = CreateFontIndirectA(&lf);
+    HGDIOBJ hOld = SelectObject(hDC, hFont);
+    int nSaved = SaveDC(hDC);
+    SelectObject(hDC, hOld);
+    EXPECT_TRUE(DeleteObject(hFont));
+    EXPECT_EQ(GetObjectType(hFont), OBJ_FONT) << "the saved state holds it";
+    EXPECT_TRUE(RestoreDC(hDC, nSaved));
+    SIZE size{};
+    GetTextExtentPoint32A(hDC, "x", 1, &size);
+    EXPECT_EQ(size.cy, 56);  // 45 + 11
+    EXPECT_EQ(SelectObject(hDC, hOld), hFont);
+    EXPECT_EQ(GetObjectType(hFont), 0u);
+    EXPECT_FALSE(DeleteObject(hFont));
+    EXPECT_EQ(SelectObject(hDC, hFont), nullptr);
+    EXPECT_EQ(GetObjectA(hFont, sizeof lf, &lf), 0);
+}
+
+TEST(HandleObjects, SavedStatesThatAreDroppedLetGo)
+{
+    CClientDC dc(nullptr);
+    LOGFONTA lf = FontOf("Arial", -50);
+    HFONT hFont = CreateFontIndirectA(&lf);
+    dc.SaveDC();
+    HGDIOBJ hOld = SelectObject(dc, hFont);
+    dc.SaveDC();
+    SelectObject(dc, hOld);
+    DeleteObject(hFont);
+    EXPECT_EQ(GetObjectType(hFont), OBJ_FONT);
+    dc.RestoreDC(1);
+    EXPECT_EQ(GetObjectType(hFont), 0u);
+}
+
+TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
+{
+    CMemoryPicture picture(2, 2);
+    HBRUSH hBrush = CreateSolidBrush(0x123456);
+    HGDIOBJ hOld = SelectObject(picture, hBrush);
+    DeleteObject(hBrush);
+    RECT rect{ 0, 0, 1, 1 };
+    FillRect(picture, &rect, GetSysColorBrush(COLOR_WINDOW));
+    EXPECT_EQ(SelectObject(picture, hOld), hBrush);
+    EXPECT_EQ(GetObjectType(hBrush), 0u);
+}
+
+TEST(HandleObjects, UnknownKindsAndTooSmallBuffersAreRefused)
+{
+    EXPECT_EQ(GetSysColorBrush(21), nullptr);
+    EXPECT_EQ(CreateHatchBrush(6, 0), nullptr);
+    char chSmall = 0;
+    EXPECT_EQ(GetObjectA(GetStockObject(SYSTEM_FONT), 1, &chSmall), 0);
+}

@@ -1,0 +1,17 @@
+// Coordinates beyond the range of numbers end at its limits.
+#include "platform/gdi/dc.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+TEST(MappingLimits, ExtremeNumbersStayInRange)
+{
+    CClientDC dc(nullptr);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(1, -1);
+    dc.SetViewportExt(INT_MAX, INT_MAX);
+    CPoint point(INT_MAX, INT_MAX);
+    dc.LPtoDP(&point);
+    EXPECT_EQ(point, CPoint(INT_MAX, INT_MIN));
+}
