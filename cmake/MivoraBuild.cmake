@@ -47,22 +47,26 @@ if(MIVORA_FUZZ)
     set(MIVORA_FUZZ_LINK -fsanitize=fuzzer,address,undefined)
 endif()
 
+# Adds to ARG_SOURCES of the caller what it names for this system: files behind BACKEND stand in the
+# folders of both systems, linux/ and win32/, those behind LINUX or WIN32 in one.
+macro(mivora_system_sources)
+    if(WIN32)
+        set(system_files ${ARG_BACKEND} ${ARG_WIN32})
+        list(TRANSFORM system_files PREPEND win32/)
+    else()
+        set(system_files ${ARG_BACKEND} ${ARG_LINUX})
+        list(TRANSFORM system_files PREPEND linux/)
+    endif()
+    list(APPEND ARG_SOURCES ${system_files})
+endmacro()
+
 # mivora_layer(NAME SOURCES ... [BACKEND ...] [LINUX ...] [WIN32 ...] [DEPENDS layer ...]
 #              [LIBRARIES target ...])
-# One room of the library, as objects that the libraries that ship are put together from. Sources
-# behind BACKEND stand in the folders of both systems, those behind LINUX or WIN32 in one.
+# One room of the library, as objects that the libraries that ship are put together from.
 function(mivora_layer name)
     cmake_parse_arguments(ARG "" "" "SOURCES;BACKEND;LINUX;WIN32;DEPENDS;LIBRARIES" ${ARGN})
     set(target mivora_${name})
-    if(WIN32)
-        list(TRANSFORM ARG_BACKEND PREPEND win32/)
-        list(TRANSFORM ARG_WIN32 PREPEND win32/)
-        list(APPEND ARG_SOURCES ${ARG_BACKEND} ${ARG_WIN32})
-    else()
-        list(TRANSFORM ARG_BACKEND PREPEND linux/)
-        list(TRANSFORM ARG_LINUX PREPEND linux/)
-        list(APPEND ARG_SOURCES ${ARG_BACKEND} ${ARG_LINUX})
-    endif()
+    mivora_system_sources()
     if(ARG_SOURCES)
         add_library(${target} OBJECT ${ARG_SOURCES})
         set(scope PUBLIC)
@@ -88,10 +92,12 @@ function(mivora_add_layers target)
     endforeach()
 endfunction()
 
-# mivora_tests(NAME SOURCES ... [LAYERS layer ...] [LIBRARIES target ...])
+# mivora_tests(NAME SOURCES ... [BACKEND ...] [LINUX ...] [WIN32 ...] [LAYERS layer ...]
+#              [LIBRARIES target ...])
 # One test program with its own ctest entry; LAYERS names all rooms whose objects it needs.
 function(mivora_tests name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LAYERS;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;BACKEND;LINUX;WIN32;LAYERS;LIBRARIES" ${ARGN})
+    mivora_system_sources()
     if(NOT ARG_SOURCES)
         return()
     endif()
@@ -123,4 +129,18 @@ function(mivora_version_resource target file description)
     set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${resource} @ONLY)
     target_sources(${target} PRIVATE ${resource})
+endfunction()
+
+# mivora_class_library_exports(TARGET layer ...): the DLL exports what these rooms define.
+function(mivora_class_library_exports target)
+    set(objects)
+    foreach(layer ${ARGN})
+        list(APPEND objects $<TARGET_OBJECTS:mivora_${layer}>)
+    endforeach()
+    set(file ${CMAKE_CURRENT_BINARY_DIR}/${target}.def)
+    set(script ${PROJECT_SOURCE_DIR}/cmake/ClassLibraryExports.cmake)
+    add_custom_command(OUTPUT ${file}
+        COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DFILE=${file} -P ${script} -- ${objects}
+        DEPENDS ${script} ${objects} COMMAND_EXPAND_LISTS VERBATIM)
+    target_sources(${target} PRIVATE ${file})
 endfunction()
