@@ -1,7 +1,7 @@
 // Fonts and pens for the time of a block.
 #include "nodes/draw_scope.h"
 
-CFontScope::CFontScope(CDC* pDC, const LOGFONT& lf) : m_pDC(pDC)
+CFontScope::CFontScope(CDC* pDC, const LOGFONTA& lf) : m_pDC(pDC)
 {
     m_font.CreatePointFontIndirect(&lf, pDC);
     m_pOld = pDC->SelectObject(&m_font);

@@ -9,7 +9,7 @@
 class CFontScope
 {
 public:
-    CFontScope(CDC* pDC, const LOGFONT& lf);
+    CFontScope(CDC* pDC, const LOGFONTA& lf);
     ~CFontScope();
 
     CFontScope(const CFontScope&) = delete;

@@ -18,7 +18,7 @@ bool CNode::s_bPlainRecursion = false;
 namespace
 {
 // Italic until a format says otherwise; the height is the default format's.
-constexpr LOGFONT s_newFont = { 0, 0, 0, 0, 400, 1, 0, 0, 0, 2, 1, 4, 0x50, "Times New Roman" };
+constexpr LOGFONTA s_newFont = { 0, 0, 0, 0, 400, 1, 0, 0, 0, 2, 1, 4, 0x50, "Times New Roman" };
 
 // Turns the tree into a chain of right children, node by node as it goes, and deletes from its
 // head: no recursion and no memory, whatever the depth.

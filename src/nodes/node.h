@@ -121,8 +121,8 @@ public:
     void SetDescription(CString strDescription) { m_strDescription = strDescription; }
     COLORREF GetColour() const { return m_colour; }
     void SetColour(COLORREF colour) { m_colour = colour; }
-    LOGFONT* GetLogFont() { return &m_logFont; }
-    const LOGFONT* GetLogFont() const { return &m_logFont; }
+    LOGFONTA* GetLogFont() { return &m_logFont; }
+    const LOGFONTA* GetLogFont() const { return &m_logFont; }
     CString GetFontName() const { return CString(m_logFont.lfFaceName); }
     void SetFontName(CString strName);  // cut to 31 bytes
     void SetItalic(int n) { m_logFont.lfItalic = n == 1 ? 1 : 0; }
@@ -171,7 +171,7 @@ public:
     CString m_strSymbol;  // the sign, shown in m_logFont
     CRect m_rect;         // own part where the last Paint put it, in the coordinates of that Paint
     COLORREF m_colour;    // of text and pen
-    LOGFONT m_logFont;    // lfHeight in tenths of a point, with the sign of the format's sizes
+    LOGFONTA m_logFont;   // lfHeight in tenths of a point, with the sign of the format's sizes
 
     int m_nPriority;       // the larger, the looser it binds; -1 is none
     int m_nLevel;          // selects the font size

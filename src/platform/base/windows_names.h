@@ -1,6 +1,7 @@
 // The Windows headers define some function names as macros for the narrow or the wide one, which
 // would rename members of our classes, differently with and without UNICODE. Here those names
-// become functions, so that hosts can go on calling them either way.
+// become functions, so that hosts can go on calling them either way. They belong to the file that
+// includes them: parts of one program may differ in UNICODE.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +14,7 @@
 
 #ifdef CreateFontIndirect
 #undef CreateFontIndirect
-inline HFONT CreateFontIndirect(const LOGFONT* pFont)
+static inline HFONT CreateFontIndirect(const LOGFONT* pFont)
 {
     return MIVORA_BY_CHARACTER(CreateFontIndirect)(pFont);
 }
@@ -21,7 +22,7 @@ inline HFONT CreateFontIndirect(const LOGFONT* pFont)
 
 #ifdef DrawText
 #undef DrawText
-inline int DrawText(HDC hDC, LPCTSTR pszText, int nCount, LPRECT pRect, UINT nFormat)
+static inline int DrawText(HDC hDC, LPCTSTR pszText, int nCount, LPRECT pRect, UINT nFormat)
 {
     return MIVORA_BY_CHARACTER(DrawText)(hDC, pszText, nCount, pRect, nFormat);
 }
@@ -29,8 +30,8 @@ inline int DrawText(HDC hDC, LPCTSTR pszText, int nCount, LPRECT pRect, UINT nFo
 
 #ifdef ExtTextOut
 #undef ExtTextOut
-inline BOOL ExtTextOut(HDC hDC, int x, int y, UINT nOptions, const RECT* pRect, LPCTSTR pszText,
-                       UINT nCount, const INT* pDx)
+static inline BOOL ExtTextOut(HDC hDC, int x, int y, UINT nOptions, const RECT* pRect,
+                              LPCTSTR pszText, UINT nCount, const INT* pDx)
 {
     return MIVORA_BY_CHARACTER(ExtTextOut)(hDC, x, y, nOptions, pRect, pszText, nCount, pDx);
 }
@@ -38,7 +39,7 @@ inline BOOL ExtTextOut(HDC hDC, int x, int y, UINT nOptions, const RECT* pRect, 
 
 #ifdef GetObject
 #undef GetObject
-inline int GetObject(HANDLE hObject, int cbBuffer, LPVOID pBuffer)
+static inline int GetObject(HANDLE hObject, int cbBuffer, LPVOID pBuffer)
 {
     return MIVORA_BY_CHARACTER(GetObject)(hObject, cbBuffer, pBuffer);
 }
@@ -46,7 +47,7 @@ inline int GetObject(HANDLE hObject, int cbBuffer, LPVOID pBuffer)
 
 #ifdef GetTextMetrics
 #undef GetTextMetrics
-inline BOOL GetTextMetrics(HDC hDC, LPTEXTMETRIC pMetrics)
+static inline BOOL GetTextMetrics(HDC hDC, LPTEXTMETRIC pMetrics)
 {
     return MIVORA_BY_CHARACTER(GetTextMetrics)(hDC, pMetrics);
 }
@@ -54,7 +55,7 @@ inline BOOL GetTextMetrics(HDC hDC, LPTEXTMETRIC pMetrics)
 
 #ifdef TextOut
 #undef TextOut
-inline BOOL TextOut(HDC hDC, int x, int y, LPCTSTR pszText, int nCount)
+static inline BOOL TextOut(HDC hDC, int x, int y, LPCTSTR pszText, int nCount)
 {
     return MIVORA_BY_CHARACTER(TextOut)(hDC, x, y, pszText, nCount);
 }
