@@ -8,15 +8,19 @@ install(TARGETS mivora-platform mivora mivora-core EXPORT MivoraTargets
 
 install(FILES ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora)
-# The folders of one backend hold no public header.
+# The folders of one backend hold no public header, but for a device context of one system.
+if(WIN32)
+    set(other_system PATTERN "cairo_dc.h" EXCLUDE)
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora
         FILES_MATCHING PATTERN "*.h"
-        PATTERN "linux" EXCLUDE PATTERN "win32" EXCLUDE)
+        PATTERN "linux" EXCLUDE PATTERN "win32" EXCLUDE ${other_system})
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Mivora)
 install(EXPORT MivoraTargets NAMESPACE Mivora:: DESTINATION ${package_dir})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/MivoraConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/MivoraConfig.cmake INSTALL_DESTINATION ${package_dir})
+    ${PROJECT_BINARY_DIR}/MivoraConfig.cmake INSTALL_DESTINATION ${package_dir}
+    PATH_VARS CMAKE_INSTALL_DATADIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/MivoraConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/MivoraConfig.cmake ${PROJECT_BINARY_DIR}/MivoraConfigVersion.cmake

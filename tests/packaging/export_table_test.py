@@ -1,18 +1,20 @@
 #!/usr/bin/env python3
-"""The product exports one class and one function: export_table_test.py LIBRARY"""
+"""The product exports one class and one function:
+export_table_test.py LIBRARY OBJECT... (the object files that the class is compiled to)"""
 import re
 import subprocess
 import sys
 
-ALLOWED = re.compile(
-    r"StringToEMFFormula"
-    r"|CFormulaOut::.*"
-    r"|(vtable|typeinfo|typeinfo name) for CFormulaOut")
+import binary
+
+FUNCTION = "StringToEMFFormula"
+# Members, virtual table, type information, its name; as the linker knows them.
+CLASS = re.compile(r"_ZNK?11CFormulaOut.*|_ZT[VIS]11CFormulaOut")
 
 EXPECTED = {
-    "StringToEMFFormula",
     "vtable for CFormulaOut",
     "typeinfo for CFormulaOut",
+    "typeinfo name for CFormulaOut",
     "CFormulaOut::CFormulaOut()",
     "CFormulaOut::~CFormulaOut()",
     "CFormulaOut::operator=(CFormulaOut const&)",
@@ -31,15 +33,20 @@ EXPECTED = {
 }
 
 
-def exported(path):
-    listing = subprocess.run(["nm", "-D", "-C", "--defined-only", path],
-                             check=True, capture_output=True, text=True).stdout
-    return {line.split(" ", 2)[2] for line in listing.splitlines()}
+def demangled(names):
+    return set(subprocess.run(["c++filt", *names], check=True, capture_output=True,
+                              text=True).stdout.splitlines())
 
 
-names = exported(sys.argv[1])
-surplus = sorted(name for name in names if not ALLOWED.fullmatch(name))
-missing = sorted(EXPECTED - names)
+library, objects = sys.argv[1], sys.argv[2:]
+defined = {name for path in objects for name in binary.defined_names(path)}
+wanted = {name for name in defined if CLASS.fullmatch(name)} | {FUNCTION}
+names = binary.exported_names(library)
 print(f"{len(names)} exported names")
-if surplus or missing:
-    sys.exit(f"surplus: {surplus}\nmissing: {missing}")
+if names != wanted:
+    sys.exit(f"surplus: {sorted(names - wanted)}\nmissing: {sorted(wanted - names)}")
+
+# What the headers promise has to be among the compiled.
+missing = EXPECTED - demangled(names)
+if missing:
+    sys.exit(f"missing: {sorted(missing)}")

@@ -1,13 +1,17 @@
 #!/usr/bin/env python3
-"""Installs the build into an empty folder and uses it from there: the command line, the CMake
-package, pkg-config, and every header on its own."""
+"""Installs the build into an empty folder and uses it from there: the command line, the project
+of the examples by the CMake package, pkg-config, and every header on its own."""
 import argparse
 import os
 import pathlib
+import shutil
 import subprocess
 import tempfile
 
-CONSUMER = pathlib.Path(__file__).parent / "consumer"
+import headers
+
+ROOT = pathlib.Path(__file__).parents[2]
+PROJECT = ROOT / "examples/project"
 # Without the check of dynamic types: it asks for type information that is not exported.
 SANITIZERS = ("-fsanitize=address,undefined", "-fno-sanitize=vptr")
 
@@ -20,59 +24,94 @@ def run(*command, cwd=None, env=None):
     return done.stdout.strip()
 
 
-def check_headers(prefix, compiler):
-    """Each installed header stands alone."""
-    include = prefix / "include"
-    headers = sorted((include / "mivora").rglob("*.h"))
-    assert len(headers) > 20, headers
-    flags = run("pkg-config", "--cflags", "cairo").split()
-    source = "".join(f'#include "{header}"\n' for header in headers)
-    # Alone: one translation unit each. Together: in both orders.
-    units = [f'#include "{header}"\n' for header in headers] + [
-        source, "\n".join(reversed(source.splitlines())) + "\n"]
-    for unit in units:
-        subprocess.run([compiler, "-std=c++20", "-Wall", "-Wextra", "-Werror", "-fsyntax-only",
-                        f"-I{include}", f"-I{include}/mivora", *flags, "-xc++", "-"],
-                       input=unit, text=True, check=True)
-    print(f"{len(headers)} headers stand alone")
+class Installation:
+    """What was installed, and how its programs are started."""
+
+    def __init__(self, options, folder):
+        self.options = options
+        self.folder = folder
+        self.windows = options.runner is not None
+        self.prefix = folder / "prefix"
+        run("cmake", "--install", options.build, "--prefix", self.prefix)
+
+    def start(self, program, *arguments, **how):
+        if self.windows:
+            return run(self.options.runner, f"{program}.exe", *arguments, **how)
+        return run(program, *arguments, **how)
+
+    def check_files(self):
+        names = ["include/mivora/mivora.h", "share/mivora/fonts/mtextra.ttf"]
+        if self.windows:
+            names += ["bin/mivora.dll", "bin/mivora-platform.dll", "bin/mivora.exe",
+                      "lib/libmivora.dll.a", "lib/libmivora-platform.dll.a", "lib/libmivora-core.a",
+                      "lib/cmake/Mivora/MivoraConfig.cmake"]
+        missing = [name for name in names if not (self.prefix / name).exists()]
+        assert not missing, missing
+
+    def check_tool(self):
+        """Away from every folder of the build: fonts are found from the program's own place."""
+        tool = self.prefix / "bin/mivora"
+        size = self.start(tool, "render", "a/b", "-o", self.folder / "tool.wmf", cwd="/")
+        assert len(size.split()) == 2, size
+        faces = dict(line.split("\t") for line in self.start(tool, "fonts").splitlines())
+        font = faces["MT Extra"].replace("\\", "/").removeprefix("Z:").removeprefix("z:")
+        assert font.startswith(str(self.prefix)), faces
+
+    def check_project(self):
+        build = self.folder / "project"
+        words = [f"-DCMAKE_PREFIX_PATH={self.prefix}", "-DCMAKE_BUILD_TYPE=Release"]
+        if self.windows:
+            words.append(f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/mingw-w64.cmake")
+        else:
+            words.append(f"-DCMAKE_CXX_COMPILER={self.options.compiler}")
+        if self.options.sanitized:
+            words.append(f"-DCMAKE_CXX_FLAGS={' '.join(SANITIZERS)}")
+        run("cmake", "-S", PROJECT, "-B", build, "-G", "Ninja", *words)
+        run("cmake", "--build", build)
+        if self.windows:
+            # What the programs need is beside them: they run where nothing is installed.
+            self.prefix.rename(self.folder / "elsewhere")
+        for program in ("formula_size", "formula_size_core"):
+            picture = self.folder / f"{program}.wmf"
+            self.start(build / "bin" / program, "a/b", picture)
+            assert picture.read_bytes() == (self.folder / "tool.wmf").read_bytes(), program
+        if self.windows:
+            (self.folder / "elsewhere").rename(self.prefix)
+
+    def check_pkg_config(self):
+        """Of the machine that the library is for; Windows programs have no path inside them."""
+        env = dict(os.environ, PKG_CONFIG_PATH=str(next(self.prefix.rglob("pkgconfig"))))
+        words = run("pkg-config", "--cflags", "--libs", "mivora", env=env).split()
+        program = self.folder / "with_pkg_config"
+        how = ["-static"] if self.windows else [
+            f"-Wl,-rpath,{next(self.prefix.rglob('libmivora.so')).parent}"]
+        if self.options.sanitized:
+            how += SANITIZERS
+        run(self.options.compiler, "-std=c++20", PROJECT / "main.cpp", "-o",
+            f"{program}.exe" if self.windows else program, *words, *how)
+        if self.windows:
+            for library in (self.prefix / "bin").glob("*.dll"):
+                shutil.copy(library, self.folder)
+        picture = self.folder / "pkg_config.wmf"
+        self.start(program, "a/b", picture)
+        assert picture.read_bytes() == (self.folder / "tool.wmf").read_bytes()
 
 
 def main():
     options = argparse.ArgumentParser()
     options.add_argument("--build", type=pathlib.Path, required=True)
     options.add_argument("--compiler", required=True)
+    options.add_argument("--runner", help="starts Windows programs")
     options.add_argument("--sanitized", action="store_true")
     options = options.parse_args()
-    flags = [f"-DCMAKE_CXX_FLAGS={' '.join(SANITIZERS)}"] if options.sanitized else []
 
     with tempfile.TemporaryDirectory() as folder:
-        folder = pathlib.Path(folder)
-        prefix = folder / "prefix"
-        run("cmake", "--install", options.build, "--prefix", prefix)
-
-        # Away from every folder of the build: fonts are found from the program's own place.
-        size = run(prefix / "bin/mivora", "render", "a/b", "-o", folder / "tool.wmf", cwd="/")
-        assert len(size.split()) == 2, size
-        faces = dict(line.split("\t") for line in run(prefix / "bin/mivora", "fonts").splitlines())
-        assert faces["MT Extra"].startswith(str(prefix)), faces
-
-        build = folder / "consumer"
-        run("cmake", "-S", CONSUMER, "-B", build, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
-            f"-DCMAKE_CXX_COMPILER={options.compiler}", *flags)
-        run("cmake", "--build", build)
-        for program in ("with_shared", "with_core"):
-            run(build / program, folder / f"{program}.wmf")
-            assert (folder / f"{program}.wmf").read_bytes() == (folder / "tool.wmf").read_bytes()
-
-        env = dict(os.environ, PKG_CONFIG_PATH=str(next(prefix.rglob("pkgconfig"))))
-        words = run("pkg-config", "--cflags", "--libs", "mivora", env=env).split()
-        library_dir = next(prefix.rglob("libmivora.so")).parent
-        run(options.compiler, "-std=c++20", *(SANITIZERS if options.sanitized else ()),
-            CONSUMER / "main.cpp", "-o", folder / "with_pkg_config", *words,
-            f"-Wl,-rpath,{library_dir}")
-        run(folder / "with_pkg_config", folder / "pkg_config.wmf")
-
-        check_headers(prefix, options.compiler)
+        installed = Installation(options, pathlib.Path(folder))
+        installed.check_files()
+        installed.check_tool()
+        installed.check_project()
+        installed.check_pkg_config()
+        headers.check(installed.prefix / "include", options.compiler, installed.windows)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,20 @@
+"""What object files and libraries of both systems define, export and need."""
+import subprocess
+
+
+def lines_of(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.splitlines()
+
+
+def defined_names(path):
+    """The external symbols that an object file defines."""
+    tool = "x86_64-w64-mingw32-nm" if str(path).endswith(".obj") else "nm"
+    return {line.split(" ", 2)[2] for line in lines_of(tool, "-g", "--defined-only", path)}
+
+
+def exported_names(path):
+    if not str(path).endswith(".dll"):
+        return {line.split(" ", 2)[2] for line in lines_of("nm", "-D", "--defined-only", path)}
+    import pefile
+    with pefile.PE(path) as image:
+        return {entry.name.decode() for entry in image.DIRECTORY_ENTRY_EXPORT.symbols}
