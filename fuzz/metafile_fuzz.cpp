@@ -1,12 +1,14 @@
 // Any bytes as a metafile: enumerated from memory, and read from a file for its comment.
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <span>
 #include <string>
 
-#include "platform/gdi/gdi.h"
+#include "platform/gdi/native_gdi.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
 
@@ -24,31 +26,37 @@ int CALLBACK SumRecord(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPA
 // One file for the whole run, in memory where the system offers that.
 const std::string& ScratchFile()
 {
-    static const std::string s_path =
-        std::string(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp") + "/mivora-fuzz-" +
-        std::to_string(getpid()) + ".wmf";
+    static const std::string s_path = []
+    {
+        const std::filesystem::path memory = "/dev/shm";
+        const std::filesystem::path folder =
+            std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+        return (folder / ("mivora-fuzz-" + std::to_string(std::random_device()()) + ".wmf"))
+            .string();
+    }();
     return s_path;
 }
 
 void ReadAsFile(const std::uint8_t* pData, std::size_t nSize)
 {
-    const int fd = open(ScratchFile().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (fd < 0 || write(fd, pData, nSize) != static_cast<ssize_t>(nSize))
+    std::ofstream file(ScratchFile(), std::ios::binary);
+    file.write(reinterpret_cast<const char*>(pData), static_cast<std::streamsize>(nSize));
+    file.close();
+    if (!file)
     {
-        std::perror("metafile_fuzz");
+        std::fprintf(stderr, "metafile_fuzz: %s cannot be written\n", ScratchFile().c_str());
         std::abort();
     }
-    close(fd);
     CFormulaOut formula;
     formula.ReadFormulaFromWMF(ScratchFile().c_str());
-    unlink(ScratchFile().c_str());
+    std::filesystem::remove(ScratchFile());
 }
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
 {
     BeQuiet();
-    if (HENHMETAFILE hMetafile = SetEnhMetaFileBits(static_cast<UINT>(nSize), pData))
+    if (HENHMETAFILE hMetafile = MakeEnhMetaFile(std::span(pData, nSize)))
     {
         unsigned nSum = 0;
         const RECT unused = {};

@@ -3,7 +3,9 @@
 #include <pthread.h>
 
 #include <functional>
+#include <new>
 
+#include "platform/base/exception.h"
 #include "service/service_helpers.h"
 
 namespace
@@ -91,5 +93,53 @@ TEST_F(CBadInputTest, GoesTheWholeWayOrIsRefused)
             });
         EXPECT_EQ(TakeMessages().size(), input.nFormed ? 0U : 1U);
     }
+}
+
+TEST_F(CBadInputTest, TheCFunctionTakesNullForAnything)
+{
+    const CString strFile = File("x.wmf");
+    float aSizes[2];
+    const struct
+    {
+        const char* pszName;
+        const char* pszFormula;
+        const char* pszPath;
+        float* pfWidth;
+        float* pfHeight;
+    } aCases[] = {
+        { "Formula", nullptr, strFile, &aSizes[0], &aSizes[1] },
+        { "Path", "a", nullptr, &aSizes[0], &aSizes[1] },
+        { "Width", "a", strFile, nullptr, &aSizes[1] },
+        { "Height", "a", strFile, &aSizes[0], nullptr },
+        { "All", nullptr, nullptr, nullptr, nullptr },
+    };
+    for (const auto& c : aCases)
+    {
+        SCOPED_TRACE(c.pszName);
+        aSizes[0] = aSizes[1] = -1;
+        EXPECT_EQ(StringToEMFFormula(c.pszFormula, c.pszPath, c.pfWidth, c.pfHeight), 1);
+        EXPECT_EQ(aSizes[0], c.pfWidth ? 0 : -1);
+        EXPECT_EQ(aSizes[1], c.pfHeight ? 0 : -1);
+        EXPECT_EQ(TakeMessages(), Messages{ "An argument is not valid." });
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(Folder()));
+}
+
+// A host's handler that throws: what it throws has nowhere to go, and nothing else is left behind.
+TEST_F(CBadInputTest, TheCFunctionLetsNoExceptionOut)
+{
+    float fWidth = -1;
+    float fHeight = -1;
+    const auto call = [&](AFX_MESSAGE_BOX_HANDLER pfnHandler)
+    {
+        AfxSetMessageBoxHandler(pfnHandler, nullptr);
+        EXPECT_EQ(StringToEMFFormula("a", File("x.emf"), &fWidth, &fHeight), 1);
+    };
+    call([](const char*, unsigned, void*) -> int { throw std::bad_alloc(); });
+    call([](const char*, unsigned, void*) -> int { throw 1; });
+    call([](const char*, unsigned, void*) -> int { AfxThrowMemoryException(); });
+    call([](const char*, unsigned, void*) -> int
+         { AfxThrowFileException(CFileException::hardIO); });
+    EXPECT_TRUE(std::filesystem::is_empty(Folder()));
 }
 }  // namespace

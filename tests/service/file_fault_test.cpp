@@ -1,8 +1,8 @@
 // Outputs whose file operations fail one after the other: an answer, and the old file unharmed.
-#include <cerrno>
 #include <functional>
 
 #include "service/service_helpers.h"
+#include "system_errors.h"
 
 namespace
 {
@@ -14,7 +14,7 @@ int FailOnce(EFileOperation, const char*)
     if (s_nUntilFault < 0 || s_nUntilFault-- > 0)
         return 0;
     s_bFaulted = true;
-    return ENOSPC;
+    return SYSTEM_DISK_FULL;
 }
 
 struct COutput
@@ -70,7 +70,7 @@ TEST_F(CFileFaultTest, EachOperationThatFailsLeavesTheOldFile)
         }
         g_pfnFileFault = nullptr;
         EXPECT_GE(nFaults, 4);  // open, write, close, rename
-        const std::filesystem::directory_iterator folder(m_folder);
+        const std::filesystem::directory_iterator folder(Folder());
         for (const auto& entry : folder)
             EXPECT_EQ(entry.path().extension().string().size(), 4U) << entry.path();
     }

@@ -159,14 +159,14 @@ TEST_F(CFormulaOutTest, TheCFunctionSucceedsWhateverHappens)
     float fHeight = -1;
     EXPECT_EQ(StringToEMFFormula("a", File("x.emf"), &fWidth, &fHeight), 1);
     EXPECT_EQ(TakeMessages(), Messages{ s_szWrongExtension });
-    EXPECT_FALSE(std::filesystem::exists(m_folder / "x.emf"));
+    EXPECT_FALSE(std::filesystem::exists(Folder() / "x.emf"));
     EXPECT_GT(fWidth, 0);
 
     EXPECT_EQ(StringToEMFFormula(TooLongText(), File("long.wmf"), &fWidth, &fHeight), 1);
     EXPECT_EQ(TakeMessages().size(), 1U);
     EXPECT_EQ(fWidth, 0);
     EXPECT_EQ(fHeight, 0);
-    EXPECT_TRUE(std::filesystem::exists(m_folder / "long.wmf"));
+    EXPECT_TRUE(std::filesystem::exists(Folder() / "long.wmf"));
 }
 
 TEST_F(CFormulaOutTest, ATreeAndItsFormatGoThroughAnArchive)

@@ -87,4 +87,35 @@ TEST_F(CNoMemoryTest, EveryStepIsAnsweredAsAFailureOfTheParse)
     }
     g_DefaultFormat.m_nSizes[0] = -12;
 }
+
+// Until the memory suffices each call ends with a box, and no file is left that is not whole.
+TEST_F(CNoMemoryTest, TheCFunctionAnswersWithABox)
+{
+    AfxSetMessageBoxHandler(Count, nullptr);
+    const CString strPath = File("x.wmf");
+    float fWidth = 0;
+    float fHeight = 0;
+    StringToEMFFormula("sqr(x)/2", strPath, &fWidth, &fHeight);
+    const std::string strWhole = ReadWhole(strPath);
+    ASSERT_GT(strWhole.size(), 100U);
+    int nFailed = 0;
+    for (bool bFailed = true; bFailed; ++nFailed)
+    {
+        SCOPED_TRACE(nFailed);
+        std::filesystem::remove(strPath.GetString());
+        s_nBoxes = 0;
+        s_nUntilFailure = nFailed;
+        EXPECT_EQ(StringToEMFFormula("sqr(x)/2", strPath, &fWidth, &fHeight), 1);
+        bFailed = s_nUntilFailure <= 0;
+        s_nUntilFailure = -1;
+        EXPECT_LE(s_nBoxes, 1);
+        // A picture, be it that of no formula, or none; and nothing that was begun.
+        const std::string strFile = ReadWhole(strPath);
+        EXPECT_TRUE(strFile.empty() || NumberAt(strFile, 48) == strFile.size());
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder()), {}),
+                  strFile.empty() ? 0 : 1);
+    }
+    EXPECT_GT(nFailed, 5);
+    EXPECT_EQ(ReadWhole(strPath), strWhole);
+}
 }  // namespace

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <cstdint>
 #include <cstring>
@@ -17,6 +16,7 @@
 #include "platform/base/file.h"
 #include "service/formula_out.h"
 #include "service/metafile_comment.h"
+#include "test_folder.h"
 
 // "不能解析该文件!" and "文件扩展名错误，不是wmf!" in code page 936.
 inline constexpr char s_szCannotRead[] =
@@ -30,8 +30,6 @@ class CServiceTest : public testing::Test
 protected:
     CServiceTest()
     {
-        char szPath[] = "/tmp/mivora-service-XXXXXX";
-        m_folder = mkdtemp(szPath);
         g_strMetaComment = CString();
         AfxSetMessageBoxHandler(Keep, this);
     }
@@ -39,10 +37,10 @@ protected:
     {
         AfxSetMessageBoxHandler(nullptr, nullptr);
         g_pfnFileFault = nullptr;
-        std::filesystem::remove_all(m_folder);
     }
 
-    CString File(const char* pszName) const { return (m_folder / pszName).c_str(); }
+    const std::filesystem::path& Folder() const { return m_folder.Path(); }
+    CString File(const char* pszName) const { return m_folder.File(pszName).c_str(); }
 
     // The boxes since the last call.
     std::vector<std::string> TakeMessages()
@@ -62,8 +60,6 @@ protected:
         std::ofstream(strPath.GetString(), std::ios::binary) << strBytes;
     }
 
-    std::filesystem::path m_folder;
-
 private:
     static int Keep(const char* pszText, unsigned, void* pContext)
     {
@@ -71,6 +67,7 @@ private:
         return IDOK;
     }
 
+    CTestFolder m_folder;
     std::vector<std::string> m_messages;
 };
 

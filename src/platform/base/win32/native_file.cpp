@@ -194,8 +194,14 @@ int native_file::Close(INT_PTR hFile)
     return ErrorOf(CloseHandle(HandleOf(hFile)));
 }
 
+// Takes away what was begun, also where memory is missing: paths of usual length need none.
 int native_file::Remove(const char* pszPath)
 {
+    WCHAR szPath[2 * MAX_PATH];
+    if (MultiByteToWideChar(PathCodePage(), 0, pszPath, -1, szPath, std::size(szPath)) > 0)
+    {
+        return ErrorOf(DeleteFileW(szPath));
+    }
     return ErrorOf(DeleteFileW(WidePath(pszPath).c_str()));
 }
 
@@ -257,11 +263,12 @@ int native_file::CreateBeside(const char* pszTarget, CString& strTemporary, INT_
     for (int nTry = 0; nTry < nMaxTries; ++nTry)
     {
         const std::string name = prefix + std::to_string(s_nNumber++) + ".tmp";
+        const CString strName = name.c_str();
         const HANDLE h = CreateFileW(WidePath(name.c_str()).c_str(), GENERIC_WRITE, 0, nullptr,
                                      CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (h != INVALID_HANDLE_VALUE)
         {
-            strTemporary = name.c_str();
+            strTemporary = strName;  // needs no memory: the file must not be forgotten
             hFile = reinterpret_cast<INT_PTR>(h);
             return 0;
         }

@@ -3,6 +3,8 @@
 
 #include "platform/base/exception.h"
 #include "platform/base/win32/wide_text.h"
+#include "platform/doc/compound_check.h"
+#include "platform/doc/win32/memory_bytes.h"
 
 #include <objbase.h>
 
@@ -49,12 +51,6 @@ std::wstring StreamName(const char* pszStream)
     return ToWide(pszStream, CP_UTF8);
 }
 
-CObjectPtr<ILockBytes> NewMemory()
-{
-    return MustMake<ILockBytes>([](ILockBytes** pp)
-                                { return CreateILockBytesOnHGlobal(nullptr, TRUE, pp); });
-}
-
 void WriteStorage(ILockBytes* pMemory, const char* pszStream, const CMemFile& content)
 {
     const auto storage = MustMake<IStorage>(
@@ -67,28 +63,14 @@ void WriteStorage(ILockBytes* pMemory, const char* pszStream, const CMemFile& co
     Check(storage->Commit(STGC_DEFAULT));
 }
 
-void CopyBytes(ILockBytes* pMemory, CFile& file)
+// From the file's present position.
+std::vector<BYTE> ReadRest(CFile& file)
 {
-    STATSTG status{};
-    Check(pMemory->Stat(&status, STATFLAG_NONAME));
-    std::vector<BYTE> bytes(status.cbSize.LowPart);
-    ULARGE_INTEGER offset{};
-    ULONG nRead = 0;
-    Check(pMemory->ReadAt(offset, bytes.data(), static_cast<ULONG>(bytes.size()), &nRead));
-    file.Write(bytes.data(), nRead);
-}
-
-CObjectPtr<ILockBytes> ReadRest(CFile& file)
-{
-    CObjectPtr<ILockBytes> memory = NewMemory();
+    std::vector<BYTE> bytes;
     BYTE aPiece[0x4000];
-    ULARGE_INTEGER offset{};
     while (const UINT nRead = file.Read(aPiece, sizeof aPiece))
-    {
-        Check(memory->WriteAt(offset, aPiece, nRead, nullptr));
-        offset.QuadPart += nRead;
-    }
-    return memory;
+        bytes.insert(bytes.end(), aPiece, aPiece + nRead);
+    return bytes;
 }
 
 bool CopyStream(IStream* pStream, ULONGLONG nMost, CMemFile& content)
@@ -112,26 +94,27 @@ bool CopyStream(IStream* pStream, ULONGLONG nMost, CMemFile& content)
 
 void PackCompoundFile(CFile& file, const char* pszStream, const CMemFile& content)
 {
-    const auto memory = NewMemory();
-    WriteStorage(memory.get(), pszStream, content);
-    CopyBytes(memory.get(), file);
+    CMemoryBytes memory;
+    WriteStorage(&memory, pszStream, content);
+    file.Write(memory.Bytes().data(), static_cast<UINT>(memory.Bytes().size()));
 }
 
 BOOL UnpackCompoundFile(CFile& file, const char* pszStream, CMemFile& content)
 {
-    const auto memory = ReadRest(file);
-    STATSTG status{};
-    Check(memory->Stat(&status, STATFLAG_NONAME));
+    CMemoryBytes memory(ReadRest(file));
+    // The system follows chains of sectors without counting them.
+    if (!IsSoundCompoundFile(memory.Bytes()))
+        return FALSE;
     const auto storage = Make<IStorage>(
         [&](IStorage** pp)
-        { return StgOpenStorageOnILockBytes(memory.get(), nullptr, s_nRead, nullptr, 0, pp); });
+        { return StgOpenStorageOnILockBytes(&memory, nullptr, s_nRead, nullptr, 0, pp); });
     const auto stream = storage ? Make<IStream>(
                                       [&](IStream** pp) {
                                           return storage->OpenStream(StreamName(pszStream).c_str(),
                                                                      nullptr, s_nRead, 0, pp);
                                       })
                                 : nullptr;
-    const bool bCopied = stream && CopyStream(stream.get(), status.cbSize.QuadPart, content);
+    const bool bCopied = stream && CopyStream(stream.get(), memory.Bytes().size(), content);
     content.SeekToBegin();
-    return bCopied;
+    return bCopied && !memory.WasShort();
 }

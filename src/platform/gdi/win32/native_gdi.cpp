@@ -1,6 +1,7 @@
 // Fonts that come with the library, and files of metafiles, around the system's interface.
 #include "platform/gdi/native_gdi.h"
 
+#include "platform/base/code_page.h"
 #include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "platform/base/module_path.h"
@@ -82,7 +83,7 @@ void TellIfMissing(const LOGFONTA& font, const std::string& strFace)
     for (char& ch : strShown)
         ch = static_cast<unsigned char>(ch) < 0x20 || ch == 0x7F ? '?' : ch;
     std::fprintf(stderr, "mivora: the font \"%s\" is missing; %s is used in its place\n",
-                 strShown.c_str(), SubstituteOf(font).c_str());
+                 Windows1252ToUtf8(strShown).c_str(), SubstituteOf(font).c_str());
 }
 
 // What has to be done when a face is first asked for.
