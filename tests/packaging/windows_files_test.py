@@ -2,6 +2,7 @@
 """What stands in the DLLs beside their code, read by a library that knows nothing of ours:
 windows_files_test.py VERSION DLL..."""
 import pathlib
+import re
 import sys
 
 import pefile
@@ -9,6 +10,21 @@ import pefile
 # Every Windows has them. No run-time library of a compiler is among them.
 SYSTEM = {"gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "user32.dll", "shell32.dll",
           "advapi32.dll"}
+# The C++ library's own names, and variables inside of functions. A host that bound them to ours
+# would break with the next compiler.
+INTERNAL = re.compile(r"_Z(T[A-Z]P?|NK?)?N?(S[a-z]|9__gnu_cxx|10__cxxabiv1).*|_ZZ.*|_ZGV.*"
+                      r"|_ZT[ISV]Z.*|(?!_Z|Afx|g_).*")
+
+
+def check_class_library(image):
+    """Our classes, and the C functions by their plain names."""
+    names = {entry.name.decode() for entry in image.DIRECTORY_ENTRY_EXPORT.symbols}
+    internal = sorted(name for name in names if INTERNAL.fullmatch(name))
+    assert not internal, internal
+    promised = {"AfxSetMessageBoxHandler", "_ZTI17CArchiveException", "_ZTIP17CArchiveException",
+                "_ZTV17CArchiveException", "_ZN10CException6DeleteEv", "_ZN3CDC10FromHandleEP5HDC__",
+                "_ZN7CStringC1EPKc", "_ZN8CArchive5CloseEv", "g_emptyString"}
+    assert promised <= names, promised - names
 
 
 def needed(image):
@@ -39,6 +55,8 @@ def main():
             assert texts["FileVersion"] == texts["ProductVersion"] == version, texts
             assert texts["OriginalFilename"] == path.name and texts["ProductName"] == "Mivora"
             assert texts["FileDescription"], texts
+            if path.name == "mivora-platform.dll":
+                check_class_library(image)
             # 64 bits, and a DLL.
             assert image.FILE_HEADER.Machine == 0x8664 and image.is_dll(), path.name
     print(f"{len(paths)} files")
