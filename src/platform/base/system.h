@@ -54,7 +54,7 @@ constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 // Blocks of memory with a handle. That of a fixed block is its address, a moveable one has an
 // address while it is locked. Null is the answer to a failure.
 HGLOBAL GlobalAlloc(UINT nFlags, SIZE_T nBytes);
-// A fixed block changes its place, and so its handle, only with GMEM_MOVEABLE; a locked one never.
+// A fixed block, whose handle changes with its place, and a locked one move only with GMEM_MOVEABLE.
 HGLOBAL GlobalReAlloc(HGLOBAL hMem, SIZE_T nBytes, UINT nFlags);
 HGLOBAL GlobalFree(HGLOBAL hMem);  // null; the handle itself if that fails
 void* GlobalLock(HGLOBAL hMem);

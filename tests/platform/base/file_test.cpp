@@ -1,98 +1,19 @@
 // Files: positions, faults of every operation, replacing whole, memory.
-#include "platform/base/file.h"
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <sstream>
-#include <string>
 
-#include "platform/base/exception.h"
+#include "platform/base/file_case.h"
 #include "platform/base/system.h"
+#include "system_errors.h"
 
 namespace
 {
 namespace fs = std::filesystem;
 
-class CFileTest : public ::testing::Test
-{
-protected:
-    CFileTest()
-    {
-        std::string name = (fs::temp_directory_path() / "mivora-file-test-XXXXXX").string();
-        m_folder = mkdtemp(name.data());
-    }
-    ~CFileTest() override
-    {
-        g_pfnFileFault = nullptr;
-        fs::remove_all(m_folder);
-    }
-
-    std::string Path(const char* pszName) const { return (m_folder / pszName).string(); }
-    static std::string Content(const std::string& path)
-    {
-        std::ostringstream stream;
-        stream << std::ifstream(path, std::ios::binary).rdbuf();
-        return stream.str();
-    }
-    static void Put(const std::string& path, const std::string& content)
-    {
-        std::ofstream(path, std::ios::binary) << content;
-    }
-    std::size_t FilesInFolder() const
-    {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()));
-    }
-
-    fs::path m_folder;
-};
-
-constexpr UINT nCreateWrite = CFile::modeCreate | CFile::modeWrite;
-
 EFileOperation g_eFailing;
 int g_nPassesLeft;
 int FailOne(EFileOperation eOperation, const char*)
 {
-    return eOperation == g_eFailing && g_nPassesLeft-- == 0 ? ENOSPC : 0;
-}
-
-// Cause and file name of what the body throws.
-template <class F>
-std::pair<int, std::string> FileFault(F body)
-{
-    try
-    {
-        body();
-    }
-    catch (CFileException* e)
-    {
-        std::pair<int, std::string> result(e->m_cause, e->m_strFileName.GetString());
-        e->Delete();
-        return result;
-    }
-    return { CFileException::none, "" };
-}
-
-void Save(const std::string& path, const char* pszText)
-{
-    CMirrorFile file;
-    CFileException error;
-    if (!file.Open(path.c_str(), nCreateWrite, &error))
-    {
-        AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
-    }
-    const std::string_view text(pszText);
-    file.Write(text.data(), static_cast<UINT>(text.size() / 2));
-    file.Write(text.data() + text.size() / 2, static_cast<UINT>(text.size() - text.size() / 2));
-    file.Flush();
-    file.Close();
+    return eOperation == g_eFailing && g_nPassesLeft-- == 0 ? SYSTEM_DISK_FULL : 0;
 }
 }  // namespace
 
@@ -119,37 +40,15 @@ TEST_F(CFileTest, WritesAndReadsAtPositions)
 
 TEST_F(CFileTest, TellsWhyItCannotOpen)
 {
-    const std::string missing = Path("none");
     const std::string below = Path("file") + "/x";
     Put(Path("file"), "x");
-    const struct
-    {
-        std::string path;
-        UINT nFlags;
-        int nCause;
-    } aCases[] = {
-        { missing, CFile::modeRead, CFileException::fileNotFound },
-        { missing + "/x", nCreateWrite, CFileException::fileNotFound },
+    const std::string folder = m_folder.Path().string();
+    ExpectNoneOpens({
+        { Path("none"), CFile::modeRead, CFileException::fileNotFound },
         { below, nCreateWrite, CFileException::badPath },
-        { m_folder.string(), nCreateWrite, CFileException::accessDenied },
-        { m_folder.string(), CFile::modeRead, CFileException::accessDenied },
-        { Path(std::string(300, 'n').c_str()), nCreateWrite, CFileException::badPath },
-        { "", nCreateWrite, CFileException::fileNotFound },
-    };
-    for (const auto& c : aCases)
-    {
-        for (CFile* pFile :
-             { static_cast<CFile*>(new CFile), static_cast<CFile*>(new CMirrorFile) })
-        {
-            const std::unique_ptr<CFile> owner(pFile);
-            CFileException error;
-            EXPECT_FALSE(pFile->Open(c.path.c_str(), c.nFlags, &error));
-            EXPECT_EQ(error.m_cause, c.nCause) << c.path;
-            EXPECT_EQ(error.m_strFileName, c.path.c_str());
-            EXPECT_FALSE(pFile->Open(c.path.c_str(), c.nFlags));
-        }
-        EXPECT_EQ(FileFault([&] { CFile file(c.path.c_str(), c.nFlags); }).first, c.nCause);
-    }
+        { folder, nCreateWrite, CFileException::accessDenied },
+        { folder, CFile::modeRead, CFileException::accessDenied },
+    });
     EXPECT_EQ(FilesInFolder(), 1U);
 }
 
@@ -209,58 +108,11 @@ TEST_F(CFileTest, AFileGivenUpLeavesTheOldOne)
     EXPECT_EQ(FilesInFolder(), 1U);
 }
 
-TEST_F(CFileTest, LinksAndModesStay)
-{
-    const std::string target = Path("target");
-    const std::string link = Path("link");
-    fs::create_directory(m_folder / "sub");
-    fs::create_symlink("sub/../target", link);
-    Save(link, "first");  // the link's end does not exist yet
-    EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_EQ(Content(target), "first");
-
-    chmod(target.c_str(), 0640);
-    Save(link, "second");
-    EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_EQ(Content(target), "second");
-    struct stat status;
-    ASSERT_EQ(stat(target.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
-
-    const std::string fresh = Path("fresh");
-    const mode_t nOld = umask(027);
-    Save(fresh, "x");
-    umask(nOld);
-    ASSERT_EQ(stat(fresh.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
-
-    fs::create_symlink("loop", m_folder / "loop");
-    EXPECT_EQ(FileFault([&] { Save(Path("loop"), "x"); }).first, CFileException::badPath);
-}
-
 TEST_F(CFileTest, ALongNameHasRoomForItsTemporary)
 {
     const std::string path = Path(std::string(255, 'n').c_str());
     Save(path, "content");
     EXPECT_EQ(Content(path), "content");
-}
-
-TEST_F(CFileTest, WhatIsNoRegularFileIsWrittenDirectly)
-{
-    Save("/dev/null", "content");
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-
-    const std::string pipe = Path("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    CFile reader(pipe.c_str(), CFile::modeReadWrite);  // so that nobody waits for the other end
-    Save(pipe, "content");
-    char aRead[7];
-    EXPECT_EQ(reader.Read(aRead, 7), 7U);
-    EXPECT_EQ(std::string_view(aRead, 7), "content");
-    EXPECT_TRUE(fs::is_fifo(pipe));
-
-    EXPECT_EQ(FileFault([] { Save("/dev/full", "content"); }).first, CFileException::diskFull);
-    EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 
 TEST(CMemFile, GrowsInStepsAndFillsGapsWithZero)

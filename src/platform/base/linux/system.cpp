@@ -153,11 +153,12 @@ HGLOBAL GlobalReAlloc(HGLOBAL hMem, SIZE_T nBytes, UINT nFlags)
     CBlock* pBlock = BlockOf(hMem);
     if (IsMoveable(hMem))
     {
-        if (pBlock->nLocks > 0 && nBytes > pBlock->nSize)
+        const bool bMayMove = pBlock->nLocks == 0 || (nFlags & GMEM_MOVEABLE) != 0;
+        if (!bMayMove && nBytes > pBlock->nSize)
         {
             return nullptr;
         }
-        if (pBlock->nLocks == 0)
+        if (bMayMove)
         {
             void* p = Resize(pBlock->pBytes, pBlock->nSize, nBytes);
             if (p == nullptr)

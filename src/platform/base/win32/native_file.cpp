@@ -214,14 +214,33 @@ int native_file::Rename(const char* pszOld, const char* pszNew)
 int native_file::Replace(const char* pszNew, const char* pszTarget)
 {
     const std::wstring target = WidePath(pszTarget);
-    // Takes over the target's rights and attributes, but there has to be a target, and its file
-    // system may not be able to.
-    if (ReplaceFileW(target.c_str(), WidePath(pszNew).c_str(), nullptr,
-                     REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
+    const DWORD nAttributes = GetFileAttributesW(target.c_str());
+    if (nAttributes == INVALID_FILE_ATTRIBUTES)
     {
-        return 0;
+        return Rename(pszNew, pszTarget);
     }
-    return Rename(pszNew, pszTarget);
+    // Whoever has it open keeps it. Asked first: a replacement that fails may leave the new file
+    // open, and so undeleted.
+    const HANDLE hTarget =
+        CreateFileW(target.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    if (hTarget == INVALID_HANDLE_VALUE)
+    {
+        return ErrorOf(FALSE);
+    }
+    CloseHandle(hTarget);
+    // Takes over the target's rights as well, where its file system can do that.
+    if (!ReplaceFileW(target.c_str(), WidePath(pszNew).c_str(), nullptr,
+                      REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
+    {
+        const int nError = Rename(pszNew, pszTarget);
+        if (nError != 0)
+        {
+            return nError;
+        }
+    }
+    SetFileAttributesW(target.c_str(), nAttributes);
+    return 0;
 }
 
 int native_file::FindTarget(const char* pszPath, CString& strTarget, bool& bReplaceable)

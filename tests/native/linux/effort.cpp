@@ -1,0 +1,3 @@
+#include "native/effort.h"
+
+const unsigned TEST_EFFORT = 100;

@@ -1,0 +1,64 @@
+// What files are beside their bytes: links, modes, devices, pipes.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/base/file_case.h"
+
+namespace fs = std::filesystem;
+
+TEST_F(CFileTest, LinksAndModesStay)
+{
+    const std::string target = Path("target");
+    const std::string link = Path("link");
+    fs::create_directory(m_folder.Path() / "sub");
+    fs::create_symlink("sub/../target", link);
+    Save(link, "first");  // the link's end does not exist yet
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(Content(target), "first");
+
+    chmod(target.c_str(), 0640);
+    Save(link, "second");
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(Content(target), "second");
+    struct stat status;
+    ASSERT_EQ(stat(target.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+
+    const std::string fresh = Path("fresh");
+    const mode_t nOld = umask(027);
+    Save(fresh, "x");
+    umask(nOld);
+    ASSERT_EQ(stat(fresh.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+
+    fs::create_symlink("loop", m_folder.Path() / "loop");
+    EXPECT_EQ(FileFault([&] { Save(Path("loop"), "x"); }).first, CFileException::badPath);
+}
+
+TEST_F(CFileTest, WhatIsNoRegularFileIsWrittenDirectly)
+{
+    Save("/dev/null", "content");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+
+    const std::string pipe = Path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    CFile reader(pipe.c_str(), CFile::modeReadWrite);  // so that nobody waits for the other end
+    Save(pipe, "content");
+    char aRead[7];
+    EXPECT_EQ(reader.Read(aRead, 7), 7U);
+    EXPECT_EQ(std::string_view(aRead, 7), "content");
+    EXPECT_TRUE(fs::is_fifo(pipe));
+
+    EXPECT_EQ(FileFault([] { Save("/dev/full", "content"); }).first, CFileException::diskFull);
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST_F(CFileTest, TellsWhatAPathLacks)
+{
+    ExpectNoneOpens({
+        { Path("none") + "/x", nCreateWrite, CFileException::fileNotFound },
+        { Path(std::string(300, 'n').c_str()), nCreateWrite, CFileException::badPath },
+        { "", nCreateWrite, CFileException::fileNotFound },
+    });
+    EXPECT_EQ(FilesInFolder(), 0U);
+}
