@@ -28,5 +28,11 @@ install(FILES ${PROJECT_BINARY_DIR}/MivoraConfig.cmake ${PROJECT_BINARY_DIR}/Miv
 
 # The package file finds the installation from its own place, so that it can be moved.
 file(RELATIVE_PATH MIVORA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+if(WIN32)
+    # By their whole names: found by hosts that link their own run-time library with -static, too.
+    set(MIVORA_LINK_WORDS "-l:libmivora.dll.a -l:libmivora-platform.dll.a")
+else()
+    set(MIVORA_LINK_WORDS "-lmivora -lmivora-platform")
+endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/mivora.pc.in ${PROJECT_BINARY_DIR}/mivora.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/mivora.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
