@@ -1,27 +1,26 @@
 #!/usr/bin/env python3
 """Drives the command line program: words and standard input in, output and status out."""
-import argparse
 import hashlib
 import json
 import os
 import pathlib
 import pty
 import re
+import signal
 import struct
 import subprocess
-import sys
 import tempfile
-import unittest
+import time
 import zlib
 
-MIVORA = None
-FORMULAS = None
+import program
+from program import COMMAND, FORMULAS, NO_FILE, NO_FOLDER, PICTURES, SMALL_PICTURE, WINDOWS, Case
 
 
 def run(*words, stdin=b"", cwd=None):
     """Runs mivora; words may be text or bytes."""
-    done = subprocess.run([MIVORA, *words], input=stdin, capture_output=True, cwd=cwd)
-    return done.returncode, done.stdout.decode(), done.stderr.decode()
+    status, out, err = program.run(*words, stdin=stdin, cwd=cwd)
+    return status, out.decode(), err
 
 
 A_PLUS_B = '(STANDARD "" (PLUS "+" (VARIABLE "a" - -) (VARIABLE "b" - -)) -)\t0\t\t-6\n'
@@ -103,25 +102,33 @@ FORMS = [
     (["batch", "-", "-d", "x", "--format", "gif"], b"", "", "mivora: batch: --format.*\n", 2),
     # Failures
     (["tree", "a中"], b"", "", "mivora: position 2: U\\+4E2D is not in Windows-1252\n", 1),
-    (["tree", b"a\xff"], b"", "", "mivora: position 2: the byte 0xFF is no UTF-8\n", 1),
     (["measure", "a" * 65535], b"", "", "mivora: Error in Calculation\\(\\) weil .*\n", 1),
     (["text", "a" * 65535], b"", "", "mivora: Error in Calculation\\(\\) weil .*\n", 1),
-    (["render", "a", "-o", "no/x.wmf"], b"", "", "mivora: .*no/x.wmf: No such file.*\n", 1),
-    (["render", "a", "-o", "no/x.bmp"], b"", "", "mivora: .*no/x.bmp: No such file.*\n", 1),
-    (["render", "a", "-o", "no/x.svg"], b"", "", "mivora: .*no/x.svg: No such file.*\n", 1),
+    (["render", "a", "-o", "no/x.wmf"], b"", "", f"mivora: .*no/x.wmf: {NO_FOLDER}\n", 1),
+    (["render", "a", "-o", "no/x.bmp"], b"", "", f"mivora: .*no/x.bmp: {NO_FOLDER}\n", 1),
+    (["render", "a", "-o", f"no/x.{SMALL_PICTURE}"], b"", "", f"mivora: .*: {NO_FOLDER}\n", 1),
     (["render", "a", "-o", "x.png", "--select", "LLL:1"], b"", "", "mivora: .*no node.*\n", 1),
     (["render", "a" * 65535, "-o", "x.wmf"], b"", "", "mivora: Error in Calculation.*\n", 1),
-    (["comment", "missing.wmf"], b"", "", "mivora: .*missing.wmf: No such file.*\n", 1),
-    (["batch", "missing.txt", "-d", "x"], b"", "", "mivora: .*missing.txt: No such file.*\n", 1),
+    (["comment", "missing.wmf"], b"", "", f"mivora: .*missing.wmf: {NO_FILE}\n", 1),
+    (["batch", "missing.txt", "-d", "x"], b"", "", f"mivora: .*missing.txt: {NO_FILE}\n", 1),
 ]
 
 
-class Forms(unittest.TestCase):
-    maxDiff = None
+# Formats that this system does not write, as FORMS
+NO_FORMATS = [
+    (["render", "a", "-o", "x.svg"], b"", "", "mivora: render: .svg is made on Linux only; here there "
+     "are .wmf .emf .bmp .png .fml; see .*\n", 2),
+    (["render", "a", "-o", "x.PDF", "--dpi", "300"], b"", "", "mivora: render: .pdf is made on .*\n", 2),
+    (["batch", "-", "-d", "x", "--format", "svg"], b"a\n", "", "mivora: batch: .svg is made on .*\n", 2),
+    (["batch", "-", "-d", "x", "--format", "gif"], b"a\n", "",
+     "mivora: batch: --format: gif not in {wmf,emf,bmp,png,fml}; see .*\n", 2),
+]
 
-    def test_table(self):
+
+class Forms(Case):
+    def expect(self, table):
         with tempfile.TemporaryDirectory() as folder:
-            for words, stdin, out, err, status in FORMS:
+            for words, stdin, out, err, status in table:
                 with self.subTest(words=[word[:40] for word in words], stdin=stdin[:40]):
                     got_status, got_out, got_err = run(*words, stdin=stdin, cwd=folder)
                     self.assertEqual(got_status, status, got_err)
@@ -130,9 +137,27 @@ class Forms(unittest.TestCase):
                     self.assertRegex(got_err, "^(?:%s)$" % err)
             self.assertEqual(os.listdir(folder), [], "a failure left a file behind")
 
+    def test_table(self):
+        self.expect(FORMS)
+
+    def test_bytes_that_are_no_text(self):
+        self.assertEqual(run("tree", b"a\xff"),
+                         (1, "", "mivora: position 2: the byte 0xFF is no UTF-8\n"))
+
+    def test_formats_of_another_system(self):
+        self.expect(NO_FORMATS)
+        for words in ["render"], ["batch"], []:
+            self.assertNotRegex(run(*words, "--help")[1].replace(".svg and .pdf are", ""), "svg|pdf")
+
+    def test_a_text_is_no_pattern_of_names(self):
+        with tempfile.TemporaryDirectory() as folder:
+            pathlib.Path(folder, "axb").touch()
+            for text in "a*b", "a?b", "*":
+                self.assertEqual(run("tree", text, cwd=folder), run("tree", "-", stdin=text.encode()))
+
     def test_one_answer_for_each_line_at_once(self):
         """Another program can talk with it line by line."""
-        with subprocess.Popen([MIVORA, "calc", "--lines"], stdin=subprocess.PIPE,
+        with subprocess.Popen([*COMMAND, "calc", "--lines"], stdin=subprocess.PIPE,
                               stdout=subprocess.PIPE) as process:
             for n in range(3):
                 process.stdin.write(b"%d+1\n" % n)
@@ -143,13 +168,13 @@ class Forms(unittest.TestCase):
 
     def test_output_that_cannot_be_written(self):
         with open("/dev/full", "wb") as full:
-            done = subprocess.run([MIVORA, "tree", "a"], stdout=full, capture_output=False,
+            done = subprocess.run([*COMMAND, "tree", "a"], stdout=full, capture_output=False,
                                   stderr=subprocess.PIPE)
         self.assertEqual(done.returncode, 1)
         self.assertIn(b"cannot write to standard output", done.stderr)
 
 
-class Warnings(unittest.TestCase):
+class Warnings(Case):
     def expect(self, typed, message, text=None, caret=None, stdin=b""):
         status, _, err = run("measure", typed, stdin=stdin)
         self.assertEqual(status, 0)
@@ -177,7 +202,7 @@ class Warnings(unittest.TestCase):
         self.assertEqual(run("measure", "--strict", "2")[0], 0)
 
 
-class Layout(unittest.TestCase):
+class Layout(Case):
     def layout(self, text):
         status, out, _ = run("layout", "--", text)
         self.assertEqual(status, 0)
@@ -275,8 +300,9 @@ def picture(folder, *words, name="x.png"):
     return path.read_bytes(), out
 
 
-class Pictures(unittest.TestCase):
+class Pictures(Case):
     def setUp(self):
+        super().setUp()
         self.temporary = tempfile.TemporaryDirectory()
         self.folder = self.temporary.name
 
@@ -351,7 +377,7 @@ class Pictures(unittest.TestCase):
         text = "sum(mark(x,i,2),i=1,n)=(n*(n+1))/2"
         lines = pathlib.Path(self.folder) / "lines.txt"
         lines.write_text("a/b\nsqr(x)\n%s\n" % text)
-        for name in "wmf", "emf", "bmp", "png", "svg", "pdf":
+        for name in PICTURES:
             with self.subTest(name):
                 once = picture(self.folder, text, name="x." + name)[0]
                 with tempfile.TemporaryDirectory() as other:
@@ -397,7 +423,7 @@ class Pictures(unittest.TestCase):
         self.assertIn("不能解析该文件!", err)
 
 
-class Batch(unittest.TestCase):
+class Batch(Case):
     LINES = "a/b\n2x\n\nx^2\n中\na)b\n".encode() + b"b" * 65535 + b"\nlast"
     REPORT = ("mivora: line 2: Error at Position 2!\n"
               "mivora: line 5: position 1: U\\+4E2D is not in Windows-1252\n"
@@ -405,6 +431,7 @@ class Batch(unittest.TestCase):
               "mivora: line 7: Error in Calculation\\(\\) weil .*\n")
 
     def setUp(self):
+        super().setUp()
         self.temporary = tempfile.TemporaryDirectory()
         self.folder = pathlib.Path(self.temporary.name)
 
@@ -416,12 +443,12 @@ class Batch(unittest.TestCase):
         for jobs in "1", "3":
             out = self.folder / jobs
             status, text, err = run("batch", "-", "-d", str(out), "--jobs", jobs, "--format",
-                                    "svg", stdin=self.LINES)
+                                    SMALL_PICTURE, stdin=self.LINES)
             self.assertEqual(status, 1)
             self.assertEqual(text, "6 done, 2 with syntax errors, 2 failed\n")
             self.assertRegex(err, "^%s$" % self.REPORT)
             made[jobs] = {path.name: path.read_bytes() for path in out.iterdir()}
-        self.assertEqual(sorted(made["1"]), ["%06d.svg" % n for n in (1, 2, 3, 4, 6, 8)])
+        self.assertEqual(sorted(made["1"]), ["%06d.%s" % (n, SMALL_PICTURE) for n in (1, 2, 3, 4, 6, 8)])
         self.assertEqual(made["1"], made["3"])
 
     def test_status(self):
@@ -444,7 +471,7 @@ class Batch(unittest.TestCase):
         lines = self.folder / "lines.txt"
         lines.write_text("a\n" * 300)
         parent, child = pty.openpty()
-        done = subprocess.run([MIVORA, "batch", str(lines), "-d", str(self.folder / "out")],
+        done = subprocess.run([*COMMAND, "batch", str(lines), "-d", str(self.folder / "out")],
                               stdout=subprocess.PIPE, stderr=child)
         os.close(child)
         shown = os.read(parent, 100000).decode()
@@ -452,6 +479,45 @@ class Batch(unittest.TestCase):
         self.assertEqual(done.stdout, b"300 done, 0 with syntax errors, 0 failed\n")
         self.assertIn("100%", shown)
         self.assertIn("[####", shown)
+
+    def workers(self, batch):
+        """The processes of the machine that a batch has started to draw for it."""
+        if not WINDOWS:
+            tasks = pathlib.Path("/proc/%d/task/%d/children" % (batch.pid, batch.pid)).read_text()
+            return [int(task) for task in tasks.split()]
+        found = []
+        for words in pathlib.Path("/proc").glob("[0-9]*/cmdline"):
+            try:
+                mine = self.folder.name in (words.parent / "environ").read_text(errors="replace")
+                if mine and b"\0--work\0" in words.read_bytes():
+                    found.append(int(words.parent.name))
+            except OSError:
+                pass  # it has ended
+        return found
+
+    def test_a_worker_that_dies(self):
+        """The line at hand fails, all others are drawn."""
+        environment = dict(os.environ, MIVORA_TEST=self.folder.name)
+        with subprocess.Popen([*COMMAND, "batch", "-", "-d", str(self.folder / "out"), "--jobs", "2"],
+                              stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              env=environment) as batch:
+            deadline = time.monotonic() + 60
+            while len(workers := self.workers(batch)) < 2 and time.monotonic() < deadline:
+                time.sleep(0.02)
+            self.assertEqual(len(workers), 2)
+            for worker in workers:
+                os.kill(worker, signal.SIGSTOP)
+            batch.stdin.write(b"a+b\n" * 200)
+            batch.stdin.flush()
+            time.sleep(0.2)
+            os.kill(workers[0], signal.SIGKILL)
+            os.kill(workers[1], signal.SIGCONT)
+            out, err = batch.communicate()
+        self.assertEqual(out, b"199 done, 0 with syntax errors, 1 failed\n")
+        self.assertEqual(batch.returncode, 1)
+        self.assertRegex(err.decode(), "^mivora: line (1|65): the process that drew it (was ended by a "
+                         "signal: Killed|ended with status [0-9A-Fx]+)\n$")
+        self.assertEqual(len(os.listdir(self.folder / "out")), 199)
 
     def test_all_formulas(self):
         status, text, err = run("batch", FORMULAS, "-d", str(self.folder / "out"), "--format",
@@ -461,7 +527,64 @@ class Batch(unittest.TestCase):
         self.assertEqual(text, "%d done, 0 with syntax errors, 0 failed\n" % count)
 
 
-class Manual(unittest.TestCase):
+class Names(Case):
+    """Of files, in any script."""
+
+    def test_files_and_folders(self):
+        with tempfile.TemporaryDirectory() as folder:
+            here = pathlib.Path(folder)
+            for name in PICTURES:
+                path = here / ("公式 Ж." + name)
+                self.assertEqual(run("render", "a/b", "-o", str(path))[0], 0)
+                self.assertGreater(path.stat().st_size, 100)
+            self.assertEqual(run("comment", str(here / "公式 Ж.wmf")), (0, "\n", ""))
+            self.assertEqual(run("render", "a/b", "-o", "дробь.fml", cwd=folder)[0], 0)
+            self.assertTrue(run("inspect", "дробь.fml", cwd=folder)[1].startswith("text: a/b\n"))
+            lines = here / "строки.txt"
+            lines.write_text("a\nb\n")
+            for jobs in "1", "2":
+                self.assertEqual(run("batch", str(lines), "-d", str(here / ("папка" + jobs)),
+                                     "--jobs", jobs), (0, "2 done, 0 with syntax errors, 0 failed\n", ""))
+                self.assertEqual(len(list((here / ("папка" + jobs)).iterdir())), 2)
+
+    def test_messages(self):
+        for words in (["render", "a", "-o", "нет/公.wmf"], ["render", "a", "-o", "нет/公.png"],
+                      ["comment", "公.wmf"], ["inspect", "公.fml"], ["batch", "公", "-d", "x"],
+                      ["layout", "--fml", "公.fml"]):
+            with self.subTest(words), tempfile.TemporaryDirectory() as folder:
+                status, _, err = run(*words, cwd=folder)
+                self.assertEqual(status, 1)
+                self.assertRegex(err, "^mivora: .*公.*: (%s|%s)\n$" % (NO_FILE, NO_FOLDER))
+
+
+class Fonts(Case):
+    FACES = [face + style for face in ("Times New Roman", "Arial", "Courier New")
+             for style in ("", " Bold", " Italic", " Bold Italic")] + ["Symbol", "MT Extra"]
+
+    def path(self, file):
+        """Where a file is for this script."""
+        if not WINDOWS:
+            return pathlib.Path(file)
+        drives = pathlib.Path(os.environ["WINEPREFIX"], "dosdevices")
+        return drives / file[:2].lower() / file[3:].replace("\\", "/")
+
+    def test_every_face_has_its_file(self):
+        status, out, err = run("fonts")
+        self.assertEqual((status, err), (0, ""))
+        faces = dict(line.split("\t") for line in out.splitlines())
+        self.assertEqual(list(faces), self.FACES)
+        self.assertEqual(len(set(faces.values())), len(faces))
+        for face, file in faces.items():
+            done = subprocess.run(["fc-scan", "--format", "%{family}%{style}", self.path(file)],
+                                  capture_output=True, text=True, check=True)
+            family = {"Times New Roman": "Liberation Serif", "Arial": "Liberation Sans",
+                      "Courier New": "Liberation Mono"}
+            plain = re.sub("( Bold)?( Italic)?$", "", face)
+            style = face[len(plain):].strip() or "Regular"
+            self.assertEqual(done.stdout, family.get(plain, plain) + style, file)
+
+
+class Manual(Case):
     def test_help_page_and_completions_name_every_option(self):
         help_text = run("--help")[1]
         commands = re.findall(r"^  ([a-z]+) ", help_text.split("Commands:")[1], re.MULTILINE)
@@ -515,20 +638,11 @@ class Manual(unittest.TestCase):
 
         self.assertEqual(complete("mivora", "re"), ["render"])
         self.assertEqual(complete("mivora", "batch", "--f"), ["--format"])
-        self.assertEqual(complete("mivora", "batch", "--format", "p"), ["png", "pdf"])
+        self.assertEqual(complete("mivora", "batch", "--format", "p"),
+                         [name for name in PICTURES if name.startswith("p")])
         self.assertEqual(complete("mivora", "tree", "--"), ["--lines", "--hex", "--strict", "--help"])
 
 
-def main():
-    global MIVORA, FORMULAS
-    options = argparse.ArgumentParser()
-    options.add_argument("--mivora", required=True)
-    options.add_argument("--formulas", required=True)
-    options, rest = options.parse_known_args()
-    MIVORA, FORMULAS = map(os.path.abspath, (options.mivora, options.formulas))
-    os.environ.pop("ASAN_OPTIONS", None)
-    unittest.main(argv=[sys.argv[0], *rest])
-
-
 if __name__ == "__main__":
-    main()
+    os.environ.pop("ASAN_OPTIONS", None)
+    program.main()

@@ -1,29 +1,21 @@
 #!/usr/bin/python3
 """Stored formulas: what the command line writes is taken apart by other programs, and what other
 programs make, sound or damaged, is answered by it."""
-import argparse
 import json
 import os
 import re
 import resource
 import signal
 import subprocess
-import sys
 import tempfile
-import unittest
 
 import archive_reader
+import program
 from compound_writer import compound_file
+from program import FORMULAS, IS_FOLDER, NO_FILE, NO_FOLDER, PICTURES, SMALL_PICTURE, Case, run
 
-MIVORA = None
-FORMULAS = None
 COMMON = 'sum(i^2,i=1,n)/greek a<=sqr(x+b)*sin((y))'  # several classes, a face of its own
 BY_KIND = re.compile(r'\((BRACE|POISON|EQUATION|INTEGRAL|VECTOR|ARROWS|FUNC)(\[\d+\]) "[^"]*"')
-
-
-def run(*words, stdin=b"", **more):
-    done = subprocess.run([MIVORA, *words], input=stdin, capture_output=True, **more)
-    return done.returncode, done.stdout, done.stderr.decode()
 
 
 def without_kind_symbols(tree):
@@ -55,8 +47,9 @@ def number(symbol):
     return node("NT_NUMBER", symbol=symbol, addition=bytes(8) + int32(1, 1))
 
 
-class Written(unittest.TestCase):
+class Written(Case):
     def setUp(self):
+        super().setUp()
         self.folder = tempfile.TemporaryDirectory()
         self.addCleanup(self.folder.cleanup)
 
@@ -125,7 +118,7 @@ class Written(unittest.TestCase):
         self.assertEqual(stored.pop("gap"), 2)
         parsed.pop("gap")
         self.assertEqual(stored, parsed)
-        for extension in "png", "svg", "emf":
+        for extension in PICTURES:
             run("render", formula, "-o", self.path("parsed." + extension))
             status, out, err = run("inspect", path, "-o", self.path("stored." + extension))
             self.assertEqual((status, out[:6], err), (0, b"text: ", ""))
@@ -144,22 +137,23 @@ class Written(unittest.TestCase):
             file.write(b"old")
         status, out, err = run("render", "a", "-o", path, preexec_fn=small_disk)
         self.assertEqual((status, out), (1, b""))
-        self.assertEqual(err, f"mivora: cannot write {path}: File too large\n")
+        self.assertEqual(err, f"mivora: cannot write {path}: {program.TOO_LARGE}\n")
         with open(path, "rb") as file:
             self.assertEqual(file.read(), b"old")
         self.assertEqual(os.listdir(self.folder.name), ["x.fml"])
-        for target, reason in ((self.path("no/x.fml"), "No such file or directory"),
-                               (self.path("ü/x.fml"), "No such file or directory")):
-            self.assertEqual(run("render", "a", "-o", target),
-                             (1, b"", f"mivora: cannot write {target}: {reason}\n"))
+        for target in self.path("no/x.fml"), self.path("ü/x.fml"):
+            status, out, err = run("render", "a", "-o", target)
+            self.assertEqual((status, out), (1, b""))
+            self.assertRegex(err, f"^mivora: cannot write {target}: {NO_FOLDER}\n$")
         os.mkdir(self.path("y.fml"))
         status, _, err = run("render", "a", "-o", self.path("y.fml"))
         self.assertEqual(status, 1)
         self.assertRegex(err, r"^mivora: .*y\.fml.*\n$")
 
 
-class Read(unittest.TestCase):
+class Read(Case):
     def setUp(self):
+        super().setUp()
         self.folder = tempfile.TemporaryDirectory()
         self.addCleanup(self.folder.cleanup)
         self.path = os.path.join(self.folder.name, "x.fml")
@@ -203,7 +197,7 @@ class Read(unittest.TestCase):
         status, out, err = self.archive(empty)
         self.assertEqual((status, err), (0, ""))
         self.assertIn(b"\ntree: -\nformat: text \"Times New Roman\" 0x00123456", out)
-        picture = os.path.join(self.folder.name, "x.svg")
+        picture = os.path.join(self.folder.name, "x." + SMALL_PICTURE)
         self.assertEqual(self.archive(empty, "-o", picture)[0], 0)
         status, out, _ = run("layout", "--fml", self.path)
         self.assertEqual((status, json.loads(out)), (0, {"gap": 2, "rect": [0] * 4, "root": None}))
@@ -242,7 +236,9 @@ class Read(unittest.TestCase):
         self.assertRefused(self.archive(brace, "-o", self.path + ".png"), "not valid")
         self.assertRefused(run("layout", "--fml", self.path), "not valid")
         self.assertFalse(os.path.exists(self.path + ".png"))
-        # A face of control characters is told in one line.
+
+    def test_faces_that_are_missing(self):
+        """A name of control characters is told in one line."""
         face = node("NT_STANDARD", symbol="x").replace(b"Times New Roman", b"a\nb\x1b[31mxxxxxxx")
         status, _, err = self.archive(HEAD + face + FORMAT, "-o", self.path + ".svg")
         self.assertEqual(status, 0)
@@ -253,8 +249,8 @@ class Read(unittest.TestCase):
         for data in (b"", b"text", sound, compound_file("Other", sound), b"\xd0\xcf\x11\xe0" * 300):
             with self.subTest(data[:20]):
                 self.assertRefused(self.inspect(data), "x.fml")
-        self.assertRefused(run("inspect", self.folder.name), "Is a directory")
-        self.assertRefused(run("layout", "--fml", self.path + "y"), "No such file")
+        self.assertRefused(run("inspect", self.folder.name), IS_FOLDER)
+        self.assertRefused(run("layout", "--fml", self.path + "y"), NO_FILE)
 
     def test_damage(self):
         """A sample: all places are damaged where no process has to be started for each."""
@@ -269,22 +265,13 @@ class Read(unittest.TestCase):
             with self.subTest(place=place):
                 data = bytearray(whole)
                 data[place] ^= 0xFF
-                status, out, err = self.inspect(bytes(data), "-o", self.path + ".svg")
+                status, out, err = self.inspect(bytes(data), "-o",
+                                                self.path + "." + SMALL_PICTURE)
                 if status == 0:
                     self.assertEqual((out.count(b"\n"), err), (5, ""))
                 else:
                     self.assertEqual((status, out, err.count("\n")), (1, b"", 1), err)
 
 
-def main():
-    global MIVORA, FORMULAS
-    options = argparse.ArgumentParser()
-    options.add_argument("--mivora", required=True)
-    options.add_argument("--formulas", required=True)
-    options, rest = options.parse_known_args()
-    MIVORA, FORMULAS = map(os.path.abspath, (options.mivora, options.formulas))
-    unittest.main(argv=[sys.argv[0], *rest])
-
-
 if __name__ == "__main__":
-    main()
+    program.main()

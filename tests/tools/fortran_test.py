@@ -1,15 +1,14 @@
 #!/usr/bin/python3
 """The FORTRAN form of a formula, compiled by a FORTRAN compiler, has the calculator's value."""
-import argparse
 import math
 import os
 import re
 import subprocess
-import sys
 import tempfile
-import unittest
 
-MIVORA = None
+import program
+from program import COMMAND, Case
+
 FORMULAS = [
     "1.5+2.25-0.125", "2-3-4", "(1-2)-3", "-1.5+4",
     "1.5*2.5/3.5", "8/4/2", "8/(4/2)", "1/3+2/3*5", "2*(3+4)*(5-6)", "(1+2)/(3+4)", "1/(2+3/(4+5/6))",
@@ -29,7 +28,7 @@ FORMULAS = [re.sub(r"(?<![\d.^])(\d+)(?![\d.])", r"\1.0", formula) for formula i
 
 
 def run(command, lines):
-    done = subprocess.run([MIVORA, command, "--lines", "--strict"], input="\n".join(lines).encode(),
+    done = subprocess.run([*COMMAND, command, "--lines", "--strict"], input="\n".join(lines).encode(),
                           capture_output=True, check=True)
     return done.stdout.decode().splitlines()
 
@@ -40,7 +39,7 @@ def statement(text):
     return "      VALUE =\n     +" + text[6:].replace("\r\n", "\n") + "\n      PRINT *, VALUE\n"
 
 
-class Fortran(unittest.TestCase):
+class Fortran(Case):
     def test_the_compiler_gets_the_calculators_values(self):
         texts = [text.replace("\\x0D\\x0A", "\r\n") for text in run("text", FORMULAS)]
         answers = [line.split("\t") for line in run("calc", FORMULAS)]
@@ -68,14 +67,5 @@ class Fortran(unittest.TestCase):
                                 (value, compiled))
 
 
-def main():
-    global MIVORA
-    options = argparse.ArgumentParser()
-    options.add_argument("--mivora", required=True)
-    options, rest = options.parse_known_args()
-    MIVORA = os.path.abspath(options.mivora)
-    unittest.main(argv=[sys.argv[0], *rest])
-
-
 if __name__ == "__main__":
-    main()
+    program.main()
