@@ -8,9 +8,11 @@ install(TARGETS mivora-platform mivora mivora-core EXPORT MivoraTargets
 
 install(FILES ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora)
-# The folders of one backend hold no public header, but for a device context of one system.
+# The folders of one backend hold no public header; two others are for one system.
 if(WIN32)
     set(other_system PATTERN "cairo_dc.h" EXCLUDE)
+else()
+    set(other_system PATTERN "windows_names.h" EXCLUDE)
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora
         FILES_MATCHING PATTERN "*.h"
