@@ -130,6 +130,42 @@ TEST(DeepCall, BringsExceptionsBack)
         });
 }
 
+// The stacks outlive the threads that used them first, and so does nothing of an exception.
+TEST(DeepCall, GoesFromThreadToThread)
+{
+    for (int nTime = 0; nTime < 10; ++nTime)
+    {
+        InSmallThread(
+            []
+            {
+                EXPECT_EQ(Count(20000, false), 20000);
+                EXPECT_THROW(Count(20000, true), std::runtime_error);
+            });
+    }
+}
+
+TEST(DeepCall, LeavesAnExceptionBeingHandledAlone)
+{
+    try
+    {
+        throw std::runtime_error("outer");
+    }
+    catch (const std::runtime_error&)
+    {
+        EXPECT_EQ(Name(5000), "caught");
+        EXPECT_THROW(Count(5000, true), std::runtime_error);
+        try
+        {
+            throw;
+        }
+        catch (const std::runtime_error& e)
+        {
+            EXPECT_EQ(std::string(e.what()), "outer");
+        }
+    }
+    EXPECT_EQ(std::current_exception(), nullptr);
+}
+
 TEST(DeepCall, UnwindsEveryLevelOnce)
 {
     g_nDestroyed = 0;
