@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 
 #include "platform/base/archive.h"
 #include "platform/base/system.h"
@@ -115,12 +116,17 @@ int TenTimes(int nSize)
 
 CBinTreeFormat::CBinTreeFormat() : m_TypeMap(10)
 {
-    for (const CRecordRow& row : s_aRecords)
-    {
-        this->*row.slot = new CFormatInfoOb(CString::Immortal(row.pszFont),
-                                            row.bWindowText ? GetSysColor(COLOR_WINDOWTEXT) : 0,
-                                            row.nBold, row.nItalic, row.nCharSet);
-    }
+    std::unique_ptr<CFormatInfoOb> aRecords[std::size(s_aRecords)];
+    std::transform(std::begin(s_aRecords), std::end(s_aRecords), aRecords,
+                   [](const CRecordRow& row)
+                   {
+                       return std::make_unique<CFormatInfoOb>(
+                           CString::Immortal(row.pszFont),
+                           row.bWindowText ? GetSysColor(COLOR_WINDOWTEXT) : 0, row.nBold,
+                           row.nItalic, row.nCharSet);
+                   });
+    for (std::size_t n = 0; n < std::size(s_aRecords); ++n)
+        this->*s_aRecords[n].slot = aRecords[n].get();
     const int nStep = SizeStep();
     std::transform(std::begin(s_anSizes), std::end(s_anSizes), m_nSizes,
                    [nStep](int nSize) { return nSize - nStep; });
@@ -128,6 +134,8 @@ CBinTreeFormat::CBinTreeFormat() : m_TypeMap(10)
     {
         m_TypeMap.SetAt(CString::Immortal(row.pszType), this->*row.slot);
     }
+    for (auto& pRecord : aRecords)
+        pRecord.release();
 }
 
 CBinTreeFormat::~CBinTreeFormat()

@@ -27,6 +27,11 @@ void WriteWithSizes(const char* pszFormula, const char* pszPath, float* pfWidth,
     pFormula->WriteFormulaToWMF(pszPath);
 }
 
+struct CDeleteException
+{
+    void operator()(CException* pException) const { pException->Delete(); }
+};
+
 // Tells in a message box what stopped the job.
 template <class Job>
 void RunAndTell(Job job)
@@ -37,8 +42,8 @@ void RunAndTell(Job job)
     }
     catch (CException* pException)
     {
+        const std::unique_ptr<CException, CDeleteException> pOwned(pException);
         pException->ReportError();
-        pException->Delete();
     }
     catch (const std::bad_alloc&)
     {

@@ -1,6 +1,7 @@
 // A tree as an enhanced metafile, and the text that such a file carries in its comment.
 #include <cstring>
 #include <exception>
+#include <memory>
 
 #include "platform/base/app.h"
 #include "platform/base/system.h"
@@ -19,6 +20,13 @@ constexpr int s_nTagLength = sizeof s_szTag - 1;
 constexpr char s_szDescription[] = "Formula\0Image\0";  // one more NUL ends the pair
 constexpr DWORD s_nCommentRecord = 70;
 constexpr size_t s_nCommentHead = 12;  // type, size, size of the data
+
+struct CDeleteMetafile
+{
+    using pointer = HENHMETAFILE;
+    void operator()(HENHMETAFILE hPicture) const { DeleteEnhMetaFile(hPicture); }
+};
+using CMetafilePtr = std::unique_ptr<void, CDeleteMetafile>;
 
 // Hundredths of a millimetre. The product wraps around as 32-bit machine arithmetic does: a formula
 // of twenty million pixels has no frame that would be of use.
@@ -86,12 +94,11 @@ int CALLBACK VisitRecord(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int,
     }
 }
 
-void TakeComments(HENHMETAFILE hPicture)
+void TakeComments(CMetafilePtr pPicture)
 {
     CVisit visit;
     const CRect unused(0, 0, 0, 0);
-    EnumEnhMetaFile(nullptr, hPicture, VisitRecord, &visit, &unused);
-    DeleteEnhMetaFile(hPicture);
+    EnumEnhMetaFile(nullptr, pPicture.get(), VisitRecord, &visit, &unused);
     if (visit.m_failure)
         std::rethrow_exception(visit.m_failure);
 }
@@ -115,15 +122,13 @@ int CBinTree::WriteMetafile(CString strPath)
     FillBackground(dc, rect);
     Draw(&dc, rect);
 
-    const HENHMETAFILE hPicture = dc.CloseEnhanced();
-    const BOOL bWritten = SaveEnhMetaFile(hPicture, strPath);
-    DeleteEnhMetaFile(hPicture);
-    return bWritten ? 1 : 0;
+    const CMetafilePtr pPicture(dc.CloseEnhanced());
+    return SaveEnhMetaFile(pPicture.get(), strPath) ? 1 : 0;
 }
 
 int CBinTree::ReadMetafile(CString strPath)
 {
-    TakeComments(LoadEnhMetaFile(strPath));
+    TakeComments(CMetafilePtr(LoadEnhMetaFile(strPath)));
     if (g_strMetaComment.Left(s_nTagLength).Compare(s_szTag) != 0)
     {
         // "不能解析该文件!"

@@ -4,6 +4,7 @@
 #include "platform/base/types.h"
 
 #include <cstddef>
+#include <memory>
 #include <span>
 
 // Shared by the handles of one metafile, which count themselves in. The block of the last metafile
@@ -60,3 +61,9 @@ private:
     std::size_t m_nCapacity = 0;
     int m_nHolders = 1;
 };
+
+struct CReleaseBits
+{
+    void operator()(CMetafileBits* pBits) const { pBits->Release(); }
+};
+using CMetafileBitsPtr = std::unique_ptr<CMetafileBits, CReleaseBits>;

@@ -64,11 +64,7 @@ CMetafileWriter::CMetafileWriter(const CDeviceInfo& device, const RECT* pFrame, 
     WriteHeader(device, pszDescription);
 }
 
-CMetafileWriter::~CMetafileWriter()
-{
-    if (m_pBits)
-        m_pBits->Release();
-}
+CMetafileWriter::~CMetafileWriter() = default;
 
 // nBytes of a record, not initialised; null if memory is short.
 BYTE* CMetafileWriter::WriteLong(std::size_t nBytes)
@@ -130,7 +126,7 @@ CMetafileBits* CMetafileWriter::Finish()
               toFrame(m_bounds.right, header.szlMillimeters.cx, header.szlDevice.cx),
               toFrame(m_bounds.bottom, header.szlMillimeters.cy, header.szlDevice.cy) });
     std::memcpy(m_pBits->Data(), &header, sizeof header);
-    return std::exchange(m_pBits, nullptr);
+    return m_pBits.release();
 }
 
 // An object is created in the record when it is first selected.

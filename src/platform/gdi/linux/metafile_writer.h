@@ -131,7 +131,7 @@ private:
     RECTL TextBounds(const CDeviceContext& dc, const CTextRun& run) const;
     void GrowBounds(const RECTL& bounds);
 
-    CMetafileBits* m_pBits;  // null if memory is short
+    CMetafileBitsPtr m_pBits;  // null if memory is short
     CMetafileObjects m_objects;
     RECTL m_bounds{ 0, 0, -1, -1 };  // pixels, right and bottom inside; empty before the first
     std::optional<RECT> m_frame;
