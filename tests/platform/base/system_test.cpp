@@ -45,7 +45,7 @@ std::string MessageOf(const CException& e, UINT nMax = 256)
 }
 }  // namespace
 
-TEST(MessageBox, GoesThroughTheAppToTheHandler)
+TEST(UserMessage, GoesThroughTheAppToTheHandler)
 {
     CHeard heard;
     AfxSetMessageBoxHandler(Hear, &heard);

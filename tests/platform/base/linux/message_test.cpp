@@ -8,7 +8,7 @@
 #include "platform/base/app.h"
 #include "platform/base/system.h"
 
-TEST(MessageBox, IsOneLineOnStandardErrorWithoutAHandler)
+TEST(UserMessage, IsOneLineOnStandardErrorWithoutAHandler)
 {
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(AfxMessageBox("\xCE\xC4\xBC\xFE wmf!\r\nmore\n"), IDOK);

@@ -64,7 +64,7 @@ CBox BoxOf(F show, int nButton = IDOK)
 }
 }  // namespace
 
-TEST(MessageBox, ShowsTheTextInItsOwnLanguage)
+TEST(UserMessage, ShowsTheTextInItsOwnLanguage)
 {
     const CBox chinese = BoxOf([] { return AfxMessageBox("\xCE\xC4\xBC\xFE wmf!"); });
     EXPECT_EQ(chinese.text, L"\u6587\u4EF6 wmf!");
@@ -78,7 +78,7 @@ TEST(MessageBox, ShowsTheTextInItsOwnLanguage)
     EXPECT_EQ(system.caption, L"Error");
 }
 
-TEST(MessageBox, GivesTheButton)
+TEST(UserMessage, GivesTheButton)
 {
     const CBox box = BoxOf([] { return AfxMessageBox("go on?", MB_YESNO); }, IDNO);
     EXPECT_EQ(box.text, L"go on?");
