@@ -185,6 +185,14 @@ BOOL CNode::IsSameDescription(const CNode* p) const
     return m_strDescription.Compare(p->m_strDescription) == 0;
 }
 
+bool CNode::IsWithin(const CNode* pTop) const
+{
+    const CNode* pNode = this;
+    while (pNode != nullptr && pNode != pTop)
+        pNode = pNode->GetParent();
+    return pNode != nullptr;
+}
+
 CNode* CNode::FindParentOf(const CNode* p)
 {
     if (p == nullptr)

@@ -132,6 +132,9 @@ public:
     BOOL IsSameDescription(const CNode* p) const;
     bool BorrowsOwnSize() const { return m_bBorrowsOwn; }
 
+    // Whether pTop is this node or stands above it, by the parent links.
+    bool IsWithin(const CNode* pTop) const;
+
     // The node of this subtree that has p as a child, searched by the child links, this node
     // first, then left, then right. Null if there is none.
     CNode* FindParentOf(const CNode* p);

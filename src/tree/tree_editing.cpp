@@ -19,14 +19,6 @@ bool BindsMoreLoosely(CNode* pChild, CNode* pNode)
     return pChild != nullptr && pChild->GetPriority() > pNode->GetPriority();
 }
 
-// Whether pNode is pTop or hangs below it.
-bool IsWithin(const CNode* pNode, const CNode* pTop)
-{
-    while (pNode != nullptr && pNode != pTop)
-        pNode = pNode->GetParent();
-    return pNode != nullptr;
-}
-
 // Gives a child to a new node, in the place of what the node's constructor has made there.
 void GiveLeft(CNode* pNode, CNode* pChild)
 {
@@ -154,7 +146,7 @@ void CBinTree::AttachAbove(CNode* pNode, CNode* pChild)
     if (pParent->GetLeft() == pNode)
     {
         pParent->LinkLeft(nullptr);
-        if (IsWithin(m_pSelected, pParent->GetRight()))
+        if (m_pSelected != nullptr && m_pSelected->IsWithin(pParent->GetRight()))
             m_pSelected = nullptr;
         delete pParent->GetRight();
     }

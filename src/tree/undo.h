@@ -33,6 +33,9 @@ public:
 
     void ClearRedoList();
 
+    // States that are kept.
+    INT_PTR GetUndoCount() const { return m_UndoList.GetCount(); }
+
 protected:
     ~CUndo();
 
