@@ -34,12 +34,21 @@ constexpr COption s_aOptions[] = {
     { OPT_FML, nullptr, "fml", "FILE", VALUE_FILE, 0, 0, nullptr,
       "Take the stored formula in FILE instead of a TEXT" },
     { OPT_JSON, nullptr, "json", nullptr, VALUE_NONE, 0, 0, nullptr, "Print one line of JSON" },
+    { OPT_SCRIPT, nullptr, "script", "FILE", VALUE_FILE, 0, 0, nullptr,
+      "Take the gestures from FILE, or from standard input if it is -" },
+    { OPT_STORE, "o", "output", "FILE", VALUE_FILE, 0, 0, nullptr,
+      "Store the formula in FILE (.fml) at the end" },
+    { OPT_SIZE, nullptr, "size", "WxH", VALUE_TEXT, 0, 0, nullptr,
+      "Size of the window in pixels (default 300x200)" },
+    { OPT_READ_ONLY, nullptr, "read-only", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Begin with a control that refuses editing" },
     { OPT_HELP, nullptr, "help", nullptr, VALUE_NONE, 0, 0, nullptr, "Show this help" },
 };
 static_assert(std::size(s_aOptions) == OPT_COUNT);
 
 constexpr EOption s_aRequiredRender[] = { OPT_OUTPUT };
 constexpr EOption s_aRequiredBatch[] = { OPT_DIRECTORY };
+constexpr EOption s_aRequiredEdit[] = { OPT_SCRIPT };
 
 constexpr EOption s_aRender[] = { OPT_OUTPUT, OPT_DPI,    OPT_BOXES, OPT_GRAYED,
                                   OPT_SELECT, OPT_STRICT, OPT_HELP };
@@ -50,6 +59,7 @@ constexpr EOption s_aSingle[] = { OPT_STRICT, OPT_HELP };
 constexpr EOption s_aLines[] = { OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
 constexpr EOption s_aLayout[] = { OPT_FML, OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
 constexpr EOption s_aInspect[] = { OPT_JSON, OPT_OUTPUT, OPT_HELP };
+constexpr EOption s_aEdit[] = { OPT_SCRIPT, OPT_FML, OPT_SIZE, OPT_READ_ONLY, OPT_STORE, OPT_HELP };
 constexpr EOption s_aPlain[] = { OPT_HELP };
 
 constexpr CCommand s_aCommands[] = {
@@ -152,6 +162,24 @@ constexpr CCommand s_aCommands[] = {
       "another face is put in its place.",
       {},
       RunFonts },
+    { "edit", OPERAND_TEXT, "TEXT", s_aRequiredEdit, s_aEdit,
+      "edit a formula by gestures that are written down",
+      "Does what the formula control does with mouse and keys, in a window that exists in memory "
+      "only, and prints its state before the first gesture and after each. Each line of the script "
+      "is one of:\n"
+      "size W H; paint; move X Y [left]; press X Y; release X Y; double X Y; key CODE [ctrl] "
+      "[shift]; char CODE; blur; hscroll CODE [TRACK]; vscroll CODE [TRACK]; wheel DELTA; cut; "
+      "copy; paste; all; delete; readonly 0|1; clip HEX|-; enter X Y [ctrl]; over X Y [ctrl]; "
+      "leave; drop X Y.\n"
+      "Blank lines and lines that begin with # are skipped; any other line ends the run. Places "
+      "are pixels of the window, codes are those of keys, characters and scroll messages.\n"
+      "A state is one line, a tab between two fields: the tree, in the form of the command tree; "
+      "the selected node, letters L and R that lead down from the root, and its mode; the node "
+      "under the mouse; whether the selection can be dragged and was clicked, two digits, and a "
+      "third while a drag runs; the editor, with its node, text, selection and place; the scroll "
+      "bars (which are on, position, end and page of both) and the size of the window inside of "
+      "them; the number of undo steps and of changes that were told; the answer to a drag.",
+      g_aEditExamples, RunEdit },
 };
 
 constexpr CManualSection s_aSections[] = {

@@ -22,6 +22,10 @@ enum EOption
     OPT_JOBS,
     OPT_FML,
     OPT_JSON,
+    OPT_SCRIPT,
+    OPT_STORE,
+    OPT_SIZE,
+    OPT_READ_ONLY,
     OPT_HELP,
     OPT_COUNT
 };
@@ -108,6 +112,7 @@ int RunCalc(const CArguments& arguments);
 int RunComment(const CArguments& arguments);
 int RunInspect(const CArguments& arguments);
 int RunFonts(const CArguments& arguments);
+int RunEdit(const CArguments& arguments);
 
 // What layout does with --fml.
 int LayOutStored(const CArguments& arguments);

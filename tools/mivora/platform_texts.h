@@ -13,3 +13,4 @@ extern const CExample g_aRenderExamples[3];
 extern const CExample g_aBatchExamples[2];
 extern const CExample g_aTreeExamples[3];
 extern const CExample g_aInspectExamples[2];
+extern const CExample g_aEditExamples[2];

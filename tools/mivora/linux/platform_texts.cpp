@@ -31,3 +31,8 @@ const CExample g_aInspectExamples[] = {
     { "mivora render 'a/b' -o half.fml && mivora inspect half.fml", "store, and look into it" },
     { "mivora inspect half.fml -o half.svg", "draw the stored tree" },
 };
+const CExample g_aEditExamples[] = {
+    { "printf 'double 5 5\\nkey 46\\n' | mivora edit 'a/b' --script - -o new.fml",
+      "replace a part by a placeholder, and store the result" },
+    { "mivora edit --fml half.fml --script gestures.txt --size 400x300", "a stored formula" },
+};

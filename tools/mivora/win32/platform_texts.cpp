@@ -29,3 +29,8 @@ const CExample g_aInspectExamples[] = {
     { "mivora render \"a/b\" -o half.fml && mivora inspect half.fml", "store, and look into it" },
     { "mivora inspect half.fml -o half.png", "draw the stored tree" },
 };
+const CExample g_aEditExamples[] = {
+    { "mivora edit \"a/b\" --script gestures.txt -o new.fml",
+      "play a file of gestures, and store the result" },
+    { "mivora edit --fml half.fml --script gestures.txt --size 400x300", "a stored formula" },
+};
