@@ -1,0 +1,54 @@
+// A formula control in the window in memory, driven by scripts in which places can be named.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "control/memory/scripted_memory_window.h"
+#include "service/formula_out.h"
+
+// Fields of a state line.
+enum EField
+{
+    TREE,
+    SELECTION,
+    HOVER,
+    DRAG,
+    EDITOR,
+    BARS,
+    COUNTS,
+    ANSWER
+};
+
+class CControlDriver
+{
+public:
+    // Null: a tree without a root.
+    explicit CControlDriver(const char* pszText, CSize size = CSize(300, 200),
+                            UINT nWheelLines = DEFAULT_WHEEL_LINES);
+
+    // Plays the events of a script, which line breaks or semicolons part, and gives the states:
+    // that at the beginning and one for each event. A word @PATH stands for the two coordinates of
+    // the middle of a node's own part, where it is at that moment.
+    std::vector<std::string> Play(const std::string& strScript);
+
+    // One field of the last state.
+    std::string Last(const std::string& strScript, EField nField);
+
+    CFormulaControl& Control() { return m_Window.GetControl(); }
+    CBinTree& Tree() { return m_Formula.m_Tree; }
+    CNode* NodeAt(std::string_view strPath);
+
+    CFormulaOut m_Formula;
+    CMemoryClipboard m_Clipboard;
+    CMemoryWindow m_Window;
+    CScriptedMemoryWindow m_Scripted;
+
+private:
+    std::string WithPlaces(const std::string& strLine);
+};
+
+std::string FieldOf(const std::string& strState, EField nField);
+
+// Empty, or what is wrong with tree, selection, hover, editor or frames.
+std::string BrokenRule(CControlDriver& driver);
