@@ -18,6 +18,10 @@ CFormulaControl::CFormulaControl(CControlWindow& window, UINT nWheelLines)
       m_bClickedSelected(FALSE),
       m_pHoverNode(nullptr),
       m_Window(window),
+      m_nRecalcDepth(0),
+      m_bRecalcStopped(false),
+      m_bSwitched(false),
+      m_nRestless(0),
       m_pDragged(nullptr)
 {
 }
@@ -45,7 +49,10 @@ void CFormulaControl::SetReadOnly(BOOL bReadOnly)
 // unfinished picture is ever seen.
 void CFormulaControl::OnPaint(CDC* pDC)
 {
-    m_rcMeasured = m_pTree != nullptr ? m_pTree->MeasureTree(pDC) : CRect();
+    const CRect measured = m_pTree != nullptr ? m_pTree->MeasureTree(pDC) : CRect();
+    if (!(measured == m_rcMeasured))
+        m_nRestless = 0;
+    m_rcMeasured = measured;
     const CRect client = m_Window.GetClientRect();
     CRect area;
     area.UnionRect(&client, &m_rcMeasured);

@@ -117,6 +117,7 @@ private:
     struct CSelectionKey;
     struct CControlKey;
 
+    void DecideBars();
     void Scroll(int nBar, UINT nCode, int nMax, int nPage);
     void PaintFormula(CDC* pDC, const CRect& area, const CRect& client);
 
@@ -146,5 +147,9 @@ private:
     bool PasteArchive(CNode* pTarget, HGLOBAL hData);
 
     CControlWindow& m_Window;
-    CNode* m_pDragged;  // while a drag of our own runs: its top, not owned
+    int m_nRecalcDepth;     // calls of RecalcScrollBars within each other
+    bool m_bRecalcStopped;  // they have become too many: those within return at once
+    bool m_bSwitched;       // there was one within another: a bar was switched
+    int m_nRestless;        // decisions in a row that switched a bar, for one size and formula
+    CNode* m_pDragged;      // while a drag of our own runs: its top, not owned
 };

@@ -10,6 +10,11 @@ namespace
 
 constexpr int LINE_STEP = 10;  // pixels
 
+// Decisions about the bars that come to an end need at most 9 calls within each other, and 2 in a
+// row.
+constexpr int RECALC_DEPTH = 32;
+constexpr int RESTLESS_LIMIT = 8;
+
 constexpr int s_anBars[] = { SB_HORZ, SB_VERT };
 
 constexpr int BarBit(int nBar)
@@ -37,6 +42,8 @@ void CFormulaControl::OnSize()
     if (!m_Window.IsWindow())
         return;
     m_Window.Default();
+    if (m_nRecalcDepth == 0)
+        m_nRestless = 0;
     RecalcScrollBars();
 }
 
@@ -53,12 +60,32 @@ void CFormulaControl::ShowBar(int nBar, BOOL bShow)
     }
 }
 
-// One pass: the vertical bar's room is taken before the widths are compared, and a vertical bar
-// that only the horizontal one makes necessary finds no room kept for it.
+// A bar that is switched changes the client area: the size message decides anew within the
+// decision, and the paint that follows decides again. As a bar counts one pixel more than it takes,
+// some sizes need bars only while they are on, and would be decided about for ever: that is cut
+// off.
 void CFormulaControl::RecalcScrollBars()
 {
-    if (!m_Window.IsWindow())
+    if (!m_Window.IsWindow() || m_bRecalcStopped || m_nRestless >= RESTLESS_LIMIT)
         return;
+    const bool bOutermost = m_nRecalcDepth == 0;
+    m_bSwitched = !bOutermost;
+    m_bRecalcStopped = m_nRecalcDepth >= RECALC_DEPTH;
+    if (m_bRecalcStopped)
+        return;
+    m_nRecalcDepth++;
+    DecideBars();
+    m_nRecalcDepth--;
+    if (!bOutermost)
+        return;
+    m_bRecalcStopped = false;
+    m_nRestless = m_bSwitched ? m_nRestless + 1 : 0;
+}
+
+// One pass: the vertical bar's room is taken before the widths are compared, and a vertical bar
+// that only the horizontal one makes necessary finds no room kept for it.
+void CFormulaControl::DecideBars()
+{
     CRect space = m_Window.GetClientRect();
     if (space.left == space.right || space.top == space.bottom)
         return;

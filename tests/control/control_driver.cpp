@@ -6,6 +6,7 @@
 
 #include "control/in_place_edit.h"
 #include "control/memory/memory_edit_box.h"
+#include "format/tree_format.h"
 #include "nodes/node.h"
 #include "service/form_tree.h"
 
@@ -77,6 +78,12 @@ std::vector<std::string> CControlDriver::Play(const std::string& strScript)
 std::string CControlDriver::Last(const std::string& strScript, EField nField)
 {
     return FieldOf(Play(strScript).back(), nField);
+}
+
+void CBoxedPlaceholders::Negate()
+{
+    for (int& nSize : g_DefaultFormat.m_nSizes)
+        nSize = -nSize;
 }
 
 std::string FieldOf(const std::string& strState, EField nField)

@@ -48,6 +48,18 @@ private:
     std::string WithPlaces(const std::string& strLine);
 };
 
+// Placeholders with an area while it lives: those of the default sizes are drawn beside their
+// place, where no mouse finds them.
+class CBoxedPlaceholders
+{
+public:
+    CBoxedPlaceholders() { Negate(); }
+    ~CBoxedPlaceholders() { Negate(); }
+
+private:
+    static void Negate();
+};
+
 std::string FieldOf(const std::string& strState, EField nField);
 
 // Empty, or what is wrong with tree, selection, hover, editor or frames.

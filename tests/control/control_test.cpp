@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "control/control_driver.h"
-#include "format/tree_format.h"
 #include "nodes/node.h"
 
 namespace
@@ -192,8 +191,7 @@ constexpr CGestureCase s_aTransfer[] = {
       TREE, A_PLUS(PLACE) },
 };
 
-// With sizes that give placeholders an area: those of the default table are drawn beside their
-// place, where no mouse finds them.
+// With placeholders that have an area.
 constexpr CGestureCase s_aDrops[] = {
     { "the mouse finds a placeholder", "a+b", HOLE "press @L;press @LL", SELECTION, "/LL:1" },
     { "entering with our data", "a+b", "press @LR;copy;" HOLE "enter @LL", ANSWER, "0" },
@@ -262,21 +260,6 @@ void PrintTo(const CGestureCase& one, std::ostream* pStream)
 {
     *pStream << one.pszName;
 }
-
-// Sizes that are not negative.
-class CBoxedPlaceholders
-{
-public:
-    CBoxedPlaceholders() { Negate(); }
-    ~CBoxedPlaceholders() { Negate(); }
-
-private:
-    static void Negate()
-    {
-        for (int& nSize : g_DefaultFormat.m_nSizes)
-            nSize = -nSize;
-    }
-};
 
 class CDrops : public testing::TestWithParam<CGestureCase>
 {

@@ -13,10 +13,6 @@ namespace
 
 constexpr CBarMetrics s_Metrics = { 17, 17, 1, 1 };
 
-// Some sizes make a bar necessary only while it is on, and a paint that switches it brings the
-// next one. A real window flickers then; here it stops after this many paints.
-constexpr int SETTLE_PAINTS = 64;
-
 std::vector<BYTE> BytesOf(HGLOBAL hData)
 {
     const auto* pBytes = static_cast<const BYTE*>(GlobalLock(hData));
@@ -199,7 +195,7 @@ void CMemoryWindow::Repaint()
 
 void CMemoryWindow::Settle()
 {
-    for (int nPaints = 0; nPaints < SETTLE_PAINTS && (m_bInvalid || !m_posted.empty()); nPaints++)
+    while (m_bInvalid || !m_posted.empty())
     {
         while (!m_posted.empty())
         {

@@ -1,0 +1,175 @@
+// What hosts do to a control at awkward moments, and what other programs put on the clipboard.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "control/control_driver.h"
+#include "control/in_place_edit.h"
+#include "control/memory/memory_edit_box.h"
+#include "nodes/node.h"
+
+namespace
+{
+
+constexpr const char* s_pszEdited = "press @LL;key 88;char 89";  // a+b becomes XY+b, still open
+
+TEST(Hosts, AnotherTreeEndsTheEdit)
+{
+    CControlDriver driver("a+b");
+    driver.Play(s_pszEdited);
+    CBinTree other;
+    driver.Control().SetTree(&other);
+    EXPECT_EQ(driver.NodeAt("LL")->GetSymbol(), "XY");
+    EXPECT_EQ(driver.NodeAt("LL")->GetFlags() & NF_HIDDEN, 0U);
+    EXPECT_EQ(driver.m_Window.GetBox(), nullptr);
+    EXPECT_EQ(driver.m_Window.GetChangeCount(), 1);
+    driver.Control().SetTree(&driver.Tree());
+}
+
+TEST(Hosts, AControlGoesWithItsEditorOpen)
+{
+    CFormulaOut formula;
+    CMemoryClipboard clipboard;
+    {
+        CControlDriver driver("a+b");
+        driver.Play(s_pszEdited);
+    }
+    CMemoryWindow window(clipboard, CSize(100, 100));  // a tree that dies before the window
+    {
+        CControlDriver driver("a+b");
+        window.GetControl().SetTree(&driver.Tree());
+        window.Start();
+        driver.Tree().SetSelection(driver.NodeAt("LL"), 1);
+        window.SendKeyDown({ 'X', false, false });
+        ASSERT_NE(window.GetBox(), nullptr);
+    }
+}
+
+TEST(Hosts, AHandlerChangesTheTree)
+{
+    // Deletes what is selected, from within the message that tells of an end or a deletion.
+    for (const char* pszScript : { "press @LL;key 88;char 13", "press @LL;key 46", s_pszEdited })
+    {
+        CControlDriver driver("a+b");
+        driver.m_Window.m_pfnNotify = [&](int)
+        {
+            driver.Control().DeleteSelection();
+        };
+        driver.Play(pszScript);
+        driver.m_Window.Blur();
+        EXPECT_EQ(driver.NodeAt("LL")->GetTypeName(), "NT_PLACEHOLDER") << pszScript;
+        EXPECT_EQ(BrokenRule(driver), "") << pszScript;
+    }
+    CControlDriver driver("a+b");
+    driver.m_Window.m_pfnNotify = [&](int)
+    {
+        driver.Control().SetTree(nullptr);
+    };
+    driver.Play(s_pszEdited);
+    driver.m_Window.Blur();
+    EXPECT_EQ(driver.NodeAt("LL")->GetSymbol(), "XY");
+    driver.m_Window.Settle();
+    driver.Control().SetTree(&driver.Tree());
+}
+
+TEST(Hosts, ATreeThatChangesDuringADrag)
+{
+    CControlDriver driver("a+b");
+    driver.Play("press @LL");
+    driver.m_Window.m_pfnDrag = [&](CTransferData&)
+    {
+        driver.Tree().ReplaceByNewNode(driver.NodeAt("L"), "NT_PLACEHOLDER");
+        return DROPEFFECT_MOVE;
+    };
+    driver.Control().OnMouseMove(MK_LBUTTON, CPoint(30, 10));
+    EXPECT_EQ(driver.Tree().GetSelection(), nullptr);
+    EXPECT_EQ(driver.NodeAt("L")->GetTypeName(), "NT_PLACEHOLDER");
+}
+
+TEST(Hosts, AHoveredNodeThatIsGone)
+{
+    CControlDriver driver("a+b");
+    driver.Play("move @LL");
+    driver.Tree().ReplaceByNewNode(driver.NodeAt("L"), "NT_NUMBER");
+    driver.Control().OnMouseMove(0, CPoint(200, 100));
+    EXPECT_EQ(driver.Control().m_pHoverNode, driver.Tree().GetRootNode());
+}
+
+TEST(Hosts, WithoutATree)
+{
+    CControlDriver driver("a+b");
+    driver.Play("press @LL;move @LR");
+    CFormulaControl& control = driver.Control();
+    control.SetTree(nullptr);
+    for (const char* pszEvent : { "move 3 3 left", "press 3 3", "release 3 3", "double 3 3",
+                                  "key 65", "key 46", "key 86 ctrl", "all", "cut", "copy", "paste",
+                                  "delete", "wheel 120", "size 20 20", "paint" })
+    {
+        driver.m_Scripted.Send(*ParseScriptEvent(pszEvent));
+        driver.m_Window.Settle();
+    }
+    EXPECT_EQ(driver.m_Scripted.DragOver(0, CPoint(3, 3)), DROPEFFECT_NONE);
+    EXPECT_EQ(driver.m_Scripted.DragEnter(0, CPoint(3, 3)), DROPEFFECT_NONE);
+    EXPECT_FALSE(driver.m_Scripted.Drop(DROPEFFECT_MOVE, CPoint(3, 3)));
+    EXPECT_EQ(control.GetMeasuredRect(), CRect());
+    control.SetTree(&driver.Tree());
+}
+
+TEST(Hosts, APlaceholderThatIsTheRoot)
+{
+    const CBoxedPlaceholders boxed;
+    CControlDriver driver(nullptr);
+    driver.Tree().CreateRootNode("NT_PLACEHOLDER");
+    driver.m_Clipboard.Set({ 1, 2, 3 });
+    EXPECT_EQ(driver.Last("all;paste;key 65;key 86 ctrl;over 3 3;drop 3 3", ANSWER), "FALSE");
+    EXPECT_EQ(driver.Last("delete;key 46;cut", TREE), "(PLACEHOLDER \"\" - -)");
+    EXPECT_EQ(BrokenRule(driver), "");
+}
+
+// The block begins as the archive of a tree does, and is exactly as long.
+TEST(Hosts, TheClipboardHoldsTheArchiveOfATree)
+{
+    CControlDriver driver("a/b+c");
+    driver.Play("press @LL;copy");
+    constexpr char achHead[] =
+        "\0\0\0\0\0\0\0\0\x32\0\0\0\x14\0\0\0"  // the rectangle of a new tree
+        "\0"                                    // no name
+        "\x0BNT_DIVISION";
+    const std::vector<BYTE>* pBytes = driver.m_Clipboard.Get();
+    ASSERT_NE(pBytes, nullptr);
+    ASSERT_GT(pBytes->size(), sizeof achHead);
+    EXPECT_EQ(std::memcmp(pBytes->data(), achHead, sizeof achHead - 1), 0);
+    CControlDriver again("c+d");
+    again.m_Clipboard.Set(*pBytes);
+    again.Play("press @LL;key 46;paste;all;key 37;key 37;copy");
+    EXPECT_EQ(again.m_Clipboard.Get()->size(), pBytes->size());
+}
+
+TEST(Hosts, DamagedDataLeaveTheTree)
+{
+    CControlDriver driver("a/b+sqr(c)");
+    driver.Play("press @LL;copy");
+    const std::vector<BYTE> whole = *driver.m_Clipboard.Get();
+    const std::string strTree = driver.Last("all;key 37;key 39;key 46", TREE);
+    for (size_t nLength = 0; nLength < whole.size(); nLength++)
+    {
+        driver.m_Clipboard.Set({ whole.begin(), whole.begin() + static_cast<long>(nLength) });
+        ASSERT_EQ(driver.Last("all;key 37;key 39;paste", TREE), strTree) << nLength;
+        ASSERT_EQ(driver.Tree().GetSelection(), nullptr) << nLength;
+    }
+    driver.m_Clipboard.Set(whole);
+    EXPECT_NE(driver.Last("all;key 37;key 39;paste", TREE), strTree);
+}
+
+TEST(Hosts, WhatChangesNothingPaintsNothing)
+{
+    CControlDriver driver("a+b");
+    driver.Play("press @LL;release @LL");
+    const int nPaints = driver.m_Window.GetPaintCount();
+    driver.Play(
+        "move @LL;move @LR;move @LR;press @LL;key 40;key 37;key 90 ctrl;key 13;char 65;"
+        "copy;wheel 10;vscroll 8;hscroll 6;blur;size 300 200;enter 5 5;leave");
+    EXPECT_EQ(driver.m_Window.GetPaintCount(), nPaints);
+}
+
+}  // namespace
