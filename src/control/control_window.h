@@ -20,8 +20,9 @@ class CTransferSource
 public:
     virtual ~CTransferSource() = default;
 
-    // Hands the source to the clipboard, which keeps the data when this object is gone.
-    virtual void SetClipboard() = 0;
+    // Hands the data to the clipboard, which keeps them when this object is gone. False: it cannot
+    // be had at present.
+    virtual bool SetClipboard() = 0;
 
     // Runs a drag to its end; dwEffects are those that are allowed. Gives the one that came about.
     virtual DROPEFFECT DoDragDrop(DROPEFFECT dwEffects) = 0;
@@ -57,8 +58,8 @@ public:
     virtual bool IsWindow() const = 0;
     virtual CRect GetClientRect() const = 0;
     virtual CBarMetrics GetBarMetrics() const = 0;
-    // What the system itself does with the event that is being handled.
-    virtual void Default() = 0;
+    // What the system itself does with the event that is being handled, and its answer.
+    virtual LRESULT Default() = 0;
     virtual void SetFocus() = 0;
 
     // The whole window is to be painted, soon or at once.

@@ -87,7 +87,7 @@ public:
     void OnSize();
     void OnHScroll(UINT nCode);
     void OnVScroll(UINT nCode);
-    void OnMouseWheel(short zDelta);
+    LRESULT OnMouseWheel(short zDelta);
     // nFlags: MK_...
     void OnMouseMove(UINT nFlags, CPoint point);
     void OnLButtonDown(CPoint point);

@@ -204,7 +204,7 @@ void CFormulaControl::OnVScroll(UINT nCode)
 }
 
 // The product wraps as 32-bit arithmetic does; what is less than a notch moves nothing.
-void CFormulaControl::OnMouseWheel(short zDelta)
+LRESULT CFormulaControl::OnMouseWheel(short zDelta)
 {
     const bool bPages = m_nWheelLines == WHEEL_PAGESCROLL;
     const UINT nLines = bPages ? 1 : m_nWheelLines;
@@ -213,5 +213,5 @@ void CFormulaControl::OnMouseWheel(short zDelta)
     const UINT nDown = bPages ? SB_PAGEDOWN : SB_LINEDOWN;
     for (int i = 0; i != nSteps; i += nSteps > 0 ? 1 : -1)
         m_Window.PostVScroll(nSteps > 0 ? nUp : nDown);
-    m_Window.Default();
+    return m_Window.Default();
 }

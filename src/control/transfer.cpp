@@ -169,9 +169,8 @@ void CFormulaControl::Cut()
         return;
     EndEditorBelow(m_pTree->GetSelection());
     const auto pSource = CreateDataSource();
-    if (pSource == nullptr)
+    if (pSource == nullptr || !pSource->SetClipboard())
         return;
-    pSource->SetClipboard();
     DeleteSelection();
     m_pTree->CheckPoint();
 }

@@ -58,7 +58,11 @@ public:
     {
     }
 
-    void SetClipboard() override { m_Clipboard.Set(m_bytes); }
+    bool SetClipboard() override
+    {
+        m_Clipboard.Set(m_bytes);
+        return true;
+    }
 
     DROPEFFECT DoDragDrop(DROPEFFECT dwEffects) override
     {

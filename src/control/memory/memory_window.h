@@ -76,7 +76,7 @@ public:
 private:
     bool IsWindow() const override { return true; }
     CBarMetrics GetBarMetrics() const override;
-    void Default() override {}
+    LRESULT Default() override { return 0; }
     void SetFocus() override { FocusBox(nullptr); }
     void PaintNow() override;
     std::unique_ptr<CDC> GetClientDC() override;

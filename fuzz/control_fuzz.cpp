@@ -1,0 +1,71 @@
+// A formula and a script for the control: the first line is a byte of choices and the text, each
+// further one a gesture. What must hold is checked after every event.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "control/control_driver.h"
+#include "quiet_host.h"
+
+namespace
+{
+constexpr size_t MAX_TEXT = 300;
+constexpr int MAX_EVENTS = 200;
+constexpr int MAX_SIDE = 400;  // larger windows are the same, and slower
+
+std::string_view TakeLine(std::string_view& strLines)
+{
+    const size_t nEnd = std::min(strLines.find('\n'), strLines.size());
+    const std::string_view strLine = strLines.substr(0, nEnd);
+    strLines.remove_prefix(std::min(nEnd + 1, strLines.size()));
+    return strLine;
+}
+
+std::optional<CScriptEvent> NextEvent(std::string_view& strLines)
+{
+    while (!strLines.empty())
+    {
+        const auto event = ParseScriptEvent(TakeLine(strLines));
+        if (event && (event->nType != EVENT_SIZE ||
+                      (event->nFirst <= MAX_SIDE && event->nSecond <= MAX_SIDE)))
+            return event;
+    }
+    return std::nullopt;
+}
+
+void Play(const std::string& strText, std::string_view strScript)
+{
+    CControlDriver driver(strText.c_str());
+    int nEvents = 0;
+    CScriptPlayer(
+        driver.m_Scripted,
+        [&]() -> std::optional<CScriptEvent>
+        { return nEvents++ < MAX_EVENTS ? NextEvent(strScript) : std::nullopt; },
+        [&](const std::string& strState)
+        {
+            const std::string strBroken = BrokenRule(driver);
+            if (strBroken.empty())
+                return;
+            std::fprintf(stderr, "%s\n%s\n", strBroken.c_str(), strState.c_str());
+            std::abort();
+        })
+        .Play();
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
+{
+    BeQuiet();
+    std::string_view strLines(reinterpret_cast<const char*>(pData), nSize);
+    std::string_view strHead = TakeLine(strLines);
+    if (strHead.empty() || strHead.size() > MAX_TEXT)
+        return 0;
+    std::optional<CBoxedPlaceholders> boxed;
+    if (strHead[0] & 1)
+        boxed.emplace();
+    Play(std::string(strHead.substr(1)), strLines);
+    return 0;
+}
