@@ -4,6 +4,9 @@
 
 #include <cstring>
 
+#include "platform/win/menu.h"
+#include "platform/win/window.h"
+
 namespace
 {
 constexpr int s_nSide = 100;
@@ -100,5 +103,31 @@ TEST_F(MIVORA_HOST_SUITE, MetricsAreTheSameByMemberAndFunction)
     EXPECT_EQ(ours.tmAscent, theirs.tmAscent);
     EXPECT_EQ(ours.tmAveCharWidth, theirs.tmAveCharWidth);
     EXPECT_GT(ours.tmHeight, 30);
+}
+
+TEST_F(MIVORA_HOST_SUITE, WindowsAndMenusAreTheSameByMemberAndFunction)
+{
+    TCHAR szText[20];
+    CString strText;
+    CWnd window;
+    ASSERT_TRUE(window.CreateEx(0, "STATIC", "", 0, CRect(0, 0, 50, 20), nullptr, 0));
+    window.SetWindowText("Ab");
+    EXPECT_EQ(::GetWindowText(window, szText, 20), 2);
+    EXPECT_EQ(szText[1], TEXT('b'));
+    EXPECT_EQ(::GetWindowTextLength(window), 2);
+    ::SetWindowText(window, TEXT("Cde"));
+    window.GetWindowText(strText);
+    EXPECT_STREQ(strText, "Cde");
+    EXPECT_EQ(::SendMessage(window, WM_GETTEXTLENGTH, 0, 0), window.SendMessage(WM_GETTEXTLENGTH));
+    WNDPROC pfnDefault = ::DefWindowProc;
+    EXPECT_EQ(pfnDefault(window, WM_NULL, 0, 0), 0);
+
+    CMenu menu;
+    ASSERT_TRUE(menu.CreatePopupMenu());
+    ASSERT_TRUE(menu.AppendMenu(MF_STRING, 5, "Fg"));
+    EXPECT_EQ(::GetMenuString(menu, 5, szText, 20, MF_BYCOMMAND), 2);
+    ASSERT_TRUE(::ModifyMenu(menu, 5, MF_BYCOMMAND, 6, TEXT("Hij")));
+    EXPECT_EQ(menu.GetMenuString(6, strText, MF_BYCOMMAND), 3);
+    EXPECT_STREQ(strText, "Hij");
 }
 }  // namespace
