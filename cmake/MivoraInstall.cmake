@@ -12,7 +12,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
 if(WIN32)
     set(other_system PATTERN "cairo_dc.h" EXCLUDE)
 else()
-    set(other_system PATTERN "windows_names.h" EXCLUDE)
+    set(other_system PATTERN "windows_names.h" EXCLUDE PATTERN "platform/win" EXCLUDE)
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora
         FILES_MATCHING PATTERN "*.h"

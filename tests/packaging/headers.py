@@ -8,7 +8,10 @@ import subprocess
 OF_THE_SYSTEM = {"types.h", "gdi.h", "windows_names.h"}
 # Names that the system's headers define anew by UNICODE, and that are kept for ours all the same:
 # these become functions again, so that either side can use them.
-KEPT = {"CreateFontIndirect", "DrawText", "ExtTextOut", "GetObject", "GetTextMetrics", "TextOut"}
+KEPT = {"AppendMenu", "CreateFontIndirect", "DefWindowProc", "DrawText", "ExtTextOut",
+        "GetMenuString", "GetObject", "GetTextMetrics", "GetWindowText", "GetWindowTextLength",
+        "InsertMenu", "IsDialogMessage", "LoadMenu", "MessageBox", "ModifyMenu", "PostMessage",
+        "SendMessage", "SetWindowText", "TextOut"}
 
 
 def compiler_words(include, compiler, windows):

@@ -1,10 +1,9 @@
-// CObject, run-time classes and the root of the message maps.
+// CObject and run-time classes.
 #include "platform/base/object.h"
 
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/base/cmd_target.h"
 #include "platform/base/cstring.h"
 
 namespace
@@ -111,18 +110,4 @@ CObject* AfxDynamicDownCast(const CRuntimeClass* pClass, const CObject* pObject)
 {
     return pObject != nullptr && pObject->IsKindOf(pClass) ? const_cast<CObject*>(pObject)
                                                            : nullptr;
-}
-
-IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
-
-const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
-{
-    return GetThisMessageMap();
-}
-
-const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
-{
-    static const AFX_MSGMAP_ENTRY s_aEntries[] = { { 0, 0, 0, 0, 0, nullptr } };
-    static const AFX_MSGMAP s_map = { nullptr, s_aEntries };
-    return &s_map;
 }

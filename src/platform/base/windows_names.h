@@ -12,11 +12,27 @@
 #define MIVORA_BY_CHARACTER(name) name##A
 #endif
 
+#ifdef AppendMenu
+#undef AppendMenu
+static inline BOOL AppendMenu(HMENU hMenu, UINT nFlags, UINT_PTR nItem, LPCTSTR pszText)
+{
+    return MIVORA_BY_CHARACTER(AppendMenu)(hMenu, nFlags, nItem, pszText);
+}
+#endif
+
 #ifdef CreateFontIndirect
 #undef CreateFontIndirect
 static inline HFONT CreateFontIndirect(const LOGFONT* pFont)
 {
     return MIVORA_BY_CHARACTER(CreateFontIndirect)(pFont);
+}
+#endif
+
+#ifdef DefWindowProc
+#undef DefWindowProc
+static inline LRESULT CALLBACK DefWindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    return MIVORA_BY_CHARACTER(DefWindowProc)(hWnd, nMessage, wParam, lParam);
 }
 #endif
 
@@ -37,6 +53,14 @@ static inline BOOL ExtTextOut(HDC hDC, int x, int y, UINT nOptions, const RECT* 
 }
 #endif
 
+#ifdef GetMenuString
+#undef GetMenuString
+static inline int GetMenuString(HMENU hMenu, UINT nItem, LPTSTR pszText, int nMost, UINT nFlags)
+{
+    return MIVORA_BY_CHARACTER(GetMenuString)(hMenu, nItem, pszText, nMost, nFlags);
+}
+#endif
+
 #ifdef GetObject
 #undef GetObject
 static inline int GetObject(HANDLE hObject, int cbBuffer, LPVOID pBuffer)
@@ -50,6 +74,88 @@ static inline int GetObject(HANDLE hObject, int cbBuffer, LPVOID pBuffer)
 static inline BOOL GetTextMetrics(HDC hDC, LPTEXTMETRIC pMetrics)
 {
     return MIVORA_BY_CHARACTER(GetTextMetrics)(hDC, pMetrics);
+}
+#endif
+
+#ifdef GetWindowText
+#undef GetWindowText
+static inline int GetWindowText(HWND hWnd, LPTSTR pszText, int nMost)
+{
+    return MIVORA_BY_CHARACTER(GetWindowText)(hWnd, pszText, nMost);
+}
+#endif
+
+#ifdef GetWindowTextLength
+#undef GetWindowTextLength
+static inline int GetWindowTextLength(HWND hWnd)
+{
+    return MIVORA_BY_CHARACTER(GetWindowTextLength)(hWnd);
+}
+#endif
+
+#ifdef InsertMenu
+#undef InsertMenu
+static inline BOOL InsertMenu(HMENU hMenu, UINT nPosition, UINT nFlags, UINT_PTR nItem,
+                              LPCTSTR pszText)
+{
+    return MIVORA_BY_CHARACTER(InsertMenu)(hMenu, nPosition, nFlags, nItem, pszText);
+}
+#endif
+
+#ifdef IsDialogMessage
+#undef IsDialogMessage
+static inline BOOL IsDialogMessage(HWND hDialog, LPMSG pMsg)
+{
+    return MIVORA_BY_CHARACTER(IsDialogMessage)(hDialog, pMsg);
+}
+#endif
+
+#ifdef LoadMenu
+#undef LoadMenu
+static inline HMENU LoadMenu(HINSTANCE hInstance, LPCTSTR pszName)
+{
+    return MIVORA_BY_CHARACTER(LoadMenu)(hInstance, pszName);
+}
+#endif
+
+#ifdef MessageBox
+#undef MessageBox
+static inline int MessageBox(HWND hWnd, LPCTSTR pszText, LPCTSTR pszCaption, UINT nType)
+{
+    return MIVORA_BY_CHARACTER(MessageBox)(hWnd, pszText, pszCaption, nType);
+}
+#endif
+
+#ifdef ModifyMenu
+#undef ModifyMenu
+static inline BOOL ModifyMenu(HMENU hMenu, UINT nPosition, UINT nFlags, UINT_PTR nItem,
+                              LPCTSTR pszText)
+{
+    return MIVORA_BY_CHARACTER(ModifyMenu)(hMenu, nPosition, nFlags, nItem, pszText);
+}
+#endif
+
+#ifdef PostMessage
+#undef PostMessage
+static inline BOOL PostMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    return MIVORA_BY_CHARACTER(PostMessage)(hWnd, nMessage, wParam, lParam);
+}
+#endif
+
+#ifdef SendMessage
+#undef SendMessage
+static inline LRESULT SendMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    return MIVORA_BY_CHARACTER(SendMessage)(hWnd, nMessage, wParam, lParam);
+}
+#endif
+
+#ifdef SetWindowText
+#undef SetWindowText
+static inline BOOL SetWindowText(HWND hWnd, LPCTSTR pszText)
+{
+    return MIVORA_BY_CHARACTER(SetWindowText)(hWnd, pszText);
 }
 #endif
 

@@ -1,0 +1,90 @@
+// Modules, and the window classes in them.
+#include "platform/win/module.h"
+
+#include "platform/base/cstring.h"
+#include "platform/base/exception.h"
+
+#include <vector>
+
+namespace
+{
+constinit HINSTANCE g_hResources = nullptr;
+
+std::vector<HINSTANCE>& FurtherModules()
+{
+    static auto& s_modules = *new std::vector<HINSTANCE>;
+    return s_modules;
+}
+}  // namespace
+
+HINSTANCE AfxGetInstanceHandle()
+{
+    static const HINSTANCE s_hInstance = []
+    {
+        HMODULE hModule = nullptr;
+        ::GetModuleHandleExA(
+            GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+            reinterpret_cast<LPCSTR>(&AfxGetInstanceHandle), &hModule);
+        return hModule;
+    }();
+    return s_hInstance;
+}
+
+HINSTANCE AfxGetResourceHandle()
+{
+    return g_hResources != nullptr ? g_hResources : ::GetModuleHandleA(nullptr);
+}
+
+void AfxSetResourceHandle(HINSTANCE hInstance)
+{
+    g_hResources = hInstance;
+}
+
+void AfxAddResourceModule(HINSTANCE hInstance)
+{
+    FurtherModules().push_back(hInstance);
+}
+
+HINSTANCE AfxFindResourceHandle(LPCSTR pszName, LPCSTR pszType)
+{
+    const auto has = [=](HINSTANCE h)
+    {
+        return ::FindResourceA(h, pszName, pszType) != nullptr;
+    };
+    if (has(AfxGetResourceHandle()))
+        return AfxGetResourceHandle();
+    for (const HINSTANCE hModule : FurtherModules())
+        if (has(hModule))
+            return hModule;
+    return has(AfxGetInstanceHandle()) ? AfxGetInstanceHandle() : AfxGetResourceHandle();
+}
+
+BOOL AfxRegisterClass(const WNDCLASSA* pClass)
+{
+    WNDCLASSA known;
+    return ::GetClassInfoA(pClass->hInstance, pClass->lpszClassName, &known) ||
+           ::RegisterClassA(pClass) != 0;
+}
+
+LPCSTR AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor, HBRUSH hBackground, HICON hIcon)
+{
+    const auto number = [](const void* p)
+    {
+        return reinterpret_cast<UINT_PTR>(p);
+    };
+    CString strName;
+    strName.Format("Mivora:%x:%x:%x:%x", nClassStyle, number(hCursor), number(hBackground),
+                   number(hIcon));
+    strName = CString::Immortal(strName);
+    WNDCLASSA windowClass = {};
+    windowClass.style = nClassStyle;
+    windowClass.lpfnWndProc = ::DefWindowProcA;
+    windowClass.hInstance = AfxGetInstanceHandle();
+    windowClass.hIcon = hIcon;
+    windowClass.hCursor = hCursor;
+    windowClass.hbrBackground = hBackground;
+    windowClass.lpszClassName = strName;
+    if (!AfxRegisterClass(&windowClass))
+        AfxThrowResourceException();
+    return strName;
+}
