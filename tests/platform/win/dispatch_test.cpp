@@ -1,6 +1,7 @@
 // Each message to its handler, with the arguments that it carries; commands, notifications and
 // reflected ones; default processing.
 #include "platform/gdi/dc.h"
+#include "platform/win/edit.h"
 #include "platform/win/menu.h"
 #include "test_window.h"
 
@@ -284,6 +285,15 @@ ON_CONTROL_REFLECT_EX(EN_CHANGE, OnChange)
 ON_NOTIFY_REFLECT(static_cast<UINT>(-106), OnNotice)
 END_MESSAGE_MAP()
 
+class CUpdatingEdit : public CEdit
+{
+    void OnUpdate() { Log("Update"); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CUpdatingEdit, CEdit)
+ON_CONTROL_REFLECT(EN_UPDATE, OnUpdate)
+END_MESSAGE_MAP()
+
 TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
 {
     static_assert(WM_REFLECT_BASE + WM_COMMAND == 0xBD11);
@@ -329,6 +339,12 @@ TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
             << row.pszHandled;
         EXPECT_EQ(TakeLog(), row.pszHandled);
     }
+
+    CUpdatingEdit edit;
+    ASSERT_TRUE(edit.Create(0, CRect(0, 0, 50, 20), &target, ID_REFLECTED + 20));
+    edit.SetWindowText("t");
+    edit.SendMessage(WM_CHAR, 'x');
+    EXPECT_EQ(TakeLog(), "Update Update");
 
     AFX_CMDHANDLERINFO info = {};
     EXPECT_TRUE(target.OnCmdMsg(ID_PLAIN, CN_COMMAND, nullptr, &info));

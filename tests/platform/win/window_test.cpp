@@ -390,7 +390,6 @@ TEST(Exceptions, ComeOutOfTheCallThatLedToThem)
           {
               parent.SendMessageToDescendants(WM_APP);
           } },
-
         { "Default", WM_CLOSE,
           [&]
           {
