@@ -80,8 +80,11 @@ void CMenu::DeleteTempMap()
 
 CMenu* CMenu::FromItem(HWND hWnd, UINT nID)
 {
-    const HMENU hMenu = t_tracked.hWnd == hWnd ? t_tracked.hMenu : ::GetMenu(hWnd);
-    return FromHandlePermanent(FindMenuOf(hMenu, nID));
+    if (t_tracked.hWnd == hWnd)
+        return FromHandlePermanent(FindMenuOf(t_tracked.hMenu, nID));
+    // A child's "menu" is its identifier.
+    const bool bChild = (::GetWindowLongA(hWnd, GWL_STYLE) & WS_CHILD) != 0;
+    return bChild ? nullptr : FromHandlePermanent(FindMenuOf(::GetMenu(hWnd), nID));
 }
 
 BOOL CMenu::Attach(HMENU hMenu)

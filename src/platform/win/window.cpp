@@ -103,8 +103,8 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCSTR pszClassName, LPCSTR pszWindowName, 
                     const RECT& rect, CWnd* pParent, UINT nID, LPVOID pParam)
 {
     return CreateEx(dwExStyle, pszClassName, pszWindowName, dwStyle, rect.left, rect.top,
-                    rect.right - rect.left, rect.bottom - rect.top, HandleOf(pParent),
-                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(nID)), pParam);
+                    WrapSub(rect.right, rect.left), WrapSub(rect.bottom, rect.top),
+                    HandleOf(pParent), reinterpret_cast<HMENU>(static_cast<UINT_PTR>(nID)), pParam);
 }
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCSTR pszClassName, LPCSTR pszWindowName, DWORD dwStyle,

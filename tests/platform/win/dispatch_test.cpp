@@ -1,6 +1,7 @@
 // Each message to its handler, with the arguments that it carries; commands, notifications and
 // reflected ones; default processing.
 #include "platform/gdi/dc.h"
+#include "platform/win/edit.h"
 #include "platform/win/menu.h"
 #include "test_window.h"
 
@@ -206,5 +207,199 @@ TEST(Dispatch, EachMessageReachesItsHandler)
     }
     window.DestroyWindow();
     TakeLog();
+}
+
+// ---- Commands, notifications, reflection
+
+constexpr UINT ID_PLAIN = 40001;
+constexpr UINT ID_REFUSED = 40002;  // its handler leaves it to the base class
+constexpr UINT ID_GREY = 40003;
+constexpr UINT ID_RANGE = 40010;
+constexpr UINT ID_REFLECTED = 8;
+constexpr UINT ID_UNREFLECTED = 9;
+constexpr WORD NOTICE = 0xFF96;  // -106
+
+class CBaseTarget : public CWnd
+{
+protected:
+    BOOL OnBase(UINT nID)
+    {
+        Log("Base", nID);
+        return TRUE;
+    }
+    void OnUpdate() { Log("EnUpdate"); }
+    void OnNotice(NMHDR* pHeader, LRESULT* pResult)
+    {
+        Log("Notice", pHeader->idFrom, static_cast<int>(pHeader->code));
+        *pResult = 5;
+    }
+    void OnPlain() { Log("BasePlain"); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CBaseTarget, CWnd)
+ON_COMMAND_EX(ID_REFUSED, OnBase)
+ON_COMMAND(ID_PLAIN, OnPlain)
+ON_EN_UPDATE(ID_REFLECTED, OnUpdate)
+ON_EN_UPDATE(ID_UNREFLECTED, OnUpdate)
+ON_NOTIFY(static_cast<UINT>(-106), ID_REFLECTED, OnNotice)
+ON_NOTIFY(static_cast<UINT>(-106), ID_UNREFLECTED, OnNotice)
+END_MESSAGE_MAP()
+
+class CTarget : public CBaseTarget
+{
+    void OnPlain() { Log("Plain"); }
+    void OnRange(UINT nID) { Log("Range", nID); }
+    void OnGrey() { Log("Grey"); }
+    void OnUpdateGrey(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
+    void OnUpdatePlain(CCmdUI*) {}
+    void OnControls(UINT nID) { Log("Controls", nID); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CTarget, CBaseTarget)
+ON_COMMAND(ID_PLAIN, OnPlain)
+ON_COMMAND(ID_GREY, OnGrey)
+ON_COMMAND_RANGE(ID_RANGE, ID_RANGE + 5, OnRange)
+ON_UPDATE_COMMAND_UI(ID_GREY, OnUpdateGrey)
+ON_UPDATE_COMMAND_UI(ID_PLAIN, OnUpdatePlain)
+ON_CONTROL_RANGE(EN_CHANGE, ID_REFLECTED, ID_UNREFLECTED, OnControls)
+END_MESSAGE_MAP()
+
+class CReflecting : public CWnd
+{
+    void OnUpdate() { Log("ReflectedUpdate"); }
+    BOOL OnChange()
+    {
+        Log("ReflectedChange");
+        return FALSE;
+    }
+    void OnNotice(NMHDR*, LRESULT* pResult)
+    {
+        Log("ReflectedNotice");
+        *pResult = 6;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CReflecting, CWnd)
+ON_CONTROL_REFLECT(EN_UPDATE, OnUpdate)
+ON_CONTROL_REFLECT_EX(EN_CHANGE, OnChange)
+ON_NOTIFY_REFLECT(static_cast<UINT>(-106), OnNotice)
+END_MESSAGE_MAP()
+
+class CUpdatingEdit : public CEdit
+{
+    void OnUpdate() { Log("Update"); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CUpdatingEdit, CEdit)
+ON_CONTROL_REFLECT(EN_UPDATE, OnUpdate)
+END_MESSAGE_MAP()
+
+TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
+{
+    static_assert(WM_REFLECT_BASE + WM_COMMAND == 0xBD11);
+    CTestParent parent;
+    CTarget target;
+    MakeChild(target, parent);
+    CReflecting reflecting;
+    MakeChild(reflecting, target, ID_REFLECTED);
+    CWnd plain;
+    MakeChild(plain, target, ID_UNREFLECTED);
+    const auto lReflecting = reinterpret_cast<LPARAM>(reflecting.GetSafeHwnd());
+    const auto lPlain = reinterpret_cast<LPARAM>(plain.GetSafeHwnd());
+    NMHDR aHeaders[] = { { reflecting, ID_REFLECTED, static_cast<UINT>(-106) },
+                         { plain, ID_UNREFLECTED, static_cast<UINT>(-106) },
+                         { plain, ID_UNREFLECTED, static_cast<UINT>(-107) } };
+    const auto command = [](UINT nID, UINT nCode)
+    {
+        return static_cast<WPARAM>(MAKELONG(nID, nCode));
+    };
+    const auto header = [&](int n)
+    {
+        return reinterpret_cast<LPARAM>(&aHeaders[n]);
+    };
+    const CMessageCase aCases[] = {
+        { WM_COMMAND, command(ID_PLAIN, 0), 0, "Plain", 1 },
+        { WM_COMMAND, command(ID_PLAIN, 1), 0, "Plain", 1 },  // an accelerator
+        { WM_COMMAND, command(ID_GREY, 0), 0, "", 1 },        // disabled, and so done with
+        { WM_COMMAND, command(ID_REFUSED, 0), 0, "Base(40002)", 1 },
+        { WM_COMMAND, command(ID_RANGE + 5, 0), 0, "Range(40015)", 1 },
+        { WM_COMMAND, command(ID_RANGE + 6, 0), 0, "", 0 },
+        { WM_COMMAND, command(ID_REFLECTED, EN_UPDATE), lReflecting, "ReflectedUpdate", 1 },
+        { WM_COMMAND, command(ID_UNREFLECTED, EN_UPDATE), lPlain, "EnUpdate", 1 },
+        { WM_COMMAND, command(ID_REFLECTED, EN_CHANGE), lReflecting, "ReflectedChange Controls(8)",
+          1 },
+        { WM_COMMAND, command(ID_UNREFLECTED, EN_KILLFOCUS), lPlain, "", 0 },
+        { WM_NOTIFY, ID_REFLECTED, header(0), "ReflectedNotice", 6 },
+        { WM_NOTIFY, ID_UNREFLECTED, header(1), "Notice(9,-106)", 5 },
+        { WM_NOTIFY, ID_UNREFLECTED, header(2), "", 0 },
+    };
+    for (const CMessageCase& row : aCases)
+    {
+        EXPECT_EQ(target.SendMessage(row.nMessage, row.wParam, row.lParam), row.lResult)
+            << row.pszHandled;
+        EXPECT_EQ(TakeLog(), row.pszHandled);
+    }
+
+    CUpdatingEdit edit;
+    ASSERT_TRUE(edit.Create(0, CRect(0, 0, 50, 20), &target, ID_REFLECTED + 20));
+    edit.SetWindowText("t");
+    edit.SendMessage(WM_CHAR, 'x');
+    EXPECT_EQ(TakeLog(), "Update Update");
+
+    AFX_CMDHANDLERINFO info = {};
+    EXPECT_TRUE(target.OnCmdMsg(ID_PLAIN, CN_COMMAND, nullptr, &info));
+    EXPECT_EQ(info.pTarget, &target);
+    EXPECT_EQ(TakeLog(), "") << "asking for a handler calls none";
+}
+
+// ---- Default
+
+class CDefaulting : public CWnd
+{
+public:
+    int m_nTimes = 1;  // calls of Default by the handler
+    int m_nDefault = 0;
+
+private:
+    LRESULT DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
+    {
+        m_nDefault += nMessage == WM_APP || nMessage == WM_LBUTTONDOWN;
+        if (nMessage == WM_LBUTTONDOWN)
+            Log("Default", wParam, LOWORD(lParam), HIWORD(lParam));
+        return CWnd::DefWindowProc(nMessage, wParam, lParam);
+    }
+    void OnLButtonDown(UINT nFlags, CPoint point)
+    {
+        SendMessage(WM_KEYDOWN, 1, 2);  // another message meanwhile
+        point.Offset(100, 100);
+        for (int n = 0; n < m_nTimes; ++n)
+            CWnd::OnLButtonDown(nFlags + 1, point);
+    }
+    void OnKeyDown(UINT, UINT, UINT) {}
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CDefaulting, CWnd)
+ON_WM_LBUTTONDOWN()
+ON_WM_KEYDOWN()
+END_MESSAGE_MAP()
+
+TEST(Dispatch, DefaultGoesOnOnceAndWithTheMessagesOwnArguments)
+{
+    CTestParent parent;
+    CDefaulting window;
+    MakeChild(window, parent);
+    for (const int nTimes : { 0, 1, 2 })
+    {
+        window.m_nTimes = nTimes;
+        window.m_nDefault = 0;
+        window.SendMessage(WM_LBUTTONDOWN, MK_CONTROL, Words(3, 4));
+        EXPECT_EQ(window.m_nDefault, nTimes);
+        EXPECT_EQ(TakeLog(), nTimes == 0   ? ""
+                             : nTimes == 1 ? "Default(8,3,4)"
+                                           : "Default(8,3,4) Default(8,3,4)");
+    }
+    window.m_nDefault = 0;
+    window.SendMessage(WM_APP);  // no handler
+    EXPECT_EQ(window.m_nDefault, 1);
 }
 }  // namespace

@@ -1,0 +1,267 @@
+// The main window of a program, its menus and its loop.
+#include "platform/win/frame.h"
+
+#include "platform/base/exception.h"
+#include "platform/win/app_pump.h"
+#include "platform/win/cmd_ui.h"
+#include "platform/win/menu.h"
+#include "test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace
+{
+constexpr UINT ID_OF_VIEW = 0xE122;
+constexpr UINT ID_OF_FRAME = 0x8001;
+constexpr UINT ID_OF_APP = 0x8002;
+constexpr UINT ID_OF_NOBODY = 0x8003;
+constexpr UINT ID_CHECKED = 0x8004;
+constexpr UINT ID_STATUS = 0xE801;
+
+class CTestApp : public CWindowApp
+{
+public:
+    std::function<BOOL()> m_onInit;
+    std::function<void()> m_onIdle;
+
+    BOOL InitInstance() override { return m_onInit(); }
+    BOOL OnIdle(LONG lCount) override
+    {
+        const BOOL bMore = CWindowApp::OnIdle(lCount);
+        if (!bMore && m_onIdle)
+            m_onIdle();
+        return bMore;
+    }
+
+private:
+    void OnCommand() { Log("App"); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CTestApp, CWindowApp)
+ON_COMMAND(ID_OF_APP, OnCommand)
+END_MESSAGE_MAP()
+
+class CTestView : public CWnd
+{
+    void OnCommand() { Log("View"); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CTestView, CWnd)
+ON_COMMAND(ID_OF_VIEW, OnCommand)
+END_MESSAGE_MAP()
+
+// A menu whose items are drawn by itself.
+class CDrawnMenu : public CMenu
+{
+public:
+    void MeasureItem(LPMEASUREITEMSTRUCT pMeasure) override
+    {
+        Log("Measure", pMeasure->itemID);
+        pMeasure->itemWidth = 100;
+        pMeasure->itemHeight = 20;
+    }
+    void DrawItem(LPDRAWITEMSTRUCT pDraw) override
+    {
+        if (pDraw->itemAction == ODA_DRAWENTIRE)
+            Log("Draw", pDraw->itemID);
+    }
+};
+
+class CTestFrame : public CFrameWnd
+{
+public:
+    CTestView m_view;
+    CWnd m_status;
+    std::function<void()> m_onApp;
+    UINT m_nKey = VK_RETURN;  // for a menu that opens
+
+private:
+    int OnCreate(LPCREATESTRUCTA)
+    {
+        m_view.Create(nullptr, "", WS_VISIBLE, CRect(), this, AFX_IDW_PANE_FIRST);
+        m_status.Create("STATIC", "", WS_VISIBLE, CRect(), this, ID_STATUS);
+        SetActiveView(&m_view);
+        return 0;
+    }
+    void PostNcDestroy() override
+    {
+        Log("FrameGone");
+        CFrameWnd::PostNcDestroy();
+    }
+    void OnCommand() { Log("Frame"); }
+    void OnUpdateChecked(CCmdUI* pCmdUI)
+    {
+        pCmdUI->Enable();
+        pCmdUI->SetCheck();
+        pCmdUI->SetText("other text");
+    }
+    void OnUpdateStatus(CCmdUI* pCmdUI) { pCmdUI->SetText("idle"); }
+    void OnInitMenuPopup(CMenu* pPopup, UINT nIndex, BOOL bSystem)
+    {
+        CFrameWnd::OnInitMenuPopup(pPopup, nIndex, bSystem);
+        PostMessage(WM_KEYDOWN, VK_DOWN);
+        PostMessage(WM_KEYDOWN, m_nKey);
+    }
+    LRESULT OnThrow(WPARAM, LPARAM) { AfxThrowNotSupportedException(); }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
+ON_WM_CREATE()
+ON_WM_INITMENUPOPUP()
+ON_COMMAND(ID_OF_FRAME, OnCommand)
+ON_COMMAND(ID_OF_VIEW, OnCommand)
+ON_UPDATE_COMMAND_UI(ID_CHECKED, OnUpdateChecked)
+ON_UPDATE_COMMAND_UI(ID_STATUS, OnUpdateStatus)
+ON_MESSAGE(WM_APP, OnThrow)
+END_MESSAGE_MAP()
+
+class Frame : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_pFrame = new CTestFrame;
+        ASSERT_TRUE(m_pFrame->Create(nullptr, "frame"));
+        m_app.m_pMainWnd = m_pFrame;
+        m_pFrame->ShowWindow(SW_SHOW);
+        TakeLog();
+    }
+    void TearDown() override
+    {
+        if (m_app.m_pMainWnd != nullptr)
+            m_app.m_pMainWnd->DestroyWindow();
+        MSG message;
+        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+        {
+        }
+        TakeLog();
+    }
+    CTestApp m_app;
+    CTestFrame* m_pFrame = nullptr;
+};
+
+TEST_F(Frame, CommandsGoToViewFrameAndApplication)
+{
+    EXPECT_EQ(AfxGetMainWnd(), m_pFrame);
+    const struct
+    {
+        UINT nID;
+        const char* pszLog;
+    } aCases[] = { { ID_OF_VIEW, "View" },
+                   { ID_OF_FRAME, "Frame" },
+                   { ID_OF_APP, "App" },
+                   { ID_OF_NOBODY, "" } };
+    for (const auto& row : aCases)
+    {
+        m_pFrame->SendMessage(WM_COMMAND, row.nID);
+        EXPECT_EQ(TakeLog(), row.pszLog);
+    }
+    m_pFrame->m_view.DestroyWindow();  // a view that is gone is not asked
+    m_pFrame->SendMessage(WM_COMMAND, ID_OF_VIEW);
+    EXPECT_EQ(TakeLog(), "Frame");
+}
+
+TEST_F(Frame, TheViewFillsItAndHasTheFocus)
+{
+    CRect rect;
+    CRect view;
+    m_pFrame->MoveWindow(20, 20, 400, 300);
+    m_pFrame->GetClientRect(&rect);
+    m_pFrame->m_view.GetClientRect(&view);
+    EXPECT_EQ(view, rect);
+    m_pFrame->SetFocus();
+    EXPECT_EQ(CWnd::GetFocus(), &m_pFrame->m_view);
+}
+
+TEST_F(Frame, MenusShowWhatCommandsCan)
+{
+    CMenu menu;
+    ASSERT_TRUE(menu.CreatePopupMenu());
+    for (const UINT nID : { ID_OF_VIEW, ID_OF_APP, ID_OF_NOBODY, 0U, ID_CHECKED, UINT{ SC_CLOSE } })
+        menu.AppendMenu(nID == 0 ? MF_SEPARATOR : MF_STRING, nID, "text");
+    m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()), 0);
+    const UINT anStates[] = { MF_ENABLED,   MF_ENABLED, MF_GRAYED,
+                              MF_SEPARATOR, MF_CHECKED, MF_ENABLED };
+    for (UINT n = 0; n < menu.GetMenuItemCount(); ++n)
+    {
+        const UINT nState = menu.GetMenuState(n, MF_BYPOSITION);
+        const UINT nShown =
+            MF_SEPARATOR | ((nState & MF_SEPARATOR) != 0 ? 0 : MF_GRAYED | MF_CHECKED);
+        EXPECT_EQ(nState & nShown, anStates[n]) << n;
+    }
+    CString strText;
+    EXPECT_EQ(menu.GetMenuString(ID_CHECKED, strText, MF_BYCOMMAND), 10);
+    EXPECT_STREQ(strText, "other text");
+    m_pFrame->m_bAutoMenuEnable = FALSE;
+    menu.EnableMenuItem(ID_OF_NOBODY, MF_BYCOMMAND | MF_ENABLED);
+    m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()), 0);
+    EXPECT_EQ(menu.GetMenuState(ID_OF_NOBODY, MF_BYCOMMAND), UINT{ MF_ENABLED });
+}
+
+TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
+{
+    CMenu bar;
+    bar.CreateMenu();
+    CMenu popup;
+    popup.CreatePopupMenu();
+    popup.AppendMenu(MF_STRING, ID_OF_FRAME, "first");
+    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "popup");
+    const CRect exclude(100, 100, 200, 200);
+    CMenu* pSub = bar.GetSubMenu(0);
+    ASSERT_NE(pSub, nullptr);
+    EXPECT_EQ(pSub->TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, &exclude),
+              static_cast<BOOL>(ID_OF_FRAME));
+    m_pFrame->m_nKey = VK_ESCAPE;
+    EXPECT_EQ(pSub->TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame), 0);
+    m_pFrame->m_nKey = VK_RETURN;
+
+    CDrawnMenu drawn;
+    drawn.CreatePopupMenu();
+    drawn.AppendMenu(MF_OWNERDRAW, ID_OF_FRAME);
+    drawn.AppendMenu(MF_OWNERDRAW, ID_OF_APP);
+    TakeLog();
+    EXPECT_EQ(drawn.TrackPopupMenu(TPM_RETURNCMD, 10, 10, m_pFrame),
+              static_cast<BOOL>(ID_OF_FRAME));
+    EXPECT_EQ(TakeLog(), "Measure(32769) Measure(32770) Draw(32769) Draw(32770)");
+}
+
+TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)
+{
+    static int s_nMessages;
+    s_nMessages = 0;
+    AfxSetMessageBoxHandler([](const char*, unsigned, void*) { return ++s_nMessages; }, nullptr);
+    ACCEL accelerator = { FVIRTKEY, VK_F7, ID_OF_FRAME };
+    m_pFrame->m_hAccelTable = ::CreateAcceleratorTableA(&accelerator, 1);
+    CWnd* pTemporary = CWnd::FromHandle(::GetDesktopWindow());
+    ASSERT_NE(pTemporary, nullptr);
+    m_app.m_onInit = []
+    {
+        return TRUE;
+    };
+    CString strStatus;
+    m_pFrame->m_view.PostMessage(WM_KEYDOWN, VK_F7, 1);
+    m_pFrame->PostMessage(WM_APP);  // throws: the loop goes on
+    m_app.m_onIdle = [&]
+    {
+        m_app.m_onIdle = nullptr;
+        m_pFrame->m_status.GetWindowText(strStatus);
+        m_pFrame->PostMessage(WM_CLOSE);
+    };
+    const HACCEL hAccelerators = m_pFrame->m_hAccelTable;
+    EXPECT_EQ(AfxWinMain(), 0);
+    EXPECT_STREQ(strStatus, "idle");
+    EXPECT_EQ(TakeLog(), "Frame FrameGone");
+    EXPECT_EQ(s_nMessages, 1);
+    EXPECT_EQ(m_app.m_pMainWnd, nullptr);
+    ::DestroyAcceleratorTable(hAccelerators);
+    AfxSetMessageBoxHandler(nullptr, nullptr);
+
+    m_app.m_onInit = []
+    {
+        return FALSE;
+    };
+    EXPECT_EQ(AfxWinMain(), 0) << "no loop";
+}
+}  // namespace
