@@ -14,7 +14,7 @@
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
 IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 
-void (*g_pfnRevokeDropTarget)(COleDropTarget*) = nullptr;
+void (*g_pfnRevokeDropTarget)(HWND) = nullptr;
 
 using CWindows = CTemporaryWrappers<CWnd>;
 

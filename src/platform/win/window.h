@@ -26,7 +26,6 @@
 class CDC;
 class CFont;
 class CMenu;
-class COleDropTarget;
 class CScrollBar;
 struct CCreateContext;
 template <class T>
@@ -173,8 +172,6 @@ public:
     void ValidateRect(LPCRECT pRect);
 
     HWND m_hWnd = nullptr;
-    // Told by a call of g_pfnRevokeDropTarget before the window is gone; not owned.
-    COleDropTarget* m_pDropTarget = nullptr;
 
 protected:
     // ---- Handlers of the base: each is Default, unless it says more
@@ -256,5 +253,5 @@ class CScrollBar : public CWnd
     DECLARE_DYNAMIC(CScrollBar)
 };
 
-// How a window that is destroyed takes its drop target away; the layer of drag and drop sets it.
-extern void (*g_pfnRevokeDropTarget)(COleDropTarget*);
+// Takes the drop target of a window away before that is gone; drag and drop sets it.
+extern void (*g_pfnRevokeDropTarget)(HWND hWnd);

@@ -172,8 +172,8 @@ LRESULT CWnd::Default()
 
 void CWnd::OnNcDestroy()
 {
-    if (m_pDropTarget != nullptr && g_pfnRevokeDropTarget != nullptr)
-        g_pfnRevokeDropTarget(std::exchange(m_pDropTarget, nullptr));
+    if (g_pfnRevokeDropTarget != nullptr)
+        GuardCallback(0, [this] { return g_pfnRevokeDropTarget(m_hWnd), 0; });
     AfxMainWindowEnds(this);
     const LONG_PTR nProc = ::GetWindowLongPtrA(m_hWnd, GWLP_WNDPROC);
     GuardCallback(LRESULT{}, [this] { return Default(); });  // the handle goes, whatever happens

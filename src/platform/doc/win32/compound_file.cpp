@@ -2,24 +2,15 @@
 #include "platform/doc/compound_file.h"
 
 #include "platform/base/exception.h"
+#include "platform/base/win32/com_pointer.h"
 #include "platform/base/win32/wide_text.h"
 #include "platform/doc/compound_check.h"
 #include "platform/doc/win32/memory_bytes.h"
 
-#include <objbase.h>
-
-#include <memory>
 #include <vector>
 
 namespace
 {
-struct CReleaseObject
-{
-    void operator()(IUnknown* pObject) const { pObject->Release(); }
-};
-template <class T>
-using CObjectPtr = std::unique_ptr<T, CReleaseObject>;
-
 constexpr DWORD s_nCreate = STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE;
 constexpr DWORD s_nRead = STGM_READ | STGM_SHARE_EXCLUSIVE;
 

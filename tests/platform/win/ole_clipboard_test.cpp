@@ -1,0 +1,232 @@
+// The clipboard, and data objects as plain COM sees them.
+#include <gtest/gtest.h>
+
+#include "ole_desk.h"
+#include "platform/base/exception.h"
+#include "platform/base/win32/com_pointer.h"
+#include "platform/win/ole_data_object.h"
+#include "platform/win/ole_data_source.h"
+#include "platform/win/ole_init.h"
+
+namespace
+{
+int s_nSources = 0;
+
+class CCountedSource : public COleDataSource
+{
+public:
+    explicit CCountedSource(SIZE_T nSize)
+    {
+        ++s_nSources;
+        CacheGlobalData(TestFormat(), MakeBlock(nSize));
+    }
+    ~CCountedSource() override { --s_nSources; }
+};
+
+class OleClipboard : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(AfxOleInit()); }
+    void TearDown() override
+    {
+        OleSetClipboard(nullptr);
+        EXPECT_EQ(s_nSources, 0);
+    }
+};
+
+// Two of them: whoever gets a block may write into it.
+void ExpectBlock(SIZE_T nSize)
+{
+    COleDataObject object;
+    ASSERT_TRUE(object.AttachClipboard());
+    EXPECT_TRUE(object.IsDataAvailable(TestFormat()));
+    EXPECT_FALSE(object.IsDataAvailable(CF_TEXT));
+    EXPECT_EQ(object.GetGlobalData(CF_TEXT), nullptr);
+    for (int i = 0; i < 2; ++i)
+    {
+        const CGlobalPtr block(object.GetGlobalData(TestFormat()));
+        ASSERT_TRUE(IsBlock(block.get(), nSize));
+        *CGlobalLock(block.get()).Data() ^= 1;
+    }
+}
+
+TEST_F(OleClipboard, HoldsASourceUntilTheNextOne)
+{
+    for (const SIZE_T nSize : { 1, 6, 4096, 70001 })
+    {
+        auto* pSource = new CCountedSource(nSize);
+        EXPECT_NE(COleDataSource::GetClipboardOwner(), pSource);
+        pSource->SetClipboard();
+        EXPECT_EQ(COleDataSource::GetClipboardOwner(), pSource);
+        EXPECT_EQ(s_nSources, 1);
+        ExpectBlock(nSize);
+        COleDataSource::FlushClipboard();
+        EXPECT_EQ(s_nSources, 0);
+        EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);
+        ExpectBlock(nSize);
+        (new CCountedSource(nSize + 1))->SetClipboard();
+    }
+}
+
+TEST_F(OleClipboard, IsLeftFilledWhenOleEnds)
+{
+    (new CCountedSource(10))->SetClipboard();
+    AfxOleTerm();
+    EXPECT_EQ(s_nSources, 0);
+    EXPECT_FALSE(AfxOleIsInitialized());
+    COleDataObject object;
+    ASSERT_TRUE(AfxOleInit());
+    ExpectBlock(10);
+}
+
+// The partner reads by plain COM; the owner answers or has left a copy.
+TEST_F(OleClipboard, IsReadByAnotherProcess)
+{
+    for (const bool bFlushed : { false, true })
+    {
+        auto* pSource = new CCountedSource(5003);
+        pSource->CacheGlobalData(CF_PRIVATEFIRST, MakeBlock(5003));
+        pSource->SetClipboard();
+        if (bFlushed)
+            COleDataSource::FlushClipboard();
+        CPartner partner("read 5003");
+        EXPECT_EQ(partner.ReadLine(), "own 1 0 same");
+        EXPECT_EQ(partner.ReadLine(), "private 1 0 same");
+        EXPECT_EQ(partner.ReadLine(), "");
+        EXPECT_EQ(partner.Finish(), 0U);
+    }
+}
+
+TEST_F(OleClipboard, IsFilledByAnotherProcess)
+{
+    for (const char* pszRole : { "put", "flush" })
+    {
+        (new CCountedSource(4))->SetClipboard();
+        CPartner partner(std::string(pszRole) + " 9001");
+        EXPECT_EQ(partner.ReadLine(), "ready");
+        EXPECT_TRUE(PumpUntil([] { return s_nSources == 0; }));
+        EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);
+        ExpectBlock(9001);
+        EXPECT_EQ(partner.Finish(), 0U);
+        if (pszRole[0] == 'f')
+            ExpectBlock(9001);
+    }
+}
+
+TEST_F(OleClipboard, IsRefusedWithoutOle)
+{
+    std::thread(
+        []
+        {
+            EXPECT_FALSE(AfxOleIsInitialized());
+            CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+            EXPECT_FALSE(AfxOleInit());
+            CoUninitialize();
+            try
+            {
+                (new CCountedSource(4))->SetClipboard();
+                ADD_FAILURE() << "Nothing thrown";
+            }
+            catch (COleException* pException)
+            {
+                char szText[100];
+                EXPECT_TRUE(pException->GetErrorMessage(szText, sizeof szText));
+                EXPECT_STREQ(szText, "An operation of OLE failed with code 0x800401F0.");
+                pException->Delete();
+            }
+            EXPECT_TRUE(AfxOleInit());
+            AfxOleTerm();
+        })
+        .join();
+    EXPECT_TRUE(AfxOleIsInitialized());
+}
+
+TEST_F(OleClipboard, AnswersWishesByTheDocumentedCodes)
+{
+    const struct
+    {
+        FORMATETC format;
+        HRESULT nResult;
+    } aCases[] = {
+        { { TestFormat(), nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL | TYMED_ISTREAM }, S_OK },
+        { { CF_TEXT, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL }, DV_E_FORMATETC },
+        { { TestFormat(), nullptr, DVASPECT_ICON, -1, TYMED_HGLOBAL }, DV_E_DVASPECT },
+        { { TestFormat(), nullptr, DVASPECT_CONTENT, 0, TYMED_HGLOBAL }, DV_E_LINDEX },
+        { { TestFormat(), nullptr, DVASPECT_CONTENT, -1, TYMED_ISTREAM }, DV_E_TYMED },
+    };
+    CObjectPtr<IDataObject> object;
+    {
+        CCountedSource source(7);
+        source.CacheGlobalData(TestFormat(), MakeBlock(8));  // instead of the first
+        EXPECT_THROW(source.CacheGlobalData(TestFormat(), nullptr), CInvalidArgException*);
+        object.reset(source.GetIDataObject(TRUE));
+        for (auto wish : aCases)
+        {
+            STGMEDIUM medium{};
+            EXPECT_EQ(object->QueryGetData(&wish.format), wish.nResult);
+            EXPECT_EQ(object->GetData(&wish.format, &medium), wish.nResult);
+            EXPECT_EQ(IsBlock(medium.hGlobal, 8), wish.nResult == S_OK);
+            ReleaseStgMedium(&medium);
+        }
+
+        FORMATETC format = aCases[0].format;
+        for (const SIZE_T nRoom : { 7, 8, 100 })  // a block of the receiver's
+        {
+            const CGlobalPtr room(GlobalAlloc(GHND, nRoom));
+            STGMEDIUM medium{ TYMED_HGLOBAL, {}, nullptr };
+            medium.hGlobal = room.get();
+            EXPECT_EQ(object->GetDataHere(&format, &medium), nRoom < 8 ? STG_E_MEDIUMFULL : S_OK);
+            EXPECT_EQ(IsBlock(room.get(), 8), nRoom == 8);
+        }
+        STGMEDIUM medium{};
+        DWORD nConnection = 1;
+        EXPECT_EQ(object->SetData(&format, &medium, FALSE), DV_E_FORMATETC);
+        EXPECT_EQ(object->DAdvise(&format, 0, nullptr, &nConnection), OLE_E_ADVISENOTSUPPORTED);
+        EXPECT_EQ(object->QueryGetData(nullptr), E_INVALIDARG);
+    }
+    FORMATETC format = aCases[0].format;
+    STGMEDIUM medium{};
+    IEnumFORMATETC* pFormats = nullptr;
+    EXPECT_EQ(object->GetData(&format, &medium), CO_E_OBJNOTCONNECTED);
+    EXPECT_EQ(object->EnumFormatEtc(DATADIR_GET, &pFormats), CO_E_OBJNOTCONNECTED);
+    EXPECT_EQ(object.release()->Release(), 0U);
+}
+
+TEST_F(OleClipboard, EnumeratesFormats)
+{
+    CCountedSource source(3);
+    source.CacheGlobalData(CF_TEXT, MakeBlock(3));
+    source.CacheGlobalData(CF_PRIVATEFIRST, MakeBlock(3));
+    IEnumFORMATETC* pFormats = nullptr;
+    IDataObject* pObject = source.GetIDataObject(FALSE);
+    EXPECT_EQ(pObject->EnumFormatEtc(DATADIR_SET, &pFormats), E_NOTIMPL);
+    ASSERT_EQ(pObject->EnumFormatEtc(DATADIR_GET, &pFormats), S_OK);
+    const CObjectPtr<IEnumFORMATETC> formats(pFormats);
+    FORMATETC aFormats[3];
+    ULONG nFetched = 0;
+    EXPECT_EQ(formats->Skip(1), S_OK);
+    IEnumFORMATETC* pClone = nullptr;
+    ASSERT_EQ(formats->Clone(&pClone), S_OK);
+    const CObjectPtr<IEnumFORMATETC> clone(pClone);
+    EXPECT_EQ(formats->Next(3, aFormats, &nFetched), S_FALSE);
+    EXPECT_EQ(nFetched, 2U);
+    EXPECT_EQ(aFormats[1].cfFormat, CF_PRIVATEFIRST);
+    EXPECT_EQ(formats->Next(1, aFormats, nullptr), S_FALSE);
+    EXPECT_EQ(formats->Next(2, aFormats, nullptr), E_INVALIDARG);
+    EXPECT_EQ(clone->Next(1, aFormats, nullptr), S_OK);  // goes on where the original stood
+    EXPECT_EQ(aFormats[0].cfFormat, CF_TEXT);
+    EXPECT_EQ(formats->Reset(), S_OK);
+    EXPECT_EQ(formats->Next(3, aFormats, &nFetched), S_OK);
+    EXPECT_EQ(aFormats[0].cfFormat, TestFormat());
+    EXPECT_EQ(formats->Skip(1), S_FALSE);
+
+    COleDataObject object;
+    object.Attach(pObject, FALSE);
+    object.BeginEnumFormats();
+    int nFormats = 0;
+    while (object.GetNextFormat(aFormats))
+        nFormats += aFormats[0].tymed == TYMED_HGLOBAL;
+    EXPECT_EQ(nFormats, 3);
+    EXPECT_FALSE(object.GetNextFormat(aFormats));
+}
+}  // namespace
