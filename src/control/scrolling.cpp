@@ -11,8 +11,8 @@ namespace
 constexpr int LINE_STEP = 10;  // pixels
 
 // Decisions about the bars that come to an end need at most 9 calls within each other, and 2 in a
-// row.
-constexpr int RECALC_DEPTH = 32;
+// row. Not many more: systems stop sending messages within messages at some depth.
+constexpr int RECALC_DEPTH = 16;
 constexpr int RESTLESS_LIMIT = 8;
 
 constexpr int s_anBars[] = { SB_HORZ, SB_VERT };
