@@ -313,6 +313,7 @@ TEST(Window, TenThousandLeakNothing)
             CWnd window;
             MakeChild(window, parent, 3, 0);
             CClientDC dc(&window);
+            CWindowDC screen(nullptr);
             if (n % 2 == 0)
                 window.DestroyWindow();
         }
