@@ -66,7 +66,9 @@ void CFormulaControl::ShowBar(int nBar, BOOL bShow)
 // off.
 void CFormulaControl::RecalcScrollBars()
 {
-    if (!m_Window.IsWindow() || m_bRecalcStopped || m_nRestless >= RESTLESS_LIMIT)
+    const bool bTired =
+        m_nRestless > RESTLESS_LIMIT || (m_nRestless == RESTLESS_LIMIT && m_nScrollBars != 0);
+    if (!m_Window.IsWindow() || m_bRecalcStopped || bTired)
         return;
     const bool bOutermost = m_nRecalcDepth == 0;
     m_bSwitched = !bOutermost;
