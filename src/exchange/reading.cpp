@@ -27,7 +27,8 @@ CReading Nothing()
 // A name that no type has is a plain node, as everywhere.
 ENodeType TypeOf(const CNode& node)
 {
-    return NodeTypeFromName(node.m_strType).value_or(NTI_STANDARD);
+    const ENodeType nType = FindNodeType(node.m_strType);
+    return nType == NTI_COUNT ? NTI_STANDARD : nType;
 }
 
 bool IsOfType(const CNode* pNode, ENodeType nType)

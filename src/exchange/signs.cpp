@@ -152,8 +152,12 @@ constexpr CSign s_aTexts[] = {
 // clang-format on
 static_assert(std::size(s_aTexts) == 256);
 
-bool IsFace(const char* pszFace, std::string_view lowerCase)
+bool IsFace(const char* pszFace, std::string_view usual, std::string_view lowerCase)
 {
+    if (usual == pszFace)
+    {
+        return true;
+    }
     for (const char ch : lowerCase)
     {
         if (std::tolower(static_cast<unsigned char>(*pszFace++)) != ch)
@@ -191,10 +195,10 @@ EFace FaceFromName(const char* pszFace)
     {
         case 'S':
         case 's':
-            return IsFace(pszFace, "symbol") ? FACE_SYMBOL : FACE_TEXT;
+            return IsFace(pszFace, "Symbol", "symbol") ? FACE_SYMBOL : FACE_TEXT;
         case 'M':
         case 'm':
-            return IsFace(pszFace, "mt extra") ? FACE_EXTRA : FACE_TEXT;
+            return IsFace(pszFace, "MT Extra", "mt extra") ? FACE_EXTRA : FACE_TEXT;
         default:
             return FACE_TEXT;
     }

@@ -336,17 +336,21 @@ private:
         std::string_view words;
         if (nFace == FACE_SYMBOL)
         {
-            words = nCode >= 0x20 ? m_language.aSymbols[nCode - 0x20] : std::string_view();
+            words = nCode >= 0x20 ? m_language.aSymbols[nCode - 0x20] : words;
+        }
+        else if (nFace == FACE_EXTRA)
+        {
+            words = FindWords(m_language.aExtras, { &ch, 1 });
+        }
+        else if (IsWordPart(ch))
+        {
+            words = SignOf(nFace, nCode).mathML;
         }
         else
         {
-            words = FindWords(nFace == FACE_EXTRA ? m_language.aExtras : m_language.aPunctuation,
-                              { &ch, 1 });
-            const CSign& sign = SignOf(nFace, nCode);
-            if (words.empty() && nFace == FACE_TEXT && sign.mathML != "\uFFFD")
-            {
-                words = sign.mathML;
-            }
+            words = FindWords(m_language.aPunctuation, { &ch, 1 });
+            const std::string_view sign = SignOf(nFace, nCode).mathML;
+            words = words.empty() && sign != SignOf(nFace, 0).mathML ? sign : words;
         }
         m_out += words.empty() ? m_language.strUnknown : words;
     }
