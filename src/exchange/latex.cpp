@@ -35,7 +35,7 @@ constexpr CFormRow s_aRows[] = {
     { FORM_MINUS,     RANK_ANY, {}, "%1%o%2" },
     { FORM_POSITIVE,  RANK_ANY, {}, "%o%2" },
     { FORM_NEGATIVE,  RANK_ANY, {}, "%o%2" },
-    { FORM_RELATION,  RANK_ANY, {}, "%1%o%2" },
+    { FORM_RELATION,  RANK_ANY, {}, "%1%e%2" },
     { FORM_OPERATOR,  RANK_ANY, {}, "%1\\mathrel{%o}%2" },
     { FORM_ARROW,     RANK_ANY, {}, "%1\\mathrel{%o}%2" },
     { FORM_PRODUCT,   RANK_ANY, {}, "%1 %2" },
@@ -163,6 +163,8 @@ public:
                 return AppendFunctionName(shown);
             case 'o':
                 return AppendOperator(shown);
+            case 'e':
+                return AppendRelation(shown);
             case 'b':
                 return AppendBigSign(shown);
             case 'l':
@@ -337,6 +339,16 @@ private:
         }
     }
 
+    // Signs that LaTeX does not take for relations get the room of one.
+    void AppendRelation(const CShownText& shown)
+    {
+        constexpr std::string_view others = "?$\"";  // in "Symbol": the quantifiers
+        const bool bOther = shown.text.size() != 1 || others.find(shown.text[0]) != others.npos;
+        AppendText(bOther ? "\\mathrel{" : "");
+        AppendOperator(shown);
+        AppendText(bOther ? "}" : "");
+    }
+
     // Limits stand below and above, as in the picture; a sum does that by itself.
     void AppendBigSign(const CShownText& shown)
     {
@@ -353,8 +365,10 @@ private:
         }
         else
         {
+            const bool bDouble = shown.nFace == FACE_SYMBOL && shown.text.starts_with("\xF2\xF2");
             AppendText("\\mathop{");
-            AppendOperatorText(shown);
+            AppendText(bDouble ? "\\iint" : "");
+            AppendOperatorText({ shown.text.substr(bDouble ? 2 : 0), shown.nFace });
             AppendText("}\\limits");
         }
     }

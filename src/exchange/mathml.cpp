@@ -20,7 +20,7 @@ constexpr CFormRow s_aRows[] = {
     { FORM_INFINITY,      RANK_LEAF,   {}, "<mi%i>%s</mi>" },
     { FORM_PLANCK,        RANK_LEAF,   {}, "<mi>%s</mi>" },
     { FORM_LAMBDA,        RANK_LEAF,   {}, "<mi>%s</mi>" },
-    { FORM_NABLA,         RANK_LEAF,   {}, "<mover accent=\"true\"><mo%i>%s</mo><mo stretchy=\"false\">→</mo></mover>" },
+    { FORM_NABLA,         RANK_LEAF,   {}, "<mover accent=\"true\"><mi%i>%s</mi><mo stretchy=\"false\">→</mo></mover>" },
     { FORM_LAPLACE,       RANK_LEAF,   {}, "<mi mathvariant=\"normal\" intent=\"laplacian\">%s</mi>" },
     { FORM_PLACEHOLDER,   RANK_LEAF,   {}, "<mrow class=\"placeholder\"></mrow>" },
     { FORM_SIGN,          RANK_LEAF,   {}, "<mo>%s</mo>" },
@@ -34,14 +34,14 @@ constexpr CFormRow s_aRows[] = {
     { FORM_RELATION,   RANK_SUM,    { RANK_SUM, RANK_TERM },      "%1%o%2" },
     { FORM_OPERATOR,   RANK_SUM,    { RANK_SUM, RANK_TERM },      "%1%o%2" },
     { FORM_ARROW,      RANK_SUM,    { RANK_SUM, RANK_TERM },      "%1%o%2" },
-    { FORM_PRODUCT,    RANK_TERM,   { RANK_TERM, RANK_PREFIX },   "%1<mo>&#x2062;</mo>%2" },
+    { FORM_PRODUCT,    RANK_TERM,   { RANK_TERM, RANK_PREFIX },   "%1<mo%g>&#x2062;</mo>%2" },
     { FORM_TIMES,      RANK_TERM,   { RANK_TERM, RANK_PREFIX },   "%1%o%2" },
     { FORM_CROSS,      RANK_TERM,   { RANK_TERM, RANK_PREFIX },   "%1%o%2" },
     { FORM_INTEGRAND,  RANK_LIST,   { RANK_LIST, RANK_TERM },     "%1<mi mathvariant=\"normal\">%s</mi>%2" },
     { FORM_FACTORIAL,  RANK_POWER,  { RANK_CLOSED },              "%1<mo form=\"postfix\">%s</mo>" },
     { FORM_FOLLOWED,   RANK_TERM,   { RANK_TERM, RANK_PREFIX },   "%1%2" },
     { FORM_CALL,       RANK_CLOSED, { RANK_CLOSED, RANK_CLOSED }, "<mrow>%1<mo>&#x2061;</mo>%2</mrow>" },
-    { FORM_FUNCTION,   RANK_CLOSED, { RANK_CLOSED, RANK_PREFIX }, "<mrow>%1<mo>&#x2061;</mo>%2</mrow>" },
+    { FORM_FUNCTION,   RANK_CLOSED, { RANK_CLOSED, RANK_PREFIX }, "<mrow>%1<mo%g>&#x2061;</mo>%2</mrow>" },
     { FORM_APPLIED,    RANK_CLOSED, { RANK_CLOSED, RANK_PREFIX }, "<mrow>%1%2</mrow>" },
 
     { FORM_FRACTION,    RANK_CLOSED, { RANK_CLOSED, RANK_CLOSED },              "<mfrac>%1%2</mfrac>" },
@@ -66,7 +66,7 @@ constexpr CFormRow s_aRows[] = {
     { FORM_BIG_BOTH,  RANK_CLOSED, { RANK_CLOSED, RANK_CLOSED, RANK_CLOSED, RANK_CLOSED },
       "<mrow><munderover>%1%3%4</munderover>%2</mrow>" },
     { FORM_LIMIT,     RANK_CLOSED, { RANK_CLOSED, RANK_CLOSED },
-      "<mrow><munder><mi>%s</mi>%1</munder><mo>&#x2061;</mo>%2</mrow>" },
+      "<mrow><munder><mi>%s</mi>%1</munder><mo%g>&#x2061;</mo>%2</mrow>" },
     { FORM_DERIVATIVE, RANK_CLOSED, { RANK_ANY, RANK_CLOSED },
       "<mrow><mfrac><mi mathvariant=\"normal\">%s</mi><mrow><mi mathvariant=\"normal\">%s</mi>%1</mrow></mfrac>%2</mrow>" },
     { FORM_PARTIAL_DERIVATIVE, RANK_CLOSED, {},
@@ -150,6 +150,8 @@ public:
                 return AppendOperator(reading, shown);
             case 'b':
                 return AppendBigSign(reading, shown);
+            case 'g':
+                return AppendGap(reading);
             case 'l':
                 return AppendBracket(shown, 0, "<mo form=\"prefix\">");
             case 'r':
@@ -224,10 +226,25 @@ private:
         m_out += "</mo>";
     }
 
+    // The two invisible operators have no width: a name of a function needs a gap around it, unless
+    // a bracket follows.
+    void AppendGap(const CReading& reading)
+    {
+        const EForm nNext = ReadPart(reading.aOperands[1]).nForm;
+        const bool bGap =
+            reading.nForm == FORM_PRODUCT ? nNext == FORM_FUNCTION : nNext != FORM_BRACE;
+        if (bGap)
+        {
+            m_out += " rspace=\"0.17em\"";
+        }
+    }
+
     // A sign of several characters is a row: only single ones grow.
     void AppendBigSign(const CReading& reading, const CShownText& shown)
     {
-        const bool bRow = shown.text.size() != 1;
+        const CShownText two = { "\xF2\xF2", FACE_SYMBOL };
+        const bool bDouble = shown.nFace == two.nFace && shown.text.starts_with(two.text);
+        const bool bRow = shown.text.size() != (bDouble ? 2 : 1);
         if (bRow)
         {
             OpenGroup();
@@ -237,7 +254,15 @@ private:
             m_out += "<mo movablelimits=\"false\"";
             AppendMeaning(reading, shown);
             m_out += '>';
-            AppendSigns({ shown.text.substr(i, 1), shown.nFace });
+            if (bDouble && i == 0)
+            {
+                m_out += "∬";
+                ++i;
+            }
+            else
+            {
+                AppendSigns({ shown.text.substr(i, 1), shown.nFace });
+            }
             m_out += "</mo>";
         }
         if (bRow)
@@ -267,7 +292,7 @@ private:
     void OpenMark(const CReading& reading)
     {
         const CMark mark = MarkOf(reading);
-        m_out += "<mover accent=\"true\"";
+        m_out += "<mover";
         if (mark.pszIntent != nullptr)
         {
             m_out += " intent=\"";
@@ -288,7 +313,7 @@ private:
         m_out += "</mrow>";
         for (int nLine = 0; nLine < mark.nLines; ++nLine)
         {
-            m_out += "<mo stretchy=\"true\">‾</mo></mover>";
+            m_out += "<mo stretchy=\"true\">¯</mo></mover>";
         }
         m_out += "<mo stretchy=\"false\">";
         AppendSigns(shown);

@@ -30,7 +30,7 @@ constexpr CFormRow s_aRows[] = {
     { FORM_PRODUCT,   RANK_TERM,   { RANK_TERM, RANK_PREFIX }, "%1 times %2" },
     { FORM_TIMES,     RANK_TERM,   { RANK_TERM, RANK_PREFIX }, "%1 %s %2" },
     { FORM_CROSS,     RANK_TERM,   { RANK_TERM, RANK_PREFIX }, "%1 %s %2" },
-    { FORM_INTEGRAND, RANK_LIST,   { RANK_LIST, RANK_SUM },    "%1 with respect to %2" },
+    { FORM_INTEGRAND, RANK_PREFIX, { RANK_POWER, RANK_POWER }, "%1 with respect to %2" },
     { FORM_FACTORIAL, RANK_POWER,  { RANK_CLOSED },            "%1 factorial" },
     { FORM_FOLLOWED,  RANK_TERM,   { RANK_TERM, RANK_PREFIX }, "%1 followed by %2" },
     { FORM_CALL,      RANK_PREFIX, { RANK_LEAF, RANK_CLOSED }, "%1 of %2" },
@@ -85,7 +85,7 @@ constexpr CFormRow s_aShortRows[] = {
     { FORM_LIMIT,     RANK_PREFIX, { RANK_ANY, RANK_PREFIX },   "%b as %1 of %2" },
     { FORM_BRACE,     RANK_CLOSED, {},                          "the absolute value of %1 end absolute value" },
     { FORM_POSITIVE,  RANK_PREFIX, { RANK_ANY, RANK_PREFIX },   "the sign %s followed by %2" },
-    { FORM_INTEGRAND, RANK_LIST,   { RANK_LIST, RANK_SUM },     "%1 the sign %s followed by %2" },
+    { FORM_INTEGRAND, RANK_TERM,   { RANK_TERM, RANK_PREFIX },  "%1 followed by the sign %s followed by %2" },
 };
 static_assert(std::size(s_aShortRows) == SHORT_COUNT);
 
