@@ -82,6 +82,29 @@ consteval bool RowsAreForms(const CFormRow (&aRows)[N])
     return N == FORM_COUNT;
 }
 
+// A form that is being written.
+struct COpenForm
+{
+    CReading reading;
+    const CFormRow* pRow;
+    const CPiece* pNext;  // of the row's template
+    bool bGroup;          // to be closed behind it
+};
+
+// What writing needs memory for. It is kept from one formula to the next: the system's allocator
+// would give the pages of a long one back each time, and fetch them again.
+class CWriterMemory
+{
+public:
+    CWriterMemory();
+    ~CWriterMemory();
+    CWriterMemory(const CWriterMemory&) = delete;
+    CWriterMemory& operator=(const CWriterMemory&) = delete;
+
+    std::vector<COpenForm>& m_open;  // empty at first
+    std::string& m_text;             // empty at first
+};
+
 // A dialect gives:
 //     const CFormRow& RowOf(CReading&)                   the row of a form; may change operands
 //     void AppendNothing(ERank nNeeded)                  what stands for a part that shows nothing
@@ -92,72 +115,88 @@ template <class CDialect>
 class CFormWriter
 {
 public:
-    explicit CFormWriter(CDialect& dialect) : m_dialect(dialect) {}
+    CFormWriter(CDialect& dialect, std::vector<COpenForm>& open) : m_dialect(dialect), m_open(open)
+    {
+    }
 
     void Write(const CNode* pRoot, ERank nNeeded)
     {
-        m_frames.reserve(32);
         Begin({ pRoot, 0 }, nNeeded);
-        while (!m_frames.empty())
+        while (!m_open.empty())
         {
-            Continue();
+            COpenForm& form = m_open.back();
+            const int nOperand = WriteToOperand(form.reading, form.pNext);
+            if (nOperand != s_nEnd)
+            {
+                Begin(form.reading.Operand(nOperand), form.pRow->anNeeded[nOperand]);
+                continue;
+            }
+            EndGroup(form.bGroup);
+            m_open.pop_back();
         }
     }
 
 private:
-    struct CFrame
-    {
-        CReading reading;
-        const CFormRow* pRow;
-        const CPiece* pNext;
-        bool bGroup;
-    };
+    static constexpr int s_nEnd = -1;
 
-    void Begin(const CPart& part, ERank nNeeded)
+    // Goes down along first operands; what has operands stays open.
+    void Begin(CPart part, ERank nNeeded)
     {
-        CReading reading = ReadPart(part);
-        if (reading.nForm == FORM_NOTHING)
-        {
-            m_dialect.AppendNothing(nNeeded);
-            return;
-        }
-        const CFormRow& row = m_dialect.RowOf(reading);
-        const bool bGroup = row.nRank < nNeeded;
-        if (bGroup)
-        {
-            m_dialect.OpenGroup();
-        }
-        m_frames.push_back({ reading, &row, row.text.Pieces(), bGroup });
-    }
-
-    // Writes the topmost frame up to its next operand or to its end.
-    void Continue()
-    {
-        CFrame& frame = m_frames.back();
         for (;;)
         {
-            const CPiece& piece = *frame.pNext;
+            CReading reading = ReadPart(part);
+            if (reading.nForm == FORM_NOTHING)
+            {
+                m_dialect.AppendNothing(nNeeded);
+                return;
+            }
+            const CFormRow& row = m_dialect.RowOf(reading);
+            const bool bGroup = row.nRank < nNeeded;
+            if (bGroup)
+            {
+                m_dialect.OpenGroup();
+            }
+            const CPiece* pNext = row.text.Pieces();
+            const int nOperand = WriteToOperand(reading, pNext);
+            if (nOperand == s_nEnd)
+            {
+                EndGroup(bGroup);
+                return;
+            }
+            m_open.push_back({ reading, &row, pNext, bGroup });
+            part = reading.Operand(nOperand);
+            nNeeded = row.anNeeded[nOperand];
+        }
+    }
+
+    // Writes pieces of the template up to an operand, whose number it gives, or to the end.
+    int WriteToOperand(const CReading& reading, const CPiece*& pNext)
+    {
+        for (;;)
+        {
+            const CPiece& piece = *pNext;
             m_dialect.AppendText(piece.Text());
             if (piece.chCode == 0)
             {
-                break;
+                return s_nEnd;
             }
-            ++frame.pNext;
+            ++pNext;
             if (piece.chCode <= '9')
             {
-                const int nOperand = piece.chCode - '1';
-                Begin(CPart(frame.reading.aOperands[nOperand]), frame.pRow->anNeeded[nOperand]);
-                return;
+                return piece.chCode - '1';
             }
-            m_dialect.AppendOwn(frame.reading, piece.chCode);
+            m_dialect.AppendOwn(reading, piece.chCode);
         }
-        if (frame.bGroup)
+    }
+
+    void EndGroup(bool bGroup)
+    {
+        if (bGroup)
         {
             m_dialect.CloseGroup();
         }
-        m_frames.pop_back();
     }
 
     CDialect& m_dialect;
-    std::vector<CFrame> m_frames;
+    std::vector<COpenForm>& m_open;
 };

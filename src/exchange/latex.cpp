@@ -433,9 +433,8 @@ private:
 
 std::string LatexText(const CNode* pRoot)
 {
-    std::string out;
-    out.reserve(256);
-    CLatex dialect(out);
-    CFormWriter<CLatex>(dialect).Write(pRoot, RANK_ANY);
-    return out;
+    CWriterMemory memory;
+    CLatex dialect(memory.m_text);
+    CFormWriter<CLatex>(dialect, memory.m_open).Write(pRoot, RANK_ANY);
+    return memory.m_text;
 }

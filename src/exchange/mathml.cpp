@@ -208,11 +208,11 @@ private:
     void AppendOperator(const CReading& reading, const CShownText& shown)
     {
         m_out += "<mo";
-        if (IsNothing(reading.aOperands[0]))
+        if (IsNothing(reading.Operand(0)))
         {
             m_out += " form=\"prefix\"";
         }
-        else if (IsNothing(reading.aOperands[1]))
+        else if (IsNothing(reading.Operand(1)))
         {
             m_out += " form=\"postfix\"";
         }
@@ -230,7 +230,7 @@ private:
     // a bracket follows.
     void AppendGap(const CReading& reading)
     {
-        const EForm nNext = ReadPart(reading.aOperands[1]).nForm;
+        const EForm nNext = ReadPart(reading.Operand(1)).nForm;
         const bool bGap =
             reading.nForm == FORM_PRODUCT ? nNext == FORM_FUNCTION : nNext != FORM_BRACE;
         if (bGap)
@@ -326,11 +326,10 @@ private:
 
 std::string MathMLText(const CNode* pRoot)
 {
-    std::string out;
-    out.reserve(1024);
-    out += "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" display=\"block\">";
-    CMathML dialect(out);
-    CFormWriter<CMathML>(dialect).Write(pRoot, RANK_ANY);
-    out += "</math>";
-    return out;
+    CWriterMemory memory;
+    memory.m_text += "<math xmlns=\"http://www.w3.org/1998/Math/MathML\" display=\"block\">";
+    CMathML dialect(memory.m_text);
+    CFormWriter<CMathML>(dialect, memory.m_open).Write(pRoot, RANK_ANY);
+    memory.m_text += "</math>";
+    return memory.m_text;
 }

@@ -16,7 +16,15 @@ constexpr CPart s_nothing = { nullptr, 0 };
 CReading Reading(EForm nForm, ENodeType nType, const CNode* pNode, CPart first = s_nothing,
                  CPart second = s_nothing, CPart third = s_nothing, CPart fourth = s_nothing)
 {
-    return { nForm, nType, pNode, { first, second, third, fourth } };
+    const auto view = [](const CPart& part)
+    {
+        return static_cast<unsigned char>(part.nView);
+    };
+    return { pNode,
+             { first.pNode, second.pNode, third.pNode, fourth.pNode },
+             { view(first), view(second), view(third), view(fourth) },
+             nForm,
+             nType };
 }
 
 CReading Nothing()

@@ -94,12 +94,16 @@ struct CPart
     unsigned nView;  // VIEW_...
 };
 
+// Small: deep trees have many of them open at a time.
 struct CReading
 {
+    CPart Operand(int n) const { return { apOperands[n], anViews[n] }; }
+
+    const CNode* pNode;  // whose text is the sign; null for nothing
+    const CNode* apOperands[4];
+    unsigned char anViews[4];
     EForm nForm;
     ENodeType nType;
-    const CNode* pNode;  // whose text is the sign; null for nothing
-    CPart aOperands[4];
 };
 
 // Looks at a part, not into its operands, and changes nothing.

@@ -44,7 +44,7 @@ bool IsSmall(const CPart& part)
         case FORM_POWER:
         case FORM_SUB:
         case FORM_SUPER:
-            return IsLeaf(reading.aOperands[0]) && IsLeaf(reading.aOperands[1]);
+            return IsLeaf(reading.Operand(0)) && IsLeaf(reading.Operand(1));
         default:
             return IsLeafForm(reading.nForm);
     }
@@ -54,7 +54,7 @@ bool IsSmall(const CPart& part)
 bool IsLeafPair(const CPart& part, EForm nForm)
 {
     const CReading reading = ReadPart(part);
-    return reading.nForm == nForm && IsLeaf(reading.aOperands[0]) && IsLeaf(reading.aOperands[1]);
+    return reading.nForm == nForm && IsLeaf(reading.Operand(0)) && IsLeaf(reading.Operand(1));
 }
 
 std::string_view FindWords(std::span<const CSpokenName> aNames, std::string_view text)
@@ -209,7 +209,7 @@ public:
                 AppendBigSign(reading);
                 break;
             case 'o':
-                m_out += *OrdinalOf(reading.aOperands[1]);
+                m_out += *OrdinalOf(reading.Operand(1));
                 break;
             case 'm':
                 AppendMark(reading);
@@ -223,30 +223,31 @@ public:
 private:
     int ShortFormOf(CReading& reading) const
     {
-        const CPart* aOperands = reading.aOperands;
         switch (reading.nForm)
         {
             case FORM_FRACTION:
-                return IsSmall(aOperands[0]) && IsSmall(aOperands[1]) ? SHORT_OVER : SHORT_COUNT;
+                return IsSmall(reading.Operand(0)) && IsSmall(reading.Operand(1)) ? SHORT_OVER
+                                                                                  : SHORT_COUNT;
             case FORM_POWER:
-                return ShortPower(aOperands[1]);
+                return ShortPower(reading.Operand(1));
             case FORM_SUB:
             case FORM_SUPER:
-                return !IsLeaf(aOperands[1])       ? SHORT_COUNT
+                return !IsLeaf(reading.Operand(1)) ? SHORT_COUNT
                        : reading.nForm == FORM_SUB ? SHORT_SUB
                                                    : SHORT_SUPER;
             case FORM_SUB_SUPER:
-                return IsLeaf(aOperands[1]) && IsLeaf(aOperands[2]) ? SHORT_SUB_SUPER : SHORT_COUNT;
+                return IsLeaf(reading.Operand(1)) && IsLeaf(reading.Operand(2)) ? SHORT_SUB_SUPER
+                                                                                : SHORT_COUNT;
             case FORM_CALL:
                 return ShortCall(reading);
             case FORM_ROOT:
-                return OrdinalOf(aOperands[1]) != nullptr ? SHORT_ROOT : SHORT_COUNT;
+                return OrdinalOf(reading.Operand(1)) != nullptr ? SHORT_ROOT : SHORT_COUNT;
             case FORM_BIG_LOWER:
             case FORM_BIG_UPPER:
             case FORM_BIG_BOTH:
                 return ShortLimits(reading);
             case FORM_LIMIT:
-                return IsLeafPair(aOperands[0], FORM_OPERATOR) ? SHORT_LIMIT : SHORT_COUNT;
+                return IsLeafPair(reading.Operand(0), FORM_OPERATOR) ? SHORT_LIMIT : SHORT_COUNT;
             case FORM_BRACE:
                 return IsPairOf(TextOf(reading), "||") ? SHORT_ABSOLUTE_VALUE : SHORT_COUNT;
             case FORM_POSITIVE:
@@ -281,13 +282,14 @@ private:
 
     static int ShortCall(CReading& reading)
     {
-        const CReading brackets = ReadPart(reading.aOperands[1]);
+        const CReading brackets = ReadPart(reading.Operand(1));
         if (brackets.nForm != FORM_BRACE || !IsPairOf(TextOf(brackets), "()") ||
-            !IsLeaf(brackets.aOperands[0]))
+            !IsLeaf(brackets.Operand(0)))
         {
             return SHORT_COUNT;
         }
-        reading.aOperands[1] = brackets.aOperands[0];
+        reading.apOperands[1] = brackets.apOperands[0];
+        reading.anViews[1] = brackets.anViews[0];
         return SHORT_CALL;
     }
 
@@ -297,8 +299,8 @@ private:
         {
             return IsLeaf(limit) || IsLeafPair(limit, FORM_RELATION);
         };
-        const CPart* aOperands = reading.aOperands;
-        if (!isShort(aOperands[2]) || (reading.nForm == FORM_BIG_BOTH && !isShort(aOperands[3])))
+        if (!isShort(reading.Operand(2)) ||
+            (reading.nForm == FORM_BIG_BOTH && !isShort(reading.Operand(3))))
         {
             return SHORT_COUNT;
         }
@@ -632,10 +634,9 @@ private:
 
 std::string SpokenText(const CNode* pRoot)
 {
-    std::string out;
-    out.reserve(256);
-    CSpeech dialect(SpokenEnglish(), out);
-    CFormWriter<CSpeech>(dialect).Write(pRoot, RANK_ANY);
+    CWriterMemory memory;
+    CSpeech dialect(SpokenEnglish(), memory.m_text);
+    CFormWriter<CSpeech>(dialect, memory.m_open).Write(pRoot, RANK_ANY);
     dialect.Finish();
-    return out;
+    return memory.m_text;
 }
