@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <map>
 #include <unordered_set>
 
 #include "exchange/signs.h"
@@ -135,6 +136,12 @@ public:
         }
     }
 
+    static const CWordList& Of(const CSpokenLanguage& language)
+    {
+        static std::map<const CSpokenLanguage*, CWordList> s_lists;
+        return s_lists.try_emplace(&language, language).first->second;
+    }
+
     bool Has(std::string_view word) const { return m_words.count(word) != 0; }
 
 private:
@@ -249,11 +256,11 @@ private:
             case FORM_LIMIT:
                 return IsLeafPair(reading.Operand(0), FORM_OPERATOR) ? SHORT_LIMIT : SHORT_COUNT;
             case FORM_BRACE:
-                return IsPairOf(TextOf(reading), "||") ? SHORT_ABSOLUTE_VALUE : SHORT_COUNT;
+                return IsSymbol(TextOf(reading), "||") ? SHORT_ABSOLUTE_VALUE : SHORT_COUNT;
             case FORM_POSITIVE:
-                return IsPairOf(TextOf(reading), "+") ? SHORT_COUNT : SHORT_OTHER_PREFIX;
+                return IsSymbol(TextOf(reading), "+") ? SHORT_COUNT : SHORT_OTHER_PREFIX;
             case FORM_NEGATIVE:
-                return IsPairOf(TextOf(reading), "-") ? SHORT_COUNT : SHORT_OTHER_PREFIX;
+                return IsSymbol(TextOf(reading), "-") ? SHORT_COUNT : SHORT_OTHER_PREFIX;
             case FORM_INTEGRAND:
                 return TextOf(reading).text == "d" ? SHORT_COUNT : SHORT_OTHER_INTEGRAND;
             default:
@@ -261,7 +268,7 @@ private:
         }
     }
 
-    static bool IsPairOf(const CShownText& shown, std::string_view text)
+    static bool IsSymbol(const CShownText& shown, std::string_view text)
     {
         return shown.text == text && shown.nFace == FACE_SYMBOL;
     }
@@ -283,7 +290,7 @@ private:
     static int ShortCall(CReading& reading)
     {
         const CReading brackets = ReadPart(reading.Operand(1));
-        if (brackets.nForm != FORM_BRACE || !IsPairOf(TextOf(brackets), "()") ||
+        if (brackets.nForm != FORM_BRACE || !IsSymbol(TextOf(brackets), "()") ||
             !IsLeaf(brackets.Operand(0)))
         {
             return SHORT_COUNT;
@@ -412,8 +419,7 @@ private:
         }
         else
         {
-            static const CWordList s_words(SpokenEnglish());
-            if (s_words.Has(name))
+            if (CWordList::Of(m_language).Has(name))
             {
                 m_out += m_language.strName;
             }
@@ -508,11 +514,11 @@ private:
     // Of a sign that shows as a question mark, or means more than it shows.
     std::string_view MeaningOf(const CReading& reading, const CShownText& shown) const
     {
-        if (reading.nType == NTI_LAPLACE && IsPairOf(shown, "D"))
+        if (reading.nType == NTI_LAPLACE && IsSymbol(shown, "D"))
         {
             return m_language.strLaplacian;
         }
-        if (!IsPairOf(shown, "?"))
+        if (!IsSymbol(shown, "?"))
         {
             return {};
         }
