@@ -77,6 +77,16 @@ FORMS = [
      + "a  \n", "", 0),
     (["text", "--lines"], ("a+" * 20 + "a\nstr(ä)\n").encode(), "      " + "a + " * 13
      + "a \\x0D\\x0A     ++ " + "a + " * 6 + "a  \n      \\xE4  \n", "", 0),
+    # Other forms
+    (["mathml", "a/b"], b"", '<math xmlns="http://www.w3.org/1998/Math/MathML" display="block">'
+     "<mfrac><mi>a</mi><mi>b</mi></mfrac></math>\n", "", 0),
+    (["latex", "greek a*str(ä)"], b"", re.escape("\\alpha \\textit{ä}\n"), "", 0),
+    (["latex", "2x"], b"", "2\n", "mivora: warning: Error at Position 2!\n.*\n.*\n", 0),
+    (["latex", "--strict", "2x"], b"", "2\n", "mivora: warning: Error at Position 2!\n.*\n.*\n", 1),
+    (["speak", "--lines"], b"a+b\n2x\n\n\xff\n", "a plus b\n2\nempty\n!\tposition 1: .*0xFF.*\n",
+     "", 1),
+    (["speak", "--lines", "--hex"], b"73747228E429\n", "ä\n", "", 0),
+    (["speak", "--lines"], b"a" * 65535 + b"\n", "!\tError in Calculation\\(\\) weil .*\n", "", 1),
     # Wrong usage
     ([], b"", "", "mivora: a command is needed.*\n", 2),
     (["nothing"], b"", "", "mivora: unknown command nothing.*\n", 2),
@@ -85,6 +95,7 @@ FORMS = [
     (["tree", "a", "b"], b"", "", "mivora: tree: unexpected word b.*\n", 2),
     (["tree", "a", "--nothing"], b"", "", "mivora: tree: unknown option --nothing.*\n", 2),
     (["tree", "a", "--lines"], b"", "", "mivora: tree: --lines and a TEXT exclude.*\n", 2),
+    (["speak", "a", "--fml", "x"], b"", "", "mivora: speak: --fml.*\n", 2),
     (["tree", "a", "--hex"], b"", "", "mivora: tree: --hex needs --lines.*\n", 2),
     (["fonts", "a"], b"", "", "mivora: fonts: unexpected word a.*\n", 2),
     (["comment", "--nothing"], b"", "", "mivora: comment: unknown option --nothing.*\n", 2),

@@ -62,6 +62,14 @@ constexpr EOption s_aInspect[] = { OPT_JSON, OPT_OUTPUT, OPT_HELP };
 constexpr EOption s_aEdit[] = { OPT_SCRIPT, OPT_FML, OPT_SIZE, OPT_READ_ONLY, OPT_STORE, OPT_HELP };
 constexpr EOption s_aPlain[] = { OPT_HELP };
 
+// The same in all shells.
+constexpr CExample s_aMathMLExamples[] = { { "mivora mathml a/b", "a fraction" } };
+constexpr CExample s_aLatexExamples[] = { { "mivora latex a/b", "a fraction" } };
+constexpr CExample s_aSpeakExamples[] = {
+    { "mivora speak a/b", "a fraction" },
+    { "mivora speak --lines <formulas.txt", "one line for each line of a file" },
+};
+
 constexpr CCommand s_aCommands[] = {
     { "render", OPERAND_TEXT, "TEXT", s_aRequiredRender, s_aRender, "draw a formula into a file",
       g_szRenderDescription, g_aRenderExamples, RunRender },
@@ -180,6 +188,37 @@ constexpr CCommand s_aCommands[] = {
       "bars (which are on, position, end and page of both) and the size of the window inside of "
       "them; the number of undo steps and of changes that were told; the answer to a drag.",
       g_aEditExamples, RunEdit },
+    { "mathml",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLayout,
+      "write a formula as MathML",
+      "Prints a math element of MathML Core on one line, for a browser or a screen reader. What it "
+      "shows is what a picture of the formula shows; an intent tells the meaning of a sign that "
+      "does not show it.",
+      s_aMathMLExamples,
+      RunMathML },
+    { "latex",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLayout,
+      "write a formula as LaTeX",
+      "Prints what goes between the dollar signs of a LaTeX document, on one line. It needs the "
+      "package amsmath and nothing else.",
+      s_aLatexExamples,
+      RunLatex },
+    { "speak",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLayout,
+      "tell a formula in words",
+      "Prints the English words from which a listener can write the formula down. What belongs "
+      "together without showing it is called a quantity.",
+      s_aSpeakExamples,
+      RunSpeak },
 };
 
 constexpr CManualSection s_aSections[] = {

@@ -113,6 +113,9 @@ int RunComment(const CArguments& arguments);
 int RunInspect(const CArguments& arguments);
 int RunFonts(const CArguments& arguments);
 int RunEdit(const CArguments& arguments);
+int RunMathML(const CArguments& arguments);
+int RunLatex(const CArguments& arguments);
+int RunSpeak(const CArguments& arguments);
 
 // What layout does with --fml.
 int LayOutStored(const CArguments& arguments);
