@@ -34,6 +34,8 @@ CRect MeasureInHundredths(CFormulaOut& formula)
 int ParseUnguarded(CFormulaOut& formula, const CString& strText, CParseReport& report)
 {
     formula.m_Tree.DeleteContents();
+    // A new node may lie where the selected one did.
+    formula.m_Tree.SetSelection(nullptr, formula.m_Tree.GetSelectionMode());
     formula.m_Parser.m_pTree = &formula.m_Tree;
     formula.m_Parser.SetFormula(strText);
     if (!formula.m_Parser.Parse(formula.m_Parser.GetFormula(), &report.nPosition,

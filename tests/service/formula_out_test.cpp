@@ -77,6 +77,24 @@ TEST_F(CFormulaOutTest, AStoppedParseLeavesTheOldTextWithoutATree)
     EXPECT_EQ(ScreenRect(formula), CRect(0, 0, 0, 0));
 }
 
+TEST_F(CFormulaOutTest, ANewTreeHasNothingSelected)
+{
+    CFormulaOut formula;
+    for (const CString& strText : { CString("a"), CString("b"), TooLongText() })
+    {
+        formula.FormTree("x");
+        formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode()->GetLeft(), 2);
+        formula.FormTree(strText);
+        EXPECT_EQ(formula.m_Tree.GetSelection(), nullptr);
+        EXPECT_EQ(formula.m_Tree.GetSelectionMode(), 2);
+    }
+    TakeMessages();
+    formula.FormTree("x");
+    formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode(), 1);
+    formula.ResetTree();
+    EXPECT_NE(formula.m_Tree.GetSelection(), nullptr);
+}
+
 TEST_F(CFormulaOutTest, AssignmentFormsTheText)
 {
     CFormulaOut source;
