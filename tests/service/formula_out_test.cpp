@@ -6,6 +6,7 @@
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
+#include "platform/base/system.h"
 #include "platform/gdi/dc.h"
 #include "service/service_helpers.h"
 #include "service/thread_check.h"
@@ -93,6 +94,14 @@ TEST_F(CFormulaOutTest, ANewTreeHasNothingSelected)
     formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode(), 1);
     formula.ResetTree();
     EXPECT_NE(formula.m_Tree.GetSelection(), nullptr);
+}
+
+TEST_F(CFormulaOutTest, ReportsErrorsThatTheSystemDoesNotKnow)
+{
+    CFormulaOut formula;
+    SetLastError(0x2FFFFFF0);
+    formula.m_Tree.ReportLastError();
+    EXPECT_EQ(TakeMessages(), Messages{ "Unknown error 805306352." });
 }
 
 TEST_F(CFormulaOutTest, AssignmentFormsTheText)

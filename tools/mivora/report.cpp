@@ -16,7 +16,7 @@ int KeepMessage(const char* pszText, unsigned, void*)
 {
     if (!s_strMessages.empty())
         s_strMessages += "; ";
-    s_strMessages += CodePage936ToUtf8(pszText);
+    s_strMessages += AfxGetMessageCodePage() == 936 ? CodePage936ToUtf8(pszText) : pszText;
     return IDOK;
 }
 

@@ -20,7 +20,7 @@ void Check(int nError, const CString& strPath)
 {
     if (nError != 0)
     {
-        AfxThrowFileException(CFileException::OsErrorToException(nError), nError, strPath);
+        AfxThrowFileException(native_file::CauseOf(nError, strPath), nError, strPath);
     }
 }
 
@@ -28,7 +28,7 @@ BOOL Opened(int nError, const char* pszPath, CFileException* pError)
 {
     if (nError != 0 && pError != nullptr)
     {
-        pError->m_cause = CFileException::OsErrorToException(nError);
+        pError->m_cause = native_file::CauseOf(nError, pszPath);
         pError->m_lOsError = nError;
         pError->m_strFileName = pszPath;
     }
