@@ -44,6 +44,7 @@ int ParseUnguarded(CFormulaOut& formula, const CString& strText, CParseReport& r
         return 0;
     }
     std::unique_ptr<CNode> pFormula(formula.m_Parser.m_pResult);
+    report.dropped = formula.m_Parser.GetDropped();
     CNode* pRoot = formula.m_Tree.CreateRootNode("NT_STANDARD");
     // The parse has formatted its nodes for level 0, which is theirs here too.
     pRoot->LinkLeft(pFormula.release());
