@@ -2,8 +2,10 @@
  *
  * StringToEMFFormula writes a formula as an enhanced metafile and tells its size: 22 times the size
  * in screen pixels. The text is bytes of Windows-1252, the path must end in "wmf" in any case.
- * Always 1: what goes wrong is told in message boxes, and no exception comes out. With a null
- * pointer no file is written, and the sizes are 0 where they can be stored.
+ * Always 1: what goes wrong is told in message boxes, and no exception comes out. A file that cannot
+ * be written is not told at all: whoever has to know looks for the file. With a null pointer no file
+ * is written, and the sizes are 0 where they can be stored. It may be called from any thread, and
+ * lets one call in at a time.
  *
  * AfxSetMessageBoxHandler takes the place of the message boxes, which without a display are lines
  * on standard error; a null handler brings them back. The handler gets a text, valid during the
