@@ -33,6 +33,8 @@ CInputFile::~CInputFile()
 
 std::size_t CInputFile::Read(char* pchBuffer, std::size_t nSize)
 {
+    if (IsInterrupted())
+        return 0;
     ssize_t nRead = 0;
     do
         nRead = read(m_pNative->nFile, pchBuffer, nSize);

@@ -60,6 +60,8 @@ CInputFile::~CInputFile()
 
 std::size_t CInputFile::Read(char* pchBuffer, std::size_t nSize)
 {
+    if (IsInterrupted())
+        return 0;
     DWORD nRead = 0;
     const bool bRead = IsConsole(m_pNative->hFile)
                            ? ReadConsoleLine(m_pNative->hFile, pchBuffer, nSize, nRead)
