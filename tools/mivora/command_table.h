@@ -15,6 +15,7 @@ enum EOption
     OPT_GRAYED,
     OPT_SELECT,
     OPT_STRICT,
+    OPT_GREEK,
     OPT_LINES,
     OPT_HEX,
     OPT_DIRECTORY,
