@@ -238,17 +238,19 @@ void CMainFrame::OnUpdateEditReadOnly(CCmdUI* pUI)
 void CMainFrame::OnHelpKeys()
 {
     ShowMessage(
-        "Tab\tbetween text and formula\n"
-        "Enter\tin the text: makes it the formula\n\n"
+        "Tab\tto and fro between text and formula\n"
+        "Enter\tmakes the text the formula\n\n"
         "In the formula:\n"
         "Ctrl+A\tselects everything\n"
-        "Right, Left\tto the right or left part of what is selected\n"
-        "Up\tto what it is a part of\n"
-        "Space\tselects a node with its parts, or alone\n"
-        "Delete\treplaces what is selected by an empty slot\n"
-        "a letter\ttypes a name into a slot, a name or a number;\n"
-        "\tEnter ends it, Escape takes it back\n"
-        "Ctrl+X, C, V\tcuts, copies, pastes into a slot",
+        "Left\tgoes to the left part\n"
+        "Right\tgoes to the right part\n"
+        "Up\tgoes to the whole\n"
+        "Space\twith its parts, or alone\n"
+        "Delete\tleaves an empty slot\n"
+        "A letter\ttypes a name over it\n"
+        "Ctrl+X\tcuts\n"
+        "Ctrl+C\tcopies\n"
+        "Ctrl+V\tpastes into a slot",
         MB_OK | MB_ICONINFORMATION);
 }
 
