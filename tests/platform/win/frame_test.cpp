@@ -4,6 +4,7 @@
 #include "platform/base/exception.h"
 #include "platform/win/app_pump.h"
 #include "platform/win/cmd_ui.h"
+#include "platform/win/dialog.h"
 #include "platform/win/menu.h"
 #include "test_window.h"
 
@@ -263,5 +264,33 @@ TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)
         return FALSE;
     };
     EXPECT_EQ(AfxWinMain(), 0) << "no loop";
+}
+
+TEST_F(Frame, ResourcesAreFoundByTheirNumber)
+{
+    auto* pLoaded = new CTestFrame;
+    ASSERT_TRUE(pLoaded->LoadFrame(102));
+    CString strTitle;
+    pLoaded->GetWindowText(strTitle);
+    EXPECT_STREQ(strTitle, "a title");
+    EXPECT_EQ(pLoaded->GetMenu()->GetSubMenu(0)->GetMenuItemID(0), ID_OF_FRAME);
+    MSG message = { *pLoaded, WM_KEYDOWN, VK_F7, 1, 0, {} };
+    EXPECT_TRUE(pLoaded->PreTranslateMessage(&message));
+    EXPECT_EQ(TakeLog(), "Frame");
+    pLoaded->DestroyWindow();
+    CTestFrame unknown;
+    EXPECT_FALSE(unknown.LoadFrame(999));
+
+    CMenu menu;
+    EXPECT_FALSE(menu.LoadMenu(999));
+    ASSERT_TRUE(menu.LoadMenu(102));
+    EXPECT_EQ(menu.GetMenuItemCount(), 1U);
+    CDialog dialog;
+    EXPECT_FALSE(dialog.Create(999));
+    ASSERT_TRUE(dialog.Create(103, m_pFrame));
+    EXPECT_NE(dialog.GetDlgItem(21), nullptr);
+    EXPECT_EQ(dialog.GetParent(), m_pFrame);
+    dialog.SendMessage(WM_COMMAND, ID_OF_FRAME);
+    EXPECT_EQ(TakeLog(), "FrameGone Frame") << "a dialog's commands go on to its parent";
 }
 }  // namespace
