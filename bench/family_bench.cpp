@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "exchange/latex.h"
+#include "exchange/mathml.h"
+#include "exchange/speech.h"
 #include "formulas.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
@@ -90,6 +93,21 @@ private:
     CFormulaOut m_formula;
 };
 
+template <std::string (*Write)(const CNode*)>
+class CWrittenForm
+{
+public:
+    CWrittenForm(const CFamily& family, int nLevels)
+    {
+        m_formula.FormTree(Text(family, nLevels).c_str());
+    }
+    void Run() { benchmark::DoNotOptimize(Write(m_formula.m_Tree.GetRootNode())); }
+    CFormulaOut& Formula() { return m_formula; }
+
+private:
+    CFormulaOut m_formula;
+};
+
 template <class CJob>
 void TimePerNode(benchmark::State& state, const CFamily& family)
 {
@@ -151,6 +169,9 @@ const bool s_bRegistered = []
     {
         Register<CParseAndMeasure>(family, "parse_and_measure");
         Register<CMetafile>(family, "metafile");
+        Register<CWrittenForm<MathMLText>>(family, "mathml");
+        Register<CWrittenForm<LatexText>>(family, "latex");
+        Register<CWrittenForm<SpokenText>>(family, "words");
     }
     return true;
 }();

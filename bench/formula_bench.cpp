@@ -7,6 +7,9 @@
 #include <cstdio>
 #include <memory>
 
+#include "exchange/latex.h"
+#include "exchange/mathml.h"
+#include "exchange/speech.h"
 #include "formulas.h"
 #include "nodes/node.h"
 #include "platform/gdi/dc.h"
@@ -87,6 +90,21 @@ void ParseAndMeasure(benchmark::State& state)
     CountFormulas(state);
 }
 BENCHMARK(ParseAndMeasure);
+
+// Writes every formula in another form; Parse tells what that may cost.
+void WriteInForm(benchmark::State& state, std::string (*pfnWrite)(const CNode*))
+{
+    const CFormulaList list = FormedFormulas();
+    for (auto _ : state)
+    {
+        for (const auto& formula : list)
+            benchmark::DoNotOptimize(pfnWrite(formula->m_Tree.GetRootNode()));
+    }
+    CountFormulas(state);
+}
+BENCHMARK_CAPTURE(WriteInForm, MathML, MathMLText);
+BENCHMARK_CAPTURE(WriteInForm, LaTeX, LatexText);
+BENCHMARK_CAPTURE(WriteInForm, Words, SpokenText);
 
 void PaintOnBitmap(benchmark::State& state)
 {

@@ -1,5 +1,5 @@
 # What mivora-platform.dll exports: all that its objects define, but for the run-time library's
-# templates and the variables inside of functions. A host that bound its std::string to our copy
+# templates, the functions of newlib and the variables inside of functions. A host that bound its std::string to our copy
 # would break with the next compiler.
 #
 #     cmake -DNM=... -DFILE=out.def -P ClassLibraryExports.cmake -- object ...
@@ -22,7 +22,7 @@ set(of_run_time "^_Z(T[A-Z]P?|NK?)?N?(S[a-z]|9__gnu_cxx)")
 set(exports)
 foreach(symbol ${symbols})
     string(REGEX REPLACE " .*" "" name ${symbol})
-    if(NOT name MATCHES "${of_run_time}" AND NOT name MATCHES "^(_ZZ|_ZGV|_ZT[ISV]Z|\\.)")
+    if(NOT name MATCHES "${of_run_time}" AND NOT name MATCHES "^newlib_" AND NOT name MATCHES "^(_ZZ|_ZGV|_ZT[ISV]Z|\\.)")
         if(NOT symbol MATCHES " T $")
             string(APPEND name " DATA")
         endif()

@@ -17,6 +17,17 @@ endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora
         FILES_MATCHING PATTERN "*.h"
         PATTERN "linux" EXCLUDE PATTERN "win32" EXCLUDE ${other_system})
+if(WIN32)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/control/win32
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora/control
+            FILES_MATCHING PATTERN "formula_ctrl.h" PATTERN "formula_drop_target.h"
+            PATTERN "resource.h")
+    install(FILES ${PROJECT_SOURCE_DIR}/src/control/win32/control.rc
+                  ${PROJECT_SOURCE_DIR}/src/control/win32/resource.h
+                  ${PROJECT_SOURCE_DIR}/src/control/win32/toolbar.bmp
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/mivora/resources)
+    install(TARGETS mivora-resources EXPORT MivoraTargets)
+endif()
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Mivora)
 install(EXPORT MivoraTargets NAMESPACE Mivora:: DESTINATION ${package_dir})

@@ -1,8 +1,12 @@
 // Any bytes as a stored formula: the bare archive of a tree, and, where they look like one, a
-// compound file. What loads is measured, painted, hit, written as text, copied, edited and stored.
+// compound file. What loads is measured, painted, hit, written in all forms, copied, edited and
+// stored.
 #include <cstdint>
 #include <cstdlib>
 
+#include "exchange/latex.h"
+#include "exchange/mathml.h"
+#include "exchange/speech.h"
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
@@ -35,7 +39,11 @@ void Look(CFormulaOut& formula)
         formula.DrawTree(&screen, CRect(0, 0, 0, 0));
     }
     formula.m_Tree.GetFormulaText(0);
-    TreeForm(formula.m_Tree.GetRootNode());
+    const CNode* pRoot = formula.m_Tree.GetRootNode();
+    TreeForm(pRoot);
+    MathMLText(pRoot);
+    LatexText(pRoot);
+    SpokenText(pRoot);
 }
 
 // A part of a tree into a tree of its own, through one that is lent the part for that time.

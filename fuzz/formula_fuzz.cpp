@@ -1,6 +1,10 @@
-// Any bytes as a formula: parsed, measured, painted on a bitmap and on a metafile, deleted.
+// Any bytes as a formula: parsed, measured, painted on a bitmap and on a metafile, written in all
+// forms, deleted.
 #include <cstdint>
 
+#include "exchange/latex.h"
+#include "exchange/mathml.h"
+#include "exchange/speech.h"
 #include "platform/gdi/dc.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
@@ -38,5 +42,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     formula.FormTree(CString(reinterpret_cast<const char*>(pData), static_cast<int>(nSize)));
     PaintOnBitmap(formula);
     PaintOnMetafile(formula);
+    const CNode* pRoot = formula.m_Tree.GetRootNode();
+    MathMLText(pRoot);
+    LatexText(pRoot);
+    SpokenText(pRoot);
     return 0;
 }

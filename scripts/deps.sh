@@ -17,7 +17,8 @@ packages_test=(
 )
 # Wine loads the X libraries where they are: for cursors, mouse input, changes of the screen.
 packages_windows=(
-    g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix googletest python3-pefile
+    g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix newlib-source googletest
+    python3-pefile
     wine wine64 xvfb util-linux
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
 )

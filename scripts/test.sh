@@ -21,6 +21,9 @@ scripts/deps.sh build test ${windows:+windows}
 cmake --preset linux-debug >/dev/null
 cmake --build --preset linux-debug
 ctest --preset linux-debug -j "$(nproc)" || status=1
+cmake --preset linux-thread >/dev/null
+cmake --build --preset linux-thread
+build/linux-thread/bin/threads_tests || status=1
 
 if [ -n "$windows" ]; then
     cmake --preset windows-release >/dev/null

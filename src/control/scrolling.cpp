@@ -11,8 +11,8 @@ namespace
 constexpr int LINE_STEP = 10;  // pixels
 
 // Decisions about the bars that come to an end need at most 9 calls within each other, and 2 in a
-// row.
-constexpr int RECALC_DEPTH = 32;
+// row. Not many more: systems stop sending messages within messages at some depth.
+constexpr int RECALC_DEPTH = 16;
 constexpr int RESTLESS_LIMIT = 8;
 
 constexpr int s_anBars[] = { SB_HORZ, SB_VERT };
@@ -66,7 +66,9 @@ void CFormulaControl::ShowBar(int nBar, BOOL bShow)
 // off.
 void CFormulaControl::RecalcScrollBars()
 {
-    if (!m_Window.IsWindow() || m_bRecalcStopped || m_nRestless >= RESTLESS_LIMIT)
+    const bool bTired =
+        m_nRestless > RESTLESS_LIMIT || (m_nRestless == RESTLESS_LIMIT && m_nScrollBars != 0);
+    if (!m_Window.IsWindow() || m_bRecalcStopped || bTired)
         return;
     const bool bOutermost = m_nRecalcDepth == 0;
     m_bSwitched = !bOutermost;

@@ -61,8 +61,13 @@ const CString& NodeTypeName(ENodeType nType)
     return NameTable().GetName(nType);
 }
 
+ENodeType FindNodeType(const CString& strName)
+{
+    return *NameTable().FindSlot(strName);
+}
+
 std::optional<ENodeType> NodeTypeFromName(const CString& strName)
 {
-    const ENodeType nType = *NameTable().FindSlot(strName);
+    const ENodeType nType = FindNodeType(strName);
     return nType == NTI_COUNT ? std::nullopt : std::optional(nType);
 }

@@ -58,3 +58,7 @@ const CString& NodeTypeName(ENodeType nType);
 
 // Compares exactly, with case; empty for an unknown name.
 std::optional<ENodeType> NodeTypeFromName(const CString& strName);
+
+// The same with NTI_COUNT for an unknown name, for who asks for every node of a tree: taking an
+// optional apart costs more than the search.
+ENodeType FindNodeType(const CString& strName);

@@ -9,6 +9,7 @@
 #include "parser/failure.h"
 #include "parser/keywords.h"
 #include "parser/token.h"
+#include "platform/base/accurate_math.h"
 #include "platform/base/app.h"
 #include "platform/base/deep_call.h"
 
@@ -119,7 +120,7 @@ double CFormulaParser::CalcPower(WORD* pPos, CString* pToken)
         if (IsPowerRefused(dBase, dExponent))
             m_strError = CString::Immortal(s_pszNoRoot);
         else
-            dBase = std::pow(dBase, dExponent);
+            dBase = accurate::pow(dBase, dExponent);
     }
     return dBase;
 }

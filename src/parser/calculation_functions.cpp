@@ -4,6 +4,8 @@
 #include <climits>
 #include <cmath>
 
+#include "platform/base/accurate_math.h"
+
 namespace
 {
 
@@ -30,27 +32,27 @@ bool RefusesNegative(double x)
 // settled as they stand.
 // clang-format off
 constexpr CFunction s_aFunctions[] = {
-    { KW_ABS,    [](double x) { return std::fabs(x); },  RefusesNothing },
-    { KW_SQR,    [](double x) { return std::sqrt(x); },  RefusesNegative },
-    { KW_SINH,   [](double x) { return std::sinh(x); },  RefusesNothing },
-    { KW_COSH,   [](double x) { return std::cosh(x); },  RefusesNothing },
-    { KW_TANH,   [](double x) { return std::tanh(x); },  RefusesNothing },
-    { KW_ARCTAN, [](double x) { return std::atan(x); },  RefusesNothing },
-    { KW_LN,     [](double x) { return std::log(x); },   RefusesNegative },
-    { KW_LOG,    [](double x) { return std::log10(x); }, RefusesNegative },
-    { KW_EXP,    [](double x) { return std::exp(x); },   [](double x) { return x > 41.0; } },
-    { KW_SIN,    [](double x) { return std::sin(x); },   RefusesNothing },
-    { KW_COS,    [](double x) { return std::cos(x); },   RefusesNothing },
-    { KW_TAN,    [](double x) { return std::tan(x); },   [](double x) { return std::cos(x) == 0.0; } },
-    { KW_ARCSIN, [](double x) { return std::asin(x); },  [](double x) { return std::fabs(x) >= 1.0; } },
-    { KW_ARCCOS, [](double x) { return std::acos(x); },  [](double x) { return std::fabs(x) > 1.0; } },
+    { KW_ABS,    std::fabs,       RefusesNothing },
+    { KW_SQR,    std::sqrt,       RefusesNegative },
+    { KW_SINH,   accurate::sinh,  RefusesNothing },
+    { KW_COSH,   accurate::cosh,  RefusesNothing },
+    { KW_TANH,   accurate::tanh,  RefusesNothing },
+    { KW_ARCTAN, accurate::atan,  RefusesNothing },
+    { KW_LN,     accurate::log,   RefusesNegative },
+    { KW_LOG,    accurate::log10, RefusesNegative },
+    { KW_EXP,    accurate::exp,   [](double x) { return x > 41.0; } },
+    { KW_SIN,    accurate::sin,   RefusesNothing },
+    { KW_COS,    accurate::cos,   RefusesNothing },
+    { KW_TAN,    accurate::tan,   [](double x) { return accurate::cos(x) == 0.0; } },
+    { KW_ARCSIN, accurate::asin,  [](double x) { return std::fabs(x) >= 1.0; } },
+    { KW_ARCCOS, accurate::acos,  [](double x) { return std::fabs(x) > 1.0; } },
     { KW_INT,    [](double x) { return static_cast<double>(TruncateTo32Bits(x)); }, RefusesNothing },
     { KW_RAD,    [](double x) { return x * PI / 180.0; }, RefusesNothing },
     { KW_DEG,    [](double x) { return x * 180.0 / PI; }, RefusesNothing },
-    { KW_ARSINH, [](double x) { return std::log(x + std::sqrt(x * x + 1.0)); }, RefusesNothing },
-    { KW_ARCOSH, [](double x) { return std::log(x + std::sqrt(x * x - 1.0)); },
+    { KW_ARSINH, [](double x) { return accurate::log(x + std::sqrt(x * x + 1.0)); }, RefusesNothing },
+    { KW_ARCOSH, [](double x) { return accurate::log(x + std::sqrt(x * x - 1.0)); },
                  [](double x) { return std::fabs(x) < 1.0; } },
-    { KW_ARTANH, [](double x) { return 0.5 * std::log((1.0 + x) / (1.0 - x)); },
+    { KW_ARTANH, [](double x) { return 0.5 * accurate::log((1.0 + x) / (1.0 - x)); },
                  [](double x) { return std::fabs(x) > 1.0; } },
 };
 // clang-format on

@@ -55,13 +55,17 @@ CNode* CFormulaParser::ParseExpression(WORD* pPos, CString* pToken)
     while (IsRelation(pToken))
     {
         const char chOperator = TokenChar(*pToken);
+        const WORD nStart = *pPos;
         NextChar(pPos, pToken);
         const bool bEqualSign = IsToken(pToken, '=');
         if (bEqualSign)
             NextChar(pPos, pToken);
         const CRelation* pRelation = FindRelation(chOperator, bEqualSign);
         if (pRelation == nullptr)
+        {
+            NoteDropped(nStart, *pPos);
             continue;
+        }
 
         CNode* pNode = NewNode(pRelation->nType, pResult, nullptr);
         if (pRelation->nKind != 0)

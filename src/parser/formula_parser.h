@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "nodes/type_names.h"
+#include "parser/dropped_text.h"
 #include "platform/base/collections.h"
 #include "platform/base/cstring.h"
 #include "platform/base/types.h"
@@ -32,6 +33,11 @@ public:
     // exception stopped the parse: *pMessage tells it, *pErrorPos stays, m_pResult is null.
     // Sets g_nTimesGap.
     int Parse(CString strText, WORD* pErrorPos, CString* pMessage);
+
+    // What the last Parse read and no node of its result shows, in the order of the text. The
+    // arguments of BRACE that choose brackets do not count, and nothing is told twice: not what
+    // lies behind the place where reading ended.
+    const std::vector<CDroppedText>& GetDropped() const { return m_aDropped; }
 
     // The value of a text; position and message as for Parse, in German. A division by zero or a
     // refused power leaves a message without a position. x is stored; no text can name it.
@@ -80,8 +86,16 @@ private:
     CString TextBetween(WORD nStart, WORD nEnd) const;
     const CKeyword* TakeKeyword(WORD* pPos) const;
 
-    CNode* NewNode(ENodeType nType);
-    CNode* NewNode(ENodeType nType, const CString& strSymbol);
+    // The positions of a text that a node shows, and behind it; both 0: it has none of its own.
+    struct CSpan
+    {
+        WORD nStart;
+        WORD nEnd;
+    };
+
+    CNode* NewNode(ENodeType nType) { return NewNode(nType, CSpan{ 0, 0 }); }
+    CNode* NewNode(ENodeType nType, CSpan span);
+    CNode* NewNode(ENodeType nType, const CString& strSymbol, CSpan span = { 0, 0 });
     CNode* NewNode(ENodeType nType, CNode* pLeft, CNode* pRight);
     CNode* Wrapped(CNode* pNode);
 
@@ -101,11 +115,22 @@ private:
 
     double ReadCalcPrimary(WORD* pPos, CString* pToken);
 
+    void NoteDropped(WORD nStart, WORD nEnd);
+    void TellDropped(bool bNodes);
     void FreeDropped(CNode* pTop);
     void FreeAll();
 
-    std::vector<CNode*> m_apMade;     // all nodes of the running parse
-    std::vector<CNode*> m_apReached;  // working space of FreeDropped
-    int m_nGreek = 0;                 // operands of GREEK around the present place
-    bool m_bEnded = false;            // a keyword has failed: nothing more is read
+    struct CMadeNode
+    {
+        CNode* pNode;
+        CSpan span;
+    };
+
+    std::vector<CMadeNode> m_aMade;        // all nodes of the running parse
+    std::vector<CNode*> m_apReached;       // working space of FreeDropped
+    std::vector<CNode*> m_apBrackets;      // what was read as the brackets of BRACE
+    std::vector<CDroppedText> m_aDropped;  // until the end of the parse: what no node stands for
+    int m_nGreek = 0;                      // operands of GREEK around the present place
+    bool m_bEnded = false;                 // a keyword has failed: nothing more is read
+    WORD m_nStopped = 0;                   // where the outermost such keyword begins
 };

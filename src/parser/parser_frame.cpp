@@ -3,8 +3,6 @@
 #include "parser/formula_parser.h"
 
 #include <algorithm>
-#include <functional>
-#include <new>
 
 #include "format/tree_format.h"
 #include "nodes/node.h"
@@ -21,8 +19,6 @@ constexpr int MAX_POSITION = 0xFFFF;
 constexpr int GAP_WIDE = 2;
 constexpr int GAP_AT_START = -6;
 
-// A list of nodes that has grown beyond this is given back after the parse.
-constexpr std::size_t KEPT_NODES = 64 * 1024;
 constexpr std::size_t FIRST_NODES = 256;
 constexpr std::size_t NODES_AT_ONCE = 3;  // a node, and the children that its constructor makes
 
@@ -41,21 +37,6 @@ constexpr CBracketPair s_aBracketPairs[] = {
 };
 
 const CString s_strGreekFace = CString::Immortal("Symbol");
-
-template <class T>
-void GiveBackIfHuge(std::vector<T>& list)
-{
-    list.clear();
-    if (list.capacity() > KEPT_NODES)
-        list.shrink_to_fit();
-}
-
-void DeleteAlone(CNode* pNode)
-{
-    pNode->LinkLeft(nullptr);
-    pNode->LinkRight(nullptr);
-    delete pNode;
-}
 
 }  // namespace
 
@@ -83,6 +64,8 @@ int CFormulaParser::Parse(CString strText, WORD* pErrorPos, CString* pMessage)
     m_pResult = nullptr;
     m_nGreek = 0;
     m_bEnded = false;
+    m_apBrackets.clear();
+    m_aDropped.clear();
     g_nTimesGap = m_bWideTimes != 0 ? GAP_WIDE : GAP_AT_START;
 
     if (RunAndReport(pMessage, [&] { ParseText(strText, pErrorPos, pMessage); }))
@@ -98,6 +81,8 @@ void CFormulaParser::ParseText(const CString& strText, WORD* pErrorPos, CString*
     CString strToken;
     SetText(strText, &nPos, &strToken);
     CNode* pResult = ParseExpression(&nPos, &strToken);
+    if (IsToken(&strToken, '\0') && nPos < m_strText.GetLength())  // ended by a NUL of the text
+        NoteDropped(nPos, static_cast<WORD>(m_strText.GetLength()));
     WORD nErrorPos;
     CString strMessage;
     ReportEnd(nPos, strToken, "Error at Position %d", m_strError, &nErrorPos, &strMessage);
@@ -165,22 +150,22 @@ int CFormulaParser::BracketType(CString strLeft, CString strRight)
     return 0;
 }
 
-CNode* CFormulaParser::NewNode(ENodeType nType)
+CNode* CFormulaParser::NewNode(ENodeType nType, CSpan span)
 {
-    if (m_apMade.capacity() - m_apMade.size() < NODES_AT_ONCE)
-        m_apMade.reserve(std::max(FIRST_NODES, 2 * m_apMade.capacity()));
+    if (m_aMade.capacity() - m_aMade.size() < NODES_AT_ONCE)
+        m_aMade.reserve(std::max(FIRST_NODES, 2 * m_aMade.capacity()));
     CNode* pNode = m_pTree->CreateBareNode(nType);
-    m_apMade.push_back(pNode);
+    m_aMade.push_back({ pNode, span });
     if (pNode->GetLeft() != nullptr)
-        m_apMade.push_back(pNode->GetLeft());
+        m_aMade.push_back({ pNode->GetLeft(), { 0, 0 } });
     if (pNode->GetRight() != nullptr)
-        m_apMade.push_back(pNode->GetRight());
+        m_aMade.push_back({ pNode->GetRight(), { 0, 0 } });
     return pNode;
 }
 
-CNode* CFormulaParser::NewNode(ENodeType nType, const CString& strSymbol)
+CNode* CFormulaParser::NewNode(ENodeType nType, const CString& strSymbol, CSpan span)
 {
-    CNode* pNode = NewNode(nType);
+    CNode* pNode = NewNode(nType, span);
     pNode->SetSymbol(strSymbol);
     // The face is the mark of a Greek name: formatting leaves it alone.
     if (m_nGreek > 0 && nType == NTI_VARIABLE)
@@ -196,39 +181,4 @@ CNode* CFormulaParser::NewNode(ENodeType nType, CNode* pLeft, CNode* pRight)
     if (pRight != nullptr)
         pNode->LinkRight(pRight);
     return pNode;
-}
-
-// A rule can drop a node that still points at nodes which live, so that what pTop does not reach
-// is deleted node by node.
-void CFormulaParser::FreeDropped(CNode* pTop)
-{
-    m_apReached.reserve(m_apMade.size());
-    m_apReached.push_back(pTop);
-    for (std::size_t i = 0; i < m_apReached.size(); i++)
-    {
-        const CNode* pNode = m_apReached[i];
-        if (pNode->GetLeft() != nullptr)
-            m_apReached.push_back(pNode->GetLeft());
-        if (pNode->GetRight() != nullptr)
-            m_apReached.push_back(pNode->GetRight());
-    }
-    if (m_apReached.size() != m_apMade.size())
-    {
-        std::sort(m_apReached.begin(), m_apReached.end(), std::less<>());
-        for (CNode* pNode : m_apMade)
-        {
-            if (!std::binary_search(m_apReached.begin(), m_apReached.end(), pNode, std::less<>()))
-                DeleteAlone(pNode);
-        }
-    }
-    GiveBackIfHuge(m_apReached);
-    GiveBackIfHuge(m_apMade);
-}
-
-void CFormulaParser::FreeAll()
-{
-    for (CNode* pNode : m_apMade)
-        DeleteAlone(pNode);
-    GiveBackIfHuge(m_apMade);
-    GiveBackIfHuge(m_apReached);
 }

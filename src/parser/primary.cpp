@@ -53,14 +53,22 @@ CNode* CFormulaParser::ReadPrimary(WORD* pPos, CString* pToken)
         return ReadGroup(pPos, pToken);
 
     CNode* pNode = nullptr;
-    if (const CKeyword* pKeyword = TakeKeyword(pPos))
+    const WORD nStart = *pPos;
+    const CKeyword* pKeyword = TakeKeyword(pPos);
+    if (pKeyword != nullptr)
     {
         pNode = ReadKeyword(*pKeyword, pPos, pToken);
+        if (m_bEnded)
+            m_nStopped = nStart;
         if (m_bEnded || pKeyword->form == EKeywordForm::List)
             return pNode;
     }
     if (IsName(pToken))
+    {
+        if (pKeyword != nullptr)
+            NoteDropped(nStart, *pPos);
         pNode = ReadName(pPos, pToken);
+    }
     if (pNode == nullptr)
         return NewNode(NTI_STANDARD);
     if (IsToken(pToken, '('))
@@ -76,7 +84,7 @@ CNode* CFormulaParser::ReadNumber(WORD* pPos, CString* pToken)
     do
         NextChar(pPos, pToken);
     while (IsNumber(pToken));
-    return NewNode(NTI_NUMBER, TextBetween(nStart, *pPos));
+    return NewNode(NTI_NUMBER, TextBetween(nStart, *pPos), { nStart, *pPos });
 }
 
 // group := "(" expression [ ")" ]
@@ -96,7 +104,7 @@ CNode* CFormulaParser::ReadName(WORD* pPos, CString* pToken)
     do
         NextChar(pPos, pToken);
     while (IsName(pToken));
-    return NewNode(NTI_VARIABLE, TextBetween(nStart, *pPos));
+    return NewNode(NTI_VARIABLE, TextBetween(nStart, *pPos), { nStart, *pPos });
 }
 
 // call form := "(" list [ ")" ]
@@ -233,6 +241,7 @@ CNode* CFormulaParser::ReadText(const CKeyword& keyword, WORD* pPos, CString* pT
         return Fail(keyword.noOpen, pPos, pToken);
     NextChar(pPos, pToken);
     std::string strText;
+    const WORD nStart = *pPos;
     int nNext = *pPos;  // where the next character stands if no blank comes before it
     while (!IsToken(pToken, ')') && !IsToken(pToken, '\0'))
     {
@@ -249,7 +258,8 @@ CNode* CFormulaParser::ReadText(const CKeyword& keyword, WORD* pPos, CString* pT
         nNext = *pPos + 1;
         NextChar(pPos, pToken);
     }
-    CNode* pNode = NewNode(NTI_VARIABLE, CString(strText.data(), static_cast<int>(strText.size())));
+    CNode* pNode = NewNode(NTI_VARIABLE, CString(strText.data(), static_cast<int>(strText.size())),
+                           { nStart, *pPos });
     NextChar(pPos, pToken);
     return pNode;
 }
@@ -267,10 +277,15 @@ CNode* CFormulaParser::ReadBrace(const CKeyword& keyword, WORD* pPos, CString* p
     CNode* pBrace = NewNode(NTI_BRACE);
     SetKind(pBrace,
             BracketType(BracketText(ItemOf(list, 0), "<"), BracketText(ItemOf(list, 1), ">")));
+    for (int i = 0; i < 2 && i < list.GetSize(); i++)
+        m_apBrackets.push_back(list[i]);
     if (CNode* pContent = ItemOf(list, 2))
         pBrace->LinkLeft(pContent);
-    if (!m_bEnded)
-        NextChar(pPos, pToken);
+    if (m_bEnded)
+        return pBrace;
+    if (!IsToken(pToken, ')') && !IsToken(pToken, '\0'))
+        NoteDropped(*pPos, static_cast<WORD>(*pPos + 1));
+    NextChar(pPos, pToken);
     return pBrace;
 }
 

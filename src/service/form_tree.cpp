@@ -34,6 +34,8 @@ CRect MeasureInHundredths(CFormulaOut& formula)
 int ParseUnguarded(CFormulaOut& formula, const CString& strText, CParseReport& report)
 {
     formula.m_Tree.DeleteContents();
+    // A new node may lie where the selected one did.
+    formula.m_Tree.SetSelection(nullptr, formula.m_Tree.GetSelectionMode());
     formula.m_Parser.m_pTree = &formula.m_Tree;
     formula.m_Parser.SetFormula(strText);
     if (!formula.m_Parser.Parse(formula.m_Parser.GetFormula(), &report.nPosition,
@@ -42,6 +44,7 @@ int ParseUnguarded(CFormulaOut& formula, const CString& strText, CParseReport& r
         return 0;
     }
     std::unique_ptr<CNode> pFormula(formula.m_Parser.m_pResult);
+    report.dropped = formula.m_Parser.GetDropped();
     CNode* pRoot = formula.m_Tree.CreateRootNode("NT_STANDARD");
     // The parse has formatted its nodes for level 0, which is theirs here too.
     pRoot->LinkLeft(pFormula.release());

@@ -1,16 +1,24 @@
 // The steps of CFormulaOut::FormTree, for callers that also want what the parser says.
 #pragma once
 
+#include <vector>
+
+#include "parser/dropped_text.h"
 #include "platform/base/cstring.h"
 #include "platform/base/types.h"
 
 class CFormulaOut;
 
-// Where and why a parse ended early.
+// Where and why a parse ended early, and what it left out.
 struct CParseReport
 {
-    WORD nPosition = 0;  // 1-based in the trimmed text; 0: all of it was understood
+    // A keyword that fails goes back from its place, to 0 or around to a number behind the text, so
+    // that the message alone tells whether there is an error.
+    bool HasError() const { return !strMessage.IsEmpty(); }
+
+    WORD nPosition = 0;  // 1-based in the trimmed text
     CString strMessage;  // empty if all was understood
+    std::vector<CDroppedText> dropped;
 };
 
 // Puts the nodes of a text below a new root of formula.m_Tree, without measuring anything. 0, with

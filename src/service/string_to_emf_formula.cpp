@@ -7,6 +7,7 @@
 #include "platform/base/exception.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
+#include "service/library_lock.h"
 
 namespace
 {
@@ -82,6 +83,7 @@ void SetZero(float* pfSize)
 extern "C" int StringToEMFFormula(const char* pszFormula, const char* pszPath, float* pfWidth,
                                   float* pfHeight)
 {
+    const CLibraryLock lock;
     SetZero(pfWidth);
     SetZero(pfHeight);
     RunSealed(

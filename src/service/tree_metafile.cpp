@@ -145,11 +145,16 @@ int CBinTree::ReadMetafile(CString strPath)
 
 void CBinTree::ReportLastError()
 {
+    const DWORD nError = GetLastError();
     char* pszText = nullptr;
     FormatMessageA(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-        nullptr, GetLastError(), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
+        nullptr, nError, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
         reinterpret_cast<char*>(&pszText), 0, nullptr);
-    AfxSystemMessageBox(pszText, "Error", MB_ICONINFORMATION);
+    CString strUnknown;
+    if (pszText == nullptr)
+        strUnknown.Format("Unknown error %u.", static_cast<unsigned>(nError));
+    AfxSystemMessageBox(pszText != nullptr ? pszText : strUnknown.GetString(), "Error",
+                        MB_ICONINFORMATION);
     LocalFree(pszText);
 }

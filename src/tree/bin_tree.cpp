@@ -156,6 +156,7 @@ void CBinTree::DeleteSubtree(CNode* pNode)
 void CBinTree::CopyFrom(const CBinTree& other)
 {
     DeleteContents();
+    m_pSelected = nullptr;
     m_pRoot = CopySubtree(other.GetRootNode(), 1);
     m_strName = other.m_strName;
     Reformat(nullptr);
@@ -183,6 +184,8 @@ CNode* CBinTree::FindParent(CNode* pNode)
 
 CString CBinTree::GetFormulaText(int nForm)
 {
+    if (nForm < 0 || nForm >= TEXT_FORMS)
+        AfxThrowInvalidArgException();
     CString strText(s_pszFirstLine);
     if (m_pRoot != nullptr)
         strText += m_pRoot->MakeText(nForm);

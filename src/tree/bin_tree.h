@@ -45,7 +45,8 @@ public:
     CString GetName() const { return m_strName; }
     void SetName(CString strName) { m_strName = strName; }
 
-    // Deletes the nodes. The selection stays as it is and must be set anew.
+    // Deletes the nodes. The selection stays as it is and must be set anew by whoever goes on
+    // using the tree: new nodes get the memory of old ones.
     void DeleteContents() override;
 
     // Paints with a transparent background mode, which stays set on pDC.
@@ -70,7 +71,8 @@ public:
     // Deletes a node that hangs in no tree (any more), and all below it. Null is ignored.
     void DeleteSubtree(CNode* pNode);
 
-    // Makes this tree a copy of the other one's nodes and name, in the default format.
+    // Makes this tree a copy of the other one's nodes and name, in the default format, with nothing
+    // selected.
     void CopyFrom(const CBinTree& other);
 
     // A copy of a node, the caller's; if bDeep is nonzero with what hangs below it. A side that
@@ -81,6 +83,7 @@ public:
     CNode* FindParent(CNode* pNode);
 
     // The tree as an expression for a program; form 0 is FORTRAN with continuation lines.
+    // CInvalidArgException for a form outside 0 to TEXT_FORMS - 1.
     CString GetFormulaText(int nForm);
 
     // Turns the links below a node until no child binds more loosely than its parent. A node
@@ -91,7 +94,8 @@ public:
     // Puts a new node of another type in the place of pNode, with pNode's children; deletes pNode.
     CNode* ChangeNodeType(CNode* pNode, CString strType);
 
-    // Puts pNew in the place of pOld; deletes pOld with all below it.
+    // Puts pNew in the place of pOld; deletes pOld with all below it. A selected pOld hands its
+    // selection on.
     void ReplaceNode(CNode* pOld, CNode* pNew);
 
     // Puts a new node in the place of pNode; deletes pNode with all below it. Null, and nothing

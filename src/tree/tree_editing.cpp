@@ -65,7 +65,7 @@ CNode* CBinTree::ChangeNodeType(CNode* pNode, CString strType)
 void CBinTree::ReplaceNode(CNode* pOld, CNode* pNew)
 {
     ReplaceChild(FindParent(pOld), pOld, pNew);
-    if (m_pSelected == pOld)
+    if (pOld != nullptr && m_pSelected == pOld)
         m_pSelected = pNew;
     DeleteSubtree(pOld);
 }

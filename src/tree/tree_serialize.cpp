@@ -45,8 +45,8 @@ void CBinTree::Serialize(CArchive& ar)
     m_pRoot->SerializeNode(ar, this);
 }
 
-// Reads into new objects, so that an archive that fails half way leaves the tree as it was. The
-// empty type name of an empty tree is the first byte of its mark; the other three stay unread.
+// A load that fails half way is rolled back whole: all is read into new objects, and the tree's own
+// rectangle, name and nodes are replaced only when nothing can fail any more. The empty type name of an empty tree is the first byte of its mark; the other three stay unread.
 void CBinTree::LoadTree(CArchive& ar)
 {
     const CRect rect = LoadRect(ar);

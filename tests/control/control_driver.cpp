@@ -56,6 +56,7 @@ std::vector<std::string> CControlDriver::Play(const std::string& strScript)
     std::ranges::replace(strLines, ';', '\n');
     std::istringstream lines(strLines);
     std::vector<std::string> states;
+    m_Events.clear();
     const auto read = [&]() -> std::optional<CScriptEvent>
     {
         for (std::string strLine; std::getline(lines, strLine);)
@@ -65,6 +66,7 @@ std::vector<std::string> CControlDriver::Play(const std::string& strScript)
             const auto event = ParseScriptEvent(WithPlaces(strLine));
             if (!event)
                 throw std::runtime_error("no event: " + strLine);
+            m_Events.push_back(*event);
             return event;
         }
         return std::nullopt;

@@ -43,6 +43,7 @@ public:
     CMemoryClipboard m_Clipboard;
     CMemoryWindow m_Window;
     CScriptedMemoryWindow m_Scripted;
+    std::vector<CScriptEvent> m_Events;  // that were played last, places put in
 
 private:
     std::string WithPlaces(const std::string& strLine);

@@ -1,243 +1,12 @@
-// Gestures and what they lead to: one table, one driver.
+// Gestures in the window in memory.
 #include <gtest/gtest.h>
 
 #include "control/control_driver.h"
+#include "control/gesture_cases.h"
 #include "nodes/node.h"
 
 namespace
 {
-
-struct CGestureCase
-{
-    const char* pszName;
-    const char* pszText;  // null: a tree without a root
-    const char* pszScript;
-    EField nField;  // of the last state
-    const char* pszExpected;
-};
-
-// The editor on the selected node at @L of a text of one sign.
-#define OPEN "press @L;release @L;press @L;release @L;"
-// A placeholder in the place of the left operand, selected.
-#define HOLE "press @LL;key 46;"
-#define TREE_OF(formula) "(STANDARD \"\" " formula " -)"
-#define A_PLUS(left) TREE_OF("(PLUS \"+\" " left " (VARIABLE \"b\" - -))")
-#define VARIABLE(name) "(VARIABLE \"" name "\" - -)"
-#define PLACE "(PLACEHOLDER \"\" - -)"
-
-constexpr CGestureCase s_aMouse[] = {
-    { "a press selects the node alone", "a+b", "press @LL", SELECTION, "/LL:1" },
-    { "a leaf can be dragged", "a+b", "press @LL", DRAG, "10" },
-    { "another node cannot", "a+b", "press @LL;press @L", DRAG, "00" },
-    { "a press off all nodes selects the root", "a+b", "press 250 150", SELECTION, "/:1" },
-    { "a double click takes the subtree", "a+b", "double @L", SELECTION, "/L:2" },
-    { "a double click makes it draggable", "a+b", "double @L", DRAG, "10" },
-    { "a press inside it selects the node alone", "a+b", "double @L;press @LL", SELECTION,
-      "/LL:1" },
-    { "a press on its top leaves it", "a+b", "double @L;press @L", SELECTION, "/L:2" },
-    { "and remembers the press", "a+b", "double @L;press @L", DRAG, "11" },
-    { "a second press on an operator", "a+b", "press @L;press @L", DRAG, "01" },
-    { "a second click opens the editor", "2", OPEN, EDITOR, "/L \"2\" 0 1 -9 -2 21 19" },
-    { "the editor takes the click", "2", OPEN, DRAG, "10" },
-    { "a first click does not open it", "2", "press @L;release @L", EDITOR, "-" },
-    { "an operator has no editor", "a+b", "press @L;release @L;press @L;release @L", EDITOR, "-" },
-    { "a click left over opens the next editor at once", "a+b",
-      "press @L;press @L;release @L;press @LL;release @LL;char 88;char 13", TREE,
-      A_PLUS(VARIABLE("X")) },
-    { "hover follows the mouse", "a+b", "move @LR", HOVER, "/LR" },
-    { "hover ends with a paint", "a+b", "move @LR;paint", HOVER, "-" },
-    { "off all nodes the root is hovered", "a+b", "move @LR;move 250 150", HOVER, "/" },
-    { "no hover beside an editor", "a+b", "press @LL;release @LL;press @LL;release @LL;move @LR",
-      HOVER, "-" },
-    { "a press on the selected leaf paints nothing", "a+b", "press @LL;move @LL;press @LL", HOVER,
-      "/LL" },
-    { "no drag within one node", "a+b", "press @LL;move @LL;move @LL left", DRAG, "10" },
-    { "a drag begins with another node", "a+b", "press @LL;move @LR left", DRAG, "101" },
-    { "without the button there is none", "a+b", "press @LL;move @LR", DRAG, "10" },
-    { "without a draggable selection there is none", "a+b", "press @L;move @LR left", DRAG, "00" },
-    { "all is the root with all below it", "a+b", "all", SELECTION, "/:2" },
-    { "all leaves the drag switch", "a+b", "press @LL;all", DRAG, "10" },
-    { "a double click beside a tree without a root", nullptr, "press 5 5;double 5 5", SELECTION,
-      "-:2" },
-    { "still makes something draggable", nullptr, "double 5 5;move 6 6 left", DRAG, "10" },
-    { "a read-only control takes no press", "a+b", "readonly 1;press @LL", SELECTION, "-:0" },
-    { "nor a double click", "a+b", "readonly 1;double @LL", SELECTION, "-:0" },
-    { "nor a release", "2", "press @L;release @L;press @L;readonly 1;release @L", EDITOR, "-" },
-    { "nor a move", "a+b", "readonly 1;move @LL", HOVER, "-" },
-    { "but selects all", "a+b", "readonly 1;all", SELECTION, "/:2" },
-    { "a click and a double click on an edited leaf", "2",
-      "press @L;release @L;press @L;release @L;double @L;release @L", EDITOR,
-      "/L \"2\" 0 1 -9 -2 21 19" },
-};
-
-constexpr CGestureCase s_aKeys[] = {
-    { "right", "a+b", "press @L;key 39", SELECTION, "/LR:1" },
-    { "left keeps the mode", "a+b", "double @L;key 37", SELECTION, "/LL:2" },
-    { "up", "a+b", "press @LL;key 38", SELECTION, "/L:1" },
-    { "up from the root", "a+b", "press 250 150;key 38", SELECTION, "/:1" },
-    { "down does nothing", "a+b", "press @L;key 40", SELECTION, "/L:1" },
-    { "left on a leaf", "a+b", "press @LL;key 37", SELECTION, "/LL:1" },
-    { "space", "a+b", "press @L;key 32", SELECTION, "/L:2" },
-    { "space twice", "a+b", "press @L;key 32;key 32", SELECTION, "/L:1" },
-    { "space with Control", "a+b", "press @L;key 32 ctrl", SELECTION, "/L:1" },
-    { "keys without a selection", "a+b", "key 39;key 32;key 46;key 65;key 45 shift", SELECTION,
-      "-:0" },
-    { "keys without a root", nullptr, "key 39;key 46;key 65;key 65 ctrl;key 86 ctrl", SELECTION,
-      "-:0" },
-    { "keys without a root, with a mode", nullptr, "double 1 1;key 32;key 38", SELECTION, "-:2" },
-    { "delete a leaf", "a+b", HOLE, TREE, A_PLUS(PLACE) },
-    { "which stays selected", "a+b", HOLE, SELECTION, "/LL:1" },
-    { "and is told, without an undo step", "a+b", HOLE, COUNTS, "undo 0 changed 1" },
-    { "delete an operator alone", "a+b", "press @L;key 46", COUNTS, "undo 0 changed 0" },
-    { "delete a subtree", "a+b", "press @L;key 32;key 46", TREE, TREE_OF(PLACE) },
-    { "delete the root", "a+b", "all;key 46", COUNTS, "undo 0 changed 0" },
-    { "delete a placeholder", "a+b", HOLE "key 46", COUNTS, "undo 0 changed 2" },
-    { "delete what cannot be replaced", "sum(i,i=1,n)", "press @L;key 37;key 32;key 46", COUNTS,
-      "undo 0 changed 0" },
-    { "delete on a read-only control", "a+b", "press @LL;readonly 1;key 46", COUNTS,
-      "undo 0 changed 0" },
-    { "a letter on a placeholder", "a+b", HOLE "key 65", EDITOR, "/LL \"A\" 1 1 -9 0 34 21" },
-    { "makes it a variable", "a+b", HOLE "key 65", TREE, A_PLUS(VARIABLE("A")) },
-    { "which is told when the edit ends", "a+b", HOLE "key 65", COUNTS, "undo 0 changed 1" },
-    { "a letter and Escape", "a+b", HOLE "key 65;char 27", TREE, A_PLUS(VARIABLE("var")) },
-    { "a letter on a variable", "a+b", "press @LL;key 88;char 13", TREE, A_PLUS(VARIABLE("X")) },
-    { "a letter on an operator", "a+b", "press @L;key 65", EDITOR, "-" },
-    { "a digit with Shift", "a+b", "press @LL;key 55 shift;char 13", TREE, A_PLUS(VARIABLE("7")) },
-    { "1 on the number pad", "a+b", "press @LL;key 97;char 13", TREE, A_PLUS(VARIABLE("a")) },
-    { "plus on the number pad", "a+b", "press @LL;key 107;char 13", TREE, A_PLUS(VARIABLE("k")) },
-    { "F1", "a+b", "press @LL;key 112;char 13", TREE, A_PLUS(VARIABLE("p")) },
-    { "F11", "a+b", "press @LL;key 122;char 13", TREE, A_PLUS(VARIABLE("z")) },
-    { "F12", "a+b", "press @LL;key 123", EDITOR, "-" },
-    { "0 on the number pad", "a+b", "press @LL;key 96", EDITOR, "-" },
-    { "Control and C on a read-only control types", "a+b", "press @LL;readonly 1;key 67 ctrl",
-      EDITOR, "/LL \"C\" 1 1 -9 0 21 21" },
-    { "Control and Z", "a+b", HOLE "key 90 ctrl;key 89 ctrl", TREE, A_PLUS(PLACE) },
-    { "Control and A", "a+b", "key 65 ctrl", SELECTION, "/:2" },
-    { "Control and a letter type nothing", "a+b", "press @LL;key 66 ctrl", EDITOR, "-" },
-};
-
-constexpr CGestureCase s_aEditor[] = {
-    { "Enter tells a change and takes a step", "2", OPEN "char 13", COUNTS, "undo 1 changed 1" },
-    { "Tab", "2", OPEN "char 51;char 9", TREE, TREE_OF("(NUMBER \"3\" - -)") },
-    { "Escape goes back", "2", OPEN "char 51;char 52;char 27", TREE,
-      TREE_OF("(NUMBER \"2\" - -)") },
-    { "and takes a step all the same", "2", OPEN "char 51;char 27", COUNTS, "undo 1 changed 1" },
-    { "nothing is selected then, in mode 1", "2", "press @L;release @L;press @L;release @L;key 38",
-      SELECTION, "-:1" },
-    { "also after a subtree", "2", "double @L;press @L;release @L;char 13", SELECTION, "-:1" },
-    { "left ends", "2", OPEN "key 37", EDITOR, "-" },
-    { "up ends", "2", OPEN "key 38", EDITOR, "-" },
-    { "page down ends", "2", OPEN "key 34", EDITOR, "-" },
-    { "End stays", "2", OPEN "key 35", EDITOR, "/L \"2\" 1 1 -9 -2 21 19" },
-    { "Home stays", "2", OPEN "key 36", EDITOR, "/L \"2\" 0 0 -9 -2 21 19" },
-    { "typing behind the text", "2", OPEN "key 35;char 53;char 13", TREE,
-      TREE_OF("(NUMBER \"25\" - -)") },
-    { "typing before it", "2", OPEN "key 36;char 53;char 13", TREE,
-      TREE_OF("(NUMBER \"52\" - -)") },
-    { "Backspace", "2", OPEN "key 35;char 8;char 8;char 13", TREE, TREE_OF("(NUMBER \"\" - -)") },
-    { "Delete", "2", OPEN "key 36;key 46;key 46;char 13", TREE, TREE_OF("(NUMBER \"\" - -)") },
-    { "a number takes letters", "2", OPEN "char 120;char 13", TREE, TREE_OF("(NUMBER \"x\" - -)") },
-    { "the tree follows the typing", "2", OPEN "char 120", TREE, TREE_OF("(NUMBER \"x\" - -)") },
-    { "the box grows with the node", "2", OPEN "char 49;char 49;char 49", EDITOR,
-      "/L \"111\" 3 3 -9 -2 37 19" },
-    { "another window takes the focus", "2", OPEN "char 51;blur", TREE,
-      TREE_OF("(NUMBER \"3\" - -)") },
-    { "a press in the box", "2", OPEN "press 5 5;release 5 5;double 5 5", EDITOR,
-      "/L \"2\" 0 1 -9 -2 21 19" },
-    { "a press beside it", "2", OPEN "char 51;press 200 100", COUNTS, "undo 1 changed 1" },
-    { "which also selects", "2", OPEN "char 51;press 200 100", SELECTION, "/:1" },
-    { "deleted under the editor", "a+b", "press @LL;key 88;char 89;delete", TREE, A_PLUS(PLACE) },
-    { "the edit ends first", "a+b", "press @LL;key 88;char 89;delete", COUNTS, "undo 1 changed 1" },
-    { "cut with its text", "a+b", "press @LL;key 88;char 89;cut;all;key 37;key 37;paste", TREE,
-      A_PLUS(VARIABLE("XY")) },
-    { "copied with its sign", "a+b",
-      "press @LL;key 88;copy;char 13;press @LR;key 46;paste;press @LR;key 65;char 27", TREE,
-      TREE_OF("(PLUS \"+\" " VARIABLE("X") " " VARIABLE("X") ")") },
-    { "all is the box's ride", "a+b", "press @LL;key 88;all", SELECTION, "/:2" },
-    { "keys go to the editor", "a+b", "press @LL;key 88;key 46;key 32;key 65", TREE,
-      A_PLUS(VARIABLE("X")) },
-    { "characters without an editor", "a+b", "press @LL;char 65;blur", EDITOR, "-" },
-    { "a letter on a deleted root's placeholder", "2", "press @L;key 46;key 65;char 13", TREE,
-      TREE_OF(VARIABLE("A")) },
-};
-
-constexpr CGestureCase s_aTransfer[] = {
-    { "cut leaves a placeholder", "a+b", "press @LL;cut", TREE, A_PLUS(PLACE) },
-    { "with one step, untold", "a+b", "press @LL;cut", COUNTS, "undo 1 changed 0" },
-    { "and nothing selected", "a+b", "press @LL;cut", SELECTION, "-:1" },
-    { "cut of the root takes a step", "a+b", "all;cut", COUNTS, "undo 1 changed 0" },
-    { "and deletes nothing", "2", "all;cut", TREE, TREE_OF("(NUMBER \"2\" - -)") },
-    { "cut of nothing", "a+b", "cut", COUNTS, "undo 0 changed 0" },
-    { "read-only cuts nothing", "a+b", "press @LL;readonly 1;cut", COUNTS, "undo 0 changed 0" },
-    { "copy and paste", "a+b", "press @LR;copy;" HOLE "paste", TREE, A_PLUS(VARIABLE("b")) },
-    { "copied is the whole subtree in either mode", "a+b", "press @L;copy;" HOLE "paste", TREE,
-      A_PLUS("(PLUS \"+\" " VARIABLE("a") " " VARIABLE("b") ")") },
-    { "a paste takes a step and the selection", "a+b", "press @LR;copy;" HOLE "paste", COUNTS,
-      "undo 1 changed 1" },
-    { "a paste of nothing too", "a+b", HOLE "paste", COUNTS, "undo 1 changed 1" },
-    { "it leaves the placeholder", "a+b", HOLE "paste", TREE, A_PLUS(PLACE) },
-    { "a paste on anything else does nothing", "a+b", "press @LR;copy;press @LL;paste", COUNTS,
-      "undo 0 changed 0" },
-    { "a read-only control pastes", "a+b", "press @LR;copy;" HOLE "readonly 1;paste", TREE,
-      A_PLUS(VARIABLE("b")) },
-    { "keys of the clipboard", "a+b",
-      "press @LR;key 45 ctrl;press @LL;key 88 ctrl;all;key 37;key 37;key 45 shift", TREE,
-      A_PLUS(VARIABLE("a")) },
-    { "the root is pasted as a node", "2", "all;copy;press @L;key 46;paste", TREE,
-      TREE_OF(TREE_OF("(NUMBER \"2\" - -)")) },
-    { "damaged data", "a+b", HOLE "clip 00;paste", TREE, A_PLUS(PLACE) },
-    { "damaged data take a step", "a+b", HOLE "clip 00;paste", COUNTS, "undo 1 changed 1" },
-    { "an empty tree", "a+b", HOLE "clip 0000000000000000000000000000000000000000000000;paste",
-      TREE, A_PLUS(PLACE) },
-};
-
-// With placeholders that have an area.
-constexpr CGestureCase s_aDrops[] = {
-    { "the mouse finds a placeholder", "a+b", HOLE "press @L;press @LL", SELECTION, "/LL:1" },
-    { "entering with our data", "a+b", "press @LR;copy;" HOLE "enter @LL", ANSWER, "0" },
-    { "over a placeholder", "a+b", "press @LR;copy;" HOLE "enter @LL;over @LL", ANSWER, "2" },
-    { "over a placeholder with Control", "a+b", "press @LR;copy;" HOLE "over @LL ctrl", ANSWER,
-      "1" },
-    { "over anything else", "a+b", "press @LR;copy;" HOLE "over @LR", ANSWER, "0" },
-    { "hover goes with a drag", "a+b", "press @LR;copy;over @LL", HOVER, "/LL" },
-    { "and stays when it leaves", "a+b", "press @LR;copy;over @LL;leave", HOVER, "/LL" },
-    { "entering with foreign data", "a+b", HOLE "enter @LL", ANSWER, "2" },
-    { "over with foreign data", "a+b", HOLE "enter @LL;over @LL", ANSWER, "0" },
-    { "read-only refuses", "a+b", "press @LR;copy;" HOLE "readonly 1;over @LL", ANSWER, "0" },
-    { "read-only lets foreign data enter", "a+b", HOLE "readonly 1;enter @LL", ANSWER, "2" },
-    { "a drop", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", TREE, A_PLUS(VARIABLE("b")) },
-    { "is taken", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", ANSWER, "TRUE" },
-    { "with a step", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", COUNTS,
-      "undo 1 changed 1" },
-    { "after a refusal it does not come", "a+b", "press @LR;copy;" HOLE "over @LR;drop @LL", ANSWER,
-      "-" },
-    { "nor after leaving", "a+b", "press @LR;copy;" HOLE "over @LL;leave;drop @LL", ANSWER, "-" },
-    { "after a paint it has no target", "a+b", "press @LR;copy;" HOLE "over @LL;paint;drop @LL",
-      ANSWER, "FALSE" },
-    { "foreign data dropped", "a+b", HOLE "enter @LL;drop @LL", ANSWER, "FALSE" },
-    { "a drag of the own moves", "a+b", HOLE "press @LR;move @LL left;over @LL;drop @LL", TREE,
-      TREE_OF("(PLUS \"+\" " VARIABLE("b") " " PLACE ")") },
-    { "and tells so", "a+b", HOLE "press @LR;move @LL left;over @LL;drop @LL", ANSWER, "TRUE 2" },
-    { "the new placeholder is selected, mode 2", "a+b",
-      HOLE "press @LR;move @LL left;over @LL;drop @LL", SELECTION, "/LR:2" },
-    { "one step", "a+b", HOLE "press @LR;move @LL left;over @LL;drop @LL", COUNTS,
-      "undo 1 changed 1" },
-    { "with Control it copies", "a+b", HOLE "press @LR;move @LL left;over @LL ctrl;drop @LL", TREE,
-      A_PLUS(VARIABLE("b")) },
-    { "and the source is selected, mode 2", "a+b",
-      HOLE "press @LR;move @LL left;over @LL ctrl;drop @LL", SELECTION, "/LR:2" },
-    { "a drop where nothing can be", "a+b", "press @LR;move @LL left;over @LL;drop @LL", ANSWER,
-      "- 0" },
-    { "selects in mode 2", "a+b", "press @LR;move @LL left;over @LL;drop @LL", SELECTION, "/LR:2" },
-    { "another gesture cancels", "a+b", "press @LR;move @LL left;over @LL;paint", ANSWER, "- 0" },
-    { "and is played", "a+b", "press @LR;move @LL left;over @LL;press @LL", SELECTION, "/LL:1" },
-    { "a placeholder on itself", "a+b", HOLE "press @LL;move @LR left;over @LL;drop @LL", ANSWER,
-      "FALSE 0" },
-    { "a subtree on a placeholder in it", "a+b", HOLE "double @L;move @LR left;over @LL;drop @LL",
-      ANSWER, "FALSE 0" },
-    { "and nothing is deleted", "a+b", HOLE "double @L;move @LR left;over @LL;drop @LL", TREE,
-      A_PLUS(PLACE) },
-};
 
 void CheckGesture(const CGestureCase& one)
 {
@@ -256,11 +25,6 @@ TEST_P(CGestures, LeadTo)
     CheckGesture(GetParam());
 }
 
-void PrintTo(const CGestureCase& one, std::ostream* pStream)
-{
-    *pStream << one.pszName;
-}
-
 class CDrops : public testing::TestWithParam<CGestureCase>
 {
 };
@@ -275,14 +39,14 @@ TEST_P(CDrops, LeadTo)
 TEST(Control, PlaceholdersAreBesideTheirPlace)
 {
     CControlDriver driver("a+b");
-    EXPECT_EQ(driver.Last(HOLE "move 5 8", HOVER), "/LR");
+    EXPECT_EQ(driver.Last("press @LL;key 46;move 5 8", HOVER), "/LR");
     EXPECT_LT(driver.NodeAt("LL")->m_rect.Width(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Drops, CDrops, testing::ValuesIn(s_aDrops));
-INSTANTIATE_TEST_SUITE_P(Mouse, CGestures, testing::ValuesIn(s_aMouse));
-INSTANTIATE_TEST_SUITE_P(Keys, CGestures, testing::ValuesIn(s_aKeys));
-INSTANTIATE_TEST_SUITE_P(Editor, CGestures, testing::ValuesIn(s_aEditor));
-INSTANTIATE_TEST_SUITE_P(Transfer, CGestures, testing::ValuesIn(s_aTransfer));
+INSTANTIATE_TEST_SUITE_P(Drops, CDrops, testing::ValuesIn(DropCases()));
+INSTANTIATE_TEST_SUITE_P(Mouse, CGestures, testing::ValuesIn(MouseCases()));
+INSTANTIATE_TEST_SUITE_P(Keys, CGestures, testing::ValuesIn(KeyCases()));
+INSTANTIATE_TEST_SUITE_P(Editor, CGestures, testing::ValuesIn(EditorCases()));
+INSTANTIATE_TEST_SUITE_P(Transfer, CGestures, testing::ValuesIn(TransferCases()));
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
+#include "platform/base/system.h"
 #include "platform/gdi/dc.h"
 #include "service/service_helpers.h"
 #include "service/thread_check.h"
@@ -75,6 +76,32 @@ TEST_F(CFormulaOutTest, AStoppedParseLeavesTheOldTextWithoutATree)
     EXPECT_EQ(formula.IsRootNodeNULL(), 1);
     EXPECT_EQ(formula.m_strFormula, "a/b");
     EXPECT_EQ(ScreenRect(formula), CRect(0, 0, 0, 0));
+}
+
+TEST_F(CFormulaOutTest, ANewTreeHasNothingSelected)
+{
+    CFormulaOut formula;
+    for (const CString& strText : { CString("a"), CString("b"), TooLongText() })
+    {
+        formula.FormTree("x");
+        formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode()->GetLeft(), 2);
+        formula.FormTree(strText);
+        EXPECT_EQ(formula.m_Tree.GetSelection(), nullptr);
+        EXPECT_EQ(formula.m_Tree.GetSelectionMode(), 2);
+    }
+    TakeMessages();
+    formula.FormTree("x");
+    formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode(), 1);
+    formula.ResetTree();
+    EXPECT_NE(formula.m_Tree.GetSelection(), nullptr);
+}
+
+TEST_F(CFormulaOutTest, ReportsErrorsThatTheSystemDoesNotKnow)
+{
+    CFormulaOut formula;
+    SetLastError(0x2FFFFFF0);
+    formula.m_Tree.ReportLastError();
+    EXPECT_EQ(TakeMessages(), Messages{ "Unknown error 805306352." });
 }
 
 TEST_F(CFormulaOutTest, AssignmentFormsTheText)

@@ -10,6 +10,7 @@ import signal
 import struct
 import subprocess
 import tempfile
+import threading
 import time
 import zlib
 
@@ -28,6 +29,10 @@ TWO = '(STANDARD "" (NUMBER "2" - -) -)\t2\tError at Position 2!\t-6\n'
 MINUS_X = ('(STANDARD "" (PLUS "+" (MINUS "-" (STANDARD "" - -) (VARIABLE "x" - -)) '
            '(VARIABLE "y" - -)) -)\t0\t\t-6\n')
 EMPTY = '(STANDARD "" (STANDARD "" - -) -)\t0\t\t-6\n'
+
+VARIABLE = '(STANDARD "" (VARIABLE "%s" - -) -)\t0\t\t-6\n'
+NEAR_BEGINNING = "mivora: warning: Error near the beginning!\n"
+LEFT_OUT = "mivora: warning: a part of the text is not in the picture .position%s.\n"
 
 # words, standard input, standard output, standard error (pattern, whole), status
 FORMS = [
@@ -69,6 +74,33 @@ FORMS = [
     (["calc", "1/3"], b"", "0.33333333333333331\t0\t\n", "", 0),
     (["calc", "--lines"], b"ln 0\n-ln 0\nln 0-ln 0\n-0\nartanh 1\n",
      "-inf\t0\t\ninf\t0\t\nnan\t0\t\n-0\t0\t\ninf\t0\t\n", "", 0),
+    (["calc", "--strict", "1/0+2"], b"", "3\t0\t (Division durch Null)\n", "", 1),
+    (["calc", "--strict", "--lines"], b"1/0\n", "1\t0\t (Division durch Null)\n", "", 1),
+    # A position that went back to 0, or around, is an error too
+    (["tree", "--strict", "sum"], b"", EMPTY.replace("\t0\t\t", "\t0\tError at Position 0!\t"), "", 1),
+    (["measure", "strength"], b"", None, NEAR_BEGINNING, 0),
+    (["measure", "--strict", "markx"], b"", None, NEAR_BEGINNING, 1),
+    (["measure", "--strict", "INT"], b"", None, NEAR_BEGINNING, 1),
+    (["text", "--lines", "--strict"], b"sum\n", None, "", 1),
+    # Text that is left out
+    (["tree", "sin 2x"], b"", VARIABLE % "x", LEFT_OUT % "s 1 to 5" + "  sin 2x\n  \\^{5}\n", 0),
+    (["tree", "--strict", "radius"], b"", VARIABLE % "dius", LEFT_OUT % "s 1 to 2" +
+     "  radius\n  \\^\\^\n", 1),
+    (["text", " a^b^c+sin(x)y)"], b"", None, "mivora: warning: Error at Position 14!\n .*\n {16}\\^\n" +
+     LEFT_OUT % "s 3, 7 to 12" + "   a.b.c.sin.x.y.\n {5}\\^   \\^{6}\n", 0),
+    (["tree", "--lines", "--strict"], b"a^b^c\n", None, "", 1),
+    # Marks of an encoding, Greek, a NUL
+    (["tree", "\ufeffa+b"], b"", A_PLUS_B, "", 0),
+    (["tree", "-"], b"\xef\xbb\xbfa+b\n", A_PLUS_B, "", 0),
+    (["tree", "--lines"], b"\xef\xbb\xbfa+b\n\xef\xbb\xbfa+b\n", A_PLUS_B * 2, "", 0),
+    (["tree", "a+\u03b1"], b"", "", "mivora: position 3: U\\+03B1 is not in Windows-1252; "
+     "write greek a\n", 1),
+    (["tree", "--lines"], "\u03a9\n\u03d6\n\u0401\n".encode(), "!\t.* write greek W\n!\t.* write greek v\n"
+     "!\t.*Windows-1252\n", "", 1),
+    (["calc", "-"], b"1\x00+2\n", "1\t0\t\n", "mivora: warning: the text ends at a NUL .position 2.\n"
+     "  1 .2\n   \\^\n", 0),
+    (["calc", "--lines"], b"3\n1\x00+2\n", None, "mivora: line 2: the text ends at a NUL .*\n", 0),
+    (["measure", "--strict", "-"], b"a\x00b", None, "mivora: warning: the text ends at a NUL .*\n.*\n.*\n", 1),
     # Sizes
     (["measure", "2"], b"", "0 0 18 17\t0 0 1[0-9] 18\t8\n", "", 0),
     # Generated text
@@ -77,19 +109,38 @@ FORMS = [
      + "a  \n", "", 0),
     (["text", "--lines"], ("a+" * 20 + "a\nstr(ä)\n").encode(), "      " + "a + " * 13
      + "a \\x0D\\x0A     ++ " + "a + " * 6 + "a  \n      \\xE4  \n", "", 0),
+    # Other forms
+    (["mathml", "a/b"], b"", '<math xmlns="http://www.w3.org/1998/Math/MathML" display="block">'
+     "<mfrac><mi>a</mi><mi>b</mi></mfrac></math>\n", "", 0),
+    (["latex", "greek a*str(ä)"], b"", re.escape("\\alpha \\textit{ä}\n"), "", 0),
+    (["latex", "2x"], b"", "2\n", "mivora: warning: Error at Position 2!\n.*\n.*\n", 0),
+    (["latex", "--strict", "2x"], b"", "2\n", "mivora: warning: Error at Position 2!\n.*\n.*\n", 1),
+    (["speak", "--lines"], b"a+b\n2x\n\n\xff\n", "a plus b\n2\nempty\n!\tposition 1: .*0xFF.*\n",
+     "", 1),
+    (["speak", "--lines", "--hex"], b"73747228E429\n", "ä\n", "", 0),
+    (["speak", "--lines"], b"a" * 65535 + b"\n", "!\tError in Calculation\\(\\) weil .*\n", "", 1),
     # Wrong usage
     ([], b"", "", "mivora: a command is needed.*\n", 2),
-    (["nothing"], b"", "", "mivora: unknown command nothing.*\n", 2),
+    (["nothing"], b"", "", "mivora: unknown command nothing; see .*\n", 2),
+    (["rednr"], b"", "", "mivora: unknown command rednr; did you mean render.\n", 2),
+    (["Text"], b"", "", "mivora: unknown command Text; did you mean text.\n", 2),
+    (["help", "calk"], b"", "", "mivora: unknown command calk; did you mean calc.\n", 2),
     (["--nothing"], b"", "", "mivora: unknown option --nothing.*\n", 2),
     (["tree"], b"", "", "mivora: tree: a TEXT is needed.*\n", 2),
     (["tree", "a", "b"], b"", "", "mivora: tree: unexpected word b.*\n", 2),
     (["tree", "a", "--nothing"], b"", "", "mivora: tree: unknown option --nothing.*\n", 2),
     (["tree", "a", "--lines"], b"", "", "mivora: tree: --lines and a TEXT exclude.*\n", 2),
+    (["speak", "a", "--fml", "x"], b"", "", "mivora: speak: --fml.*\n", 2),
     (["tree", "a", "--hex"], b"", "", "mivora: tree: --hex needs --lines.*\n", 2),
     (["fonts", "a"], b"", "", "mivora: fonts: unexpected word a.*\n", 2),
     (["comment", "--nothing"], b"", "", "mivora: comment: unknown option --nothing.*\n", 2),
     (["render", "a"], b"", "", "mivora: render: --output FILE is needed.*\n", 2),
     (["render", "a", "-o"], b"", "", "mivora: render: -o needs a value.*\n", 2),
+    (["render", "a", "-o", ""], b"", "", "mivora: render: --output needs the name of a file.*\n", 2),
+    (["render", "a", "-ox.png", "--output=y.png"], b"", "", "mivora: render: --output is given twice.*\n", 2),
+    (["render", "-ox.png"], b"", "", "mivora: render: a TEXT is needed.*\n", 2),
+    (["tree", "-h"], b"", '(STANDARD "" (MINUS "-" (STANDARD "" - -) (VARIABLE "h" - -)) -)\t0\t\t-6\n', "", 0),
+    (["tree", "--", "-x", "-h"], b"", "", "mivora: tree: unexpected word -h.*\n", 2),
     (["render", "a", "-o", "x.gif"], b"", "", "mivora: render: the name x.gif ends in none.*\n", 2),
     (["render", "a", "-o", "x"], b"", "", "mivora: render: the name x ends in none.*\n", 2),
     (["render", "a", "-o", "x.png", "--dpi", "9"], b"", "", "mivora: render: --dpi.*\n", 2),
@@ -123,6 +174,44 @@ NO_FORMATS = [
     (["batch", "-", "-d", "x", "--format", "gif"], b"a\n", "",
      "mivora: batch: --format: gif not in {wmf,emf,bmp,png,fml}; see .*\n", 2),
 ]
+
+
+def wait_until(condition, seconds=60):
+    deadline = time.monotonic() + seconds
+    while not condition():
+        assert time.monotonic() < deadline
+        time.sleep(0.02)
+
+
+def write_all(pipe, data):
+    try:
+        pipe.write(data)
+        pipe.close()
+    except BrokenPipeError:
+        pass
+
+
+def complete_in_shell(script, folder, line):
+    """What a line becomes where Tab is pressed behind it."""
+    file = os.path.join(folder, "completion")
+    pathlib.Path(file).write_text(script)
+    shell, keys = pty.fork()
+    if shell == 0:
+        os.chdir(folder)
+        os.execvp("bash", ["bash", "--norc", "--noprofile", "-i"])
+    os.write(keys, b"PS1=; stty -echo; . ./completion; echo rea''dy\n")
+    shown = b""
+    while b"ready" not in shown:
+        shown += os.read(keys, 10000)
+    # The line is shown by a key of its own instead of being run.
+    os.write(keys, b'bind -x \'"\\C-t": echo "<$READLINE_LINE>"\'\n' + line.encode() + b"\t\x14")
+    shown = b""
+    while not (found := re.search(rb"<([^>]*)>", shown)):
+        shown += os.read(keys, 10000)
+    os.kill(shell, signal.SIGKILL)
+    os.waitpid(shell, 0)
+    os.close(keys)
+    return found[1].decode()
 
 
 class Forms(Case):
@@ -190,7 +279,7 @@ class Warnings(Case):
         self.expect("a \tb", "Error at Position 3!", "a  b", 2)
 
     def test_no_caret_where_the_place_is_outside(self):
-        self.expect("INT", "Error at Position 65531!")
+        self.expect("INT", "Error near the beginning!")
 
     def test_the_line_in_question(self):
         self.expect("-", "Error at Position 4!", "aa ", 3, stdin=b"aa \nc)\n")
@@ -251,6 +340,12 @@ class Layout(Case):
     def test_levels(self):
         power = self.layout("a^b")["root"]["left"]
         self.assertEqual((power["right"]["level"], power["right"]["height"]), (1, -100))
+
+    def test_what_is_not_shown(self):
+        layout = self.layout("sin 2x+a^b^c)")
+        self.assertEqual(layout["error"], {"position": 13, "message": "Error at Position 13!"})
+        self.assertEqual(layout["dropped"], [{"position": 1, "length": 5}, {"position": 10, "length": 1}])
+        self.assertEqual(list(self.layout("a^b")), ["gap", "rect", "root"])
 
     def test_refused(self):
         status, out, err = run("layout", "a" * 65535)
@@ -458,6 +553,22 @@ class Batch(Case):
             with self.subTest(words=words, lines=lines):
                 self.assertEqual(run("batch", "-", "-d", out, *words, stdin=lines)[0], status)
 
+    def test_text_that_is_left_out(self):
+        lines = "a^b^c\nsum\nα\nsin 2x)\n".encode()
+        told = ("mivora: line 1: a part of the text is not in the picture (position 3)\n"
+                "mivora: line 2: Error near the beginning!\n%s"
+                "mivora: line 4: Error at Position 7!; a part of the text is not in the picture "
+                "(positions 1 to 5)\n")
+        alpha = "mivora: line 3: position 1: U+03B1 is not in Windows-1252; write greek a\n"
+        out = str(self.folder / "out")
+        for words, status, counts, err in (
+                ([], 1, "3 done, 2 with syntax errors, 1 failed\n", told % alpha),
+                (["--greek"], 0, "4 done, 2 with syntax errors, 0 failed\n", told % ""),
+                (["--greek", "--strict", "--jobs", "2"], 1, "4 done, 2 with syntax errors, 0 failed\n",
+                 told % "")):
+            self.assertEqual(run("batch", "-", "-d", out, *words, stdin=lines), (status, counts, err))
+        self.assertEqual(run("batch", "-", "-d", out, "--strict", stdin=b"a^b^c\n")[0], 1)
+
     def test_many_lines_stay_in_order(self):
         lines = "".join("2%s\n" % ("x" if n % 7 == 0 else "") for n in range(1, 2001))
         status, text, err = run("batch", "-", "-d", str(self.folder / "out"), "--jobs", "4",
@@ -557,6 +668,94 @@ class Names(Case):
                 self.assertRegex(err, "^mivora: .*公.*: (%s|%s)\n$" % (NO_FILE, NO_FOLDER))
 
 
+class Greek(Case):
+    """Letters of the face "Symbol", by their names in Unicode and in the face's published list."""
+    LETTERS = dict(zip("αβγδεζηθικλμνξοπρςστυφχψω", "abgdezhqiklmnxoprVstufcyw")) | dict(zip(
+        "ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩ", "ABGDEZHQIKLMNXOPRSTUFCYW")) | {"ϑ": "J", "ϕ": "j", "ϖ": "v"}
+
+    def test_letters(self):
+        status, out, err = run("tree", "--greek", "--lines", stdin="\n".join(self.LETTERS).encode())
+        self.assertEqual((status, err), (0, ""))
+        self.assertEqual(out.splitlines(), [
+            '(STANDARD "" (VARIABLE "%s" @Symbol - -) -)\t0\t\t-6' % letter
+            for letter in self.LETTERS.values()])
+
+    def test_places(self):
+        """Each text is the same as what it is written as, or refused at a position."""
+        for typed, written in (
+                ("sin α^2", "sin greek a^2"), ("2*β/ γ ", "2*greek b/ greek g "),
+                ("αβ+γ δ", "greek str(ab)+greek str(g d)"), ("σιν", "greek str(sin)"),
+                ("greek α+b", "greek a+b"), ("sum(φ,ι=1,ν)", "sum(greek f,greek i=1,greek n)"),
+                ("str(a\\)b)+ω", "str(a\\)b)+greek w"), ("äöü+Ω", "äöü+greek W")):
+            with self.subTest(typed):
+                self.assertEqual(run("tree", "--greek", typed), run("tree", written))
+        for typed, position in (("xα", 2), ("a α", 3), ("1+αb", 3), ("α(x)", 1), ("str(xα)", 6),
+                                ("str(a\\)α)", 8)):
+            with self.subTest(typed):
+                status, out, err = run("tree", "--greek", typed)
+                self.assertEqual((status, out), (1, ""))
+                self.assertIn("position %d: the Greek letter α " % position, err)
+
+
+class Interruption(Case):
+    """Ctrl+C: no half of a file stays, and a batch tells how far it came."""
+
+    def start(self, *words, **how):
+        environment = dict(os.environ, MIVORA_TEST=self.id())
+        return subprocess.Popen([*COMMAND, *words], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, env=environment, **how)
+
+    def test_a_batch_that_waits(self):
+        for jobs in "1", "2":
+            with self.subTest(jobs), tempfile.TemporaryDirectory() as folder:
+                with self.start("batch", "-", "-d", folder, "--jobs", jobs) as batch:
+                    batch.stdin.write(b"a\n" * 128 + b"b")
+                    batch.stdin.flush()
+                    wait_until(lambda: len(os.listdir(folder)) >= 128)
+                    os.kill(batch.pid, signal.SIGINT)
+                    if WINDOWS:
+                        time.sleep(1)  # Wine cannot end a wait for a pipe: its end does
+                    else:
+                        batch.wait(timeout=60)
+                    out, err = batch.communicate(timeout=60)
+                self.assertEqual((batch.returncode, err), (130, b""))
+                self.assertRegex(out, rb"^128 done, 0 with syntax errors, 0 failed\n$")
+                self.assertEqual(sorted(os.listdir(folder)), ["%06d.wmf" % n for n in range(1, 129)])
+
+    def test_a_batch_at_work(self):
+        with tempfile.TemporaryDirectory() as folder:
+            with self.start("batch", "-", "-d", folder, "--format", "png") as batch:
+                feed = threading.Thread(target=write_all, args=(batch.stdin, b"a/b\n" * 20000))
+                feed.start()
+                wait_until(lambda: len(os.listdir(folder)) >= 20)
+                os.kill(batch.pid, signal.SIGINT)
+                batch.wait(timeout=60)
+                batch.stdin = None
+                feed.join()
+                out = batch.stdout.read().decode()
+            files = sorted(os.listdir(folder))
+            self.assertEqual((batch.returncode, files),
+                             (130, ["%06d.png" % n for n in range(1, len(files) + 1)]))
+            self.assertEqual(out, "%d done, 0 with syntax errors, 0 failed\n" % len(files))
+            self.assertLess(len(files), 20000)
+
+    def test_a_picture(self):
+        """Wherever it is caught: the whole picture, or none."""
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "x.png")
+            for delay in 0.01, 0.05, 0.1, 0.2, 0.4:
+                with self.start("render", "-", "-o", path, "--dpi", "2400") as render:
+                    render.stdin.write(b"a/b+" * 300)
+                    render.stdin.close()
+                    time.sleep(delay)
+                    os.kill(render.pid, signal.SIGINT)
+                    render.wait(timeout=60)
+                    render.stdin = None
+                self.assertLessEqual(set(os.listdir(folder)), {"x.png"})
+                if os.path.exists(path):
+                    self.assertEqual(pathlib.Path(path).read_bytes()[-8:-4], b"IEND")
+
+
 class Fonts(Case):
     FACES = [face + style for face in ("Times New Roman", "Arial", "Courier New")
              for style in ("", " Bold", " Italic", " Bold Italic")] + ["Symbol", "MT Extra"]
@@ -597,7 +796,7 @@ class Manual(Case):
         for command in commands:
             status, text, _ = run(command, "--help")
             self.assertEqual(status, 0)
-            options = re.findall(r"^  (?:-([a-z]), )?--([a-z]+)", text, re.MULTILINE)
+            options = re.findall(r"^  (?:-([a-z]), )?--([a-z-]+)", text, re.MULTILINE)
             self.assertIn(("", "help"), options)
             section = page.split(".SS mivora %s " % command)[1].split("\n.S")[0]
             bash_line = re.search(r"^ +%s\) (.*)$" % command, bash, re.MULTILINE)[1]
@@ -627,7 +826,7 @@ class Manual(Case):
 
     def test_bash_completes(self):
         script = run("--generate", "bash")[1] + (
-            '\ncomplete_words() { COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _mivora; '
+            '\ncompopt() { [ "$*" = "-o filenames" ] && echo FILES; }\ncomplete_words() { COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _mivora; '
             'echo "${COMPREPLY[@]}"; }\n')
 
         def complete(*words):
@@ -640,7 +839,18 @@ class Manual(Case):
         self.assertEqual(complete("mivora", "batch", "--f"), ["--format"])
         self.assertEqual(complete("mivora", "batch", "--format", "p"),
                          [name for name in PICTURES if name.startswith("p")])
-        self.assertEqual(complete("mivora", "tree", "--"), ["--lines", "--hex", "--strict", "--help"])
+        self.assertEqual(complete("mivora", "batch", "--format", "=", "s"),
+                         [name for name in PICTURES if name.startswith("s")])
+        self.assertEqual(complete("mivora", "tree", "--"),
+                         ["--lines", "--hex", "--greek", "--strict", "--help"])
+        self.assertEqual(complete("mivora", "tree", "/"), [])
+        self.assertEqual(complete("mivora", "batch", "/us"), ["FILES", "/usr"])
+        self.assertEqual(complete("mivora", "render", "-o", "/us"), ["FILES", "/usr"])
+        # What the shell does with a folder of the same name beside
+        with tempfile.TemporaryDirectory() as folder:
+            os.mkdir(os.path.join(folder, "text"))
+            self.assertEqual(complete_in_shell(run("--generate", "bash")[1], folder, "mivora te"),
+                             "mivora text ")
 
 
 if __name__ == "__main__":

@@ -215,6 +215,19 @@ class Read(Case):
                 self.assertIn(type_name.removeprefix("NT_").encode(), out)
                 self.assertGreater(os.path.getsize(picture), 100)
 
+    def test_other_forms(self):
+        """Products and indices come from the stored tree, not from a parse."""
+        run("render", "mark(x,i,2)*nsqr(a+b,3)", "-o", self.path)
+        for command, form in (
+                ("latex", r"x_{i}^{2} \sqrt[3]{a+b}"),
+                ("speak", "x sub i superscript 2 times the third root of the quantity a plus b")):
+            status, out, err = run(command, "--fml", self.path)
+            self.assertEqual((status, out.decode(), err), (0, form + "\n", ""))
+        brace = HEAD + node("NT_STANDARD", node("NT_BRACE", number("1"), addition=int32(-7))) + FORMAT
+        self.archive(brace)
+        self.assertRefused(run("mathml", "--fml", self.path), "not valid")
+        self.assertRefused(run("mathml", "--fml", self.path + "y"), NO_FILE)
+
     def test_bad_archives(self):
         sound = node("NT_STANDARD", number("1"))
         levels = text("NT_BRACE") * 100_000

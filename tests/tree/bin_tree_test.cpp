@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,7 @@
 #include "parser/short_form.h"
 #include "parser/small_thread.h"
 #include "platform/base/archive.h"
+#include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "tree/tree_form.h"
 #include "tree/tree_maker.h"
@@ -89,7 +91,7 @@ TEST(BinTree, CopiesNodesAttributesAndName)
     source.SetSelection(pDivision, 2);
 
     CBinTree copy;
-    MakeTree(copy, "(STANDARD y -)");
+    copy.SetSelection(MakeTree(copy, "(STANDARD y -)"), 1);
     copy.CopyFrom(source);
     EXPECT_EQ(Form(copy), Form(source));
     EXPECT_EQ(copy.GetName(), "formula");
@@ -142,7 +144,6 @@ TEST(BinTree, BreaksLongTextsLikeCards)
     struct CLengthCase
     {
         int nSymbol;  // six blanks come ahead of it
-        int nForm;
         std::string strExpected;
     };
     const auto letters = [](int n)
@@ -152,19 +153,26 @@ TEST(BinTree, BreaksLongTextsLikeCards)
     const std::string strBlanks = "      ";
     const std::string strBreak = "\r\n     +";
     const CLengthCase aCases[] = {
-        { 54, 0, strBlanks + letters(54) },
-        { 55, 0, strBlanks + letters(54) + strBreak + letters(1) },
-        { 54 + 59, 0, strBlanks + letters(54) + strBreak + letters(59) },
-        { 54 + 60, 0, strBlanks + letters(54) + strBreak + letters(59) + strBreak + letters(1) },
+        { 54, strBlanks + letters(54) },
+        { 55, strBlanks + letters(54) + strBreak + letters(1) },
+        { 54 + 59, strBlanks + letters(54) + strBreak + letters(59) },
+        { 54 + 60, strBlanks + letters(54) + strBreak + letters(59) + strBreak + letters(1) },
     };
     for (const CLengthCase& length : aCases)
     {
         CBinTree tree;
         tree.CreateRootNode("NT_VARIABLE")->SetSymbol(letters(length.nSymbol).c_str());
-        EXPECT_EQ(std::string(tree.GetFormulaText(length.nForm)), length.strExpected);
+        EXPECT_EQ(std::string(tree.GetFormulaText(0)), length.strExpected);
     }
     CBinTree empty;
     EXPECT_EQ(empty.GetFormulaText(0), "      ");
+    CBinTree variable;
+    variable.CreateRootNode("NT_VARIABLE");
+    for (const int nForm : { 1, -1, TEXT_FORMS, INT_MAX, INT_MIN })
+    {
+        EXPECT_THROW(empty.GetFormulaText(nForm), CInvalidArgException*) << nForm;
+        EXPECT_THROW(variable.GetFormulaText(nForm), CInvalidArgException*) << nForm;
+    }
 }
 
 TEST(BinTree, SortsByPriorityToTheRight)

@@ -76,6 +76,16 @@ TEST(TreeEditing, ReplacesANodeWithAllBelowIt)
     EXPECT_EQ(tree.GetSelectionMode(), 2);
 }
 
+TEST(TreeEditing, SelectsNothingOutsideTheTree)
+{
+    CBinTree tree;
+    MakeTree(tree, "(STANDARD a -)");
+    const std::unique_ptr<CNode> pStray(tree.CreateNode("NT_NUMBER"));
+    tree.ReplaceNode(nullptr, pStray.get());
+    ExpectTree(tree, "(STANDARD a -)");
+    EXPECT_EQ(tree.GetSelection(), nullptr);
+}
+
 TEST(TreeEditing, LeavesTheRootAlone)
 {
     CBinTree tree;

@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
@@ -8,11 +9,18 @@
 
 namespace
 {
+// A word that is no name of an option. Behind "--" it is none in any case.
+struct COperandWord
+{
+    std::string strWord;
+    bool bPlain = false;
+};
+
 // The words in a normal form: "--name" or "--name=value" for options, and the rest.
 struct CWords
 {
     std::vector<std::string> astrOptions;
-    std::vector<std::string> astrOperands;
+    std::vector<COperandWord> operands;
 };
 
 // The option of the command that a word names, with or without a value in it.
@@ -30,51 +38,109 @@ const COption* NamedOption(const CCommand& command, const std::string& strWord)
     return nullptr;
 }
 
-// A text such as -x+y is no option: only the whole name of one counts, and a short option has its
-// value in the next word.
+bool HasOption(const CWords& words, const COption& option)
+{
+    const std::string strLong = std::string("--") + option.pszLong;
+    return std::any_of(words.astrOptions.begin(), words.astrOptions.end(),
+                       [&](const std::string& strOption)
+                       { return strOption == strLong || strOption.starts_with(strLong + "="); });
+}
+
+// Files and folders have names; a value that is named twice is none.
+void AddOption(CWords& words, const COption& option, const std::string& strValue)
+{
+    const std::string strName = std::string("--") + option.pszLong;
+    if (HasOption(words, option))
+        throw CUsageError{ strName + " is given twice" };
+    if (strValue.empty() && (option.nValue == VALUE_FILE || option.nValue == VALUE_FOLDER))
+        throw CUsageError{ strName + " needs the name of a " +
+                           (option.nValue == VALUE_FILE ? "file" : "folder") +
+                           ", not an empty word" };
+    words.astrOptions.push_back(strName + "=" + strValue);
+}
+
+// A text such as -x+y is no option: only the whole name of one counts.
 CWords SplitWords(const CCommand& command, int nWords, const char* const* apszWords)
 {
     CWords words;
+    bool bPlain = false;
     for (int n = 0; n < nWords; ++n)
     {
         const std::string strWord = apszWords[n];
-        if (strWord == "--")
-        {
-            words.astrOperands.insert(words.astrOperands.end(), apszWords + n + 1,
-                                      apszWords + nWords);
-            break;
-        }
-        const COption* pOption = NamedOption(command, strWord);
-        if (pOption == nullptr)
-        {
-            words.astrOperands.push_back(strWord);
-            continue;
-        }
-        std::string strOption = std::string("--") + pOption->pszLong;
+        const COption* pOption = bPlain ? nullptr : NamedOption(command, strWord);
         const size_t nEquals = strWord.find('=');
-        if (nEquals != std::string::npos)
-            strOption += strWord.substr(nEquals);
-        else if (pOption->nValue != VALUE_NONE && n + 1 < nWords)
-            strOption += std::string("=") + apszWords[++n];
-        else if (pOption->nValue != VALUE_NONE)
+        if (strWord == "--" && !bPlain)
+            bPlain = true;
+        else if (pOption == nullptr)
+            words.operands.push_back({ strWord, bPlain });
+        else if (pOption->nValue == VALUE_NONE)
+            words.astrOptions.push_back(strWord);
+        else if (nEquals != std::string::npos)
+            AddOption(words, *pOption, strWord.substr(nEquals + 1));
+        else if (n + 1 < nWords)
+            AddOption(words, *pOption, apszWords[++n]);
+        else
             throw CUsageError{ strWord + " needs a value: " + pOption->pszValue };
-        words.astrOptions.push_back(strOption);
     }
     return words;
 }
 
-void CheckOperands(const CCommand& command, const std::vector<std::string>& astrOperands)
+// The option that a word is if it is no TEXT: "-h", or a short one with its value in the same word.
+const COption* ShortOption(const CCommand& command, const std::string& strWord)
+{
+    if (strWord == "-h")
+        return &OptionOf(OPT_HELP);
+    for (EOption nId : command.aOptions)
+    {
+        const COption& option = OptionOf(nId);
+        if (option.pszShort != nullptr && option.nValue != VALUE_NONE && strWord.size() > 2 &&
+            strWord.starts_with(std::string("-") + option.pszShort))
+            return &option;
+    }
+    return nullptr;
+}
+
+// Whether nothing can be done without one of the required options.
+bool LacksOption(const CCommand& command, const CWords& words)
+{
+    return std::any_of(command.aRequired.begin(), command.aRequired.end(),
+                       [&](EOption nId) { return !HasOption(words, OptionOf(nId)); });
+}
+
+// Such a word is a TEXT only where the command takes one that is nowhere else.
+void TakeShortOptions(const CCommand& command, CWords& words)
+{
+    const bool bElsewhere =
+        HasOption(words, OptionOf(OPT_LINES)) || HasOption(words, OptionOf(OPT_FML));
+    const bool bMayBeText = command.nOperand == OPERAND_TEXT && words.operands.size() == 1 &&
+                            !bElsewhere && !LacksOption(command, words);
+    std::vector<COperandWord> rest;
+    for (const COperandWord& word : words.operands)
+    {
+        const COption* pOption =
+            word.bPlain || bMayBeText ? nullptr : ShortOption(command, word.strWord);
+        if (pOption == nullptr)
+            rest.push_back(word);
+        else if (pOption->nValue == VALUE_NONE)
+            words.astrOptions.push_back(std::string("--") + pOption->pszLong);
+        else
+            AddOption(words, *pOption, word.strWord.substr(2));
+    }
+    words.operands = rest;
+}
+
+void CheckOperands(const CCommand& command, const std::vector<COperandWord>& operands)
 {
     const size_t nAllowed = command.nOperand == OPERAND_NONE ? 0 : 1;
-    for (const std::string& strWord : astrOperands)
+    for (const COperandWord& word : operands)
     {
-        const bool bDash = strWord.size() > 1 && strWord[0] == '-';
-        if (bDash && (command.nOperand != OPERAND_TEXT || astrOperands.size() > nAllowed))
-            throw CUsageError{ "unknown option " + strWord };
+        const bool bDash = !word.bPlain && word.strWord.size() > 1 && word.strWord[0] == '-';
+        if (bDash && (command.nOperand != OPERAND_TEXT || operands.size() > nAllowed))
+            throw CUsageError{ "unknown option " + word.strWord };
     }
-    if (astrOperands.size() <= nAllowed)
+    if (operands.size() <= nAllowed)
         return;
-    throw CUsageError{ "unexpected word " + astrOperands[nAllowed] +
+    throw CUsageError{ "unexpected word " + operands[nAllowed].strWord +
                        (nAllowed == 1 ? ": one " + std::string(command.pszOperand) +
                                             " is taken, in quotes if it has blanks"
                                       : "") };
@@ -144,6 +210,7 @@ int CArguments::Number(EOption nId, int nDefault) const
 CArguments CArguments::Parse(const CCommand& command, int nWords, const char* const* apszWords)
 {
     CWords words = SplitWords(command, nWords, apszWords);
+    TakeShortOptions(command, words);
     CArguments arguments(command);
 
     // Only the options of the command at hand are set up: start-up is part of every run.
@@ -169,9 +236,9 @@ CArguments CArguments::Parse(const CCommand& command, int nWords, const char* co
     if (arguments.Has(OPT_HELP))
         return arguments;
 
-    CheckOperands(command, words.astrOperands);
-    if (!words.astrOperands.empty())
-        arguments.m_strOperand = words.astrOperands.front();
+    CheckOperands(command, words.operands);
+    if (!words.operands.empty())
+        arguments.m_strOperand = words.operands.front().strWord;
     CheckTogether(arguments);
     return arguments;
 }

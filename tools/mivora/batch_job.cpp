@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <new>
 
+#include "greek_text.h"
 #include "platform/base/exception.h"
 #include "report.h"
 #include "text_input.h"
@@ -20,12 +21,14 @@ CLineResult Draw(CFormulaOut& formula, const std::string& strLine, const std::st
                  const CBatchOptions& options)
 {
     CParseReport report;
-    if (!FormTreeReporting(formula, TextFromUtf8(strLine), report))
+    const std::string strTyped = options.bGreek ? WithGreekWritten(strLine) : strLine;
+    if (!FormTreeReporting(formula, TextFromUtf8(strTyped), report))
         throw CFailure{ TakeLibraryMessages() };
     WritePicture(formula, *options.pFormat, strPath, options.picture);
-    if (report.nPosition == 0)
+    const std::vector<CFinding> findings = FindingsOf(report, strTyped);
+    if (findings.empty())
         return {};
-    return { OUTCOME_SYNTAX_ERROR, report.strMessage.GetString() };
+    return { report.HasError() ? OUTCOME_SYNTAX_ERROR : OUTCOME_LEFT_OUT, Joined(findings) };
 }
 }  // namespace
 

@@ -10,11 +10,13 @@ struct CBatchOptions
     std::string strDirectory;
     const CPictureFormat* pFormat;
     CPictureOptions picture;
+    bool bGreek = false;  // Greek letters are written out
 };
 
 enum EOutcome : unsigned char
 {
     OUTCOME_DONE,
+    OUTCOME_LEFT_OUT,      // a file was made that does not show all of the text
     OUTCOME_SYNTAX_ERROR,  // a file was made all the same
     OUTCOME_FAILED
 };

@@ -3,6 +3,7 @@
 
 #include "arguments.h"
 #include "batch_job.h"
+#include "interruption.h"
 #include "report.h"
 #include "system_calls.h"
 #include "text_input.h"
@@ -67,6 +68,7 @@ public:
     {
         (result.nOutcome == OUTCOME_FAILED ? m_nFailed : m_nDone) += 1;
         m_nSyntaxErrors += result.nOutcome == OUTCOME_SYNTAX_ERROR ? 1 : 0;
+        m_bLeftOut = m_bLeftOut || result.nOutcome == OUTCOME_LEFT_OUT;
         if (result.nOutcome != OUTCOME_DONE)
         {
             m_progress.Wipe();
@@ -88,7 +90,8 @@ public:
         m_progress.Wipe();
         std::printf("%llu done, %llu with syntax errors, %llu failed\n", m_nDone, m_nSyntaxErrors,
                     m_nFailed);
-        return m_nFailed > 0 || (bStrict && m_nSyntaxErrors > 0) ? STATUS_FAILED : STATUS_DONE;
+        return m_nFailed > 0 || (bStrict && (m_nSyntaxErrors > 0 || m_bLeftOut)) ? STATUS_FAILED
+                                                                                 : STATUS_DONE;
     }
 
 private:
@@ -97,12 +100,14 @@ private:
     unsigned long long m_nDone = 0;  // with syntax errors too
     unsigned long long m_nSyntaxErrors = 0;
     unsigned long long m_nFailed = 0;
+    bool m_bLeftOut = false;
 };
 
 CBatchOptions OptionsOf(const CArguments& arguments)
 {
     CBatchOptions options;
     options.strDirectory = arguments.Value(OPT_DIRECTORY);
+    options.bGreek = arguments.Has(OPT_GREEK);
     options.pFormat = &FormatOfName(arguments.Value(OPT_FORMAT, "wmf"));
     options.picture.nDpi = arguments.Number(OPT_DPI, options.picture.nDpi);
     if (!options.pFormat->bDpi && arguments.Has(OPT_DPI))
@@ -114,7 +119,7 @@ void DrawHere(CLineReader& reader, CBatch& batch, const CBatchOptions& options)
 {
     CFormulaOut formula;
     std::string strLine;
-    for (unsigned long long nLine = 1; reader.Next(strLine); ++nLine)
+    for (unsigned long long nLine = 1; reader.Next(strLine) && !IsInterrupted(); ++nLine)
     {
         batch.Add(nLine, DrawLine(formula, strLine, nLine, options));
         if (nLine % s_nLinesInBlock == 0)
@@ -142,7 +147,7 @@ void DrawElsewhere(int nJobs, CLineReader& reader, CBatch& batch, const CBatchOp
     CWorkerPool pool(nJobs, options);
     CBlock block;
     CBlockResult result;
-    while (NextBlock(reader, block))
+    while (NextBlock(reader, block) && !IsInterrupted())
     {
         pool.Submit(block);
         while (pool.TakeResult(result, false))
@@ -159,10 +164,12 @@ int RunBatch(const CArguments& arguments)
     CLineReader reader(*arguments.Operand());
     MakeFolder(options.strDirectory);
     CBatch batch(reader);
+    NoteInterruption();
     const int nJobs = arguments.Number(OPT_JOBS, 1);
     if (nJobs == 1)
         DrawHere(reader, batch, options);
     else
         DrawElsewhere(nJobs, reader, batch, options);
-    return batch.Finish(arguments.Has(OPT_STRICT));
+    const int nStatus = batch.Finish(arguments.Has(OPT_STRICT));
+    return IsInterrupted() ? InterruptedStatus() : nStatus;
 }

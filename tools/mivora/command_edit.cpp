@@ -64,8 +64,7 @@ void LoadText(const CArguments& arguments, CFormulaOut& formula)
     CParseReport report;
     if (!FormTreeReporting(formula, TextFromUtf8(strTyped), report))
         throw CFailure{ TakeLibraryMessages() };
-    if (report.nPosition != 0)
-        Tell(SyntaxWarning(report, strTyped));
+    WarnOfFindings(report, strTyped);
 }
 
 void PrintState(const std::string& strState)

@@ -4,6 +4,7 @@
 #include "arguments.h"
 #include "font_list.h"
 #include "input_file.h"
+#include "interruption.h"
 #include "picture.h"
 #include "platform/base/code_page.h"
 #include "platform/gdi/dc.h"
@@ -49,17 +50,18 @@ int RunRender(const CArguments& arguments)
     const std::string strTyped = TypedText(arguments);
     const CString strText = TextFromUtf8(strTyped);
 
+    EndWhenInterrupted();
     CFormulaOut formula;
     CParseReport report;
     if (!FormTreeReporting(formula, strText, report))
         throw CFailure{ TakeLibraryMessages() };
     WritePicture(formula, format, strPath, options);
     PrintSize(formula);
-    if (report.nPosition == 0)
-        return STATUS_DONE;
     std::fflush(stdout);
-    Tell(SyntaxWarning(report, strTyped));
-    return arguments.Has(OPT_STRICT) ? STATUS_FAILED : STATUS_DONE;
+    const bool bFound = WarnOfFindings(report, strTyped);
+    if (IsInterrupted())
+        return InterruptedStatus();
+    return bFound && arguments.Has(OPT_STRICT) ? STATUS_FAILED : STATUS_DONE;
 }
 
 int RunComment(const CArguments& arguments)

@@ -20,7 +20,9 @@ constexpr COption s_aOptions[] = {
       "Show a node as selected: letters L and R lead down from the root, then :1 for the node "
       "alone or :2 for all below it" },
     { OPT_STRICT, nullptr, "strict", nullptr, VALUE_NONE, 0, 0, nullptr,
-      "End with status 1 if a text has a syntax error" },
+      "End with status 1 if a text has an error or a part of it is left out" },
+    { OPT_GREEK, nullptr, "greek", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Take the Greek letters of a text as the language writes them (greek a)" },
     { OPT_LINES, nullptr, "lines", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Take every line of standard input as a text and give one line for each" },
     { OPT_HEX, nullptr, "hex", nullptr, VALUE_NONE, 0, 0, nullptr,
@@ -42,7 +44,8 @@ constexpr COption s_aOptions[] = {
       "Size of the window in pixels (default 300x200)" },
     { OPT_READ_ONLY, nullptr, "read-only", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Begin with a control that refuses editing" },
-    { OPT_HELP, nullptr, "help", nullptr, VALUE_NONE, 0, 0, nullptr, "Show this help" },
+    { OPT_HELP, nullptr, "help", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Show this help; also -h, where that is no TEXT" },
 };
 static_assert(std::size(s_aOptions) == OPT_COUNT);
 
@@ -50,17 +53,25 @@ constexpr EOption s_aRequiredRender[] = { OPT_OUTPUT };
 constexpr EOption s_aRequiredBatch[] = { OPT_DIRECTORY };
 constexpr EOption s_aRequiredEdit[] = { OPT_SCRIPT };
 
-constexpr EOption s_aRender[] = { OPT_OUTPUT, OPT_DPI,    OPT_BOXES, OPT_GRAYED,
-                                  OPT_SELECT, OPT_STRICT, OPT_HELP };
-constexpr EOption s_aBatch[] = {
-    OPT_DIRECTORY, OPT_FORMAT, OPT_DPI, OPT_JOBS, OPT_STRICT, OPT_HELP
-};
-constexpr EOption s_aSingle[] = { OPT_STRICT, OPT_HELP };
-constexpr EOption s_aLines[] = { OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
-constexpr EOption s_aLayout[] = { OPT_FML, OPT_LINES, OPT_HEX, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aRender[] = { OPT_OUTPUT, OPT_DPI,   OPT_BOXES,  OPT_GRAYED,
+                                  OPT_SELECT, OPT_GREEK, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aBatch[] = { OPT_DIRECTORY, OPT_FORMAT, OPT_DPI, OPT_JOBS,
+                                 OPT_GREEK,     OPT_STRICT, OPT_HELP };
+constexpr EOption s_aSingle[] = { OPT_GREEK, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aLines[] = { OPT_LINES, OPT_HEX, OPT_GREEK, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aLayout[] = { OPT_FML, OPT_LINES, OPT_HEX, OPT_GREEK, OPT_STRICT, OPT_HELP };
 constexpr EOption s_aInspect[] = { OPT_JSON, OPT_OUTPUT, OPT_HELP };
-constexpr EOption s_aEdit[] = { OPT_SCRIPT, OPT_FML, OPT_SIZE, OPT_READ_ONLY, OPT_STORE, OPT_HELP };
+constexpr EOption s_aEdit[] = { OPT_SCRIPT, OPT_FML,   OPT_SIZE, OPT_READ_ONLY,
+                                OPT_STORE,  OPT_GREEK, OPT_HELP };
 constexpr EOption s_aPlain[] = { OPT_HELP };
+
+// The same in all shells.
+constexpr CExample s_aMathMLExamples[] = { { "mivora mathml a/b", "a fraction" } };
+constexpr CExample s_aLatexExamples[] = { { "mivora latex a/b", "a fraction" } };
+constexpr CExample s_aSpeakExamples[] = {
+    { "mivora speak a/b", "a fraction" },
+    { "mivora speak --lines <formulas.txt", "one line for each line of a file" },
+};
 
 constexpr CCommand s_aCommands[] = {
     { "render", OPERAND_TEXT, "TEXT", s_aRequiredRender, s_aRender, "draw a formula into a file",
@@ -180,6 +191,37 @@ constexpr CCommand s_aCommands[] = {
       "bars (which are on, position, end and page of both) and the size of the window inside of "
       "them; the number of undo steps and of changes that were told; the answer to a drag.",
       g_aEditExamples, RunEdit },
+    { "mathml",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLayout,
+      "write a formula as MathML",
+      "Prints a math element of MathML Core on one line, for a browser or a screen reader. What it "
+      "shows is what a picture of the formula shows; an intent tells the meaning of a sign that "
+      "does not show it.",
+      s_aMathMLExamples,
+      RunMathML },
+    { "latex",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLayout,
+      "write a formula as LaTeX",
+      "Prints what goes between the dollar signs of a LaTeX document, on one line. It needs the "
+      "package amsmath and nothing else.",
+      s_aLatexExamples,
+      RunLatex },
+    { "speak",
+      OPERAND_TEXT,
+      "TEXT",
+      {},
+      s_aLayout,
+      "tell a formula in words",
+      "Prints the English words from which a listener can write the formula down. What belongs "
+      "together without showing it is called a quantity.",
+      s_aSpeakExamples,
+      RunSpeak },
 };
 
 constexpr CManualSection s_aSections[] = {
@@ -190,8 +232,10 @@ constexpr CManualSection s_aSections[] = {
       "The word -- ends the options. The word - alone stands for all of standard input, less "
       "one final line break." },
     { "EXIT STATUS",
-      "0 for success, 1 for a failed operation, 2 for wrong usage. A syntax error is no failure "
-      "unless --strict is given. Errors and warnings are on standard error." },
+      "0 for success, 1 for a failed operation, 2 for wrong usage, 130 after Ctrl+C. A syntax "
+      "error, "
+      "and text that is not in the picture, are no failure unless --strict is given. Errors and "
+      "warnings are on standard error." },
 };
 }  // namespace
 

@@ -15,6 +15,7 @@ enum EOption
     OPT_GRAYED,
     OPT_SELECT,
     OPT_STRICT,
+    OPT_GREEK,
     OPT_LINES,
     OPT_HEX,
     OPT_DIRECTORY,
@@ -113,6 +114,9 @@ int RunComment(const CArguments& arguments);
 int RunInspect(const CArguments& arguments);
 int RunFonts(const CArguments& arguments);
 int RunEdit(const CArguments& arguments);
+int RunMathML(const CArguments& arguments);
+int RunLatex(const CArguments& arguments);
+int RunSpeak(const CArguments& arguments);
 
 // What layout does with --fml.
 int LayOutStored(const CArguments& arguments);

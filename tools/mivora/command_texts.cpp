@@ -65,7 +65,7 @@ CAnswer AnswerLayout(CFormulaOut& formula, const CString& strText, bool)
 {
     CAnswer answer;
     Form(formula, strText, answer);
-    answer.strText = LayoutForm(formula);
+    answer.strText = LayoutForm(formula, answer.bRefused ? CParseReport() : answer.report);
     return answer;
 }
 

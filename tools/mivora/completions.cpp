@@ -32,6 +32,14 @@ std::string BashValue(const COption& option)
     }
 }
 
+// Only names of files are to be treated as such: a folder of the name of a command does not make
+// that command a folder.
+std::string BashAnswer(const std::string& strAsk, bool bFiles)
+{
+    return std::string(bFiles ? "compopt -o filenames; " : "") +
+           "mapfile -t COMPREPLY < <(compgen " + strAsk + " -- \"$word\")";
+}
+
 // The cases for the words behind which a value stands.
 std::string BashValueCases()
 {
@@ -44,8 +52,7 @@ std::string BashValueCases()
         const std::string strAsk = BashValue(option);
         strCases += "        " + Names(option, "|") + ")\n";
         if (!strAsk.empty())
-            strCases +=
-                "            mapfile -t COMPREPLY < <(compgen " + strAsk + " -- \"$word\")\n";
+            strCases += "            " + BashAnswer(strAsk, option.nValue != VALUE_CHOICE) + "\n";
         strCases += "            return ;;\n";
     }
     return strCases;
@@ -138,6 +145,11 @@ std::string BashCompletion()
            "    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]}\n"
            "    local options='' files=no\n"
            "    COMPREPLY=()\n"
+           "    if [ \"$word\" = '=' ]; then\n"
+           "        word=''\n"
+           "    elif [ \"$before\" = '=' ]; then\n"
+           "        before=${COMP_WORDS[COMP_CWORD-2]}\n"
+           "    fi\n"
            "    if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
            "        mapfile -t COMPREPLY < <(compgen -W '" +
            CommandNames() +
@@ -152,10 +164,12 @@ std::string BashCompletion()
            "    esac\n"
            "    case $word in\n"
            "        -*) mapfile -t COMPREPLY < <(compgen -W \"$options\" -- \"$word\") ;;\n"
-           "        *) [ $files = yes ] && mapfile -t COMPREPLY < <(compgen -f -- \"$word\") ;;\n"
+           "        *) if [ $files = yes ]; then " +
+           BashAnswer("-f", true) +
+           "; fi ;;\n"
            "    esac\n"
            "}\n"
-           "complete -o filenames -F _mivora mivora\n";
+           "complete -F _mivora mivora\n";
 }
 
 std::string ZshCompletion()

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "greek_text.h"
 #include "report.h"
 #include "text_input.h"
 
@@ -13,16 +14,23 @@ void Print(const std::string& strLine)
     std::fputc('\n', stdout);
 }
 
-// What the answer itself does not tell, to standard error.
-void TellFailures(const CAnswer& answer, const std::string& strTyped)
+// What the answer itself does not tell, to standard error. False if there was nothing to be told.
+bool TellFindings(const CAnswer& answer, const std::string& strTyped)
 {
     const std::string strMessages = TakeLibraryMessages();
     if (answer.bRefused && !answer.strReason.empty())
         Tell(answer.strReason);
     else if (!strMessages.empty())
         Tell(strMessages);
-    if (answer.report.nPosition != 0 && !answer.bTold)
-        Tell(SyntaxWarning(answer.report, strTyped));
+    if (answer.bRefused)
+        return true;
+    const std::vector<CFinding> findings = FindingsOf(answer.report, strTyped);
+    for (const CFinding& finding : findings)
+    {
+        if (!finding.bError || !answer.bTold)
+            Warn(finding, strTyped);
+    }
+    return !findings.empty();
 }
 
 int AnswerOne(const CArguments& arguments, CAnswerFunction pfnAnswer)
@@ -34,23 +42,22 @@ int AnswerOne(const CArguments& arguments, CAnswerFunction pfnAnswer)
     if (!answer.bRefused || !answer.strText.empty())
         Print(answer.strText);
     std::fflush(stdout);
-    TellFailures(answer, strTyped);
-    if (answer.bRefused)
-        return STATUS_FAILED;
-    return answer.report.nPosition != 0 && arguments.Has(OPT_STRICT) ? STATUS_FAILED : STATUS_DONE;
+    const bool bFound = TellFindings(answer, strTyped);
+    return answer.bRefused || (bFound && arguments.Has(OPT_STRICT)) ? STATUS_FAILED : STATUS_DONE;
 }
 
 // Answers a line; false if that is "!" and a reason.
 bool AnswerLine(const CArguments& arguments, CAnswerFunction pfnAnswer, CFormulaOut& formula,
-                const std::string& strLine, bool& bSyntaxError)
+                const std::string& strLine, bool& bFound)
 {
     try
     {
-        const CString strText =
-            arguments.Has(OPT_HEX) ? TextFromHex(strLine) : TextFromUtf8(strLine);
+        const CString strText = arguments.Has(OPT_HEX)     ? TextFromHex(strLine)
+                                : arguments.Has(OPT_GREEK) ? TextFromUtf8(WithGreekWritten(strLine))
+                                                           : TextFromUtf8(strLine);
         const CAnswer answer = pfnAnswer(formula, strText, true);
         TakeLibraryMessages();  // each line's answer is all there is to it
-        bSyntaxError = bSyntaxError || answer.report.nPosition != 0;
+        bFound = bFound || answer.report.HasError() || !answer.report.dropped.empty();
         if (answer.bRefused && answer.strText.empty())
             throw CFailure{ answer.strReason };
         Print(answer.strText);
@@ -72,11 +79,16 @@ int AnswerTexts(const CArguments& arguments, CAnswerFunction pfnAnswer)
     CLineReader reader("-");
     std::string strLine;
     bool bFailed = false;
-    bool bSyntaxError = false;
-    while (reader.Next(strLine))
+    bool bFound = false;
+    for (unsigned long long nLine = 1; reader.Next(strLine); ++nLine)
     {
-        if (!AnswerLine(arguments, pfnAnswer, formula, strLine, bSyntaxError))
+        if (!AnswerLine(arguments, pfnAnswer, formula, strLine, bFound))
             bFailed = true;
+        if (strLine.find('\0') != std::string::npos)
+        {
+            bFound = true;
+            Tell("line " + std::to_string(nLine) + ": " + Joined(FindingsOf({}, strLine)));
+        }
     }
-    return bFailed || (bSyntaxError && arguments.Has(OPT_STRICT)) ? STATUS_FAILED : STATUS_DONE;
+    return bFailed || (bFound && arguments.Has(OPT_STRICT)) ? STATUS_FAILED : STATUS_DONE;
 }

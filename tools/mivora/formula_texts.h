@@ -10,8 +10,8 @@
 struct CAnswer
 {
     std::string strText;    // without the final line break
-    CParseReport report;    // of a syntax error
-    bool bTold = false;     // strText tells of it
+    CParseReport report;    // of an error, and of text that is left out
+    bool bTold = false;     // strText tells of the error
     bool bRefused = false;  // an exception stopped it
     std::string strReason;  // of the refusal, if strText does not tell it
 };

@@ -16,8 +16,8 @@ public:
     CInputFile(const CInputFile&) = delete;
     CInputFile& operator=(const CInputFile&) = delete;
 
-    // Waits until there is something, and gives how many bytes that is; 0 at the end. Throws
-    // CFailure.
+    // Waits until there is something, and gives how many bytes that is; 0 at the end, and where an
+    // interruption ended the wait. Throws CFailure.
     std::size_t Read(char* pchBuffer, std::size_t nSize);
 
     // 0 if that is not known.

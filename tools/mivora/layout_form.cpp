@@ -115,9 +115,27 @@ std::string JsonTree(const std::vector<CNodeHead>& heads)
     }
     return strJson;
 }
+
+// The fields of what there is to tell; a sound text has none.
+std::string JsonReport(const CParseReport& report)
+{
+    std::string strJson;
+    if (report.HasError())
+    {
+        strJson = ",\"error\":{\"position\":" + std::to_string(report.nPosition) +
+                  ",\"message\":" + JsonText(report.strMessage) + "}";
+    }
+    for (const CDroppedText& text : report.dropped)
+    {
+        strJson += &text == &report.dropped.front() ? ",\"dropped\":[" : ",";
+        strJson += "{\"position\":" + std::to_string(text.nPosition) +
+                   ",\"length\":" + std::to_string(text.nLength) + "}";
+    }
+    return report.dropped.empty() ? strJson : strJson + "]";
+}
 }  // namespace
 
-std::string LayoutForm(CFormulaOut& formula)
+std::string LayoutForm(CFormulaOut& formula, const CParseReport& report)
 {
     CClientDC screen(nullptr);
     const CRect rect = formula.GetFormulaRect(&screen);
@@ -125,8 +143,8 @@ std::string LayoutForm(CFormulaOut& formula)
         "{\"gap\":" + std::to_string(g_nTimesGap) + ",\"rect\":" + JsonRect(rect) + ",\"root\":";
     const CNode* pRoot = formula.m_Tree.GetRootNode();
     if (pRoot == nullptr)
-        return strJson + "null}";
+        return strJson + "null" + JsonReport(report) + "}";
     const std::vector<CNodeHead> heads = HeadsOf(pRoot);
     formula.DrawTree(&screen, CRect(0, 0, 0, 0));
-    return strJson + JsonTree(heads) + "}";
+    return strJson + JsonTree(heads) + JsonReport(report) + "}";
 }

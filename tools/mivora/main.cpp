@@ -1,9 +1,11 @@
 // The command line program: finds the command, runs it, turns failures into an exit status.
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <new>
 #include <string>
+#include <vector>
 
 #include "arguments.h"
 #include "command_table.h"
@@ -32,6 +34,50 @@ int Generate(const std::string& strWhat)
     throw CUsageError{ "--generate takes man, bash or zsh" };
 }
 
+// Letters that have to be put in, left out, exchanged or swapped with their neighbour.
+size_t Distance(const std::string& strA, const std::string& strB)
+{
+    std::vector<std::vector<size_t>> aRows(strA.size() + 1, std::vector<size_t>(strB.size() + 1));
+    for (size_t a = 0; a <= strA.size(); ++a)
+    {
+        for (size_t b = 0; b <= strB.size(); ++b)
+        {
+            size_t& nLeast = aRows[a][b];
+            nLeast = std::max(a, b);
+            if (a > 0 && b > 0)
+            {
+                nLeast = std::min({ aRows[a - 1][b] + 1, aRows[a][b - 1] + 1,
+                                    aRows[a - 1][b - 1] + (strA[a - 1] != strB[b - 1]) });
+            }
+            if (a > 1 && b > 1 && strA[a - 1] == strB[b - 2] && strA[a - 2] == strB[b - 1])
+                nLeast = std::min(nLeast, aRows[a - 2][b - 2] + 1);
+        }
+    }
+    return aRows.back().back();
+}
+
+CUsageError UnknownCommand(const std::string& strName)
+{
+    if (strName.starts_with("-"))
+        return { "unknown option " + strName + "; see mivora --help" };
+    constexpr size_t nLongest = 20;  // no command's name is near a longer word
+    const CCommand* pNearest = nullptr;
+    size_t nNearest = 3;  // more letters are another word
+    for (const CCommand& command : Commands())
+    {
+        const size_t nDistance =
+            strName.size() > nLongest ? nNearest : Distance(strName, command.pszName);
+        if (nDistance < nNearest && nDistance < std::strlen(command.pszName) / 2 + 1)
+        {
+            nNearest = nDistance;
+            pNearest = &command;
+        }
+    }
+    return { "unknown command " + strName +
+             (pNearest != nullptr ? std::string("; did you mean ") + pNearest->pszName + "?"
+                                  : "; see mivora --help") };
+}
+
 int RunProgram(int nWords, const char* const* apszWords)
 {
     if (nWords == 0)
@@ -48,8 +94,7 @@ int RunProgram(int nWords, const char* const* apszWords)
     const std::string strName = bHelp ? apszWords[1] : strFirst;
     const CCommand* pCommand = FindCommand(strName);
     if (pCommand == nullptr)
-        throw CUsageError{ (strName.starts_with("-") ? "unknown option " : "unknown command ") +
-                           strName };
+        throw UnknownCommand(strName);
     if (bHelp)
         return PrintText(CommandHelp(*pCommand));
     try

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "service/form_tree.h"
 
@@ -22,6 +23,22 @@ std::string TakeLibraryMessages();
 // The system's words for the last error of an operation on a file.
 std::string LastErrorText();
 
-// The message of a parse with, on two more lines, the typed text (UTF-8) and a caret under the
-// place, if it lies in the text.
-std::string SyntaxWarning(const CParseReport& report, const std::string& strTyped);
+// Something about a text that its picture does not show.
+struct CFinding
+{
+    std::string strText;               // one sentence, without its final point
+    std::vector<CDroppedText> places;  // in the trimmed text; none: the text alone tells it
+    bool bError = false;               // the error of the report
+};
+
+// What a parse or a calculation could not use or left out of a text that was typed like this
+// (UTF-8); none of a sound one.
+std::vector<CFinding> FindingsOf(const CParseReport& report, const std::string& strTyped);
+
+// In one line, separated by "; ".
+std::string Joined(const std::vector<CFinding>& findings);
+
+// A warning, with the typed text and marks under the places on two more lines.
+void Warn(const CFinding& finding, const std::string& strTyped);
+// Warns of all that there is; false if that is nothing.
+bool WarnOfFindings(const CParseReport& report, const std::string& strTyped);

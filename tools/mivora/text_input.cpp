@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "greek_text.h"
 #include "platform/base/code_page.h"
 #include "report.h"
 
@@ -18,22 +19,26 @@ bool IsContinuation(char ch)
 // What stands at an offset: a character, by its number in Unicode, or a byte out of place.
 std::string Describe(const std::string& strUtf8, size_t nOffset)
 {
-    const auto nLead = static_cast<unsigned char>(strUtf8[nOffset]);
-    const size_t nLength = nLead < 0x80 ? 1 : nLead < 0xE0 ? 2 : nLead < 0xF0 ? 3 : 4;
-    unsigned nCode = nLength == 1 ? nLead : nLead & (0xFFU >> (nLength + 1));
-    bool bSound = nLead < 0x80 || (nLead >= 0xC2 && nLead < 0xF5);
-    for (size_t n = 1; n < nLength && bSound; ++n)
-    {
-        bSound = nOffset + n < strUtf8.size() && IsContinuation(strUtf8[nOffset + n]);
-        if (bSound)
-            nCode = nCode << 6 | (static_cast<unsigned char>(strUtf8[nOffset + n]) & 0x3F);
-    }
     char szText[64];
-    if (bSound)
-        std::snprintf(szText, sizeof szText, "U+%04X is not in Windows-1252", nCode);
-    else
-        std::snprintf(szText, sizeof szText, "the byte 0x%02X is no UTF-8", nLead);
-    return szText;
+    size_t nNext = nOffset;
+    const char32_t nCharacter = NextUtf8(strUtf8, nNext);
+    if (nCharacter == NO_CHARACTER)
+    {
+        std::snprintf(szText, sizeof szText, "the byte 0x%02X is no UTF-8",
+                      static_cast<unsigned char>(strUtf8[nOffset]));
+        return szText;
+    }
+    std::snprintf(szText, sizeof szText, "U+%04X is not in Windows-1252",
+                  static_cast<unsigned>(nCharacter));
+    const char chSymbol = SymbolLetter(nCharacter);
+    return chSymbol == 0 ? szText : std::string(szText) + "; write greek " + chSymbol;
+}
+
+// Some programs put one in front of UTF-8.
+void SkipByteOrderMark(std::string& strText)
+{
+    if (strText.starts_with("\xEF\xBB\xBF"))
+        strText.erase(0, 3);
 }
 
 int HexDigit(char ch)
@@ -105,12 +110,15 @@ std::string Utf8FromText(const CString& strText)
 
 std::string TypedText(const CArguments& arguments)
 {
-    if (*arguments.Operand() != "-")
-        return *arguments.Operand();
-    CLineReader reader("-");
-    std::string strText = ReadAll(reader);
-    CutLineBreak(strText);
-    return strText;
+    std::string strText = *arguments.Operand();
+    if (strText == "-")
+    {
+        CLineReader reader("-");
+        strText = ReadAll(reader);
+        CutLineBreak(strText);
+    }
+    SkipByteOrderMark(strText);
+    return arguments.Has(OPT_GREEK) ? WithGreekWritten(strText) : strText;
 }
 
 CLineReader::CLineReader(const std::string& strPath)
@@ -126,6 +134,7 @@ bool CLineReader::Next(std::string& strLine)
     if (!NextRaw(strLine))
         return false;
     CutLineBreak(strLine);
+    SkipByteOrderMark(strLine);
     return true;
 }
 

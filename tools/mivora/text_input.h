@@ -15,7 +15,9 @@ CString TextFromUtf8(const std::string& strUtf8);
 CString TextFromHex(const std::string& strHex);
 std::string Utf8FromText(const CString& strText);
 
-// The TEXT as it was typed, in UTF-8; standard input less one final line break for "-".
+// The TEXT as it was typed, in UTF-8, with its Greek letters written out if that is asked for;
+// standard input less one final line break for "-". A byte order mark is skipped, as in lines.
+// Throws CFailure.
 std::string TypedText(const CArguments& arguments);
 
 // Lines of a file, ended by LF or CR LF, the last one perhaps not. Bytes of any value.

@@ -78,6 +78,9 @@ void Work(CBytePipe& pipe, const CBatchOptions& options)
     {
         unsigned long long nLine = block.nFirstLine;
         for (const std::string& strLine : block.astrLines)
-            bHeard = bHeard && SendResult(pipe, DrawLine(formula, strLine, nLine++, options));
+        {
+            bHeard = bHeard && !pipe.IsEnded() &&
+                     SendResult(pipe, DrawLine(formula, strLine, nLine++, options));
+        }
     }
 }

@@ -23,5 +23,5 @@ bool ReceiveResult(CBytePipe& pipe, CLineResult& result);
 void AppendText(std::string& strMessage, const std::string& strText);
 bool ReceiveText(CBytePipe& pipe, std::string& strText);
 
-// The life of a worker: draws what it is sent until the sender closes the pipe.
+// The life of a worker: draws what it is sent until the sender closes the pipe, also within a block.
 void Work(CBytePipe& pipe, const CBatchOptions& options);

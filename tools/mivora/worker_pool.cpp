@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "interruption.h"
+
 namespace
 {
 // Blocks that may wait for an earlier one to be taken, for each worker: bounds the memory.
@@ -28,11 +30,13 @@ CWorkerPool::CWorker* CWorkerPool::FreeWorker()
 void CWorkerPool::Submit(CBlock block)
 {
     CWorker* pWorker = FreeWorker();
-    while (pWorker == nullptr)
+    while (pWorker == nullptr && !IsInterrupted())
     {
         WaitForAny();
         pWorker = FreeWorker();
     }
+    if (pWorker == nullptr)
+        return;
     pWorker->bBusy = true;
     pWorker->nBlock = m_nSubmitted++;
     pWorker->block = std::move(block);
@@ -40,7 +44,7 @@ void CWorkerPool::Submit(CBlock block)
 }
 
 // Reads the results of a worker's block. Of a worker that died only the line at hand is lost: the
-// rest of the block is drawn by the next one.
+// rest of the block is drawn by the next one. After an interruption nobody draws the rest.
 void CWorkerPool::Collect(CWorker& worker)
 {
     CBlockResult result{ worker.block.nFirstLine, {} };
@@ -48,8 +52,12 @@ void CWorkerPool::Collect(CWorker& worker)
     while (result.results.size() < nLines)
     {
         CLineResult line;
+        if (IsInterrupted())
+            worker.pProcess->CloseInput();
         if (!ReceiveResult(*worker.pProcess, line))
         {
+            if (IsInterrupted())
+                break;
             line = { OUTCOME_FAILED, worker.pProcess->End() };
             Start(worker);
             SendBlock(*worker.pProcess, worker.block, result.results.size() + 1);
@@ -59,6 +67,21 @@ void CWorkerPool::Collect(CWorker& worker)
     worker.bBusy = false;
     worker.block = CBlock();
     m_finished[worker.nBlock] = std::move(result);
+}
+
+// Takes the results that there are.
+void CWorkerPool::Stop()
+{
+    for (CWorker& worker : m_workers)
+    {
+        if (worker.bBusy)
+            worker.pProcess->CloseInput();
+    }
+    for (CWorker& worker : m_workers)
+    {
+        if (worker.bBusy)
+            Collect(worker);
+    }
 }
 
 void CWorkerPool::WaitForAny()
@@ -84,9 +107,12 @@ bool CWorkerPool::TakeResult(CBlockResult& result, bool bWait)
     const bool bMany = m_finished.size() >= s_nAhead * m_workers.size();
     while (!m_finished.contains(m_nTaken))
     {
-        if (!bWait && !bMany)
+        if (IsInterrupted())
+            Stop();
+        else if (!bWait && !bMany)
             return false;
-        WaitForAny();
+        else
+            WaitForAny();
     }
     auto node = m_finished.extract(m_nTaken++);
     result = std::move(node.mapped());

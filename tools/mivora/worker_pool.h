@@ -22,7 +22,8 @@ public:
     // Throws CFailure if a process cannot be started.
     CWorkerPool(int nWorkers, const CBatchOptions& options);
 
-    // Waits until a worker is free and the results that wait in line are few, and hands it over.
+    // Waits until a worker is free and the results that wait in line are few, and hands it over. An
+    // interruption ends this wait and the others.
     void Submit(CBlock block);
 
     // The results of the blocks in the order of their submission. False if the next one is not
@@ -40,6 +41,7 @@ private:
 
     void Start(CWorker& worker) { worker.pProcess = std::make_unique<CWorkerProcess>(m_options); }
     void Collect(CWorker& worker);
+    void Stop();
     void WaitForAny();
     CWorker* FreeWorker();
 

@@ -20,6 +20,10 @@ public:
 
     bool Write(const void* pData, std::size_t nSize) override;
     bool Read(void* pData, std::size_t nSize) override;
+    bool IsEnded() override;
+
+    // Lets it end behind the line at hand.
+    void CloseInput();
 
     // Closes the pipes, waits for the end of the process and tells how it came. Once.
     std::string End();

@@ -9,7 +9,7 @@
 
 class CMemoryWindow;
 
-class CMemoryEditBox : private CEditBox
+class CMemoryEditBox final : private CEditBox
 {
 public:
     CMemoryEditBox(CMemoryWindow& window, CNode* pNode, UINT nFirstChar);

@@ -22,6 +22,8 @@ void CMemoryScrollBar::SetPos(int nPos)
 
 std::optional<bool> CMemoryScrollBar::SetPage(int nPage)
 {
+    if (nPage == m_nPage)
+        return std::nullopt;
     m_nPage = nPage;
     Trim();
     return LastPos() <= 0 ? std::optional(false) : std::nullopt;
@@ -29,6 +31,8 @@ std::optional<bool> CMemoryScrollBar::SetPage(int nPage)
 
 std::optional<bool> CMemoryScrollBar::SetRange(int nMax)
 {
+    if (nMax == m_nMax)
+        return std::nullopt;
     m_nMax = std::max(nMax, 0);
     Trim();
     return LastPos() > 0;

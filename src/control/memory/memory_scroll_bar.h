@@ -22,7 +22,7 @@ public:
 
     void SetPos(int nPos);
     // What becomes of the bar: true if it is to be seen, false if not; no value if it stays as it
-    // is. A page alone never brings it back.
+    // is. A page alone never brings it back, and a value that stands already changes nothing.
     std::optional<bool> SetPage(int nPage);
     std::optional<bool> SetRange(int nMax);
 

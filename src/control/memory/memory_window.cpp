@@ -102,7 +102,7 @@ CRect CMemoryWindow::GetClientRect() const
     CSize size = m_sizeOuter;
     if (m_VBar.IsShown() && size.cx >= s_Metrics.cxVScroll)
         size.cx -= s_Metrics.cxVScroll;
-    if (m_HBar.IsShown() && size.cy >= s_Metrics.cyHScroll)
+    if (m_HBar.IsShown() && size.cy > s_Metrics.cyHScroll)
         size.cy -= s_Metrics.cyHScroll;
     return CRect(CPoint(0, 0), size);
 }

@@ -22,9 +22,9 @@ public:
     explicit CWinApp(const char* pszAppName = nullptr);
     ~CWinApp() override;
 
-    // Shows a text whose bytes are code page 936 and waits for the answer (IDOK and the like). An
-    // installed handler is asked instead of the user; without one, Linux writes a line to standard
-    // error.
+    // Shows a text in the code page that AfxGetMessageCodePage tells meanwhile, and waits for the
+    // answer (IDOK and the like). An installed handler is asked instead of the user; without one,
+    // Linux writes a line to standard error.
     virtual int DoMessageBox(const char* pszText, UINT nType, UINT nIDPrompt);
 
     const char* m_pszAppName;  // null: unnamed
@@ -36,10 +36,14 @@ private:
 // The object that was constructed last and still lives; null if there is none.
 CWinApp* AfxGetApp();
 
+// A text in code page 936, the library's own.
 int AfxMessageBox(const char* pszText, UINT nType = MB_OK, UINT nIDHelp = 0);
 
-// A message of the system, with a caption: takes the same way as AfxMessageBox. The caption is
-// shown to the user only, a handler gets the text alone.
+// A text with a path in it: both are in the encoding of paths, and are shown as UTF-8.
+int AfxPathMessageBox(const char* pszText, UINT nType = MB_OK, UINT nIDHelp = 0);
+
+// A message of the system in its own encoding, shown as UTF-8, with a caption. The caption is for
+// the user only, a handler gets the text alone.
 int AfxSystemMessageBox(const char* pszText, const char* pszCaption, UINT nType = MB_OK);
 
 extern "C"
@@ -50,4 +54,8 @@ extern "C"
 
     // Null takes the handler away.
     void AfxSetMessageBoxHandler(AFX_MESSAGE_BOX_HANDLER pfnHandler, void* pContext);
+
+    // The encoding of the text that a handler is just being given: 65001 (UTF-8) if it names a path
+    // or comes from the system, else 936.
+    unsigned AfxGetMessageCodePage(void);
 }

@@ -30,11 +30,8 @@ void AppendUtf8(std::string& text, char32_t n)
     }
     text += static_cast<char>(0x80 | (n & 0x3F));
 }
+}  // namespace
 
-constexpr char32_t nNoCharacter = 0xFFFFFFFF;
-
-// The character at nPlace, which moves behind it; nNoCharacter, and nPlace as it was, if there is
-// no well-formed one (overlong forms and surrogates are none).
 char32_t NextUtf8(std::string_view text, std::size_t& nPlace)
 {
     const auto nFirst = static_cast<unsigned char>(text[nPlace]);
@@ -46,7 +43,7 @@ char32_t NextUtf8(std::string_view text, std::size_t& nPlace)
     const std::size_t nMore = nFirst >= 0xF0 ? 3 : nFirst >= 0xE0 ? 2 : 1;
     if (nFirst < 0xC2 || nFirst > 0xF4 || text.size() - nPlace <= nMore)
     {
-        return nNoCharacter;
+        return NO_CHARACTER;
     }
     char32_t n = nFirst & (0x3FU >> nMore);
     for (std::size_t i = 1; i <= nMore; ++i)
@@ -54,19 +51,18 @@ char32_t NextUtf8(std::string_view text, std::size_t& nPlace)
         const auto nByte = static_cast<unsigned char>(text[nPlace + i]);
         if ((nByte & 0xC0) != 0x80)
         {
-            return nNoCharacter;
+            return NO_CHARACTER;
         }
         n = (n << 6) | (nByte & 0x3F);
     }
     constexpr char32_t aSmallest[] = { 0, 0x80, 0x800, 0x10000 };
     if (n < aSmallest[nMore] || n > 0x10FFFF || (n >= 0xD800 && n < 0xE000))
     {
-        return nNoCharacter;
+        return NO_CHARACTER;
     }
     nPlace += nMore + 1;
     return n;
 }
-}  // namespace
 
 char32_t Windows1252ToUnicode(unsigned char nCode)
 {
@@ -107,7 +103,7 @@ bool Utf8ToWindows1252(std::string_view utf8, std::string* pText, std::size_t* p
     {
         const std::size_t nStart = nPlace;
         const char32_t n = NextUtf8(utf8, nPlace);
-        const int nCode = n != nNoCharacter ? UnicodeToWindows1252(n) : -1;
+        const int nCode = n != NO_CHARACTER ? UnicodeToWindows1252(n) : -1;
         if (nCode < 0)
         {
             if (pnBadOffset != nullptr)

@@ -17,5 +17,11 @@ std::string Windows1252ToUtf8(std::string_view text);
 // then the offset in bytes of the first such place.
 bool Utf8ToWindows1252(std::string_view utf8, std::string* pText, std::size_t* pnBadOffset);
 
+constexpr char32_t NO_CHARACTER = 0xFFFFFFFF;
+
+// The character at nPlace, which moves behind it; NO_CHARACTER, and nPlace as it was, if there is
+// no well-formed one (overlong forms and surrogates are none).
+char32_t NextUtf8(std::string_view text, std::size_t& nPlace);
+
 // Text that is not code page 936 is taken as Windows-1252.
 std::string CodePage936ToUtf8(std::string_view text);

@@ -59,6 +59,17 @@ CString CauseText(const char* const (&apszTexts)[N], int nCause, const CString& 
     return text;
 }
 
+// How much of a text fits into nMost bytes without a torn character at the end, should it be UTF-8.
+std::size_t WholeCharacters(std::string_view text, std::size_t nMost)
+{
+    if (text.size() <= nMost)
+        return text.size();
+    std::size_t n = nMost;
+    while (n > 0 && nMost - n < 3 && (static_cast<unsigned char>(text[n]) & 0xC0) == 0x80)
+        --n;
+    return n;
+}
+
 // An object that is never destroyed, so that it can be thrown at any time, and is nobody's leak.
 template <class T, class... Args>
 T* StaticException(Args... args)
@@ -88,7 +99,7 @@ BOOL CException::CopyText(std::string_view text, char* pszError, UINT nMaxError,
     {
         return FALSE;
     }
-    pszError[text.copy(pszError, nMaxError - 1)] = '\0';
+    pszError[text.copy(pszError, WholeCharacters(text, nMaxError - 1))] = '\0';
     return !text.empty();
 }
 
@@ -100,8 +111,9 @@ BOOL CException::GetErrorMessage(char* pszError, UINT nMaxError, UINT* pnHelpCon
 int CException::ReportError(UINT nType, UINT nMessageID)
 {
     char szText[512];
-    return AfxMessageBox(GetErrorMessage(szText, sizeof(szText)) ? szText : "The operation failed.",
-                         nType, nMessageID);
+    return AfxPathMessageBox(
+        GetErrorMessage(szText, sizeof(szText)) ? szText : "The operation failed.", nType,
+        nMessageID);
 }
 
 BOOL CSimpleException::GetErrorMessage(char* pszError, UINT nMaxError, UINT* pnHelpContext) const

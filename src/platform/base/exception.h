@@ -15,12 +15,12 @@ public:
 
     void Delete();
 
-    // Writes an English text of at most nMaxError - 1 characters. FALSE, and an empty text, if the
-    // exception has none.
+    // Writes an English text of at most nMaxError - 1 bytes; a path in it is in the encoding of
+    // paths. FALSE, and an empty text, if the exception has none.
     virtual BOOL GetErrorMessage(char* pszError, UINT nMaxError,
                                  UINT* pnHelpContext = nullptr) const;
 
-    // Shows the text with AfxMessageBox and returns its result.
+    // Shows the text with AfxPathMessageBox and returns its result.
     virtual int ReportError(UINT nType = 0, UINT nMessageID = 0);
 
 protected:

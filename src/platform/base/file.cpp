@@ -1,6 +1,8 @@
 // CFile on the system's calls, and the file that replaces its target whole.
 #include "platform/base/file.h"
 
+#include <atomic>
+
 #include "platform/base/exception.h"
 #include "platform/base/native_file.h"
 
@@ -11,6 +13,8 @@ int (*g_pfnFileFault)(EFileOperation eOperation, const char* pszPath) = nullptr;
 
 namespace
 {
+std::atomic<int> g_nReplacing = 0;
+
 int AskFault(EFileOperation eOperation, const CString& strPath)
 {
     return g_pfnFileFault != nullptr ? g_pfnFileFault(eOperation, strPath) : 0;
@@ -20,7 +24,7 @@ void Check(int nError, const CString& strPath)
 {
     if (nError != 0)
     {
-        AfxThrowFileException(CFileException::OsErrorToException(nError), nError, strPath);
+        AfxThrowFileException(native_file::CauseOf(nError, strPath), nError, strPath);
     }
 }
 
@@ -28,7 +32,7 @@ BOOL Opened(int nError, const char* pszPath, CFileException* pError)
 {
     if (nError != 0 && pError != nullptr)
     {
-        pError->m_cause = CFileException::OsErrorToException(nError);
+        pError->m_cause = native_file::CauseOf(nError, pszPath);
         pError->m_lOsError = nError;
         pError->m_strFileName = pszPath;
     }
@@ -176,7 +180,12 @@ BOOL CMirrorFile::Open(const char* pszPath, UINT nOpenFlags, CFileException* pEr
     nError = AskFault(fileOpOpen, m_strPath);
     if (nError == 0)
     {
+        ++g_nReplacing;
         nError = native_file::CreateBeside(m_strTarget, m_strTemporary, m_hFile);
+        if (nError != 0)
+        {
+            --g_nReplacing;
+        }
     }
     return Opened(nError, pszPath, pError);
 }
@@ -195,6 +204,7 @@ void CMirrorFile::Close()
             }
             Check(nError, m_strTemporary);
             m_strTemporary.Empty();
+            --g_nReplacing;
         }
     }
     catch (...)
@@ -211,5 +221,11 @@ void CMirrorFile::Abort()
     {
         native_file::Remove(m_strTemporary);
         m_strTemporary.Empty();
+        --g_nReplacing;
     }
+}
+
+int CMirrorFile::CountOpen()
+{
+    return g_nReplacing;
 }

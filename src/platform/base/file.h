@@ -101,6 +101,10 @@ public:
     void Close() override;
     void Abort() override;
 
+    // How many files this process is replacing just now: while it is 0, ending the process leaves no
+    // temporary file. May be asked in a signal handler.
+    static int CountOpen();
+
 private:
     CString m_strTarget;     // where the links end
     CString m_strTemporary;  // empty: written directly

@@ -19,6 +19,9 @@ int Rename(const char* pszOld, const char* pszNew);  // replaces what is there
 // Puts a file made by CreateBeside in its target's place.
 int Replace(const char* pszNew, const char* pszTarget);
 
+// The cause (of CFileException) of an error with a path.
+int CauseOf(int nError, const char* pszPath);
+
 // Where a path ends when links are followed. bReplaceable: a regular file that may be written, or
 // nothing, is there, so that a new file can take its place.
 int FindTarget(const char* pszPath, CString& strTarget, bool& bReplaceable);

@@ -137,7 +137,7 @@ void CDocument::ReportSaveLoadException(LPCSTR pszPathName, CException* pExcepti
     CString strMessage;
     strMessage.Format(bSaving ? "Failed to save document %s. %s" : "Failed to open document %s. %s",
                       pszPathName, szReason);
-    AfxMessageBox(strMessage, MB_ICONEXCLAMATION);
+    AfxPathMessageBox(strMessage, MB_ICONEXCLAMATION);
 }
 
 COleDocument::COleDocument() : m_bCompoundFile(FALSE) {}

@@ -11,6 +11,7 @@
 #include "platform/base/app.h"
 #include "platform/base/code_page.h"
 #include "platform/base/exception.h"
+#include "platform/base/file.h"
 
 namespace
 {
@@ -18,6 +19,7 @@ struct CHeard
 {
     std::vector<std::string> texts;
     std::vector<unsigned> types;
+    std::vector<unsigned> codePages;
 };
 
 int Hear(const char* pszText, unsigned nType, void* pContext)
@@ -25,6 +27,7 @@ int Hear(const char* pszText, unsigned nType, void* pContext)
     auto* pHeard = static_cast<CHeard*>(pContext);
     pHeard->texts.emplace_back(pszText);
     pHeard->types.push_back(nType);
+    pHeard->codePages.push_back(AfxGetMessageCodePage());
     return 6;
 }
 
@@ -65,12 +68,37 @@ TEST(UserMessage, GoesThroughTheAppToTheHandler)
     EXPECT_EQ(heard.types, (std::vector<unsigned>{ 0, 0x10, 0x40, 0 }));
 }
 
+// A path stays what it is beside Chinese words in their own encoding.
+TEST(UserMessage, TellsItsEncoding)
+{
+    CHeard heard;
+    AfxSetMessageBoxHandler(Hear, &heard);
+    UsePathsInUtf8();
+    const char szPath[] = "\xD0\xB4\xC3\xA4\xE5\x85\xAC.fml";
+    AfxMessageBox("\xCE\xC4\xBC\xFE");
+    AfxPathMessageBox(szPath);
+    AfxMessageBox("");
+    CFileException(CFileException::badPath, 0, szPath).ReportError();
+    CArchiveException(CArchiveException::badIndex, szPath, FALSE).ReportError();
+    AfxSystemMessageBox("text", "Error");
+    EXPECT_EQ(AfxGetMessageCodePage(), 936U);
+    AfxSetMessageBoxHandler(nullptr, nullptr);
+    EXPECT_EQ(heard.texts, (std::vector<std::string>{
+                               "\xCE\xC4\xBC\xFE", szPath, "",
+                               std::string("The path of ") + szPath + " leads nowhere.",
+                               std::string("The archive ") + szPath + " is damaged.", "text" }));
+    EXPECT_EQ(heard.codePages, (std::vector<unsigned>{ 936, 65001, 936, 65001, 65001, 65001 }));
+}
+
 TEST(Exceptions, TextsAreCutToTheBuffer)
 {
     const CFileException missing(CFileException::fileNotFound, 2, "a.wmf");
     EXPECT_EQ(MessageOf(missing), "There is no file a.wmf.");
     EXPECT_EQ(MessageOf(missing, 10), "There is ");
     EXPECT_EQ(MessageOf(missing, 1), "");
+    const CFileException wide(CFileException::fileNotFound, 2, "\xE5\x85\xAC\xC3\xA4");
+    EXPECT_EQ(MessageOf(wide, 21), "There is no file \xE5\x85\xAC");
+    EXPECT_EQ(MessageOf(wide, 20), "There is no file ");
     EXPECT_EQ(MessageOf(CFileException(99, 0, "%s%n")), "An operation on %s%n failed.");
     EXPECT_EQ(MessageOf(CArchiveException(-1)), "An operation on the archive (unnamed) failed.");
     char ch = '#';

@@ -173,6 +173,20 @@ TEST(Dialog, KeysGoToTheControlThenToTheDialog)
     }
 }
 
+TEST(Dialog, MessagesAreOfferedUpToTheWindowThatStops)
+{
+    CTestParent parent;
+    CCustom outer;
+    MakeChild(outer, parent);
+    CCustom inner;
+    MakeChild(inner, outer);
+    MSG message = { inner, WM_KEYDOWN, VK_F1, 1, 0, {} };
+    EXPECT_FALSE(CWnd::WalkPreTranslateTree(parent, &message));
+    EXPECT_EQ(TakeLog(), "Pre(112) Pre(112)");
+    EXPECT_FALSE(CWnd::WalkPreTranslateTree(inner, &message));
+    EXPECT_EQ(TakeLog(), "Pre(112)");
+}
+
 TEST(Dialog, RunsUntilItsEnd)
 {
     CTestParent parent;
@@ -220,6 +234,5 @@ TEST(Dialog, RunsUntilItsEnd)
     EXPECT_FALSE(AfxPumpMessage()) << "the loop around it ends as well";
     EXPECT_EQ(AfxQuitCode(), 7);
     EXPECT_EQ(CDialog(999U, &parent).DoModal(), -1) << "no such template";
-    TakeLog();
 }
 }  // namespace

@@ -25,12 +25,13 @@ inline std::string TakeLog()
     return std::exchange(g_log, {});
 }
 
-// A top-level window with nothing in it.
+// A top-level window with nothing in it; with it a test begins.
 class CTestParent : public CWnd
 {
 public:
     CTestParent()
     {
+        g_log.clear();
         CreateEx(0, nullptr, "parent", WS_OVERLAPPEDWINDOW, 10, 10, 400, 300, nullptr, nullptr);
     }
 };

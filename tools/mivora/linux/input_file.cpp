@@ -7,6 +7,7 @@
 
 #include <cerrno>
 
+#include "interruption.h"
 #include "report.h"
 #include "system_calls.h"
 
@@ -32,10 +33,14 @@ CInputFile::~CInputFile()
 
 std::size_t CInputFile::Read(char* pchBuffer, std::size_t nSize)
 {
+    if (IsInterrupted())
+        return 0;
     ssize_t nRead = 0;
     do
         nRead = read(m_pNative->nFile, pchBuffer, nSize);
-    while (nRead < 0 && errno == EINTR);
+    while (nRead < 0 && errno == EINTR && !IsInterrupted());
+    if (nRead < 0 && errno == EINTR)
+        return 0;
     if (nRead < 0)
         throw CFailure{ "cannot read " + m_strPath + ": " + SystemErrorText(errno) };
     return static_cast<std::size_t>(nRead);

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <set>
 
+#include "interruption.h"
 #include "report.h"
 #include "system_calls.h"
 #include "worker_messages.h"
@@ -58,6 +59,12 @@ bool ReadAll(int nFile, void* pData, size_t nSize)
     return true;
 }
 
+bool IsClosed(int nFile)
+{
+    pollfd ask = { nFile, POLLIN, 0 };
+    return poll(&ask, 1, 0) > 0 && (ask.revents & POLLIN) == 0;
+}
+
 // The worker's side.
 class CPipeToParent : public CBytePipe
 {
@@ -65,6 +72,7 @@ public:
     CPipeToParent(int nFrom, int nTo) : m_nFrom(nFrom), m_nTo(nTo) {}
     bool Write(const void* pData, size_t nSize) override { return WriteAll(m_nTo, pData, nSize); }
     bool Read(void* pData, size_t nSize) override { return ReadAll(m_nFrom, pData, nSize); }
+    bool IsEnded() override { return IsClosed(m_nFrom); }
 
 private:
     int m_nFrom;
@@ -73,6 +81,7 @@ private:
 
 [[noreturn]] void LiveAsWorker(int nFrom, int nTo, const CBatchOptions& options)
 {
+    IgnoreInterruption();
     for (const int nPipe : PipesToWorkers())
         close(nPipe);
     CPipeToParent pipe(nFrom, nTo);
@@ -136,10 +145,23 @@ bool CWorkerProcess::Read(void* pData, size_t nSize)
     return ReadAll(m_pNative->nFrom, pData, nSize);
 }
 
-std::string CWorkerProcess::End()
+bool CWorkerProcess::IsEnded()
 {
+    return IsClosed(m_pNative->nFrom);
+}
+
+void CWorkerProcess::CloseInput()
+{
+    if (m_pNative->nTo < 0)
+        return;
     PipesToWorkers().erase(m_pNative->nTo);
     close(m_pNative->nTo);
+    m_pNative->nTo = -1;
+}
+
+std::string CWorkerProcess::End()
+{
+    CloseInput();
     close(m_pNative->nFrom);
     int nStatus = 0;
     waitpid(m_pNative->nProcess, &nStatus, 0);

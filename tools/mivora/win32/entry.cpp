@@ -10,6 +10,7 @@
 #include "platform/base/file.h"
 #include "platform/base/win32/wide_text.h"
 #include "program.h"
+#include "win32/console.h"
 #include "win32/worker_entry.h"
 
 // A word such as a*b is a formula: the run-time library is not to look for files of such names.
@@ -21,12 +22,6 @@ extern "C"
 namespace
 {
 UINT s_nConsoleCodePage = 0;  // what it was; 0: not changed
-
-void RestoreConsole()
-{
-    if (s_nConsoleCodePage != 0)
-        SetConsoleOutputCP(s_nConsoleCodePage);
-}
 
 BOOL WINAPI RestoreAtBreak(DWORD)
 {
@@ -65,6 +60,12 @@ std::vector<std::string> Words(int argc, wchar_t** argv)
     return astrWords;
 }
 }  // namespace
+
+void RestoreConsole()
+{
+    if (s_nConsoleCodePage != 0)
+        SetConsoleOutputCP(s_nConsoleCodePage);
+}
 
 extern "C" int wmain(int argc, wchar_t** argv)
 {

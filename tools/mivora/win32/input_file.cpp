@@ -1,6 +1,7 @@
 // Input by handles of the system; what is typed at a console comes as wide characters.
 #include "input_file.h"
 
+#include "interruption.h"
 #include "platform/base/win32/wide_text.h"
 #include "report.h"
 #include "system_calls.h"
@@ -59,13 +60,15 @@ CInputFile::~CInputFile()
 
 std::size_t CInputFile::Read(char* pchBuffer, std::size_t nSize)
 {
+    if (IsInterrupted())
+        return 0;
     DWORD nRead = 0;
     const bool bRead = IsConsole(m_pNative->hFile)
                            ? ReadConsoleLine(m_pNative->hFile, pchBuffer, nSize, nRead)
                            : ReadFile(m_pNative->hFile, pchBuffer, static_cast<DWORD>(nSize),
                                       &nRead, nullptr) != 0;
     // A pipe whose writer has ended is at its end.
-    if (!bRead && GetLastError() != ERROR_BROKEN_PIPE)
+    if (!bRead && GetLastError() != ERROR_BROKEN_PIPE && !IsInterrupted())
         throw CFailure{ "cannot read " + m_strPath + ": " + LastErrorText() };
     return nRead;
 }

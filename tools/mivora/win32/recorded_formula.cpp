@@ -152,5 +152,5 @@ void CRecordedFormula::Play(CDC& dc, int nDpi) const
     const RECT rect = { 0, 0, m_screen.cx * nDpi, m_screen.cy * nDpi };
     if (!EnumEnhMetaFile(dc, m_hRecords, PlayRecord, &player, &rect))
         throw std::bad_alloc();  // all else is drawn as far as it goes
-    GdiFlush();  // before the pixels are touched
+    GdiFlush();                  // before the pixels are touched
 }

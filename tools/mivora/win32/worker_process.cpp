@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <map>
 
+#include "interruption.h"
 #include "platform/base/win32/wide_text.h"
 #include "report.h"
 #include "system_calls.h"
@@ -106,6 +107,11 @@ HANDLE StartProgram(HANDLE hFrom, HANDLE hTo)
     return process.hProcess;
 }
 
+bool IsClosed(HANDLE hPipe)
+{
+    return !PeekNamedPipe(hPipe, nullptr, 0, nullptr, nullptr, nullptr);
+}
+
 // The worker's side.
 class CPipeToParent : public CBytePipe
 {
@@ -129,6 +135,7 @@ public:
         }
         return true;
     }
+    bool IsEnded() override { return IsClosed(m_from.Get()); }
 
 private:
     CHandle m_from;
@@ -146,6 +153,7 @@ std::string OptionsMessage(const CBatchOptions& options)
     AppendText(strMessage, options.strDirectory);
     AppendText(strMessage, options.pFormat->pszExtension);
     AppendText(strMessage, std::to_string(options.picture.nDpi));
+    AppendText(strMessage, options.bGreek ? "1" : "");
     return strMessage;
 }
 
@@ -153,13 +161,15 @@ bool ReceiveOptions(CBytePipe& pipe, CBatchOptions& options)
 {
     std::string strFormat;
     std::string strDpi;
+    std::string strGreek;
     if (!ReceiveText(pipe, options.strDirectory) || !ReceiveText(pipe, strFormat) ||
-        !ReceiveText(pipe, strDpi))
+        !ReceiveText(pipe, strDpi) || !ReceiveText(pipe, strGreek))
     {
         return false;
     }
     options.pFormat = &FormatOfName(strFormat);
     options.picture.nDpi = std::atoi(strDpi.c_str());
+    options.bGreek = !strGreek.empty();
     return true;
 }
 }  // namespace
@@ -290,6 +300,16 @@ bool CWorkerProcess::Read(void* pData, size_t nSize)
     return true;
 }
 
+bool CWorkerProcess::IsEnded()
+{
+    return IsClosed(m_pNative->from.Get());
+}
+
+void CWorkerProcess::CloseInput()
+{
+    m_pNative->to.Close();
+}
+
 std::string CWorkerProcess::End()
 {
     m_pNative->ClosePipes();
@@ -339,6 +359,7 @@ int RunWorker(const char* pszFrom, const char* pszTo)
 {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);  // no box that waits for a hand
     KeepLibraryMessages();
+    IgnoreInterruption();
     CPipeToParent pipe(InheritedHandle(pszFrom), InheritedHandle(pszTo));
     CBatchOptions options;
     if (ReceiveOptions(pipe, options))

@@ -238,6 +238,17 @@ int native_file::CreateBeside(const char* pszTarget, CString& strTemporary, INT_
     return EEXIST;
 }
 
+// The system has one number for a missing file and for a missing folder.
+int native_file::CauseOf(int nError, const char* pszPath)
+{
+    const std::string folder(FolderOf(pszPath));
+    if (nError == ENOENT && !folder.empty() && access(folder.c_str(), F_OK) != 0)
+    {
+        return CFileException::badPath;
+    }
+    return CFileException::OsErrorToException(nError);
+}
+
 int CFileException::OsErrorToException(LONG lOsError)
 {
     static constexpr struct

@@ -8,14 +8,14 @@
 #include "platform/base/app.h"
 #include "platform/base/code_page.h"
 
-int ShowNativeMessage(const char* pszText, const char* pszCaption, UINT)
+int ShowNativeMessage(const char* pszText, const CMessageLook& look, UINT)
 {
     std::string line;
-    if (pszCaption != nullptr)
+    if (look.pszCaption != nullptr)
     {
-        line = CodePage936ToUtf8(pszCaption) + ": ";
+        line = std::string(look.pszCaption) + ": ";
     }
-    line += CodePage936ToUtf8(pszText);
+    line += look.nCodePage == CODE_PAGE_UTF8 ? pszText : CodePage936ToUtf8(pszText);
     while (!line.empty() && (line.back() == '\n' || line.back() == '\r'))
     {
         line.pop_back();
@@ -25,4 +25,14 @@ int ShowNativeMessage(const char* pszText, const char* pszCaption, UINT)
     line += '\n';
     std::fwrite(line.data(), 1, line.size(), stderr);
     return IDOK;
+}
+
+std::string PathToUtf8(const char* pszText)
+{
+    return pszText;
+}
+
+std::string SystemTextToUtf8(const char* pszText)
+{
+    return pszText;
 }

@@ -300,6 +300,11 @@ int native_file::CreateBeside(const char* pszTarget, CString& strTemporary, INT_
     return ERROR_FILE_EXISTS;
 }
 
+int native_file::CauseOf(int nError, const char*)
+{
+    return CFileException::OsErrorToException(nError);
+}
+
 int CFileException::OsErrorToException(LONG lOsError)
 {
     static constexpr struct

@@ -56,7 +56,8 @@ TEST_F(CFileTest, WhatIsNoRegularFileIsWrittenDirectly)
 TEST_F(CFileTest, TellsWhatAPathLacks)
 {
     ExpectNoneOpens({
-        { Path("none") + "/x", nCreateWrite, CFileException::fileNotFound },
+        { Path("none") + "/x", nCreateWrite, CFileException::badPath },
+        { Path("none") + "/x", CFile::modeRead, CFileException::badPath },
         { Path(std::string(300, 'n').c_str()), nCreateWrite, CFileException::badPath },
         { "", nCreateWrite, CFileException::fileNotFound },
     });

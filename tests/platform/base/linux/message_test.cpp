@@ -15,9 +15,11 @@ TEST(UserMessage, IsOneLineOnStandardErrorWithoutAHandler)
     AfxMessageBox("plain");
     AfxMessageBox("\x80\xFF caf\xE9 \x81");  // no code page 936: shown as Windows-1252
     AfxSystemMessageBox("text", "Error");
+    AfxPathMessageBox("\xD0\xB4.fml \xFF");  // paths are bytes
     EXPECT_EQ(::testing::internal::GetCapturedStderr(),
               "\xE6\x96\x87\xE4\xBB\xB6 wmf!  more\nplain\n"
-              "\xE2\x82\xAC\xC3\xBF caf\xC3\xA9 \xC2\x81\nError: text\n");
+              "\xE2\x82\xAC\xC3\xBF caf\xC3\xA9 \xC2\x81\nError: text\n"
+              "\xD0\xB4.fml \xFF\n");
 }
 
 TEST(LastError, HasAnEnglishText)

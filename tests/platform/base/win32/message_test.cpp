@@ -7,6 +7,7 @@
 
 #include "platform/base/app.h"
 #include "platform/base/exception.h"
+#include "platform/base/file.h"
 
 namespace
 {
@@ -76,6 +77,11 @@ TEST(UserMessage, ShowsTheTextInItsOwnLanguage)
     const CBox system = BoxOf([] { return AfxSystemMessageBox("na\xEFve", "Error"); });
     EXPECT_EQ(system.text, L"na\u00EFve");
     EXPECT_EQ(system.caption, L"Error");
+
+    UsePathsInUtf8();
+    const CBox path = BoxOf([] { return AfxPathMessageBox("\xD0\xB4\xE5\x85\xAC.fml"); });
+    EXPECT_EQ(path.text, L"\u0434\u516C.fml");
+    EXPECT_EQ(path.caption, L"base_tests.exe");
 }
 
 TEST(UserMessage, GivesTheButton)

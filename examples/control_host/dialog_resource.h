@@ -1,0 +1,4 @@
+#pragma once
+
+#define IDD_FORMULA 100
+#define IDC_FORMULA 101

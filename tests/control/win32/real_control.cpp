@@ -1,0 +1,302 @@
+#include "control/win32/real_control.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/win/ole_data_object.h"
+#include "platform/win/ole_data_source.h"
+#include "service/form_tree.h"
+
+class CRealControl::CParent : public CWnd
+{
+public:
+    CParent()
+    {
+        CreateEx(0, nullptr, "parent", WS_POPUP | WS_VISIBLE, 10, 10, 600, 500, nullptr, nullptr);
+    }
+
+    int m_nChanges = 0;
+
+protected:
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
+    {
+        if (static_cast<int>(reinterpret_cast<NMHDR*>(lParam)->code) == FCN_CHANGED)
+            m_nChanges++;
+        return CWnd::OnNotify(wParam, lParam, pResult);
+    }
+};
+
+// Drags as the script says.
+class CRealControl::CCtrl : public CFormulaCtrl
+{
+public:
+    explicit CCtrl(CRealControl& real) : m_Real(real) {}
+
+    COleDataSource* CreateDataSource() override
+    {
+        const std::unique_ptr<COleDataSource> pMade(CFormulaCtrl::CreateDataSource());
+        if (pMade == nullptr)
+            return nullptr;
+        COleDataObject data;
+        data.Attach(pMade->GetIDataObject(TRUE));
+        const auto nFormat = static_cast<CLIPFORMAT>(m_nClipboardFormat);
+        auto* pSource = new CSource(*this);
+        pSource->CacheGlobalData(nFormat, data.GetGlobalData(nFormat));
+        return pSource;
+    }
+
+    COleDataObject* m_pDragged = nullptr;
+
+private:
+    class CSource : public COleDataSource
+    {
+    public:
+        explicit CSource(CCtrl& ctrl) : m_Ctrl(ctrl) {}
+
+        DROPEFFECT DoDragDrop(DWORD dwEffects, LPCRECT, COleDropSource*) override
+        {
+            COleDataObject data;
+            data.Attach(GetIDataObject(TRUE));
+            m_Ctrl.m_pDragged = &data;
+            const DROPEFFECT dwEffect =
+                m_Ctrl.m_Real.m_pfnDrag ? m_Ctrl.m_Real.m_pfnDrag() : DROPEFFECT_NONE;
+            m_Ctrl.m_pDragged = nullptr;
+            return dwEffect & dwEffects;
+        }
+
+    private:
+        CCtrl& m_Ctrl;
+    };
+
+    CRealControl& m_Real;
+};
+
+CRealControl::CRealControl(const char* pszText, CSize size)
+    : m_pParent(std::make_unique<CParent>()), m_pCtrl(std::make_unique<CCtrl>(*this))
+{
+    CParseReport report;
+    if (pszText != nullptr)
+        ParseIntoTree(m_Formula, pszText, report);
+    ::OpenClipboard(nullptr);
+    ::EmptyClipboard();
+    ::CloseClipboard();
+    m_pCtrl->SetTree(&m_Formula.m_Tree);
+    m_pCtrl->Create(m_pParent.get(), CRect(CPoint(0, 0), size), 1, WS_CHILD | WS_VISIBLE);
+    m_pCtrl->SetFocus();
+    Settle();
+}
+
+CRealControl::~CRealControl() = default;
+
+// Input of the display's own is left out: the script is all there is.
+void CRealControl::Settle()
+{
+    MSG message;
+    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+    {
+        const bool bInput = (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) ||
+                            (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST);
+        if (!bInput)
+            ::DispatchMessageA(&message);
+    }
+}
+
+CWnd* CRealControl::Editor() const
+{
+    return m_pCtrl->GetDlgItem(FORMULA_EDIT_ID);
+}
+
+void CRealControl::SendMouse(const CScriptEvent& event)
+{
+    const CPoint point(event.nFirst, event.nSecond);
+    if (CWnd* pEditor = Editor())
+    {
+        CRect rect;
+        pEditor->GetWindowRect(&rect);
+        m_pCtrl->ScreenToClient(&rect);
+        if (rect.PtInRect(point))
+            return;
+    }
+    const UINT nMessage = event.nType == EVENT_PRESS     ? WM_LBUTTONDOWN
+                          : event.nType == EVENT_RELEASE ? WM_LBUTTONUP
+                                                         : WM_LBUTTONDBLCLK;
+    m_pCtrl->SendMessage(nMessage, 0, MAKELPARAM(point.x, point.y));
+}
+
+void CRealControl::SendKey(const CScriptEvent& event)
+{
+    BYTE aKeys[256];
+    ::GetKeyboardState(aKeys);
+    aKeys[VK_CONTROL] = event.bControl ? 0x80 : 0;
+    aKeys[VK_SHIFT] = event.bShift ? 0x80 : 0;
+    ::SetKeyboardState(aKeys);
+    CWnd* pEditor = Editor();
+    (pEditor != nullptr ? pEditor : m_pCtrl.get())
+        ->SendMessage(WM_KEYDOWN, static_cast<WPARAM>(event.nFirst));
+    aKeys[VK_CONTROL] = aKeys[VK_SHIFT] = 0;
+    ::SetKeyboardState(aKeys);
+}
+
+// As another program does.
+void CRealControl::FillClipboard(const CScriptEvent& event)
+{
+    ::OpenClipboard(nullptr);
+    ::EmptyClipboard();
+    if (event.bytes)
+    {
+        const HGLOBAL hData = ::GlobalAlloc(GMEM_MOVEABLE, event.bytes->size());
+        std::memcpy(::GlobalLock(hData), event.bytes->data(), event.bytes->size());
+        ::GlobalUnlock(hData);
+        ::SetClipboardData(m_pCtrl->m_nClipboardFormat, hData);
+    }
+    ::CloseClipboard();
+}
+
+void CRealControl::Send(const CScriptEvent& event)
+{
+    CFormulaCtrl& ctrl = *m_pCtrl;
+    const auto nCode = static_cast<WPARAM>(event.nFirst);
+    switch (event.nType)
+    {
+        case EVENT_SIZE:
+            ctrl.MoveWindow(0, 0, std::max(event.nFirst, 0), std::max(event.nSecond, 0));
+            break;
+        case EVENT_PAINT:
+            ctrl.Invalidate(TRUE);
+            break;
+        case EVENT_MOVE:
+            ctrl.SendMessage(WM_MOUSEMOVE, event.bLeft ? MK_LBUTTON : 0,
+                             MAKELPARAM(event.nFirst, event.nSecond));
+            break;
+        case EVENT_PRESS:
+        case EVENT_RELEASE:
+        case EVENT_DOUBLE:
+            SendMouse(event);
+            break;
+        case EVENT_KEY:
+            SendKey(event);
+            break;
+        case EVENT_CHAR:
+            if (CWnd* pEditor = Editor())
+                pEditor->SendMessage(WM_CHAR, nCode);
+            break;
+        case EVENT_BLUR:
+            m_pParent->SetFocus();
+            break;
+        case EVENT_HSCROLL:
+            ctrl.SendMessage(WM_HSCROLL, nCode);
+            break;
+        case EVENT_VSCROLL:
+            ctrl.SendMessage(WM_VSCROLL, nCode);
+            break;
+        case EVENT_WHEEL:
+            ctrl.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, event.nFirst));
+            break;
+        case EVENT_CUT:
+            ctrl.Cut();
+            break;
+        case EVENT_COPY:
+            ctrl.Copy();
+            break;
+        case EVENT_PASTE:
+            ctrl.Paste();
+            break;
+        case EVENT_ALL:
+            ctrl.SelectAll();
+            break;
+        case EVENT_DELETE:
+            ctrl.DeleteSelection();
+            break;
+        case EVENT_READONLY:
+            ctrl.SetReadOnly(event.nFirst);
+            break;
+        case EVENT_CLIP:
+            FillClipboard(event);
+            break;
+        default:
+            break;
+    }
+}
+
+namespace
+{
+
+// What a drag over the control offers: the dragged data, or else what the clipboard holds.
+class COffer
+{
+public:
+    explicit COffer(COleDataObject* pDragged) : m_pDragged(pDragged)
+    {
+        if (m_pDragged == nullptr)
+            m_Clipboard.AttachClipboard();
+    }
+    COleDataObject* Get() { return m_pDragged != nullptr ? m_pDragged : &m_Clipboard; }
+
+private:
+    COleDataObject* m_pDragged;
+    COleDataObject m_Clipboard;
+};
+
+}  // namespace
+
+DROPEFFECT CRealControl::DragEnter(DWORD dwKeyState, CPoint point)
+{
+    return m_pCtrl->OnDragEnter(COffer(m_pCtrl->m_pDragged).Get(), dwKeyState, point);
+}
+
+DROPEFFECT CRealControl::DragOver(DWORD dwKeyState, CPoint point)
+{
+    return m_pCtrl->OnDragOver(COffer(m_pCtrl->m_pDragged).Get(), dwKeyState, point);
+}
+
+void CRealControl::DragLeave()
+{
+    m_pCtrl->OnDragLeave();
+}
+
+BOOL CRealControl::Drop(DROPEFFECT dwEffect, CPoint point)
+{
+    return m_pCtrl->OnDrop(COffer(m_pCtrl->m_pDragged).Get(), dwEffect, point);
+}
+
+namespace
+{
+
+CBarState StateOf(HWND hWnd, int nBar)
+{
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL;
+    ::GetScrollInfo(hWnd, nBar, &info);
+    return { info.nPos, info.nMax, static_cast<int>(info.nPage) };
+}
+
+}  // namespace
+
+CControlState CRealControl::GetState() const
+{
+    CControlState state{};
+    state.pControl = &m_pCtrl->GetControl();
+    if (CWnd* pEditor = Editor())
+    {
+        CEditorState& editor = state.editor.emplace();
+        CString strText;
+        pEditor->GetWindowText(strText);
+        editor.strText.assign(strText.View());
+        DWORD nStart = 0;
+        DWORD nEnd = 0;
+        pEditor->SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&nStart),
+                             reinterpret_cast<LPARAM>(&nEnd));
+        editor.nStart = static_cast<int>(nStart);
+        editor.nEnd = static_cast<int>(nEnd);
+        pEditor->GetWindowRect(&editor.rect);
+        m_pCtrl->ScreenToClient(&editor.rect);
+    }
+    state.horizontal = StateOf(m_pCtrl->m_hWnd, SB_HORZ);
+    state.vertical = StateOf(m_pCtrl->m_hWnd, SB_VERT);
+    CRect client;
+    m_pCtrl->GetClientRect(&client);
+    state.client = client.Size();
+    state.nChanges = m_pParent->m_nChanges;
+    return state;
+}

@@ -1,0 +1,37 @@
+// The formula control in a real window, as something that a script can be played on.
+#pragma once
+
+#include <memory>
+
+#include "control/script/script_player.h"
+#include "control/win32/formula_ctrl.h"
+#include "service/formula_out.h"
+
+class CRealControl : public CScriptedControl
+{
+public:
+    // Null: a tree without a root. The window is shown, painted and has the focus.
+    CRealControl(const char* pszText, CSize size);
+    ~CRealControl() override;
+
+    void Send(const CScriptEvent& event) override;
+    DROPEFFECT DragEnter(DWORD dwKeyState, CPoint point) override;
+    DROPEFFECT DragOver(DWORD dwKeyState, CPoint point) override;
+    void DragLeave() override;
+    BOOL Drop(DROPEFFECT dwEffect, CPoint point) override;
+    void Settle() override;
+    CControlState GetState() const override;
+
+private:
+    class CParent;
+    class CCtrl;
+
+    CWnd* Editor() const;
+    void SendMouse(const CScriptEvent& event);
+    void SendKey(const CScriptEvent& event);
+    void FillClipboard(const CScriptEvent& event);
+
+    CFormulaOut m_Formula;
+    std::unique_ptr<CParent> m_pParent;
+    std::unique_ptr<CCtrl> m_pCtrl;
+};

@@ -1,0 +1,113 @@
+// Writes formulas in all forms, for tests that hand them to other programs:
+//   written_forms text FILE      each line of source text: the line, a tab, MathML, a tab, LaTeX,
+//                                a tab, words
+//   written_forms sketch FILE    each sketch of a tree, with all its kinds
+//   written_forms random COUNT   as many source texts, sketches, and trees of any shape
+// A third argument is a folder for stored formulas: 0.fml, 1.fml and so on.
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include "exchange/latex.h"
+#include "exchange/mathml.h"
+#include "exchange/speech.h"
+#include "gallery/sketch.h"
+#include "nodes/random_tree.h"
+#include "random_formula.h"
+#include "service/formula_out.h"
+#include "sketch_kinds.h"
+
+namespace
+{
+std::string g_strFolder;  // for stored formulas; empty: none are stored
+int g_nStored = 0;
+
+void Print(const std::string& strSource, const CNode* pRoot)
+{
+    std::printf("%s\t%s\t%s\t%s\n", strSource.c_str(), MathMLText(pRoot).c_str(),
+                LatexText(pRoot).c_str(), SpokenText(pRoot).c_str());
+}
+
+void PrintAndStore(const std::string& strSource, CFormulaOut& formula)
+{
+    Print(strSource, formula.m_Tree.GetRootNode());
+    if (g_strFolder.empty())
+        return;
+    const std::string strPath = g_strFolder + "/" + std::to_string(g_nStored++) + ".fml";
+    if (!formula.SaveToFML(strPath.c_str()))
+        throw std::runtime_error("cannot write " + strPath);
+}
+
+void PrintText(const std::string& strLine)
+{
+    CFormulaOut formula;
+    formula.FormTree(strLine.c_str());
+    PrintAndStore(strLine, formula);
+}
+
+void PrintSketch(const std::string& strLine)
+{
+    for (const std::string& strSketch : SketchesOfKinds(strLine))
+    {
+        CFormulaOut formula;
+        BuildTree(formula.m_Tree, strSketch);
+        PrintAndStore(strSketch, formula);
+    }
+}
+// Any child under any node, as damaged files have them.
+void PrintTree(unsigned nSeed)
+{
+    const CRandomTree tree(nSeed, {});
+    Print("tree " + std::to_string(nSeed), tree.GetRoot());
+}
+
+void PrintRandom(int nCount)
+{
+    CRandomFormula random(11);
+    for (int n = 0; n < nCount; ++n)
+    {
+        PrintText(random.Text(1 + n % 4));
+        PrintSketch(random.Sketch(1 + n % 4));
+        PrintTree(static_cast<unsigned>(n));
+    }
+}
+
+void PrintFile(const char* pszPath, void (*pfnPrint)(const std::string&))
+{
+    std::ifstream lines(pszPath);
+    if (!lines)
+        throw std::runtime_error(std::string("cannot open ") + pszPath);
+    for (std::string strLine; std::getline(lines, strLine);)
+    {
+        if (!strLine.starts_with("#"))
+            pfnPrint(strLine);
+    }
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string strCommand = argc >= 3 ? argv[1] : "";
+    if (strCommand != "text" && strCommand != "sketch" && strCommand != "random")
+    {
+        std::fprintf(stderr, "usage: written_forms text|sketch FILE [FOLDER] | random COUNT\n");
+        return 2;
+    }
+    g_strFolder = argc > 3 ? argv[3] : "";
+    try
+    {
+        if (strCommand == "random")
+            PrintRandom(std::atoi(argv[2]));
+        else
+            PrintFile(argv[2], strCommand == "text" ? PrintText : PrintSketch);
+    }
+    catch (const std::exception& error)
+    {
+        std::fprintf(stderr, "written_forms: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,161 @@
+#!/usr/bin/python3
+"""What is written from formulas is well-formed for the programs that read it.
+
+    written_forms_test.py --forms PROGRAM --data FOLDER CHECK [--runner COMMAND]
+
+CHECK is one of
+    --mathml              MathML is that of MathML Core; with --other PROGRAM_OF_THE_OTHER_SYSTEM
+                          both systems write the same
+    --pdflatex PROGRAM    LaTeX compiles
+    --katex FOLDER        KaTeX (katex.js there, run by node) takes it
+"""
+import argparse
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree as ElementTree
+
+NAMESPACE = "{http://www.w3.org/1998/Math/MathML}"
+
+# Element: how many children (None: any number), which ones, which attributes.
+TOKEN, ROW = "token", None
+ELEMENTS = {
+    "math": (ROW, None, {"display"}),
+    "mrow": (ROW, None, {"class"}),
+    "mi": (TOKEN, None, {"mathvariant", "style"}),
+    "mn": (TOKEN, None, set()),
+    "mo": (TOKEN, None, {"form", "movablelimits", "stretchy", "rspace"}),
+    "mtext": (TOKEN, None, set()),
+    "mfrac": (2, None, {"linethickness"}),
+    "msqrt": (ROW, None, set()),
+    "mroot": (2, None, set()),
+    "msub": (2, None, set()),
+    "msup": (2, None, set()),
+    "msubsup": (3, None, set()),
+    "munder": (2, None, set()),
+    "mover": (2, None, {"accent"}),
+    "munderover": (3, None, set()),
+    "mtable": (ROW, "mtr", set()),
+    "mtr": (ROW, "mtd", set()),
+    "mtd": (ROW, None, set()),
+}
+VALUES = {
+    "display": "block", "class": "placeholder", "mathvariant": "normal",
+    "style": "font-style:italic", "form": "prefix|infix|postfix", "movablelimits": "false",
+    "stretchy": "true|false", "rspace": r"[0-9.]+em", "linethickness": "0", "accent": "true",
+    "arg": "[a-z]", "intent": r"[a-z-]+(\(\$[a-z](,\$[a-z])*\))?",
+}
+LATEX_HEAD = (r"\documentclass{article}\usepackage{amsmath}\begin{document}\sloppy\hbadness=10000"
+              r"\hfuzz=\maxdimen")
+KATEX_SCRIPT = """
+const katex = require(process.argv[1]);
+const lines = require('fs').readFileSync(0, 'utf8').split('\\n').slice(0, -1);
+for (const line of lines) {
+  try { katex.renderToString(line, { throwOnError: true, strict: 'ignore', displayMode: true }); }
+  catch (error) { console.log(line + '\\n    ' + error.message); process.exitCode = 1; }
+}
+"""
+
+
+class Forms:
+    """Rows of source, MathML, LaTeX and words."""
+
+    def __init__(self, program, runner, data):
+        self.command = ([runner] if runner else []) + [program]
+        self.data = pathlib.Path(data)
+
+    def rows(self, *words):
+        out = subprocess.run(self.command + [str(word) for word in words], check=True, timeout=300,
+                             stdout=subprocess.PIPE).stdout
+        return [tuple(part.decode(errors="replace") for part in line.split(b"\t"))
+                for line in out.replace(b"\r\n", b"\n").split(b"\n")[:-1]]
+
+    def all(self, count):
+        with tempfile.TemporaryDirectory() as work:
+            characters = os.path.join(work, "characters.txt")
+            with open(characters, "wb") as file:
+                for code in range(1, 256):
+                    if code not in (9, 10, 13):
+                        byte = bytes([code])
+                        file.write(b"str(\\" + byte + b")+str(a\\" + byte + b")\n"
+                                   b"greek str(\\" + byte + b")\n")
+            return (self.rows("sketch", self.data / "sketches.txt")
+                    + self.rows("text", self.data / "formulas.txt")
+                    + self.rows("text", characters) + self.rows("random", count))
+
+
+def check_element(element, may_be_empty):
+    name = element.tag.removeprefix(NAMESPACE)
+    assert name in ELEMENTS and element.tag != name, element.tag
+    count, child, attributes = ELEMENTS[name]
+    children = list(element)
+    if count == TOKEN:
+        assert not children and (element.text or may_be_empty), name
+    else:
+        assert count in (None, len(children)), f"{name} with {len(children)} children"
+        assert not (element.text or "").strip(), name
+    assert child is None or all(part.tag == NAMESPACE + child for part in children), name
+    for key, value in element.attrib.items():
+        assert key in attributes | {"intent", "arg"}, f"{name} {key}"
+        assert re.fullmatch(VALUES[key], value), f"{name} {key}={value}"
+    for reference in re.findall(r"\$([a-z])", element.get("intent", "")):
+        assert any(part.get("arg") == reference for part in element.iter()), reference
+
+
+def check_mathml(rows):
+    for source, mathml, *_ in rows:
+        try:
+            root = ElementTree.fromstring(mathml)
+            assert root.tag == NAMESPACE + "math"
+            for element in root.iter():
+                check_element(element, source.startswith("tree "))
+        except (AssertionError, ElementTree.ParseError) as error:
+            sys.exit(f"{source}\n{mathml}\n{error!r}")
+
+
+def check_pdflatex(program, rows):
+    with tempfile.TemporaryDirectory() as work:
+        path = pathlib.Path(work, "all.tex")
+        body = "\n\n".join(f"${row[2]}$" for row in rows if row[2])
+        path.write_text(f"{LATEX_HEAD}\n{body}\n\\end{{document}}\n")
+        done = subprocess.run([program, "-draftmode", "-interaction=nonstopmode", "-halt-on-error",
+                               "all.tex"],
+                              cwd=work, stdout=subprocess.PIPE, timeout=300)
+        if done.returncode != 0:
+            out = done.stdout.decode(errors="replace")
+            sys.exit(out[out.find("\n!"):][:2000])
+
+
+def check_katex(folder, rows):
+    lines = "".join(row[2] + "\n" for row in rows)
+    done = subprocess.run(["node", "-e", KATEX_SCRIPT, os.path.join(folder, "katex.js")],
+                          input=lines.encode(), stdout=subprocess.PIPE, timeout=300)
+    if done.returncode != 0:
+        sys.exit(done.stdout.decode()[:4000])
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--mathml", action="store_true")
+    for option in ("--forms", "--data", "--runner", "--other", "--pdflatex", "--katex"):
+        parser.add_argument(option)
+    options = parser.parse_args()
+    rows = Forms(options.forms, options.runner, options.data).all(1000)
+    if len(rows) < 3600 or any(len(row) != 4 for row in rows):
+        sys.exit(f"{len(rows)} rows")
+    if options.mathml:
+        check_mathml(rows)
+        if options.other and Forms(options.other, None, options.data).all(1000) != rows:
+            sys.exit("the systems write different forms")
+    if options.pdflatex:
+        check_pdflatex(options.pdflatex, rows)
+    if options.katex:
+        check_katex(options.katex, rows)
+    print(f"{len(rows)} formulas")
+
+
+if __name__ == "__main__":
+    main()
