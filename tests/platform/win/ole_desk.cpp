@@ -1,5 +1,6 @@
 #include "ole_desk.h"
 
+#include "platform/base/exception.h"
 #include "platform/base/win32/com_pointer.h"
 #include "platform/win/ole_data_object.h"
 
@@ -39,17 +40,15 @@ void SendKey(WORD nKey, bool bDown)
     Send(input);
 }
 
-void Glide(POINT to)
+// Moves come from the thread with the windows: the X server echoes each of them, and only there
+// Wine knows an echo that is late, and lets the cursor where it is.
+LRESULT CALLBACK MoveProc(HWND hWnd, UINT nMessage, WPARAM x, LPARAM y)
 {
-    POINT from{};
-    GetCursorPos(&from);
-    constexpr int nSteps = 5;
-    for (int i = 1; i <= nSteps; ++i)
-    {
-        SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
-                  { from.x + (to.x - from.x) * i / nSteps, from.y + (to.y - from.y) * i / nSteps });
-        Sleep(5);
-    }
+    if (nMessage != WM_APP)
+        return DefWindowProcA(hWnd, nMessage, x, y);
+    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
+              { static_cast<LONG>(x), static_cast<LONG>(y) });
+    return 0;
 }
 
 bool IsPressed(int nKey)
@@ -196,8 +195,16 @@ CHand::CHand(std::string_view script, FCondition isGoing, FCondition isThere, FC
     : m_isGoing(std::move(isGoing)),
       m_isThere(std::move(isThere)),
       m_isAnswered(std::move(isAnswered)),
+      m_hMover(CreateWindowA("STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)),
       m_thread([this, script] { Play(script); })
 {
+    SetWindowLongPtrA(m_hMover, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(MoveProc));
+}
+
+CHand::~CHand()
+{
+    m_thread.join();
+    DestroyWindow(m_hMover);
 }
 
 void CHand::Play(std::string_view script)
@@ -224,14 +231,15 @@ void CHand::Do(char c)
         case 'R':
             return SendMouse(MOUSEEVENTF_RIGHTUP);
         case 's':
-            return Glide(s_sourcePoint);
+            return MoveTo(s_sourcePoint);
         case 't':
-            return Glide(s_targetPoint);
+            return MoveTo(s_targetPoint);
         case 'o':
-            return Glide(s_nowhere);
+            return MoveTo(s_nowhere);
         case 'm':
-            return Glide({ s_sourcePoint.x + 3, s_sourcePoint.y });
+            return MoveTo({ s_sourcePoint.x + 3, s_sourcePoint.y });
         case 'c':
+            m_bControl = true;
             return SendKey(VK_CONTROL, true);
         case 'e':
             SendKey(VK_ESCAPE, true);
@@ -245,18 +253,46 @@ void CHand::Do(char c)
     }
 }
 
+void CHand::MoveTo(POINT to)
+{
+    POINT from{};
+    GetCursorPos(&from);
+    if (from.x == to.x && from.y == to.y)
+        from.x += 2;  // a move all the same
+    for (const POINT point : { POINT{ (from.x + to.x) / 2, (from.y + to.y) / 2 }, to })
+        SendMessageTimeoutA(m_hMover, WM_APP, point.x, point.y, SMTO_NORMAL, 2000, nullptr);
+    m_at = to;
+}
+
+// For a while, since late news of the X server may still move the cursor back, or let go of keys.
+// Moves again and again: what the other side was not ready for is lost.
 void CHand::WaitFor(const FCondition& condition)
 {
-    for (int i = 0; i < 4000 && !condition(); ++i)
+    int nHeld = 0;
+    for (int i = 1; i <= 4000; ++i)
+    {
+        POINT at{};
+        GetCursorPos(&at);
+        const bool bThere = at.x == m_at.x && at.y == m_at.y;
+        nHeld = bThere && condition() ? nHeld + 1 : 0;
+        if (nHeld == 20)
+            return;
+        if (i % 100 == 0 && m_bControl)
+            SendKey(VK_CONTROL, true);
+        if (i % 100 == 0)
+            MoveTo(m_at);
         Sleep(1);
-    m_bGaveUp = !condition();
+    }
+    m_bGaveUp = true;
 }
 
 // ---- Windows, targets and sources
 
 BEGIN_MESSAGE_MAP(CTestWindow, CWnd)
 ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
 ON_WM_RBUTTONDOWN()
+ON_WM_RBUTTONDBLCLK()
 END_MESSAGE_MAP()
 
 CTestWindow::CTestWindow(const RECT& place)
@@ -266,14 +302,9 @@ CTestWindow::CTestWindow(const RECT& place)
     UpdateWindow();
 }
 
-void CTestWindow::OnLButtonDown(UINT, CPoint)
+CTestTarget::CTestTarget(CWnd* pWindow, EManner eManner) : m_eManner(eManner)
 {
-    m_onPress();
-}
-
-void CTestWindow::OnRButtonDown(UINT, CPoint)
-{
-    m_onPress();
+    Register(pWindow);
 }
 
 void CTestTarget::Log(char c)
@@ -282,41 +313,53 @@ void CTestTarget::Log(char c)
         m_strLog += c;
 }
 
-DROPEFFECT CTestTarget::OnDragEnter(CWnd*, COleDataObject*, DWORD nKeys, CPoint)
+DROPEFFECT CTestTarget::OnDragScroll(CWnd*, DWORD, CPoint)
+{
+    ++m_nAsked;
+    return m_eManner == scrolls ? DROPEFFECT_SCROLL | DROPEFFECT_COPY : DROPEFFECT_NONE;
+}
+
+DROPEFFECT CTestTarget::Answer(COleDataObject* pDataObject, DWORD nKeys) const
+{
+    if (m_eManner == refuses || !pDataObject->IsDataAvailable(TestFormat()))
+        return DROPEFFECT_NONE;
+    return nKeys & MK_CONTROL ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
+}
+
+DROPEFFECT CTestTarget::OnDragEnter(CWnd*, COleDataObject* pDataObject, DWORD nKeys, CPoint)
 {
     Log('E');
-    return m_answer(nKeys);
+    return Answer(pDataObject, nKeys);
 }
 
 DROPEFFECT CTestTarget::OnDragOver(CWnd*, COleDataObject* pDataObject, DWORD nKeys, CPoint)
 {
     Log('O');
     m_nKeys |= nKeys;
-    return pDataObject->IsDataAvailable(TestFormat()) ? m_answer(nKeys) : DROPEFFECT_NONE;
+    if (m_eManner == throwsAtOver)
+        AfxThrowMemoryException();
+    if (m_eManner == revokesAtOver)
+        Revoke();
+    return Answer(pDataObject, nKeys);
 }
 
-DROPEFFECT CTestTarget::OnDropEx(CWnd*, COleDataObject*, DROPEFFECT nDefault, DROPEFFECT nList,
-                                 CPoint)
+DROPEFFECT CTestTarget::OnDropEx(CWnd*, COleDataObject*, DROPEFFECT, DROPEFFECT nList, CPoint)
 {
     Log('X');
-    m_nDefault = nDefault;
     m_nList = nList;
-    return m_nDone;
+    return m_eManner == copiesInDropEx ? DROPEFFECT_COPY : static_cast<DROPEFFECT>(-1);
 }
 
-BOOL CTestTarget::OnDrop(CWnd*, COleDataObject* pDataObject, DROPEFFECT, CPoint point)
+BOOL CTestTarget::OnDrop(CWnd* pWnd, COleDataObject* pDataObject, DROPEFFECT, CPoint point)
 {
     Log('D');
     m_point = point;
-    const CGlobalPtr block(pDataObject->GetGlobalData(TestFormat()));
-    m_bSame = IsBlock(block.get(), m_nSize);
-    return m_take();
-}
-
-DROPEFFECT CTestTarget::OnDragScroll(CWnd*, DWORD, CPoint)
-{
-    ++m_nAsked;
-    return m_nScroll;
+    m_bSame = IsBlock(CGlobalPtr(pDataObject->GetGlobalData(TestFormat())).get());
+    if (m_eManner == throwsAtDrop)
+        throw 1;
+    if (m_eManner == destroysAtDrop)
+        pWnd->DestroyWindow();
+    return m_eManner != refusesDrop;
 }
 
 void CTestTarget::Revoke()

@@ -14,8 +14,9 @@
 #include <thread>
 
 // A block whose bytes tell its size; the caller's. And whether a block is that, to the byte.
-HGLOBAL MakeBlock(SIZE_T nSize);
-bool IsBlock(HGLOBAL hMemory, SIZE_T nSize);
+constexpr SIZE_T s_nBlock = 3001;
+HGLOBAL MakeBlock(SIZE_T nSize = s_nBlock);
+bool IsBlock(HGLOBAL hMemory, SIZE_T nSize = s_nBlock);
 CLIPFORMAT TestFormat();
 
 // Handles messages until the condition holds; false when it does not within the time.
@@ -51,7 +52,7 @@ class CHand
 public:
     using FCondition = std::function<bool()>;
     CHand(std::string_view script, FCondition isGoing, FCondition isThere, FCondition isAnswered);
-    ~CHand() { m_thread.join(); }
+    ~CHand();
 
     bool IsDone() const { return m_bDone; }
     bool GaveUp() const { return m_bGaveUp; }
@@ -59,11 +60,15 @@ public:
 private:
     void Play(std::string_view script);
     void Do(char c);
+    void MoveTo(POINT to);
     void WaitFor(const FCondition& condition);
 
     FCondition m_isGoing;
     FCondition m_isThere;
     FCondition m_isAnswered;
+    HWND m_hMover;
+    POINT m_at = {};  // where the cursor was moved
+    bool m_bControl = false;
     std::atomic<bool> m_bDone = false;
     std::atomic<bool> m_bGaveUp = false;
     std::thread m_thread;
@@ -84,8 +89,11 @@ public:
     std::function<void()> m_onPress;  // either button
 
 protected:
-    void OnLButtonDown(UINT nFlags, CPoint point);
-    void OnRButtonDown(UINT nFlags, CPoint point);
+    // Cases come fast: a press may be the second of a double click.
+    void OnLButtonDown(UINT, CPoint) { m_onPress(); }
+    void OnLButtonDblClk(UINT, CPoint) { m_onPress(); }
+    void OnRButtonDown(UINT, CPoint) { m_onPress(); }
+    void OnRButtonDblClk(UINT, CPoint) { m_onPress(); }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -93,6 +101,21 @@ protected:
 class CTestTarget : public COleDropTarget
 {
 public:
+    // The usual answer is a move, with Control a copy, of data that are there.
+    enum EManner
+    {
+        usual,
+        refuses,
+        refusesDrop,
+        copiesInDropEx,
+        scrolls,
+        throwsAtOver,
+        throwsAtDrop,
+        destroysAtDrop,
+        revokesAtOver
+    };
+    explicit CTestTarget(CWnd* pWindow = nullptr, EManner eManner = usual);
+
     DROPEFFECT OnDragEnter(CWnd*, COleDataObject*, DWORD nKeys, CPoint) override;
     DROPEFFECT OnDragOver(CWnd*, COleDataObject*, DWORD nKeys, CPoint) override;
     BOOL OnDrop(CWnd*, COleDataObject*, DROPEFFECT, CPoint) override;
@@ -101,31 +124,18 @@ public:
     DROPEFFECT OnDragScroll(CWnd*, DWORD, CPoint) override;
     void Revoke() override;
 
-    // Move, with Control copy.
-    static DROPEFFECT Usual(DWORD nKeys)
-    {
-        return nKeys & MK_CONTROL ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
-    }
-
-    std::function<DROPEFFECT(DWORD nKeys)> m_answer = Usual;
-    std::function<BOOL()> m_take = []
-    {
-        return TRUE;
-    };
-    DROPEFFECT m_nDone = static_cast<DROPEFFECT>(-1);  // by OnDropEx
-    DROPEFFECT m_nScroll = DROPEFFECT_NONE;
-    SIZE_T m_nSize = 0;  // of the block that has to come
-
     std::string m_strLog;  // Enter, Over (a row of them once), eXtended drop, Drop, Leave, Revoke
     DWORD m_nKeys = 0;
     CPoint m_point;
-    DROPEFFECT m_nDefault = 0;
     DROPEFFECT m_nList = 0;
     bool m_bSame = false;           // the block came to the byte
     std::atomic<int> m_nAsked = 0;  // where the data are
 
 private:
     void Log(char c);
+    DROPEFFECT Answer(COleDataObject* pDataObject, DWORD nKeys) const;
+
+    EManner m_eManner;
 };
 
 // Tells the hand how the drag goes.

@@ -2,37 +2,42 @@
 #include <gtest/gtest.h>
 
 #include "ole_desk.h"
-#include "platform/base/exception.h"
 #include "platform/base/win32/com_pointer.h"
 #include "platform/win/ole_data_object.h"
 #include "platform/win/ole_data_source.h"
 #include "platform/win/ole_init.h"
 
-#include <memory>
-
 namespace
 {
-constexpr SIZE_T s_nSize = 3001;
 constexpr DROPEFFECT s_nNone = DROPEFFECT_NONE;
 constexpr DROPEFFECT s_nCopy = DROPEFFECT_COPY;
 constexpr DROPEFFECT s_nMove = DROPEFFECT_MOVE;
+constexpr DROPEFFECT s_nBoth = s_nCopy | s_nMove;
 constexpr DROPEFFECT s_nAny = 99;
 
 class OleDrag : public testing::Test
 {
 protected:
-    void SetUp() override { ASSERT_TRUE(AfxOleInit()); }
+    void SetUp() override
+    {
+        ASSERT_TRUE(AfxOleInit());
+        m_source.SetForegroundWindow();
+        PumpUntil([] { return false; }, 100);  // late news of the focus would cancel a drag
+    }
+
+    CTestWindow m_source{ s_sourcePlace };
+    CTestWindow m_target{ s_targetPlace };
 };
 
-// A window to drag from, and what comes of it.
+// A drag out of the window, and what comes of it.
 struct CDragged
 {
-    explicit CDragged(DROPEFFECT nAllowed = s_nCopy | s_nMove)
+    explicit CDragged(CTestWindow& window, DROPEFFECT nAllowed = s_nBoth, LPCRECT pStart = nullptr)
     {
-        data.CacheGlobalData(TestFormat(), MakeBlock(s_nSize));
+        data.CacheGlobalData(TestFormat(), MakeBlock());
         window.m_onPress = [=, this]
         {
-            nResult = data.DoDragDrop(nAllowed, nullptr, &source);
+            nResult = data.DoDragDrop(nAllowed, pStart, &source);
             bEnded = true;
         };
     }
@@ -40,121 +45,47 @@ struct CDragged
     bool Play(std::string_view script, const CHand::FCondition& isThere,
               const CHand::FCondition& isAnswered)
     {
-        const auto isGoing = [this]
-        {
-            return source.m_bGoing.load();
-        };
-        CHand hand(script, isGoing, isThere, isAnswered);
+        CHand hand(
+            script, [this] { return source.m_bGoing.load(); }, isThere, isAnswered);
         return PumpUntil([&] { return bEnded && hand.IsDone(); }) && !hand.GaveUp();
     }
 
     COleDataSource data;
     CTestSource source;
-    CTestWindow window{ s_sourcePlace };
     DROPEFFECT nResult = s_nAny;
     bool bEnded = false;
 };
-
-// A drop target and its window, which a handler may end.
-struct CDropped
-{
-    CDropped()
-    {
-        target->m_nSize = s_nSize;
-        EXPECT_TRUE(target->Register(window.get()));
-    }
-
-    std::unique_ptr<CTestWindow> window = std::make_unique<CTestWindow>(s_targetPlace);
-    std::unique_ptr<CTestTarget> target = std::make_unique<CTestTarget>();
-};
-
-// What the target does otherwise than usual.
-void Nothing(CDropped&) {}
-void Refuse(CDropped& dropped)
-{
-    dropped.target->m_answer = [](DWORD)
-    {
-        return s_nNone;
-    };
-}
-void RefuseDrop(CDropped& dropped)
-{
-    dropped.target->m_take = []
-    {
-        return FALSE;
-    };
-}
-void CopyInDropEx(CDropped& dropped)
-{
-    dropped.target->m_nDone = s_nCopy;
-}
-void Scroll(CDropped& dropped)
-{
-    dropped.target->m_nScroll = DROPEFFECT_SCROLL | s_nCopy;
-}
-void ThrowAtOver(CDropped& dropped)
-{
-    dropped.target->m_answer = [&target = *dropped.target](DWORD)
-    {
-        if (target.m_nAsked > 1)
-            AfxThrowMemoryException();
-        return s_nMove;
-    };
-}
-void ThrowAtDrop(CDropped& dropped)
-{
-    dropped.target->m_take = []() -> BOOL
-    {
-        throw 1;
-    };
-}
-void DestroyAtDrop(CDropped& dropped)
-{
-    dropped.target->m_take = [&dropped]
-    {
-        return dropped.window->DestroyWindow();
-    };
-}
-void RevokeAtOver(CDropped& dropped)
-{
-    dropped.target->m_answer = [&target = *dropped.target](DWORD)
-    {
-        if (target.m_nAsked > 1)
-            target.Revoke();
-        return s_nMove;
-    };
-}
 
 struct SDragCase
 {
     const char* pszName;
     const char* pszScript;  // see CHand
-    void (*pfnArrange)(CDropped& dropped);
+    CTestTarget::EManner eManner;
     DROPEFFECT nAllowed;
     DROPEFFECT nShown;  // at the target, before the end
     DROPEFFECT nResult;
     const char* pszLog;  // see CTestTarget
 };
 
-constexpr DROPEFFECT s_nBoth = s_nCopy | s_nMove;
+using T = CTestTarget;
 
 const SDragCase s_aDragCases[] = {
-    { "Moved", "slm?t.L", Nothing, s_nBoth, s_nMove, s_nMove, "EOXD" },
-    { "Copied", "slm?t!c.L", Nothing, s_nBoth, s_nCopy, s_nCopy, "EOXD" },
-    { "Cancelled", "slm?t.e", Nothing, s_nBoth, s_nMove, s_nNone, "EOL" },
-    { "CancelledByTheOtherButton", "slm?t.r", Nothing, s_nBoth, s_nMove, s_nNone, "EOL" },
-    { "WithTheRightButton", "srm?t.R", Nothing, s_nBoth, s_nMove, s_nMove, "EOXD" },
-    { "DroppedNowhere", "slm?t.oL", Nothing, s_nBoth, s_nMove, s_nNone, "EOL" },
-    { "Refused", "slm?t.L", Refuse, s_nBoth, s_nNone, s_nNone, "EOL" },
-    { "RefusedAtTheDrop", "slm?t.L", RefuseDrop, s_nBoth, s_nMove, s_nNone, "EOXD" },
-    { "MoveOfWhatMayBeCopied", "slm?t.L", Nothing, s_nCopy, s_nCopy, s_nCopy, "EOXD" },
-    { "CopyOfWhatMayBeMoved", "slm?t!c.L", Nothing, s_nMove, s_nNone, s_nNone, "EOL" },
-    { "ExtendedDrop", "slm?t.L", CopyInDropEx, s_nBoth, s_nMove, s_nCopy, "EOX" },
-    { "Scrolling", "slm?t.L", Scroll, s_nBoth, s_nCopy, s_nMove, "OXD" },
-    { "OverThrows", "slm?t.L", ThrowAtOver, s_nBoth, s_nNone, s_nNone, "EOL" },
-    { "DropThrows", "slm?t.L", ThrowAtDrop, s_nBoth, s_nMove, s_nNone, "EOXD" },
-    { "WindowGoesInTheDrop", "slm?t.L", DestroyAtDrop, s_nBoth, s_nMove, s_nMove, "EOXDR" },
-    { "RevokedInTheDrag", "slm?t.L", RevokeAtOver, s_nBoth, s_nAny, s_nNone, "EOR" },
+    { "Moved", "slm?t.L", T::usual, s_nBoth, s_nMove, s_nMove, "EOXD" },
+    { "Copied", "slm?t!c.cL", T::usual, s_nBoth, s_nCopy, s_nCopy, "EOXD" },
+    { "Cancelled", "slm?t.e", T::usual, s_nBoth, s_nMove, s_nNone, "EOL" },
+    { "CancelledByTheOtherButton", "slm?t.r", T::usual, s_nBoth, s_nMove, s_nNone, "EOL" },
+    { "WithTheRightButton", "srm?t.R", T::usual, s_nBoth, s_nMove, s_nMove, "EOXD" },
+    { "DroppedNowhere", "slm?t.oL", T::usual, s_nBoth, s_nMove, s_nNone, "EOL" },
+    { "Refused", "slm?t.L", T::refuses, s_nBoth, s_nNone, s_nNone, "EOL" },
+    { "RefusedAtTheDrop", "slm?t.L", T::refusesDrop, s_nBoth, s_nMove, s_nNone, "EOXD" },
+    { "MoveOfWhatMayBeCopied", "slm?t.L", T::usual, s_nCopy, s_nCopy, s_nCopy, "EOXD" },
+    { "CopyOfWhatMayBeMoved", "slm?t!c.cL", T::usual, s_nMove, s_nNone, s_nNone, "EOL" },
+    { "ExtendedDrop", "slm?t.L", T::copiesInDropEx, s_nBoth, s_nMove, s_nCopy, "EOX" },
+    { "Scrolling", "slm?t.L", T::scrolls, s_nBoth, s_nCopy, s_nMove, "OXD" },
+    { "OverThrows", "slm?t.L", T::throwsAtOver, s_nBoth, s_nNone, s_nNone, "EOL" },
+    { "DropThrows", "slm?t.L", T::throwsAtDrop, s_nBoth, s_nMove, s_nNone, "EOXD" },
+    { "RevokedInTheDrag", "slm?t.L", T::revokesAtOver, s_nBoth, s_nAny, s_nNone, "EOR" },
+    { "WindowGoesInTheDrop", "slm?t.L", T::destroysAtDrop, s_nBoth, s_nMove, s_nMove, "EOXDR" },
 };
 
 TEST_F(OleDrag, GoesAsTheHandAndTheTargetSay)
@@ -162,29 +93,26 @@ TEST_F(OleDrag, GoesAsTheHandAndTheTargetSay)
     for (const SDragCase& expected : s_aDragCases)
     {
         SCOPED_TRACE(expected.pszName);
-        CDragged dragged(expected.nAllowed);
-        CDropped dropped;
-        expected.pfnArrange(dropped);
+        CDragged dragged(m_source, expected.nAllowed);
+        CTestTarget target(&m_target, expected.eManner);
         const auto isThere = [&]
         {
-            return dropped.target->m_nAsked > 0;
+            return target.m_nAsked > 0;
         };
         const auto isAnswered = [&]
         {
-            return isThere() && (expected.nShown == s_nAny ||
-                                 (dragged.source.m_nShown & ~DROPEFFECT_SCROLL) == expected.nShown);
+            const DROPEFFECT nShown = dragged.source.m_nShown & ~DROPEFFECT_SCROLL;
+            return isThere() && (expected.nShown == s_nAny || expected.nShown == nShown);
         };
         EXPECT_TRUE(dragged.Play(expected.pszScript, isThere, isAnswered));
-        const CTestTarget& target = *dropped.target;
         EXPECT_EQ(dragged.nResult, expected.nResult);
         EXPECT_EQ(target.m_strLog, expected.pszLog);
-        if (target.m_strLog.find('D') != std::string::npos)
-        {
-            EXPECT_TRUE(target.m_bSame);
-            EXPECT_EQ(target.m_point, CPoint(110, 80));
-            EXPECT_EQ(target.m_nKeys & MK_RBUTTON, expected.pszScript[1] == 'r' ? MK_RBUTTON : 0U);
-            EXPECT_EQ(target.m_nList, expected.nAllowed);
-        }
+        if (target.m_strLog.find('D') == std::string::npos)
+            continue;
+        EXPECT_TRUE(target.m_bSame);
+        EXPECT_EQ(target.m_point, CPoint(110, 80));
+        EXPECT_EQ(target.m_nKeys & MK_RBUTTON, expected.pszScript[1] == 'r' ? MK_RBUTTON : 0U);
+        EXPECT_EQ(target.m_nList, expected.nAllowed);
     }
 }
 
@@ -193,26 +121,25 @@ TEST_F(OleDrag, BeginsWhereItMay)
     const struct
     {
         const char* pszScript;
+        const char* pszDelay;  // milliseconds
         CRect start;
         bool bGoes;
     } aCases[] = {
-        { "sl?e", CRect(0, 0, 0, 0), true },          // at once
-        { "sl?e", CRect(190, 190, 210, 210), true },  // by rest
-        { "slm?e", CRect(201, 200, 202, 201), true }, { "slL", CRect(190, 190, 210, 210), false },
-        { "sle", CRect(190, 190, 210, 210), false },
+        { "sl?e", "9000", CRect(0, 0, 0, 0), true },
+        { "slm?e", "9000", CRect(200, 200, 201, 201), true },
+        { "sl?e", "100", CRect(190, 190, 210, 210), true },
+        { "slL", "9000", CRect(190, 190, 210, 210), false },
+        { "sle", "9000", CRect(190, 190, 210, 210), false },
     };
     for (const auto& expected : aCases)
     {
-        CDragged dragged;
-        dragged.window.m_onPress = [&]
-        {
-            dragged.nResult = dragged.data.DoDragDrop(s_nMove, expected.start, &dragged.source);
-            dragged.bEnded = true;
-        };
+        WriteProfileStringA("windows", "DragDelay", expected.pszDelay);
+        CDragged dragged(m_source, s_nMove, expected.start);
         EXPECT_TRUE(dragged.Play(expected.pszScript, nullptr, nullptr));
         EXPECT_EQ(dragged.source.m_bGoing, expected.bGoes);
         EXPECT_EQ(dragged.nResult, s_nNone);
     }
+    WriteProfileStringA("windows", "DragDelay", nullptr);
     COleDataSource source;  // no button is held
     EXPECT_EQ(source.DoDragDrop(), s_nNone);
 }
@@ -228,24 +155,19 @@ TEST_F(OleDrag, GoesToAnotherProcess)
         const char* pszLine;
     } aCases[] = {
         { "target", "slm?t.L", s_nMove, s_nMove, "EOXD same 110 80" },
-        { "target", "slm?t!c.L", s_nCopy, s_nCopy, "EOXD same 110 80" },
+        { "target", "slm?t!c.cL", s_nCopy, s_nCopy, "EOXD same 110 80" },
         { "target", "slm?t.e", s_nMove, s_nNone, "EOL none 0 0" },
         { "refuse", "slm?t.L", s_nNone, s_nNone, "EOL none 0 0" },
     };
+    m_target.DestroyWindow();
     for (const auto& expected : aCases)
     {
-        CPartner partner(std::string(expected.pszRole) + " 3001");
+        CPartner partner(expected.pszRole);
         ASSERT_EQ(partner.ReadLine(), "ready");
-        CDragged dragged;
-        const auto isThere = [&]
-        {
-            return dragged.source.m_nShown == s_nMove;
-        };
-        const auto isAnswered = [&]
-        {
-            return dragged.source.m_nShown == expected.nShown;
-        };
-        EXPECT_TRUE(dragged.Play(expected.pszScript, isThere, isAnswered));
+        CDragged dragged(m_source);
+        EXPECT_TRUE(dragged.Play(
+            expected.pszScript, [&] { return dragged.source.m_nShown == s_nMove; },
+            [&] { return dragged.source.m_nShown == expected.nShown; }));
         EXPECT_EQ(dragged.nResult, expected.nResult);
         EXPECT_EQ(partner.Finish(), 0U);
         EXPECT_EQ(partner.ReadLine(), expected.pszLine);
@@ -254,41 +176,37 @@ TEST_F(OleDrag, GoesToAnotherProcess)
 
 TEST_F(OleDrag, ComesFromAnotherProcess)
 {
-    CPartner partner("source 3001");
+    m_source.DestroyWindow();
+    CPartner partner("source");
     ASSERT_EQ(partner.ReadLine(), "ready");
-    CDropped dropped;
-    const auto isThere = [&]
-    {
-        return dropped.target->m_nAsked > 0;
-    };
-    CHand hand("slmt!L", nullptr, isThere, nullptr);
+    CTestTarget target(&m_target);
+    CHand hand(
+        "slmt!L", nullptr, [&] { return target.m_nAsked > 0; }, nullptr);
     EXPECT_TRUE(PumpUntil([&] { return hand.IsDone(); }));
     EXPECT_EQ(partner.ReadLine(), "2");
-    EXPECT_EQ(dropped.target->m_strLog, "EOXD");
-    EXPECT_TRUE(dropped.target->m_bSame);
+    EXPECT_TRUE(target.m_strLog.ends_with("EOXD")) << target.m_strLog;
+    EXPECT_TRUE(target.m_bSame);
 }
 
 TEST_F(OleDrag, TargetsComeAndGo)
 {
-    CDropped dropped;
+    CTestTarget target;
     CTestTarget other;
-    CTestWindow second(s_sourcePlace);
-    EXPECT_FALSE(dropped.target->Register(&second));  // it has a window
-    EXPECT_FALSE(other.Register(dropped.window.get()));
-    EXPECT_FALSE(other.Register(nullptr));
-    dropped.target->Revoke();
-    dropped.target->Revoke();
-    EXPECT_TRUE(other.Register(dropped.window.get()));
-    dropped.window->DestroyWindow();
+    EXPECT_TRUE(target.Register(&m_target));
+    EXPECT_FALSE(target.Register(&m_source));  // it has a window
+    EXPECT_FALSE(other.Register(&m_target));   // which has a target
+    target.Revoke();
+    target.Revoke();
+    EXPECT_TRUE(other.Register(&m_target));
+    m_target.DestroyWindow();
     EXPECT_EQ(other.m_strLog, "R");
-    EXPECT_TRUE(other.Register(&second));  // again, elsewhere
-    dropped.window.reset();
+    EXPECT_TRUE(other.Register(&m_source));  // again, elsewhere
+    other.Revoke();
     {
-        CTestTarget shortLived;
-        other.Revoke();
-        EXPECT_TRUE(shortLived.Register(&second));
+        CTestTarget shortLived(&m_source);
+        EXPECT_FALSE(other.Register(&m_source));
     }
-    EXPECT_EQ(RevokeDragDrop(second), DRAGDROP_E_NOTREGISTERED);
+    EXPECT_EQ(RevokeDragDrop(m_source), DRAGDROP_E_NOTREGISTERED);
 }
 
 // What this process holds.
@@ -331,7 +249,7 @@ private:
 void ClipboardRound(CTestWindow&)
 {
     auto* pSource = new COleDataSource;
-    pSource->CacheGlobalData(TestFormat(), MakeBlock(s_nSize));
+    pSource->CacheGlobalData(TestFormat(), MakeBlock());
     pSource->SetClipboard();
     COleDataObject object;
     ASSERT_TRUE(object.AttachClipboard());
@@ -342,10 +260,10 @@ void ClipboardRound(CTestWindow&)
 void DataRound(CTestWindow&)
 {
     COleDataSource source;
-    source.CacheGlobalData(TestFormat(), MakeBlock(s_nSize));
+    source.CacheGlobalData(TestFormat(), MakeBlock());
     COleDataObject object;
     object.Attach(source.GetIDataObject(TRUE));
-    EXPECT_TRUE(IsBlock(CGlobalPtr(object.GetGlobalData(TestFormat())).get(), s_nSize));
+    EXPECT_TRUE(IsBlock(CGlobalPtr(object.GetGlobalData(TestFormat())).get()));
     object.BeginEnumFormats();
 }
 
@@ -357,11 +275,9 @@ void TargetRound(CTestWindow& window)
 
 void DragRound(CTestWindow& window)
 {
-    CTestTarget target;
-    EXPECT_TRUE(target.Register(&window));
-    target.m_nSize = s_nSize;
+    CTestTarget target(&window);
     COleDataSource dragged;
-    dragged.CacheGlobalData(TestFormat(), MakeBlock(s_nSize));
+    dragged.CacheGlobalData(TestFormat(), MakeBlock());
     CShortDrag drag;
     for (int i = 0; i < 3; ++i)
         window.PostMessage(WM_KEYUP);  // an event of the drag
@@ -373,15 +289,14 @@ void DragRound(CTestWindow& window)
 
 TEST_F(OleDrag, RoundsLeaveNothingBehind)
 {
-    CTestWindow window(s_targetPlace);
     SetCursorPos(s_targetPoint.x, s_targetPoint.y);
     for (const auto pfnRound : { ClipboardRound, DataRound, TargetRound, DragRound })
     {
         for (int i = 0; i < 20; ++i)
-            pfnRound(window);
+            pfnRound(m_target);
         const SHoldings before = SHoldings::Count();
         for (int i = 0; i < 1000 && !HasFailure(); ++i)
-            pfnRound(window);
+            pfnRound(m_target);
         const SHoldings after = SHoldings::Count();
         EXPECT_LE(after.nHandles, before.nHandles + 5);
         EXPECT_LE(after.nBlocks, before.nBlocks + 50);

@@ -1,8 +1,8 @@
 // The second process of the tests: ole_partner.exe ROLE [SIZE]   Ends when its input does.
 //   read         a line for each format on the clipboard, by plain COM
 //   put SIZE     puts a block there and answers for it; flush SIZE leaves it behind at its end
-//   target SIZE  a drop target, and a line for each drop; refuse SIZE, one that refuses
-//   source SIZE  a window to drag from, and a line for each drag's effect
+//   target       a drop target, and at the end a line with what came; refuse, one that refuses
+//   source       a window to drag from, and a line for each drag's effect
 #include "ole_desk.h"
 
 #include "platform/base/win32/com_pointer.h"
@@ -65,29 +65,21 @@ void PumpToEnd()
     reader.join();
 }
 
-void BeTarget(SIZE_T nSize, bool bRefuse)
+void BeTarget(CTestTarget::EManner eManner)
 {
     CTestWindow window(s_targetPlace);
-    CTestTarget target;
-    target.m_nSize = nSize;
-    if (bRefuse)
-        target.m_answer = [](DWORD)
-        {
-            return DROPEFFECT_NONE;
-        };
-    target.Register(&window);
+    CTestTarget target(&window, eManner);
     PumpToEnd();
     std::printf("%s %s %ld %ld\n", target.m_strLog.c_str(), target.m_bSame ? "same" : "none",
                 target.m_point.x, target.m_point.y);
-    target.Revoke();
 }
 
-void BeSource(SIZE_T nSize)
+void BeSource()
 {
     CTestWindow window(s_sourcePlace);
-    window.m_onPress = [=]
+    window.m_onPress = []
     {
-        COleDataSource* pSource = MakeSource(nSize);
+        COleDataSource* pSource = MakeSource(s_nBlock);
         std::printf("%lu\n", pSource->DoDragDrop(DROPEFFECT_COPY | DROPEFFECT_MOVE));
         delete pSource;
     };
@@ -111,9 +103,9 @@ int main(int nArguments, char** ppszArguments)
             COleDataSource::FlushClipboard();
     }
     else if (role == "target" || role == "refuse")
-        BeTarget(nSize, role == "refuse");
+        BeTarget(role == "refuse" ? CTestTarget::refuses : CTestTarget::usual);
     else if (role == "source")
-        BeSource(nSize);
+        BeSource();
     else
         return 2;
     std::fflush(stdout);
