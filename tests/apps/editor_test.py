@@ -270,8 +270,9 @@ class Editor(unittest.TestCase):
         self.do(f"""dialog yes
                     key enter
                     dialog no
-                    key tab left
-                    await {NODE} NT_PLACEHOLDER, subtree""")
+                    await {NODE} NT_PLACEHOLDER, node
+                    key tab q enter
+                    await {CHANGES} changes: 1""")
 
 
 if __name__ == "__main__":
