@@ -23,7 +23,11 @@ std::unique_ptr<CEditorDocument> CEditorDocument::MakeNew()
     std::unique_ptr<CEditorDocument> pNew(new CEditorDocument);
     CBinTree& tree = pNew->Tree();
     // The root of a formula is no part of it: keys do not delete it, and it has no sign.
-    tree.CreateRootNode("NT_STANDARD")->LinkLeft(tree.CreateNode("NT_PLACEHOLDER"));
+    CNode* pRoot = tree.CreateRootNode("NT_STANDARD");
+    CNode* pSlot = tree.CreateNode("NT_PLACEHOLDER");
+    pRoot->LinkLeft(pSlot);
+    // Its box lies up and left of its place, out of the window: a click would not find it.
+    tree.SetSelection(pSlot, PF_NODE);
     pNew->Begin();
     return pNew;
 }

@@ -11,7 +11,7 @@
 class CEditorDocument
 {
 public:
-    // An empty slot, which can be typed into.
+    // An empty slot, selected: it can be typed into.
     static std::unique_ptr<CEditorDocument> MakeNew();
     // Null after a message to the user.
     static std::unique_ptr<CEditorDocument> FromFile(const CString& strPath);

@@ -50,7 +50,8 @@ void CMainFrame::OnFileNew()
         return;
     Show(CEditorDocument::MakeNew());
     m_text.SetWindowText("");
-    m_strMessage.Empty();
+    m_text.SetFocus();
+    m_strMessage = HINT;
 }
 
 void CMainFrame::OnFileOpen()

@@ -34,7 +34,7 @@ ON_UPDATE_COMMAND_UI(ID_PANE_CHANGES, OnUpdateChanges)
 ON_UPDATE_COMMAND_UI(ID_PANE_READ_ONLY, OnUpdateReadOnly)
 END_MESSAGE_MAP()
 
-CMainFrame::CMainFrame() : m_pDocument(CEditorDocument::MakeNew()) {}
+CMainFrame::CMainFrame() : m_pDocument(CEditorDocument::MakeNew()), m_strMessage(HINT) {}
 
 // ---- The window and its children
 

@@ -57,6 +57,8 @@ protected:
     void OnUpdateReadOnly(CCmdUI* pUI);
 
 private:
+    static constexpr char HINT[] = "Type a formula and press Enter";  // what to do with a new one
+
     void FormText();
     void MoveFocus();
     void EndEdit();

@@ -93,7 +93,7 @@ class Editor(unittest.TestCase):
         self.assertEqual(told["tree"], tree)
 
     def test_mouse(self):
-        """A node is selected, deleted, named, copied and dragged."""
+        """Nodes are selected, deleted, named and cut."""
         text = "a/b+c"
         self.start()
         self.do(f"""
@@ -115,7 +115,6 @@ class Editor(unittest.TestCase):
             double {CONTROL} {{plus}}
             await {NODE} NT_PLUS, subtree
             """, b=middle(text, "LLR"), plus=middle("a/Name+c", "L"))
-        # A dragged leaf leaves a placeholder, which takes a leaf in its turn.
         self.do(f"""
             click {CONTROL} {{c}}
             await {NODE} NT_VARIABLE, node
@@ -191,12 +190,12 @@ class Editor(unittest.TestCase):
             key z
             focus Edit
             key ctrl+a ctrl+v
-            key enter
-            focus {CONTROL}
-            await {CHANGES} changes: 1
             """)
+        # Saving ends the edit and takes its text.
         self.answer_dialog("key ctrl+s", "box.fml")
-        self.do(f"title box.fml - {TITLE}")
+        self.do(f"""title box.fml - {TITLE}
+                    focus {CONTROL}
+                    await {CHANGES} changes: 1""")
         self.close()
         self.check_file("box.fml", "abab", '(STANDARD "" (VARIABLE "ab" - -) -)')
 
@@ -229,11 +228,17 @@ class Editor(unittest.TestCase):
 
     def test_files(self):
         """Export by extension; what is opened, edited and given up stays as it was."""
+        b = middle("a/b", "LR")
         self.start()
         self.do("type a/b\nkey enter")
-        for extension in ("emf", "wmf", "bmp", "fml"):
+        # A selection stays, and no picture shows it: the first one is written without.
+        for extension, selected in (("emf", "nothing selected"), ("wmf", "NT_VARIABLE, node"),
+                                    ("bmp", "NT_VARIABLE, node"), ("fml", "NT_VARIABLE, node")):
             self.answer_dialog("key ctrl+e", "out." + extension)
-            self.do(f"await {MESSAGE} Exported out.{extension}")
+            self.do(f"""await {MESSAGE} Exported out.{extension}
+                        await {NODE} {selected}""")
+            if extension == "emf":
+                self.do(f"click {CONTROL} {b}")
         size = re.findall(r"-?\d+", mivora("measure", "a/b"))[2:4]
         emf, bmp = (self.folder / "out.emf").read_bytes(), (self.folder / "out.bmp").read_bytes()
         self.assertEqual(emf[40:44], b" EMF")
@@ -255,7 +260,7 @@ class Editor(unittest.TestCase):
                     await {CHANGES} changes: 1
                     key alt+f4
                     dialog yes
-                    key n""", b=middle("a/b", "LR"))
+                    key n""", b=b)
         self.check_file("out.fml", "a/b", tree)
 
     def test_file_on_the_command_line(self):
@@ -265,8 +270,9 @@ class Editor(unittest.TestCase):
         self.do(f"""dialog yes
                     key enter
                     dialog no
-                    key tab left
-                    await {NODE} NT_PLACEHOLDER, subtree""")
+                    await {NODE} NT_PLACEHOLDER, node
+                    key tab q enter
+                    await {CHANGES} changes: 1""")
 
 
 if __name__ == "__main__":
