@@ -1,27 +1,15 @@
 # What `cmake --install` lays down: libraries, headers by layer, the CMake package, pkg-config.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS mivora-platform mivora mivora-core EXPORT MivoraTargets
+install(TARGETS mivora-platform mivora EXPORT MivoraTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-
-install(FILES ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora)
-# The folders of one backend hold no public header; two others are for one system.
+# Apart: only this one asks for the libraries that it is linked with.
+install(TARGETS mivora-core EXPORT MivoraCoreTargets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_BINARY_DIR}/include/mivora DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(WIN32)
-    set(other_system PATTERN "cairo_dc.h" EXCLUDE)
-else()
-    set(other_system PATTERN "windows_names.h" EXCLUDE PATTERN "platform/win" EXCLUDE)
-endif()
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora
-        FILES_MATCHING PATTERN "*.h"
-        PATTERN "linux" EXCLUDE PATTERN "win32" EXCLUDE ${other_system})
-if(WIN32)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/control/win32
-            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora/control
-            FILES_MATCHING PATTERN "formula_ctrl.h" PATTERN "formula_drop_target.h"
-            PATTERN "resource.h")
     install(FILES ${PROJECT_SOURCE_DIR}/src/control/win32/control.rc
                   ${PROJECT_SOURCE_DIR}/src/control/win32/resource.h
                   ${PROJECT_SOURCE_DIR}/src/control/win32/toolbar.bmp
@@ -31,6 +19,7 @@ endif()
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Mivora)
 install(EXPORT MivoraTargets NAMESPACE Mivora:: DESTINATION ${package_dir})
+install(EXPORT MivoraCoreTargets NAMESPACE Mivora:: DESTINATION ${package_dir})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/MivoraConfig.cmake.in
     ${PROJECT_BINARY_DIR}/MivoraConfig.cmake INSTALL_DESTINATION ${package_dir}
     PATH_VARS CMAKE_INSTALL_DATADIR)

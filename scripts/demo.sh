@@ -5,8 +5,9 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/deps.sh build
-cmake --preset linux-release -DMIVORA_TESTS=OFF -DMIVORA_BENCH=OFF >/dev/null
-cmake --build --preset linux-release
+cmake -S . -B build/demo -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DMIVORA_TESTS=OFF -DMIVORA_BENCH=OFF >/dev/null
+cmake --build build/demo
 
 formulas=("$@")
 if [ ${#formulas[@]} -eq 0 ]; then
@@ -25,8 +26,8 @@ number=0
 for formula in "${formulas[@]}"; do
     number=$((number + 1))
     name=$(printf 'out/formula-%02d' "$number")
-    size=$(build/linux-release/bin/mivora render -o "$name.wmf" -- "$formula")
-    build/linux-release/bin/mivora render -o "$name.png" --dpi 192 -- "$formula" >/dev/null
+    size=$(build/demo/bin/mivora render -o "$name.wmf" -- "$formula")
+    build/demo/bin/mivora render -o "$name.png" --dpi 192 -- "$formula" >/dev/null
     # The library tells 22 times the size in pixels of the screen.
     read -r width height <<<"$size"
     printf '%s.wmf %s.png  %s x %s pixels  %s\n' \

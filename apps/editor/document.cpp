@@ -1,7 +1,7 @@
 #include "document.h"
 
-#include <nodes/node.h>
-#include <tree/tree_form.h>
+#include <mivora/nodes/node.h>
+#include <mivora/tree/tree_form.h>
 
 #include "stored_formula.h"
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include <mivora/mivora.h>
-#include <service/form_tree.h>
+#include <mivora/service/form_tree.h>
 
 // A change of formula is a new object. The control must have the new tree before the old object
 // goes: it ends an edit that is still open, in the tree that it has.

@@ -1,6 +1,6 @@
 // The program: one main window, and a file named on the command line in it.
 #include <mivora/mivora.h>
-#include <platform/win/app_pump.h>
+#include <mivora/platform/win/app_pump.h>
 
 #include <shellapi.h>
 

@@ -1,5 +1,5 @@
 // The main window's commands for files.
-#include <platform/win/menu.h>
+#include <mivora/platform/win/menu.h>
 
 #include "export_formats.h"
 #include "file_dialog.h"

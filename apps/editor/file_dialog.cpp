@@ -1,6 +1,6 @@
 #include "file_dialog.h"
 
-#include <platform/win/window.h>
+#include <mivora/platform/win/window.h>
 
 #include <commdlg.h>
 

@@ -1,10 +1,10 @@
 #include "main_frame.h"
 
-#include <nodes/node.h>
-#include <platform/win/cmd_ui.h>
-#include <platform/win/command_ids.h>
-#include <platform/win/message_map.h>
-#include <tree/bin_tree.h>
+#include <mivora/nodes/node.h>
+#include <mivora/platform/win/cmd_ui.h>
+#include <mivora/platform/win/command_ids.h>
+#include <mivora/platform/win/message_map.h>
+#include <mivora/tree/bin_tree.h>
 
 #include <algorithm>
 #include <iterator>

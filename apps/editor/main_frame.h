@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include <control/win32/formula_ctrl.h>
+#include <mivora/control/win32/formula_ctrl.h>
 #include <mivora/mivora.h>
-#include <platform/win/edit.h>
-#include <platform/win/frame.h>
+#include <mivora/platform/win/edit.h>
+#include <mivora/platform/win/frame.h>
 
 #include "document.h"
 #include "resource.h"

@@ -1,7 +1,7 @@
 #include "messages.h"
 
-#include <platform/win/app_pump.h>
-#include <platform/win/window.h>
+#include <mivora/platform/win/app_pump.h>
+#include <mivora/platform/win/window.h>
 
 #include <algorithm>
 

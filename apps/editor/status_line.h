@@ -2,7 +2,7 @@
 // the frame, whose update handlers say what stands in them.
 #pragma once
 
-#include <platform/win/window.h>
+#include <mivora/platform/win/window.h>
 
 class CStatusLine
 {

@@ -1,6 +1,6 @@
 #include "stored_formula.h"
 
-#include <service/formula_doc.h>
+#include <mivora/service/formula_doc.h>
 
 #include "messages.h"
 

@@ -5,7 +5,7 @@
 //     cairo_host 'a/b' fraction.png
 #include <cairo.h>
 #include <mivora/mivora.h>
-#include <platform/gdi/cairo_dc.h>
+#include <mivora/platform/gdi/cairo_dc.h>
 
 #include <cstdio>
 

@@ -1,9 +1,9 @@
 // A formula that the user edits: the control fills a main window.
-#include <control/win32/formula_ctrl.h>
+#include <mivora/control/win32/formula_ctrl.h>
 #include <mivora/mivora.h>
-#include <platform/win/app_pump.h>
-#include <platform/win/frame.h>
-#include <platform/win/message_map.h>
+#include <mivora/platform/win/app_pump.h>
+#include <mivora/platform/win/frame.h>
+#include <mivora/platform/win/message_map.h>
 
 #include "painted.h"
 

@@ -1,8 +1,8 @@
 // A formula that the user edits in a dialog: the template names the control by its window class.
-#include <control/win32/formula_ctrl.h>
+#include <mivora/control/win32/formula_ctrl.h>
 #include <mivora/mivora.h>
-#include <platform/win/dialog.h>
-#include <platform/win/message_map.h>
+#include <mivora/platform/win/dialog.h>
+#include <mivora/platform/win/message_map.h>
 
 #include "dialog_resource.h"
 #include "painted.h"

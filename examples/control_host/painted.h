@@ -1,7 +1,7 @@
 // How the tests see that a host shows its formula.
 #pragma once
 
-#include <control/win32/formula_ctrl.h>
+#include <mivora/control/win32/formula_ctrl.h>
 #include <mivora/mivora.h>
 
 #include <cstring>

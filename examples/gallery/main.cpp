@@ -8,7 +8,7 @@
 #include <vector>
 
 #include <cairo.h>
-#include <platform/gdi/cairo_dc.h>
+#include <mivora/platform/gdi/cairo_dc.h>
 
 #include "sketch.h"
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include <nodes/typed_node.h>
+#include <mivora/nodes/typed_node.h>
 
 namespace
 {

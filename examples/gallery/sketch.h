@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include <tree/bin_tree.h>
+#include <mivora/tree/bin_tree.h>
 
 // Makes a sketch the content of a tree:
 //

@@ -15,8 +15,7 @@ KEPT = {"AppendMenu", "CreateFontIndirect", "DefWindowProc", "DrawText", "ExtTex
 
 
 def compiler_words(include, compiler, windows):
-    words = [compiler, "-std=c++20", "-Wall", "-Wextra", "-Werror", f"-I{include}",
-             f"-I{include}/mivora"]
+    words = [compiler, "-std=c++20", "-Wall", "-Wextra", "-Werror", f"-I{include}"]
     return words if windows else words + subprocess.run(
         ["pkg-config", "--cflags", "cairo"], check=True, capture_output=True,
         text=True).stdout.split()

@@ -3,6 +3,7 @@
 
 #include "platform/base/cmd_target.h"
 #include "platform/base/cstring.h"
+#include "platform/base/install_place.h"
 #include "platform/base/types.h"
 
 class CArchive;

@@ -4,6 +4,7 @@
 
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
+#include "platform/base/install_place.h"
 #include "platform/gdi/gdi_objects.h"
 
 class CWnd;

@@ -4,8 +4,8 @@
 
 #include <cstring>
 
-#include "platform/win/menu.h"
-#include "platform/win/window.h"
+#include <mivora/platform/win/menu.h>
+#include <mivora/platform/win/window.h>
 
 namespace
 {

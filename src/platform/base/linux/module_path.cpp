@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <system_error>
 
@@ -46,4 +47,10 @@ const fs::path& ModulePath()
 {
     static const fs::path s_path = FindModulePath();
     return s_path;
+}
+
+fs::path EnvironmentPath(const char* pszName)
+{
+    const char* pszValue = secure_getenv(pszName);
+    return pszValue != nullptr ? pszValue : "";
 }

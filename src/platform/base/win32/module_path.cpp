@@ -1,6 +1,9 @@
 // The module by the loader.
 #include "platform/base/module_path.h"
 
+#include <cstring>
+#include <string>
+
 #include "platform/base/types.h"
 
 namespace
@@ -22,4 +25,13 @@ const std::filesystem::path& ModulePath()
 {
     static const std::filesystem::path s_path = FindModulePath();
     return s_path;
+}
+
+std::filesystem::path EnvironmentPath(const char* pszName)
+{
+    const std::wstring name(pszName, pszName + strlen(pszName));
+    std::wstring value(GetEnvironmentVariableW(name.c_str(), nullptr, 0), L'\0');
+    value.resize(
+        GetEnvironmentVariableW(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
+    return value;
 }
