@@ -1,7 +1,8 @@
-#include "node_boxes.h"
+#include "picture/node_boxes.h"
 
 #include "nodes/node.h"
 #include "platform/gdi/dc.h"
+#include "tree/bin_tree.h"
 
 namespace
 {
@@ -36,11 +37,11 @@ std::vector<CNodeBox> FindBoxes(CBinTree& tree, CDC* pDC)
         CRect right = ExtentOf(pNode->GetRight());
         CRect own(CPoint(0, 0), pNode->GetMeasuredOwn());
         pNode->Arrange(rect, left, right, own);
-        boxes.push_back({ rect, pNode->m_rect, rect.top + pNode->m_nBaseline });
-        if (pNode->GetLeft() != nullptr)
-            open.push_back({ pNode->GetLeft(), left.TopLeft() });
+        boxes.push_back({ pNode, rect, pNode->m_rect, rect.top + pNode->m_nBaseline });
         if (pNode->GetRight() != nullptr)
             open.push_back({ pNode->GetRight(), right.TopLeft() });
+        if (pNode->GetLeft() != nullptr)
+            open.push_back({ pNode->GetLeft(), left.TopLeft() });
     }
     return boxes;
 }
