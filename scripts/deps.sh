@@ -7,7 +7,7 @@ packages_build=(
     g++ cmake ninja-build pkg-config
     libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev zlib1g-dev
     libcli11-dev nlohmann-json3-dev
-    fonts-liberation fonts-wine fonts-dejavu-core
+    fonts-liberation fonts-wine fonts-dejavu-core fonts-urw-base35
     python3 python3-fonttools
 )
 packages_test=(
