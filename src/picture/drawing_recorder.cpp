@@ -283,12 +283,30 @@ private:
     int m_nNode = -1;
 };
 
+// A drawing is taken apart by the fills of its nodes.
+class CFillScope
+{
+public:
+    explicit CFillScope(CBinTree& tree) : m_tree(tree), m_nMode(tree.GetSelectionMode())
+    {
+        tree.SetSelectionMode(m_nMode & ~static_cast<int>(PF_NO_FILL));
+    }
+    ~CFillScope() { m_tree.SetSelectionMode(m_nMode); }
+    CFillScope(const CFillScope&) = delete;
+    CFillScope& operator=(const CFillScope&) = delete;
+
+private:
+    CBinTree& m_tree;
+    int m_nMode;
+};
+
 std::vector<BYTE> PaintedRecords(CBinTree& tree, CDC& screen)
 {
     CMetaFileDC dc;
     if (!dc.CreateEnhanced(&screen, nullptr, nullptr, nullptr))
         throw CPictureFailure{ "the system records no drawing" };
     dc.SetAttribDC(screen.GetSafeHdc());
+    const CFillScope fills(tree);
     tree.Draw(&dc, CRect(0, 0, 0, 0));
     const HENHMETAFILE hRecords = dc.CloseEnhanced();
     std::vector<BYTE> bytes = EnhMetaFileBytes(hRecords);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include "nodes/node.h"
 
@@ -63,6 +64,9 @@ private:
     {
         const CNode* pLeft = pNode->GetLeft();
         const CNode* pRight = pNode->GetRight();
+        const bool bBoth = pLeft != nullptr && pRight != nullptr;
+        if (bBoth && SubtreeOf(pRight).right <= SubtreeOf(pLeft).left)
+            std::swap(pLeft, pRight);  // the degree of a root
         // A sign between its limits is read before them.
         const int nBefore = pLeft != nullptr ? SubtreeOf(pLeft).right : s_nFarLeft;
         const CNode* pLast = pRight != nullptr ? pRight : pLeft;
