@@ -6,7 +6,7 @@ usage: make_symbol.py symbol.ttf METRICS.afm OUT.ttf
 Each outline is put into the box that the published metrics of the face tell. Advances and line
 heights, by which formulas are measured, stay as they are. The packaged character map leads from
 wrong values to the glyphs; the one that marks a symbol font, with the codes at U+F000, takes its
-place. Two runs give the same file.
+place, and other programs are told the same line heights. Two runs give the same file.
 """
 import re
 import sys
@@ -70,6 +70,14 @@ def place_outlines(font, names, metrics):
         advances[name] = (own, glyph.xMin)
 
 
+def agree_on_heights(font):
+    """The packaged font tells programs to take line heights that the system's drawing does not."""
+    heights = font["OS/2"]
+    heights.fsSelection &= ~0x80
+    heights.sTypoAscender, heights.sTypoDescender = heights.usWinAscent, -heights.usWinDescent
+    heights.sTypoLineGap = 0
+
+
 def symbol_map(names):
     table = CmapSubtable.newSubtable(4)
     table.platformID, table.platEncID, table.language = 3, 0, 0
@@ -82,6 +90,7 @@ def main():
     font = TTFont(sys.argv[1], recalcBBoxes=False, recalcTimestamp=False)
     names = glyph_names(font)
     place_outlines(font, names, published_metrics(sys.argv[2]))
+    agree_on_heights(font)
     font["cmap"].tables = [symbol_map(names)]
     for record in font["name"].names:
         if record.nameID == 5:
