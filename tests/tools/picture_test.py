@@ -336,6 +336,10 @@ class Source(PictureCase):
             self.assertNotIn(b"a/b", (pathlib.Path(self.folder) / ("x." + name)).read_bytes())
         self.draw("a/b", "x.wmf")
         self.assertEqual(self.source_of("x.wmf"), "")  # the bare tag
+        self.draw("a/b", "x.fml")
+        here = pathlib.Path(self.folder)
+        self.assertEqual(run("inspect", str(here / "x.fml"), "-o", str(here / "y.wmf"))[0], 0)
+        self.assertEqual(self.source_of("y.wmf"), "")
         self.draw("a/b", "x.bmp")
         self.assertIn("a .bmp holds no text", self.source_of("x.bmp"))
 

@@ -133,7 +133,7 @@ CPicture Make(CFormulaOut& formula, const CPictureFormat& format, const std::str
               const CDrawOptions& options)
 {
     CPictureOptions picture = options.picture;
-    if (options.bEmbed)
+    if (format.bLook ? options.bEmbed : options.bEmbedInMetafile)
     {
         picture.strSource = Utf8FromText(formula.m_strFormula);
         picture.strTitle = WordsOf(formula);
@@ -232,9 +232,8 @@ CDrawOptions DrawOptionsOf(const CArguments& arguments, const CFileFormat& forma
     options.strSelect = arguments.Value(OPT_SELECT);
     if (arguments.Has(OPT_SELECT) && options.strSelect.empty())
         options.strSelect = ":";  // no path
-    // The comment of a metafile has a meaning of its own, which only a word of the user's changes.
-    const bool bMetafile = format.Picture() != nullptr && !format.HasLook();
-    options.bEmbed = bMetafile ? arguments.Has(OPT_EMBED) : !arguments.Has(OPT_NO_EMBED);
+    options.bEmbed = !arguments.Has(OPT_NO_EMBED);
+    options.bEmbedInMetafile = arguments.Has(OPT_EMBED);
     return options;
 }
 

@@ -37,6 +37,8 @@ struct CDrawOptions
     bool bGrayed = false;
     std::string strSelect;  // empty: nothing is selected
     bool bEmbed = true;     // source and title travel inside
+    // The comment of a metafile has a meaning of its own, which only a word of the user's changes.
+    bool bEmbedInMetafile = false;
 };
 
 // The format that --output and --format ask for. Throws CUsageError.
