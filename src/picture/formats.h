@@ -3,8 +3,8 @@
 
 #include "picture/picture.h"
 
-CPicture MakeMetafile(CFormulaOut& formula, const CPictureOptions& options);
-CPicture MakeBmp(CFormulaOut& formula, const CPictureOptions& options);
-CPicture MakePng(CFormulaOut& formula, const CPictureOptions& options);
-CPicture MakeSvg(CFormulaOut& formula, const CPictureOptions& options);
-CPicture MakePdf(CFormulaOut& formula, const CPictureOptions& options);
+CPictureFile MakeMetafile(CFormulaOut& formula, const CPictureOptions& options);
+CPictureFile MakeBmp(CFormulaOut& formula, const CPictureOptions& options);
+CPictureFile MakePng(CFormulaOut& formula, const CPictureOptions& options);
+CPictureFile MakeSvg(CFormulaOut& formula, const CPictureOptions& options);
+CPictureFile MakePdf(CFormulaOut& formula, const CPictureOptions& options);

@@ -65,8 +65,8 @@ struct CPrepared
     std::vector<CNodeBox> boxes;
 };
 
-CPicture MakeImage(CFormulaOut& formula, const CPictureOptions& options,
-                   std::string (*pfnBytes)(const CRaster&, const CPictureOptions&))
+CPictureFile MakeImage(CFormulaOut& formula, const CPictureOptions& options,
+                       std::string (*pfnBytes)(const CRaster&, const CPictureOptions&))
 {
     CPrepared prepared(formula, options, false);
     CRaster raster = MakeRaster(prepared.drawing, prepared.placement, options);
@@ -97,33 +97,33 @@ void ApplyLook(CFormulaOut& formula, const CFormulaLook& look)
     formula.GetFormulaRect(&screen);
 }
 
-CPicture MakeSvg(CFormulaOut& formula, const CPictureOptions& options)
+CPictureFile MakeSvg(CFormulaOut& formula, const CPictureOptions& options)
 {
     const CPrepared prepared(formula, options, false);
     return { SvgBytes(prepared.drawing, prepared.placement, options, prepared.boxes),
              prepared.placement.Told() };
 }
 
-CPicture MakePdf(CFormulaOut& formula, const CPictureOptions& options)
+CPictureFile MakePdf(CFormulaOut& formula, const CPictureOptions& options)
 {
     const CPrepared prepared(formula, options, true);
     return { PdfBytes(prepared.drawing, prepared.placement, options, prepared.boxes),
              prepared.placement.Told() };
 }
 
-CPicture MakePng(CFormulaOut& formula, const CPictureOptions& options)
+CPictureFile MakePng(CFormulaOut& formula, const CPictureOptions& options)
 {
     return MakeImage(formula, options, PngBytes);
 }
 
-CPicture MakeBmp(CFormulaOut& formula, const CPictureOptions& options)
+CPictureFile MakeBmp(CFormulaOut& formula, const CPictureOptions& options)
 {
     return MakeImage(formula, options, BmpBytes);
 }
 
-CPicture MakeMetafile(CFormulaOut& formula, const CPictureOptions& options)
+CPictureFile MakeMetafile(CFormulaOut& formula, const CPictureOptions& options)
 {
-    CPicture picture;
+    CPictureFile picture;
     picture.strBytes = MetafileBytes(formula.m_Tree, options.strSource);
     CScreenDC screen;
     const CSize size = formula.GetFormulaRect(&screen).Size();
@@ -156,8 +156,8 @@ const CPictureFormat* FindPictureFormat(const std::string& strName)
     return nullptr;
 }
 
-CPicture MakePicture(CFormulaOut& formula, const CPictureFormat& format,
-                     const CPictureOptions& options)
+CPictureFile MakePicture(CFormulaOut& formula, const CPictureFormat& format,
+                         const CPictureOptions& options)
 {
     if (format.pfnMake == nullptr)
         throw CPictureFailure{ std::string(".") + format.pszName + ' ' + format.pszElsewhere };

@@ -47,7 +47,7 @@ struct CPictureSize
     double fEm = 16;    // size of the text
 };
 
-struct CPicture
+struct CPictureFile
 {
     std::string strBytes;
     CPictureSize size;
@@ -58,7 +58,7 @@ struct CPictureFormat
     const char* pszName;  // its extension, without the point
     bool bLook;           // knows what CPictureOptions has but source and title
     // Null: another system has this format.
-    CPicture (*pfnMake)(CFormulaOut& formula, const CPictureOptions& options);
+    CPictureFile (*pfnMake)(CFormulaOut& formula, const CPictureOptions& options);
     const char* pszElsewhere = nullptr;  // where that is: "is made on ..."
 };
 
@@ -68,8 +68,8 @@ std::span<const CPictureFormat> PictureFormats();
 const CPictureFormat* FindPictureFormat(const std::string& strName);
 
 // A picture of a formula that was formed, with its selection. Throws CPictureFailure.
-CPicture MakePicture(CFormulaOut& formula, const CPictureFormat& format,
-                     const CPictureOptions& options);
+CPictureFile MakePicture(CFormulaOut& formula, const CPictureFormat& format,
+                         const CPictureOptions& options);
 
 // How large MakePicture would make it in a format that has a look, by its outlines. Throws
 // CPictureFailure.

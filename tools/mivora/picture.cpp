@@ -129,8 +129,8 @@ void TakeColours(const CArguments& arguments, const CFileFormat& format, CPictur
     options.colour = options.bPageColour ? 0 : ColourOf(arguments, OPT_COLOR);
 }
 
-CPicture Make(CFormulaOut& formula, const CPictureFormat& format, const std::string& strPath,
-              const CDrawOptions& options)
+CPictureFile Make(CFormulaOut& formula, const CPictureFormat& format, const std::string& strPath,
+                  const CDrawOptions& options)
 {
     CPictureOptions picture = options.picture;
     if (format.bLook ? options.bEmbed : options.bEmbedInMetafile)
@@ -247,7 +247,7 @@ CPictureSize WriteFormula(CFormulaOut& formula, const CFileFormat& format,
         SaveStored(formula, strPath);
         return {};
     }
-    const CPicture picture = Make(formula, *format.Picture(), strPath, options);
+    const CPictureFile picture = Make(formula, *format.Picture(), strPath, options);
     WriteOutput(strPath, picture.strBytes);
     return picture.size;
 }
