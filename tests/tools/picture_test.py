@@ -291,7 +291,7 @@ class Pdf(PictureCase):
         picture(self.folder, "a/b", name="x.pdf")
         path = str(pathlib.Path(self.folder) / "x.pdf")
         told = subprocess.run(["pdfinfo", path], capture_output=True, check=True).stdout.decode()
-        for line in r"Title: +a/b", r"Subject: +a/b", r"Tagged: +yes":
+        for line in r"Title: +a over b", r"Subject: +a/b", r"Tagged: +yes":
             self.assertRegex(told, line)
         tree = subprocess.run(["pdfinfo", "-struct", path], capture_output=True, check=True).stdout
         self.assertIn(b"Formula", tree)

@@ -1,10 +1,10 @@
 #include "formula_words.h"
 
-#include "text_input.h"
+#include "exchange/speech.h"
 
 std::string WordsOf(CFormulaOut& formula)
 {
-    std::string strWords = Utf8FromText(formula.m_strFormula);
+    std::string strWords = SpokenText(formula.m_Tree.GetRootNode());
     for (char& ch : strWords)
     {
         if (static_cast<unsigned char>(ch) < 0x20 || ch == '\x7F')
