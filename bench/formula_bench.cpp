@@ -12,6 +12,7 @@
 #include "exchange/speech.h"
 #include "formulas.h"
 #include "nodes/node.h"
+#include "picture/picture.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
 
@@ -159,6 +160,29 @@ void MetafileOnDisk(benchmark::State& state)
     CountFormulas(state);
 }
 BENCHMARK(MetafileOnDisk);
+
+// A picture as the command line makes it, at 96 dots per inch, without the file.
+void PictureInMemory(benchmark::State& state, const char* name)
+{
+    const CFormulaList list = FormedFormulas();
+    const CPictureFormat& format = *FindPictureFormat(name);
+    size_t bytes = 0;
+    for (auto _ : state)
+    {
+        bytes = 0;
+        for (const auto& formula : list)
+        {
+            CPictureOptions options;
+            options.strSource = options.strTitle = formula->m_strFormula.GetString();
+            bytes += MakePicture(*formula, format, options).strBytes.size();
+        }
+    }
+    CountFormulas(state);
+    state.counters["bytes"] = static_cast<double>(bytes) / static_cast<double>(list.size());
+}
+BENCHMARK_CAPTURE(PictureInMemory, Svg, "svg");
+BENCHMARK_CAPTURE(PictureInMemory, Png, "png");
+BENCHMARK_CAPTURE(PictureInMemory, Pdf, "pdf");
 
 std::string ReadWhole(const std::string& path)
 {

@@ -5,9 +5,9 @@ set -euo pipefail
 
 packages_build=(
     g++ cmake ninja-build pkg-config
-    libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev
+    libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev zlib1g-dev
     libcli11-dev nlohmann-json3-dev
-    fonts-liberation fonts-wine fonts-dejavu-core
+    fonts-liberation fonts-wine fonts-dejavu-core fonts-urw-base35
     python3 python3-fonttools
 )
 packages_test=(
@@ -17,8 +17,8 @@ packages_test=(
 )
 # Wine loads the X libraries where they are: for cursors, mouse input, changes of the screen.
 packages_windows=(
-    g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix newlib-source googletest
-    python3-pefile
+    g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix libz-mingw-w64-dev newlib-source
+    googletest python3-pefile
     wine wine64 xvfb util-linux
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
 )

@@ -5,6 +5,7 @@
 //     cairo_host 'a/b' fraction.png
 #include <cairo.h>
 #include <mivora/mivora.h>
+#include <mivora/nodes/node.h>
 #include <mivora/platform/gdi/cairo_dc.h>
 
 #include <cstdio>
@@ -50,6 +51,7 @@ bool WritePng(CFormulaOut& formula, const CRect& rect, const char* pszPath)
     cairo_paint(pCairo);
     {
         CCairoDC dc(pCairo);
+        formula.m_Tree.SetSelectionMode(PF_NO_FILL);  // the paper is there already
         formula.DrawTree(&dc, CRect(s_nMargin, s_nMargin, 0, 0));
     }
     const bool bWritten = cairo_surface_write_to_png(pSurface, pszPath) == CAIRO_STATUS_SUCCESS;

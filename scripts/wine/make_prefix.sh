@@ -16,11 +16,11 @@ flock 9
 # What windows and menus are drawn with, and the text faces of formulas. "MT Extra" is left out:
 # the library brings it to machines that have none.
 faces=("$wine_fonts"/{marlett,tahoma,tahomabd,system,ms_sans_serif,small_fonts,fixedsys,courier}.ttf
-    "$fonts"/Liberation*.ttf)
-recipe=("$scripts"/{make_prefix.sh,environment.sh,prefix.reg,mend_symbol.py})
+    "$fonts"/Liberation*.ttf "$fonts/symbol.ttf")
+recipe=("$scripts"/{make_prefix.sh,environment.sh,prefix.reg})
 stamp=$({
     dpkg-query -W libwine
-    sha256sum "${faces[@]}" "$fonts/symbol.ttf" "${recipe[@]}"
+    sha256sum "${faces[@]}" "${recipe[@]}"
 } | sha256sum)
 [ "$stamp" != "$(cat "$wine_dir/stamp" 2>/dev/null)" ] || exit 0
 
@@ -36,8 +36,6 @@ cat >"$FONTCONFIG_FILE" <<END
 </fontconfig>
 END
 cp "${faces[@]}" "$WINEPREFIX/drive_c/windows/Fonts/"
-/usr/bin/python3 "$scripts/mend_symbol.py" "$fonts/symbol.ttf" \
-    "$WINEPREFIX/drive_c/windows/Fonts/symbol.ttf"
 
 # The first processes leave services behind, which must inherit neither a pipe nor the lock.
 quietly() { timeout 120 "$@" </dev/null >/dev/null 2>&1 9>&-; }

@@ -28,6 +28,9 @@ constexpr UINT NF_HIDDEN = 8;       // the own part is not painted; the children
 constexpr UINT PF_NODE = 1;     // mark the selected node alone
 constexpr UINT PF_SUBTREE = 2;  // mark it with all below it
 constexpr UINT PF_GRAYED = 4;   // paint everything in grey
+// What is not selected is painted on what is there: a host that has a ground of its own adds it to
+// the tree's selection mode.
+constexpr UINT PF_NO_FILL = 0x100;
 
 constexpr int TEXT_FORMS = 1;  // form 0 is FORTRAN
 

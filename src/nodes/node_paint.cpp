@@ -33,15 +33,20 @@ void CNode::Paint(CDC* pDC, CRect& rect, CNode* pSelected, UINT nFlags)
         });
 }
 
-// Fills the own area, also of a node that is not marked: it wipes what was there before.
+// Fills the own area, also of a node that is not marked: it wipes what was there before, unless the
+// host wants to keep that.
 void CNode::PaintPart(CDC* pDC, const CRect& own, bool bSelected, UINT nFlags)
 {
     const bool bGrayed = (nFlags & PF_GRAYED) != 0;
-    const COLORREF back = GetSysColor(bSelected && !bGrayed ? COLOR_HIGHLIGHT : COLOR_WINDOW);
+    const bool bMarked = bSelected && !bGrayed;
+    const COLORREF back = GetSysColor(bMarked ? COLOR_HIGHLIGHT : COLOR_WINDOW);
     const COLORREF fore = bGrayed     ? GetSysColor(COLOR_GRAYTEXT)
                           : bSelected ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                       : m_colour;
-    pDC->FillSolidRect(own, back);
+    if (bMarked || (nFlags & PF_NO_FILL) == 0)
+    {
+        pDC->FillSolidRect(own, back);
+    }
     pDC->SetTextColor(fore);
     pDC->SetBkColor(back);
     const CPenScope pen(pDC, fore);

@@ -9,6 +9,7 @@
 #include "platform/gdi/native_gdi.h"
 #include "service/metafile_comment.h"
 #include "service/screen_dc.h"
+#include "service/tree_metafile.h"
 #include "tree/bin_tree.h"
 
 CString g_strMetaComment;
@@ -104,26 +105,30 @@ void TakeComments(CMetafilePtr pPicture)
 }
 }  // namespace
 
-int CBinTree::WriteMetafile(CString strPath)
+HENHMETAFILE RecordMetafile(CBinTree& tree)
 {
     CScreenDC screen;
-    const CRect rect = MeasureTree(&screen);
+    const CRect rect = tree.MeasureTree(&screen);
     const CRect frame = FrameOf(rect, screen.GetSafeHdc());
 
     CMetaFileDC dc;
     if (!dc.Attach(CreateEnhMetaFileA(screen.GetSafeHdc(), nullptr, &frame, s_szDescription)))
     {
-        ReportLastError();
-        return 0;
+        tree.ReportLastError();
+        return nullptr;
     }
     dc.SetAttribDC(screen.GetSafeHdc());
     dc.SetMapMode(MM_TEXT);
     WriteComment(dc);  // before everything that draws: readers look for it there
     FillBackground(dc, rect);
-    Draw(&dc, rect);
+    tree.Draw(&dc, rect);
+    return dc.CloseEnhanced();
+}
 
-    const CMetafilePtr pPicture(dc.CloseEnhanced());
-    return SaveEnhMetaFile(pPicture.get(), strPath) ? 1 : 0;
+int CBinTree::WriteMetafile(CString strPath)
+{
+    const CMetafilePtr pPicture(RecordMetafile(*this));
+    return pPicture != nullptr && SaveEnhMetaFile(pPicture.get(), strPath) ? 1 : 0;
 }
 
 int CBinTree::ReadMetafile(CString strPath)

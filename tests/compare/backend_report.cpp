@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "nodes/random_tree.h"
+#include "picture/picture.h"
 #include "platform/base/app.h"
 #include "platform/gdi/dc.h"
 #include "service/formula_out.h"
@@ -67,6 +68,8 @@ void ReportText(const std::string& strName, const std::string& text)
     const int nAxis = pRoot != nullptr ? pRoot->m_nBaseline : 0;
     const int nWritten = formula.WriteFormulaToWMF(MetafilePath(strName));
     Print(strName, pixels, formula.m_Tree.m_rectFormula, nAxis, nWritten);
+    std::ofstream(g_strFolder + "/" + strName + ".svg", std::ios::binary)
+        << MakePicture(formula, *FindPictureFormat("svg"), {}).strBytes;
 }
 
 // Asked for a text face and the character set of symbols, the font mapper of Windows takes a symbol

@@ -20,7 +20,9 @@ WINDOWS = MIVORA.endswith(".exe")
 
 # Cases that only the other system has, and why.
 LINUX_ONLY = {
-    "Pictures.test_vector_formats": "cairo writes .svg and .pdf",
+    "Pdf.test_page": "cairo writes .pdf",
+    "Pdf.test_text_in_reading_order": "cairo writes .pdf",
+    "Pdf.test_words_about_it": "cairo writes .pdf",
     "Batch.test_a_bar_on_a_terminal_only": "a pseudo terminal is no console",
     "Forms.test_bytes_that_are_no_text": "a word is wide there: it cannot hold them",
     "Read.test_faces_that_are_missing": "the system puts another face in their place by itself",
@@ -35,8 +37,8 @@ if WINDOWS:
     NO_FOLDER = "(Path not found|The system cannot find the path specified)"
     IS_FOLDER = "Access (is )?denied"
     TOO_LARGE = "General failure"  # a limit of the machine beneath, for which there is no word
-    PICTURES = ["wmf", "emf", "bmp", "png"]
-    SMALL_PICTURE = "png"  # of the formats that are quickly made, one that batch does not prefer
+    PICTURES = ["wmf", "emf", "bmp", "png", "svg"]
+    SMALL_PICTURE = "svg"  # of the formats that are quickly made, one that batch does not prefer
 else:
     NO_FILE = NO_FOLDER = "No such file or directory"
     IS_FOLDER = "Is a directory"

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <new>
 
+#include "arguments.h"
 #include "greek_text.h"
 #include "platform/base/exception.h"
 #include "report.h"
@@ -10,13 +11,6 @@
 
 namespace
 {
-std::string PathOf(unsigned long long nLine, const CBatchOptions& options)
-{
-    char szNumber[32];
-    std::snprintf(szNumber, sizeof szNumber, "/%06llu.", nLine);
-    return options.strDirectory + szNumber + options.pFormat->pszExtension;
-}
-
 CLineResult Draw(CFormulaOut& formula, const std::string& strLine, const std::string& strPath,
                  const CBatchOptions& options)
 {
@@ -24,13 +18,43 @@ CLineResult Draw(CFormulaOut& formula, const std::string& strLine, const std::st
     const std::string strTyped = options.bGreek ? WithGreekWritten(strLine) : strLine;
     if (!FormTreeReporting(formula, TextFromUtf8(strTyped), report))
         throw CFailure{ TakeLibraryMessages() };
-    WritePicture(formula, *options.pFormat, strPath, options.picture);
+    CLineResult result;
+    result.size = WriteFormula(formula, options.format, strPath, options.draw);
     const std::vector<CFinding> findings = FindingsOf(report, strTyped);
-    if (findings.empty())
-        return {};
-    return { report.HasError() ? OUTCOME_SYNTAX_ERROR : OUTCOME_LEFT_OUT, Joined(findings) };
+    if (!findings.empty())
+    {
+        result.nOutcome = report.HasError() ? OUTCOME_SYNTAX_ERROR : OUTCOME_LEFT_OUT;
+        result.strMessage = Joined(findings);
+    }
+    return result;
 }
 }  // namespace
+
+CBatchOptions BatchOptionsOf(const CArguments& arguments)
+{
+    const CFileFormat format = CFileFormat::OfName(arguments.Value(OPT_FORMAT, "wmf"));
+    CBatchOptions options = { arguments.Value(OPT_DIRECTORY),
+                              format,
+                              DrawOptionsOf(arguments, format),
+                              {},
+                              arguments.Has(OPT_GREEK) };
+    for (const EOption nId : arguments.Command().aOptions)
+    {
+        if (!arguments.Has(nId))
+            continue;
+        options.astrWords.push_back(std::string("--") + OptionOf(nId).pszLong);
+        if (OptionOf(nId).nValue != VALUE_NONE)
+            options.astrWords.push_back(arguments.Value(nId));
+    }
+    return options;
+}
+
+std::string FileNameOf(unsigned long long nLine, const CBatchOptions& options)
+{
+    char szNumber[32];
+    std::snprintf(szNumber, sizeof szNumber, "%06llu.", nLine);
+    return std::string(szNumber) + options.format.Extension();
+}
 
 CLineResult DrawLine(CFormulaOut& formula, const std::string& strLine, unsigned long long nLine,
                      const CBatchOptions& options)
@@ -38,7 +62,8 @@ CLineResult DrawLine(CFormulaOut& formula, const std::string& strLine, unsigned 
     std::string strReason;
     try
     {
-        return Draw(formula, strLine, PathOf(nLine, options), options);
+        return Draw(formula, strLine, options.strDirectory + '/' + FileNameOf(nLine, options),
+                    options);
     }
     catch (const CFailure& failure)
     {
@@ -56,5 +81,5 @@ CLineResult DrawLine(CFormulaOut& formula, const std::string& strLine, unsigned 
         strReason = "out of memory";
     }
     TakeLibraryMessages();
-    return { OUTCOME_FAILED, strReason };
+    return { OUTCOME_FAILED, strReason, {} };
 }

@@ -2,16 +2,21 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "picture.h"
 
 struct CBatchOptions
 {
     std::string strDirectory;
-    const CPictureFormat* pFormat;
-    CPictureOptions picture;
+    CFileFormat format;
+    CDrawOptions draw;
+    std::vector<std::string> astrWords;  // the options as they could be typed
     bool bGreek = false;  // Greek letters are written out
 };
+
+// Throws CUsageError.
+CBatchOptions BatchOptionsOf(const CArguments& arguments);
 
 enum EOutcome : unsigned char
 {
@@ -25,7 +30,11 @@ struct CLineResult
 {
     EOutcome nOutcome = OUTCOME_DONE;
     std::string strMessage;  // empty if all went well
+    CPictureSize size{};     // of a picture that was made
 };
+
+// The name of the file for line nLine, in the folder.
+std::string FileNameOf(unsigned long long nLine, const CBatchOptions& options);
 
 // Draws line nLine (from 1) of the input.
 CLineResult DrawLine(CFormulaOut& formula, const std::string& strLine, unsigned long long nLine,

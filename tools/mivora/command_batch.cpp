@@ -1,9 +1,12 @@
 // batch: every line of a file into a file of its own.
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 #include "arguments.h"
 #include "batch_job.h"
 #include "interruption.h"
+#include "output_file.h"
+#include "platform/base/file.h"
 #include "report.h"
 #include "system_calls.h"
 #include "text_input.h"
@@ -58,14 +61,64 @@ private:
     bool m_bDirty = false;
 };
 
+// A line of JSON for each formula, in the order of the input.
+class CManifest
+{
+public:
+    // An empty path: there is none. Throws CFailure.
+    explicit CManifest(const std::string& strPath) : m_strPath(strPath)
+    {
+        if (!m_strPath.empty())
+            WriteOutput(m_strPath, "");  // before any work is done
+    }
+
+    void Add(unsigned long long nLine, const std::string& strText, const CLineResult& result,
+             const CBatchOptions& options)
+    {
+        if (m_strPath.empty())
+            return;
+        const bool bMade = result.nOutcome != OUTCOME_FAILED;
+        const bool bSize = bMade && result.size.nWidth > 0;
+        nlohmann::ordered_json json;
+        json["line"] = nLine;
+        json["file"] = bMade ? nlohmann::ordered_json(FileNameOf(nLine, options)) : nullptr;
+        json["text"] = strText;
+        json["size"] = nullptr;
+        json["depth"] = nullptr;
+        if (bSize)
+        {
+            json["size"] = { result.size.nWidth, result.size.nHeight };
+            json["depth"] = result.size.fDepth;
+        }
+        json["error"] = result.nOutcome == OUTCOME_DONE ? nlohmann::ordered_json(nullptr)
+                                                        : nlohmann::ordered_json(result.strMessage);
+        // What is no UTF-8 was refused, and is told with marks in its place.
+        m_strLines += json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+    }
+    // Throws CFailure.
+    void Finish()
+    {
+        if (!m_strPath.empty())
+            WriteOutput(m_strPath, m_strLines);
+    }
+
+private:
+    std::string m_strPath;
+    std::string m_strLines;
+};
+
 class CBatch
 {
 public:
-    explicit CBatch(CLineReader& reader) : m_reader(reader) {}
+    CBatch(CLineReader& reader, const CBatchOptions& options, const std::string& strManifest)
+        : m_reader(reader), m_options(options), m_manifest(strManifest)
+    {
+    }
 
     // Counts a result and tells what went wrong.
-    void Add(unsigned long long nLine, const CLineResult& result)
+    void Add(unsigned long long nLine, const std::string& strText, const CLineResult& result)
     {
+        m_manifest.Add(nLine, strText, result, m_options);
         (result.nOutcome == OUTCOME_FAILED ? m_nFailed : m_nDone) += 1;
         m_nSyntaxErrors += result.nOutcome == OUTCOME_SYNTAX_ERROR ? 1 : 0;
         m_bLeftOut = m_bLeftOut || result.nOutcome == OUTCOME_LEFT_OUT;
@@ -78,8 +131,8 @@ public:
     void Add(const CBlockResult& block)
     {
         unsigned long long nLine = block.nFirstLine;
-        for (const CLineResult& result : block.results)
-            Add(nLine++, result);
+        for (size_t n = 0; n < block.results.size(); ++n)
+            Add(nLine++, block.astrLines[n], block.results[n]);
         ShowProgress();
     }
     void ShowProgress() { m_progress.Show(m_reader, m_nDone + m_nFailed); }
@@ -88,6 +141,7 @@ public:
     {
         ShowProgress();
         m_progress.Wipe();
+        m_manifest.Finish();
         std::printf("%llu done, %llu with syntax errors, %llu failed\n", m_nDone, m_nSyntaxErrors,
                     m_nFailed);
         return m_nFailed > 0 || (bStrict && (m_nSyntaxErrors > 0 || m_bLeftOut)) ? STATUS_FAILED
@@ -96,6 +150,8 @@ public:
 
 private:
     CLineReader& m_reader;
+    const CBatchOptions& m_options;
+    CManifest m_manifest;
     CProgress m_progress;
     unsigned long long m_nDone = 0;  // with syntax errors too
     unsigned long long m_nSyntaxErrors = 0;
@@ -103,16 +159,12 @@ private:
     bool m_bLeftOut = false;
 };
 
-CBatchOptions OptionsOf(const CArguments& arguments)
+// One message, and not one for each line, where nothing can be written.
+void CheckFolder(const std::string& strFolder)
 {
-    CBatchOptions options;
-    options.strDirectory = arguments.Value(OPT_DIRECTORY);
-    options.bGreek = arguments.Has(OPT_GREEK);
-    options.pFormat = &FormatOfName(arguments.Value(OPT_FORMAT, "wmf"));
-    options.picture.nDpi = arguments.Number(OPT_DPI, options.picture.nDpi);
-    if (!options.pFormat->bDpi && arguments.Has(OPT_DPI))
-        throw CUsageError{ "--dpi is not for metafiles and stored formulas" };
-    return options;
+    const std::string strProbe = strFolder + "/.mivora-batch";
+    WriteOutput(strProbe, "");
+    CFile::Remove(strProbe.c_str());
 }
 
 void DrawHere(CLineReader& reader, CBatch& batch, const CBatchOptions& options)
@@ -121,7 +173,7 @@ void DrawHere(CLineReader& reader, CBatch& batch, const CBatchOptions& options)
     std::string strLine;
     for (unsigned long long nLine = 1; reader.Next(strLine) && !IsInterrupted(); ++nLine)
     {
-        batch.Add(nLine, DrawLine(formula, strLine, nLine, options));
+        batch.Add(nLine, strLine, DrawLine(formula, strLine, nLine, options));
         if (nLine % s_nLinesInBlock == 0)
             batch.ShowProgress();
     }
@@ -160,10 +212,11 @@ void DrawElsewhere(int nJobs, CLineReader& reader, CBatch& batch, const CBatchOp
 
 int RunBatch(const CArguments& arguments)
 {
-    const CBatchOptions options = OptionsOf(arguments);
+    const CBatchOptions options = BatchOptionsOf(arguments);
     CLineReader reader(*arguments.Operand());
     MakeFolder(options.strDirectory);
-    CBatch batch(reader);
+    CheckFolder(options.strDirectory);
+    CBatch batch(reader, options, arguments.Value(OPT_MANIFEST));
     NoteInterruption();
     const int nJobs = arguments.Number(OPT_JOBS, 1);
     if (nJobs == 1)

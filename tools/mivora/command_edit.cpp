@@ -108,6 +108,6 @@ int RunEdit(const CArguments& arguments)
     }
     PlayScript(strScript, arguments, formula);
     if (arguments.Has(OPT_STORE))
-        SaveStored(formula, arguments.Value(OPT_STORE), {});
+        SaveStored(formula, arguments.Value(OPT_STORE));
     return STATUS_DONE;
 }

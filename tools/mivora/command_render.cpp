@@ -1,11 +1,14 @@
-// render, comment and fonts.
+// render, comment and fonts, and measure for programs.
 #include <cstdio>
+#include <vector>
 
 #include "arguments.h"
 #include "font_list.h"
 #include "input_file.h"
 #include "interruption.h"
+#include "output_file.h"
 #include "picture.h"
+#include "picture/carried_text.h"
 #include "platform/base/code_page.h"
 #include "platform/gdi/dc.h"
 #include "report.h"
@@ -16,21 +19,19 @@ namespace
 {
 constexpr float s_fScale = 22.0F;  // as the library's C function gives sizes
 
-CPictureOptions OptionsOf(const CArguments& arguments, const CPictureFormat& format)
+void Form(CFormulaOut& formula, const CString& strText, CParseReport& report)
 {
-    CPictureOptions options;
-    options.nDpi = arguments.Number(OPT_DPI, options.nDpi);
-    options.bBoxes = arguments.Has(OPT_BOXES);
-    options.bGrayed = arguments.Has(OPT_GRAYED);
-    options.strSelect = arguments.Value(OPT_SELECT);
-    if (arguments.Has(OPT_SELECT) && options.strSelect.empty())
-        options.strSelect = ":";  // no path
-    if (!format.bDpi && (arguments.Has(OPT_DPI) || options.bBoxes))
-    {
-        throw CUsageError{ std::string(options.bBoxes ? "--boxes" : "--dpi") +
-                           " is not for metafiles and stored formulas" };
-    }
-    return options;
+    if (!FormTreeReporting(formula, strText, report))
+        throw CFailure{ TakeLibraryMessages() };
+}
+
+// Gives the exit status.
+int TellFindings(const CArguments& arguments, const CParseReport& report,
+                 const std::string& strTyped)
+{
+    std::fflush(stdout);
+    const bool bFound = WarnOfFindings(report, strTyped);
+    return bFound && arguments.Has(OPT_STRICT) ? STATUS_FAILED : STATUS_DONE;
 }
 
 void PrintSize(CFormulaOut& formula)
@@ -40,39 +41,84 @@ void PrintSize(CFormulaOut& formula)
     std::printf("%.9g %.9g\n", static_cast<double>(static_cast<float>(rect.Width()) * s_fScale),
                 static_cast<double>(static_cast<float>(rect.Height()) * s_fScale));
 }
+
+std::string ReadWhole(const std::string& strPath)
+{
+    CInputFile file(strPath);
+    std::string strBytes;
+    std::vector<char> buffer(65536);
+    while (const size_t nCount = file.Read(buffer.data(), buffer.size()))
+        strBytes.append(buffer.data(), nCount);
+    return strBytes;
+}
+
+std::string CommentOfMetafile(const std::string& strPath)
+{
+    CBinTree tree;
+    if (!tree.ReadMetafile(strPath.c_str()))
+        throw CFailure{ strPath + ": " + TakeLibraryMessages() };
+    return Utf8FromText(g_strMetaComment);
+}
 }  // namespace
 
 int RunRender(const CArguments& arguments)
 {
     const std::string strPath = arguments.Value(OPT_OUTPUT);
-    const CPictureFormat& format = FormatOfPath(strPath);
-    const CPictureOptions options = OptionsOf(arguments, format);
+    const CFileFormat format = FormatOf(arguments);
+    const CDrawOptions options = DrawOptionsOf(arguments, format);
     const std::string strTyped = TypedText(arguments);
     const CString strText = TextFromUtf8(strTyped);
 
     EndWhenInterrupted();
     CFormulaOut formula;
     CParseReport report;
-    if (!FormTreeReporting(formula, strText, report))
-        throw CFailure{ TakeLibraryMessages() };
-    WritePicture(formula, format, strPath, options);
-    PrintSize(formula);
-    std::fflush(stdout);
-    const bool bFound = WarnOfFindings(report, strTyped);
-    if (IsInterrupted())
-        return InterruptedStatus();
-    return bFound && arguments.Has(OPT_STRICT) ? STATUS_FAILED : STATUS_DONE;
+    Form(formula, strText, report);
+    const CPictureSize size = WriteFormula(formula, format, strPath, options);
+    if (arguments.Has(OPT_JSON))
+        std::printf("%s\n", SizeAsJson(size).c_str());
+    else if (strPath != s_szStandardOutput)
+        PrintSize(formula);
+    const int nStatus = TellFindings(arguments, report, strTyped);
+    return IsInterrupted() ? InterruptedStatus() : nStatus;
+}
+
+int MeasureAsJson(const CArguments& arguments)
+{
+    const CDrawOptions options = MeasureOptionsOf(arguments);
+    const std::string strTyped = TypedText(arguments);
+    CFormulaOut formula;
+    CParseReport report;
+    Form(formula, TextFromUtf8(strTyped), report);
+    ApplyLook(formula, options.look);
+    std::printf("%s\n", SizeAsJson(MeasurePicture(formula, options.picture)).c_str());
+    return TellFindings(arguments, report, strTyped);
 }
 
 int RunComment(const CArguments& arguments)
 {
     const std::string strPath = *arguments.Operand();
-    const CInputFile readable(strPath);  // tells a missing file apart from one that is no metafile
-    CBinTree tree;
-    if (!tree.ReadMetafile(strPath.c_str()))
-        throw CFailure{ strPath + ": " + TakeLibraryMessages() };
-    const std::string strText = Utf8FromText(g_strMetaComment) + "\n";
-    std::fwrite(strText.data(), 1, strText.size(), stdout);
+    const std::string strBytes = ReadWhole(strPath);
+    std::optional<std::string> source;
+    switch (CarrierOf(strBytes))
+    {
+        case CARRIER_PNG:
+        case CARRIER_SVG:
+        case CARRIER_PDF:
+            source = FindCarriedSource(strBytes);
+            if (!source)
+            {
+                throw CFailure{ strPath +
+                                ": no formula's text is in this picture; it was made "
+                                "without one, or a program took it out" };
+            }
+            break;
+        case CARRIER_BMP:
+            throw CFailure{ strPath + ": a .bmp holds no text" };
+        default:
+            source = CommentOfMetafile(strPath);
+    }
+    *source += "\n";
+    std::fwrite(source->data(), 1, source->size(), stdout);
     return STATUS_DONE;
 }
 

@@ -1,5 +1,6 @@
 // inspect, and layout of a stored formula.
 #include <cstdio>
+#include <optional>
 
 #include "arguments.h"
 #include "layout_form.h"
@@ -18,14 +19,16 @@ int Print(const std::string& strText)
 int RunInspect(const CArguments& arguments)
 {
     const std::string strOutput = arguments.Value(OPT_OUTPUT);
-    const CPictureFormat* pFormat = arguments.Has(OPT_OUTPUT) ? &FormatOfPath(strOutput) : nullptr;
+    std::optional<CFileFormat> format;
+    if (arguments.Has(OPT_OUTPUT))
+        format = CFileFormat::OfPath(strOutput);
     CFormulaOut formula;
     LoadStored(formula, *arguments.Operand());
     // Drawing puts signs and rectangles into the nodes: what is told is what was stored.
     const std::string strTold =
         arguments.Has(OPT_JSON) ? DescribeStoredAsJson(formula) : DescribeStored(formula);
-    if (pFormat != nullptr)
-        WritePicture(formula, *pFormat, strOutput, {});
+    if (format)
+        WriteFormula(formula, *format, strOutput, {});
     return Print(strTold);
 }
 

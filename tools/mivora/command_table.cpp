@@ -10,7 +10,7 @@ namespace
 // One row for each EOption, in its order.
 constexpr COption s_aOptions[] = {
     { OPT_OUTPUT, "o", "output", "FILE", VALUE_FILE, 0, 0, nullptr,
-      "Write the picture to FILE; its extension chooses the format" },
+      "Write the picture to FILE, or to standard output for -; its extension chooses the format" },
     { OPT_DPI, nullptr, "dpi", "N", VALUE_NUMBER, 10, 2400, nullptr, g_szDpiHelp },
     { OPT_BOXES, nullptr, "boxes", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Draw the rectangles of the nodes and their axes over the picture" },
@@ -30,7 +30,9 @@ constexpr COption s_aOptions[] = {
     { OPT_DIRECTORY, "d", "directory", "DIR", VALUE_FOLDER, 0, 0, nullptr,
       "Put the files into DIR" },
     { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, g_szFormats,
-      "Format and extension of the files (default wmf)", g_szFormatsElsewhere },
+      "Write this format, whatever the extension; the files of batch bear it as theirs (default "
+      "wmf)",
+      g_szFormatsElsewhere },
     { OPT_JOBS, nullptr, "jobs", "N", VALUE_NUMBER, 1, 256, nullptr,
       "Work with N processes (default 1)" },
     { OPT_FML, nullptr, "fml", "FILE", VALUE_FILE, 0, 0, nullptr,
@@ -44,6 +46,27 @@ constexpr COption s_aOptions[] = {
       "Size of the window in pixels (default 300x200)" },
     { OPT_READ_ONLY, nullptr, "read-only", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Begin with a control that refuses editing" },
+    { OPT_POINTS, nullptr, "size", "POINTS", VALUE_NUMBER, 4, 400, nullptr,
+      "Size of the text in points (default 12)" },
+    { OPT_FONT, nullptr, "font", "FACE", VALUE_TEXT, 0, 0, nullptr,
+      "Face of letters, figures and names (default Times New Roman)" },
+    { OPT_COLOR, nullptr, "color", "COLOUR", VALUE_TEXT, 0, 0, nullptr,
+      "Colour of the formula: a name, #rgb or #rrggbb; currentColor in a .svg takes that of the "
+      "text around it" },
+    { OPT_BACKGROUND, nullptr, "background", "COLOUR", VALUE_TEXT, 0, 0, nullptr,
+      "Colour behind the formula (default white)" },
+    { OPT_TRANSPARENT, nullptr, "transparent", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Put no colour behind the formula" },
+    { OPT_MARGIN, nullptr, "margin", "N", VALUE_NUMBER, 0, 10000, nullptr,
+      "Leave N pixels free on each side (default 0)" },
+    { OPT_EXACT, nullptr, "exact", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Keep to the formula's rectangle, and cut what stands out of it" },
+    { OPT_EMBED, nullptr, "embed", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Put the text into the comment of a metafile too" },
+    { OPT_NO_EMBED, nullptr, "no-embed", nullptr, VALUE_NONE, 0, 0, nullptr,
+      "Leave the text out of the picture" },
+    { OPT_MANIFEST, nullptr, "manifest", "FILE", VALUE_FILE, 0, 0, nullptr,
+      "Write a line of JSON for each formula to FILE" },
     { OPT_HELP, nullptr, "help", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Show this help; also -h, where that is no TEXT" },
 };
@@ -53,11 +76,18 @@ constexpr EOption s_aRequiredRender[] = { OPT_OUTPUT };
 constexpr EOption s_aRequiredBatch[] = { OPT_DIRECTORY };
 constexpr EOption s_aRequiredEdit[] = { OPT_SCRIPT };
 
-constexpr EOption s_aRender[] = { OPT_OUTPUT, OPT_DPI,   OPT_BOXES,  OPT_GRAYED,
-                                  OPT_SELECT, OPT_GREEK, OPT_STRICT, OPT_HELP };
-constexpr EOption s_aBatch[] = { OPT_DIRECTORY, OPT_FORMAT, OPT_DPI, OPT_JOBS,
-                                 OPT_GREEK,     OPT_STRICT, OPT_HELP };
-constexpr EOption s_aSingle[] = { OPT_GREEK, OPT_STRICT, OPT_HELP };
+constexpr EOption s_aRender[] = { OPT_OUTPUT, OPT_FORMAT, OPT_DPI,        OPT_POINTS,
+                                  OPT_FONT,   OPT_COLOR,  OPT_BACKGROUND, OPT_TRANSPARENT,
+                                  OPT_MARGIN, OPT_EXACT,  OPT_BOXES,      OPT_GRAYED,
+                                  OPT_SELECT, OPT_EMBED,  OPT_NO_EMBED,   OPT_JSON,
+                                  OPT_GREEK,  OPT_STRICT, OPT_HELP };
+constexpr EOption s_aBatch[] = { OPT_DIRECTORY, OPT_FORMAT,   OPT_DPI,        OPT_POINTS,
+                                 OPT_FONT,      OPT_COLOR,    OPT_BACKGROUND, OPT_TRANSPARENT,
+                                 OPT_MARGIN,    OPT_EXACT,    OPT_GRAYED,     OPT_EMBED,
+                                 OPT_NO_EMBED,  OPT_MANIFEST, OPT_JOBS,       OPT_GREEK,
+                                 OPT_STRICT,    OPT_HELP };
+constexpr EOption s_aMeasure[] = { OPT_JSON,  OPT_DPI,   OPT_POINTS, OPT_FONT, OPT_MARGIN,
+                                   OPT_EXACT, OPT_GREEK, OPT_STRICT, OPT_HELP };
 constexpr EOption s_aLines[] = { OPT_LINES, OPT_HEX, OPT_GREEK, OPT_STRICT, OPT_HELP };
 constexpr EOption s_aLayout[] = { OPT_FML, OPT_LINES, OPT_HEX, OPT_GREEK, OPT_STRICT, OPT_HELP };
 constexpr EOption s_aInspect[] = { OPT_JSON, OPT_OUTPUT, OPT_HELP };
@@ -89,10 +119,13 @@ constexpr CCommand s_aCommands[] = {
       OPERAND_TEXT,
       "TEXT",
       {},
-      s_aSingle,
+      s_aMeasure,
       "tell the size of a formula",
       "Prints left, top, right and bottom in pixels of the screen, a tab, the same in hundredths "
-      "of an inch (y upwards), a tab, and the axis: its distance from the top in pixels.",
+      "of an inch (y upwards), a tab, and the axis: its distance from the top in pixels.\n"
+      "With --json it tells how large a picture would be, and how it stands in a line of text: "
+      "width and height, axis (from the top to the middle of a plus sign) and depth (from the "
+      "line that letters stand on to the bottom), in pixels and in em.",
       {},
       RunMeasure },
     { "tree",
@@ -146,8 +179,9 @@ constexpr CCommand s_aCommands[] = {
       "FILE",
       {},
       s_aPlain,
-      "show the text that a metafile carries",
-      "Prints the text in the comment of an enhanced metafile.",
+      "show the text that a picture was made from",
+      "Prints the text in the comment of an enhanced metafile, or the one inside a .svg, .png or "
+      ".pdf.",
       {},
       RunComment },
     { "inspect",

@@ -27,6 +27,16 @@ enum EOption
     OPT_STORE,
     OPT_SIZE,
     OPT_READ_ONLY,
+    OPT_POINTS,
+    OPT_FONT,
+    OPT_COLOR,
+    OPT_BACKGROUND,
+    OPT_TRANSPARENT,
+    OPT_MARGIN,
+    OPT_EXACT,
+    OPT_EMBED,
+    OPT_NO_EMBED,
+    OPT_MANIFEST,
     OPT_HELP,
     OPT_COUNT
 };
@@ -117,6 +127,9 @@ int RunEdit(const CArguments& arguments);
 int RunMathML(const CArguments& arguments);
 int RunLatex(const CArguments& arguments);
 int RunSpeak(const CArguments& arguments);
+
+// What measure does with --json.
+int MeasureAsJson(const CArguments& arguments);
 
 // What layout does with --fml.
 int LayOutStored(const CArguments& arguments);

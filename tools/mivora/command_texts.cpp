@@ -105,7 +105,8 @@ CAnswer AnswerCalc(CFormulaOut& formula, const CString& strText, bool)
 
 int RunMeasure(const CArguments& arguments)
 {
-    return AnswerTexts(arguments, AnswerMeasure);
+    return arguments.Has(OPT_JSON) ? MeasureAsJson(arguments)
+                                   : AnswerTexts(arguments, AnswerMeasure);
 }
 
 int RunTree(const CArguments& arguments)

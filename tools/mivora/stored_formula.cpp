@@ -78,7 +78,7 @@ std::string OtherKind(const std::string& strPath)
 }
 }  // namespace
 
-void SaveStored(CFormulaOut& formula, const std::string& strPath, const CPictureOptions&)
+void SaveStored(CFormulaOut& formula, const std::string& strPath)
 {
     CStoredDoc doc(formula);
     if (!doc.DoSave(strPath.c_str()))

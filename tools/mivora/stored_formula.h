@@ -4,11 +4,10 @@
 
 #include <string>
 
-#include "picture.h"
 #include "service/formula_out.h"
 
 // Both throw CFailure. What is loaded stands as it was stored: nothing is parsed or reformatted.
-void SaveStored(CFormulaOut& formula, const std::string& strPath, const CPictureOptions& options);
+void SaveStored(CFormulaOut& formula, const std::string& strPath);
 void LoadStored(CFormulaOut& formula, const std::string& strPath);
 
 // Text, rectangle, name, tree and format: a line each, or one line of JSON; with line breaks.

@@ -31,6 +31,7 @@ bool SendResult(CBytePipe& pipe, const CLineResult& result)
 {
     std::string strMessage(1, static_cast<char>(result.nOutcome));
     AppendText(strMessage, result.strMessage);
+    strMessage.append(reinterpret_cast<const char*>(&result.size), sizeof result.size);
     return pipe.Write(strMessage.data(), strMessage.size());
 }
 }  // namespace
@@ -63,8 +64,11 @@ bool SendBlock(CBytePipe& pipe, const CBlock& block, size_t nSkip)
 bool ReceiveResult(CBytePipe& pipe, CLineResult& result)
 {
     unsigned char nOutcome = OUTCOME_DONE;
-    if (!pipe.Read(&nOutcome, sizeof nOutcome) || !ReceiveText(pipe, result.strMessage))
+    if (!pipe.Read(&nOutcome, sizeof nOutcome) || !ReceiveText(pipe, result.strMessage) ||
+        !pipe.Read(&result.size, sizeof result.size))
+    {
         return false;
+    }
     result.nOutcome = static_cast<EOutcome>(nOutcome);
     return true;
 }

@@ -47,7 +47,7 @@ void CWorkerPool::Submit(CBlock block)
 // rest of the block is drawn by the next one. After an interruption nobody draws the rest.
 void CWorkerPool::Collect(CWorker& worker)
 {
-    CBlockResult result{ worker.block.nFirstLine, {} };
+    CBlockResult result{ worker.block.nFirstLine, {}, {} };
     const size_t nLines = worker.block.astrLines.size();
     while (result.results.size() < nLines)
     {
@@ -58,13 +58,14 @@ void CWorkerPool::Collect(CWorker& worker)
         {
             if (IsInterrupted())
                 break;
-            line = { OUTCOME_FAILED, worker.pProcess->End() };
+            line = { OUTCOME_FAILED, worker.pProcess->End(), {} };
             Start(worker);
             SendBlock(*worker.pProcess, worker.block, result.results.size() + 1);
         }
         result.results.push_back(line);
     }
     worker.bBusy = false;
+    result.astrLines = std::move(worker.block.astrLines);
     worker.block = CBlock();
     m_finished[worker.nBlock] = std::move(result);
 }

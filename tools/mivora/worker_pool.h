@@ -13,6 +13,7 @@
 struct CBlockResult
 {
     unsigned long long nFirstLine = 1;
+    std::vector<std::string> astrLines;  // as they were submitted
     std::vector<CLineResult> results;
 };
 

@@ -5,6 +5,7 @@
 #include "platform/gdi/gdi.h"
 
 #include <span>
+#include <vector>
 
 // CreateFontIndirectA; the faces of the library are to be had.
 HFONT CreateFaceFont(const LOGFONTA* pFont);
@@ -18,6 +19,8 @@ bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, 
 // still be measured.
 bool CanDrawLetters(HDC hDC);
 
+// A metafile as its file is; empty, and the last error set, if memory is short.
+std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile);
 // Writes a metafile's bytes: all of them, or the file stays as it was. FALSE, and the last error
 // set, for failure. Equal pictures give equal bytes.
 BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile);

@@ -1,13 +1,15 @@
 #include "platform_texts.h"
 
-const char g_szFormats[] = "wmf emf bmp png fml";
-const char g_szFormatsElsewhere[] = "svg pdf";
-const char g_szDpiHelp[] = "Resolution of a .bmp or .png in dots per inch (default 96)";
+const char g_szFormats[] = "wmf emf bmp png svg fml";
+const char g_szFormatsElsewhere[] = "pdf";
+const char g_szDpiHelp[] =
+    "Resolution of a .bmp or .png in dots per inch (default 96); a .svg is enlarged in the same "
+    "proportion";
 const char g_szRenderDescription[] =
     "Draws the formula into FILE. The extension of FILE chooses the format: .wmf or .emf "
-    "(enhanced metafile), .bmp or .png, or .fml for a stored formula, which holds text, tree and "
-    "format; .svg and .pdf are made on Linux only. Prints the width and the height, each 22 "
-    "times the size in pixels of the screen.\n"
+    "(enhanced metafile), .bmp, .png or .svg, or .fml for a stored formula, which holds text, tree "
+    "and format; .pdf is made on Linux only. Prints the width and the height, each 22 times the "
+    "size in pixels of the screen.\n"
     "A syntax error is a warning: the text is shown with a mark under the place, and the part "
     "before it is drawn.";
 

@@ -6,7 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <optional>
 
+#include "arguments.h"
 #include "interruption.h"
 #include "platform/base/win32/wide_text.h"
 #include "report.h"
@@ -150,27 +152,29 @@ HANDLE InheritedHandle(const char* pszNumber)
 std::string OptionsMessage(const CBatchOptions& options)
 {
     std::string strMessage;
-    AppendText(strMessage, options.strDirectory);
-    AppendText(strMessage, options.pFormat->pszExtension);
-    AppendText(strMessage, std::to_string(options.picture.nDpi));
-    AppendText(strMessage, options.bGreek ? "1" : "");
+    AppendText(strMessage, std::to_string(options.astrWords.size()));
+    for (const std::string& strWord : options.astrWords)
+        AppendText(strMessage, strWord);
     return strMessage;
 }
 
-bool ReceiveOptions(CBytePipe& pipe, CBatchOptions& options)
+// The parent has checked the words; none if it is gone.
+std::optional<CBatchOptions> ReceiveOptions(CBytePipe& pipe)
 {
-    std::string strFormat;
-    std::string strDpi;
-    std::string strGreek;
-    if (!ReceiveText(pipe, options.strDirectory) || !ReceiveText(pipe, strFormat) ||
-        !ReceiveText(pipe, strDpi) || !ReceiveText(pipe, strGreek))
+    std::string strCount;
+    if (!ReceiveText(pipe, strCount))
+        return std::nullopt;
+    std::vector<std::string> astrWords(std::strtoul(strCount.c_str(), nullptr, 10));
+    std::vector<const char*> apszWords;
+    for (std::string& strWord : astrWords)
     {
-        return false;
+        if (!ReceiveText(pipe, strWord))
+            return std::nullopt;
+        apszWords.push_back(strWord.c_str());
     }
-    options.pFormat = &FormatOfName(strFormat);
-    options.picture.nDpi = std::atoi(strDpi.c_str());
-    options.bGreek = !strGreek.empty();
-    return true;
+    apszWords.push_back("-");  // a batch needs an input
+    return BatchOptionsOf(CArguments::Parse(*FindCommand("batch"),
+                                            static_cast<int>(apszWords.size()), apszWords.data()));
 }
 }  // namespace
 
@@ -361,8 +365,7 @@ int RunWorker(const char* pszFrom, const char* pszTo)
     KeepLibraryMessages();
     IgnoreInterruption();
     CPipeToParent pipe(InheritedHandle(pszFrom), InheritedHandle(pszTo));
-    CBatchOptions options;
-    if (ReceiveOptions(pipe, options))
-        Work(pipe, options);
+    if (const std::optional<CBatchOptions> options = ReceiveOptions(pipe))
+        Work(pipe, *options);
     return 0;
 }

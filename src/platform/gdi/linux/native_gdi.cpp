@@ -30,6 +30,13 @@ bool CanDrawLetters(HDC)
     return true;
 }
 
+std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
+{
+    std::vector<BYTE> bytes(GetEnhMetaFileBits(hMetaFile, 0, nullptr));
+    GetEnhMetaFileBits(hMetaFile, static_cast<UINT>(bytes.size()), bytes.data());
+    return bytes;
+}
+
 BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
 {
     const HENHMETAFILE hCopy = CopyEnhMetaFileA(hMetaFile, pszFile);

@@ -300,17 +300,21 @@ bool CanDrawLetters(HDC hDC)
     return std::fabs(fWidth * fHeight) <= MOST_PIXELS;
 }
 
-BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
+std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
 {
     return WithErrors(
         [=]
         {
             std::vector<BYTE> bytes = BytesOf(hMetaFile);
-            if (bytes.empty())
-                return FALSE;
             ForEachRecord(std::span<BYTE>(bytes), ClearBehindFace);
-            return WriteWhole(bytes, pszFile);
+            return bytes;
         });
+}
+
+BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
+{
+    const std::vector<BYTE> bytes = EnhMetaFileBytes(hMetaFile);
+    return !bytes.empty() && WithErrors([&] { return WriteWhole(bytes, pszFile); });
 }
 
 HENHMETAFILE MakeEnhMetaFile(std::span<const BYTE> bytes)

@@ -1,0 +1,61 @@
+#include "picture/metafile.h"
+
+#include <utility>
+#include <vector>
+
+#include "picture/failure.h"
+#include "platform/base/code_page.h"
+#include "platform/gdi/native_gdi.h"
+#include "service/metafile_comment.h"
+#include "service/tree_metafile.h"
+#include "tree/bin_tree.h"
+
+namespace
+{
+// The comment of the process, for the time of a block.
+class CCommentScope
+{
+public:
+    explicit CCommentScope(CString strComment)
+        : m_strOld(std::exchange(g_strMetaComment, std::move(strComment)))
+    {
+    }
+    ~CCommentScope() { g_strMetaComment = m_strOld; }
+    CCommentScope(const CCommentScope&) = delete;
+    CCommentScope& operator=(const CCommentScope&) = delete;
+
+private:
+    CString m_strOld;
+};
+
+CString CommentOf(const std::string& strSource)
+{
+    std::string strText;
+    size_t nBad = 0;
+    if (!Utf8ToWindows1252(strSource, &strText, &nBad))
+        throw CPictureFailure{ "the text has characters that the comment cannot hold" };
+    if (strText.find('\0') != std::string::npos)
+        throw CPictureFailure{ "the text holds a NUL, where the comment of a metafile ends" };
+    if (strText.ends_with('\''))
+        strText += '\'';  // reading takes one off
+    return CString(strText.data(), static_cast<int>(strText.size()));
+}
+
+std::string Bytes(CBinTree& tree)
+{
+    const HENHMETAFILE hMetafile = RecordMetafile(tree);
+    const std::vector<BYTE> bytes = EnhMetaFileBytes(hMetafile);
+    DeleteEnhMetaFile(hMetafile);
+    if (bytes.empty())
+        throw CPictureFailure{ "the system made no metafile" };
+    return { bytes.begin(), bytes.end() };
+}
+}  // namespace
+
+std::string MetafileBytes(CBinTree& tree, const std::string& strSource)
+{
+    if (strSource.empty())
+        return Bytes(tree);
+    const CCommentScope comment(CommentOf(strSource));
+    return Bytes(tree);
+}

@@ -1,0 +1,15 @@
+#include "picture/formats.h"
+
+namespace
+{
+constexpr CPictureFormat s_aFormats[] = {
+    { "wmf", false, MakeMetafile }, { "emf", false, MakeMetafile },
+    { "bmp", true, MakeBmp },       { "png", true, MakePng },
+    { "svg", true, MakeSvg },       { "pdf", true, nullptr, "is made on Linux only" },
+};
+}  // namespace
+
+std::span<const CPictureFormat> PictureFormats()
+{
+    return s_aFormats;
+}

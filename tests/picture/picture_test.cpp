@@ -1,0 +1,124 @@
+// Pictures as bytes: the library's metafile, any tree, and a formula on a host's own device.
+#include "picture/picture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "native/effort.h"
+#include "nodes/node.h"
+#include "nodes/random_tree.h"
+#include "platform/base/code_page.h"
+#include "service/canvas.h"
+#include "service/metafile_comment.h"
+#include "service/service_helpers.h"
+
+namespace
+{
+using CPictureTest = CServiceTest;
+
+const CPictureFormat& Format(const char* pszName)
+{
+    return *FindPictureFormat(pszName);
+}
+
+TEST_F(CPictureTest, MetafilesAreTheLibrarysFiles)
+{
+    CFormulaOut written;  // painting leaves widths of fonts in a tree: each has one of its own
+    CFormulaOut made;
+    written.FormTree("sqr(x+1)/2");
+    made.FormTree("sqr(x+1)/2");
+    ASSERT_TRUE(written.WriteFormulaToWMF(File("x.wmf")));
+    EXPECT_TRUE(MakePicture(made, Format("emf"), {}).strBytes == ReadWhole(File("x.wmf")));
+}
+
+// The comment of the process is as before, and apostrophes at the end come back.
+TEST_F(CPictureTest, MetafilesCarryTheSourceWhenAsked)
+{
+    CFormulaOut formula;
+    formula.FormTree("a");
+    g_strMetaComment = "kept";
+    for (const char* pszSource : { "a/b", "a'", "''", "abc'", "\xC3\xA4" })
+    {
+        CPictureOptions options;
+        options.strSource = pszSource;
+        WriteWhole(File("x.wmf"), MakePicture(formula, Format("wmf"), options).strBytes);
+        EXPECT_EQ(g_strMetaComment, CString("kept"));
+        ASSERT_TRUE(formula.ReadFormulaFromWMF(File("x.wmf")));
+        EXPECT_EQ(Windows1252ToUtf8(formula.m_strFormula.View()), pszSource);
+        g_strMetaComment = "kept";
+    }
+}
+
+TEST_F(CPictureTest, AnyTreeHasAPictureOrAReason)
+{
+    for (unsigned nSeed = 0; nSeed < std::max(120 * TEST_EFFORT / 100, 12U); ++nSeed)
+    {
+        CRandomTree random(nSeed, { 30, nSeed % 3 == 0 });
+        CFormulaOut formula;
+        formula.m_Tree.SetRootNode(random.GetRoot());
+        for (const CPictureFormat& format : PictureFormats())
+        {
+            CPictureOptions options;
+            options.bBoxes = nSeed % 2 == 0;
+            options.bTransparent = nSeed % 5 == 0;
+            if (format.pfnMake == nullptr || (format.bLook && nSeed % 3 == 0 && nSeed % 4 != 0))
+                continue;  // absurd sizes are slow to draw
+            try
+            {
+                EXPECT_FALSE(MakePicture(formula, format, options).strBytes.empty());
+            }
+            catch (const CPictureFailure& failure)
+            {
+                EXPECT_FALSE(failure.strReason.empty());
+            }
+        }
+        formula.m_Tree.SetRootNode(nullptr);  // not its own
+    }
+}
+
+TEST_F(CPictureTest, AHostsGroundStays)
+{
+    constexpr COLORREF s_crGround = RGB(1, 2, 3);
+    const CRect all(0, 0, 80, 50);
+    CFormulaOut formula;
+    formula.FormTree("f(x)/2");
+    CPictureOptions red;
+    red.colour = RGB(255, 0, 0);
+    for (const bool bAsPicture : { false, true })
+    {
+        CCanvas canvas(all.right, all.bottom);
+        canvas.m_dc.FillSolidRect(&all, s_crGround);
+        canvas.m_dc.SetTextColor(RGB(9, 9, 9));
+        formula.m_Tree.SetSelectionMode(static_cast<int>(PF_NO_FILL));
+        if (bAsPicture)
+            DrawPicture(&canvas.m_dc, CPoint(8, 9), formula, red);
+        else
+            formula.DrawTree(&canvas.m_dc, CRect(8, 9, 0, 0));
+        int nGround = 0;
+        int nInk = 0;
+        for (const COLORREF colour : canvas.Pixels())
+        {
+            EXPECT_NE(colour, GetSysColor(COLOR_WINDOW));
+            nGround += colour == s_crGround ? 1 : 0;
+            nInk += colour == (bAsPicture ? *red.colour : 0U) ? 1 : 0;
+        }
+        EXPECT_GT(nGround, all.right * all.bottom / 2);
+        EXPECT_GT(nInk, 10);
+        EXPECT_EQ(canvas.m_dc.GetTextColor(), bAsPicture ? RGB(9, 9, 9) : 0U);
+    }
+}
+
+TEST_F(CPictureTest, TooLargeIsAReason)
+{
+    CFormulaOut formula;
+    formula.FormTree(CString('a', 9000));  // letters of 8 pixels
+    for (const char* pszName : { "png", "bmp" })
+        EXPECT_THROW(MakePicture(formula, Format(pszName), {}), CPictureFailure);
+    EXPECT_GT(MakePicture(formula, Format("svg"), {}).size.nWidth, 32767);
+    formula.FormTree("a");
+    CPictureOptions wide;
+    wide.nMargin = 10000;
+    EXPECT_THROW(MakePicture(formula, Format("png"), wide), CPictureFailure);
+}
+}  // namespace
