@@ -1,4 +1,5 @@
-// Any bytes as a metafile: enumerated from memory, and read from a file for its comment.
+// Any bytes as a metafile, enumerated from memory and read from a file for its comment, and as a
+// picture of another kind that may carry a formula's text.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -8,6 +9,7 @@
 #include <span>
 #include <string>
 
+#include "picture/carried_text.h"
 #include "platform/gdi/native_gdi.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
@@ -56,6 +58,7 @@ void ReadAsFile(const std::uint8_t* pData, std::size_t nSize)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
 {
     BeQuiet();
+    FindCarriedSource({ reinterpret_cast<const char*>(pData), nSize });
     if (HENHMETAFILE hMetafile = MakeEnhMetaFile(std::span(pData, nSize)))
     {
         unsigned nSum = 0;
