@@ -275,8 +275,9 @@ void ExpectNear(const CRect& box, const CRect& expected, const char* pszCase)
     EXPECT_NEAR(box.bottom, expected.bottom, 1) << pszCase;
 }
 
-// Ink of a glyph by its bounding box in the font file (units of 2048 to the em), at 100 pixels to
-// the em; the base line lies at the cell's top plus the ascent.
+// Ink of a glyph by its bounding box in the font file, that of "Symbol" in its published metrics
+// (units of 2048 to the em), at 100 pixels to the em; the base line lies at the cell's top plus the
+// ascent.
 TEST(BitmapText, StandsOnTheBaseLineAtItsSize)
 {
     const struct
@@ -291,10 +292,10 @@ TEST(BitmapText, StandsOnTheBaseLineAtItsSize)
         { "H", FontOf("Times New Roman", -100), 'H', 89, 59, 0, 1419, 1341, 1 },
         { "f slanted", FontOf("Times New Roman", -100, 0, 400, true), 'f', 89, 23, -436, 805, 1442,
           1 },
-        { "sum", FontOf("Symbol", -100), '\xE5', 101, 0, -204, 1425, 1519, 1 },
-        { "radical", FontOf("Symbol", -100), '\xD6', 101, 1, -86, 1118, 1949, 1 },
+        { "sum", FontOf("Symbol", -100), '\xE5', 101, 29, -252, 1423, 1540, 1 },
+        { "radical", FontOf("Symbol", -100), '\xD6', 101, 20, -72, 1055, 1870, 1 },
         // The average width is 59: the bracket is drawn twice as wide.
-        { "wide bracket", FontOf("Symbol", -100, 118), '(', 101, 1, -421, 554, 1416, 2 },
+        { "wide bracket", FontOf("Symbol", -100, 118), '(', 101, 109, -352, 614, 1393, 2 },
         { "h bar", FontOf("MT Extra", -100), 'h', 93, 99, 0, 1131, 1556, 1 },
     };
     for (const auto& c : aCases)
