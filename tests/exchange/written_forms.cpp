@@ -77,7 +77,7 @@ void PrintRandom(int nCount)
 
 void PrintFile(const char* pszPath, void (*pfnPrint)(const std::string&))
 {
-    std::ifstream lines(pszPath);
+    std::ifstream lines(pszPath, std::ios::binary);  // code 0x1A is a character like others
     if (!lines)
         throw std::runtime_error(std::string("cannot open ") + pszPath);
     for (std::string strLine; std::getline(lines, strLine);)
