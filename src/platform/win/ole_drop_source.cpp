@@ -95,7 +95,8 @@ bool WaitForStart(HWND hWnd, const CRect& rectStart)
         const DWORD nWaited = GetTickCount() - nBegin;
         if (eStart != EStart::waiting || nWaited >= nDelay)
             return eStart != EStart::givenUp;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, nDelay - nWaited, QS_MOUSE | QS_KEY | QS_SENDMESSAGE);
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, nDelay - nWaited,
+                                  QS_MOUSE | QS_KEY | QS_SENDMESSAGE);
     }
     return false;
 }

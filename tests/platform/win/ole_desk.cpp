@@ -231,13 +231,13 @@ void CHand::Do(char c)
         case 'R':
             return SendMouse(MOUSEEVENTF_RIGHTUP);
         case 's':
-            return MoveTo(s_sourcePoint);
+            return Go(s_sourcePoint);
         case 't':
-            return MoveTo(s_targetPoint);
+            return Go(s_targetPoint);
         case 'o':
-            return MoveTo(s_nowhere);
+            return Go(s_nowhere);
         case 'm':
-            return MoveTo({ s_sourcePoint.x + 3, s_sourcePoint.y });
+            return Go({ s_sourcePoint.x + 3, s_sourcePoint.y });
         case 'c':
             m_bControl = true;
             return SendKey(VK_CONTROL, true);
@@ -255,13 +255,15 @@ void CHand::Do(char c)
 
 void CHand::MoveTo(POINT to)
 {
-    POINT from{};
-    GetCursorPos(&from);
-    if (from.x == to.x && from.y == to.y)
-        from.x += 2;  // a move all the same
-    for (const POINT point : { POINT{ (from.x + to.x) / 2, (from.y + to.y) / 2 }, to })
-        SendMessageTimeoutA(m_hMover, WM_APP, point.x, point.y, SMTO_NORMAL, 2000, nullptr);
+    for (const LONG x : { to.x + 1, to.x })  // a move in any case
+        SendMessageTimeoutA(m_hMover, WM_APP, x, to.y, SMTO_NORMAL, 2000, nullptr);
     m_at = to;
+}
+
+void CHand::Go(POINT to)
+{
+    MoveTo(to);
+    WaitFor([] { return true; });
 }
 
 // For a while, since late news of the X server may still move the cursor back, or let go of keys.
@@ -315,13 +317,15 @@ void CTestTarget::Log(char c)
 
 DROPEFFECT CTestTarget::OnDragScroll(CWnd*, DWORD, CPoint)
 {
-    ++m_nAsked;
+    m_bOver = true;
     return m_eManner == scrolls ? DROPEFFECT_SCROLL | DROPEFFECT_COPY : DROPEFFECT_NONE;
 }
 
 DROPEFFECT CTestTarget::Answer(COleDataObject* pDataObject, DWORD nKeys) const
 {
-    if (m_eManner == refuses || !pDataObject->IsDataAvailable(TestFormat()))
+    const bool bRefused = m_eManner == refuses || (m_eManner == refusesTheLastOver &&
+                                                   (nKeys & (MK_LBUTTON | MK_RBUTTON)) == 0);
+    if (bRefused || !pDataObject->IsDataAvailable(TestFormat()))
         return DROPEFFECT_NONE;
     return nKeys & MK_CONTROL ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
 }
@@ -360,6 +364,12 @@ BOOL CTestTarget::OnDrop(CWnd* pWnd, COleDataObject* pDataObject, DROPEFFECT, CP
     if (m_eManner == destroysAtDrop)
         pWnd->DestroyWindow();
     return m_eManner != refusesDrop;
+}
+
+void CTestTarget::OnDragLeave(CWnd*)
+{
+    Log('L');
+    m_bOver = false;
 }
 
 void CTestTarget::Revoke()

@@ -61,6 +61,7 @@ private:
     void Play(std::string_view script);
     void Do(char c);
     void MoveTo(POINT to);
+    void Go(POINT to);
     void WaitFor(const FCondition& condition);
 
     FCondition m_isGoing;
@@ -107,6 +108,7 @@ public:
         usual,
         refuses,
         refusesDrop,
+        refusesTheLastOver,
         copiesInDropEx,
         scrolls,
         throwsAtOver,
@@ -120,7 +122,7 @@ public:
     DROPEFFECT OnDragOver(CWnd*, COleDataObject*, DWORD nKeys, CPoint) override;
     BOOL OnDrop(CWnd*, COleDataObject*, DROPEFFECT, CPoint) override;
     DROPEFFECT OnDropEx(CWnd*, COleDataObject*, DROPEFFECT, DROPEFFECT, CPoint) override;
-    void OnDragLeave(CWnd*) override { Log('L'); }
+    void OnDragLeave(CWnd*) override;
     DROPEFFECT OnDragScroll(CWnd*, DWORD, CPoint) override;
     void Revoke() override;
 
@@ -128,8 +130,8 @@ public:
     DWORD m_nKeys = 0;
     CPoint m_point;
     DROPEFFECT m_nList = 0;
-    bool m_bSame = false;           // the block came to the byte
-    std::atomic<int> m_nAsked = 0;  // where the data are
+    bool m_bSame = false;               // the block came to the byte
+    std::atomic<bool> m_bOver = false;  // where the data are
 
 private:
     void Log(char c);

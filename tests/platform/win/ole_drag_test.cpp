@@ -53,7 +53,7 @@ struct CDragged
     COleDataSource data;
     CTestSource source;
     DROPEFFECT nResult = s_nAny;
-    bool bEnded = false;
+    std::atomic<bool> bEnded = false;
 };
 
 struct SDragCase
@@ -77,6 +77,7 @@ const SDragCase s_aDragCases[] = {
     { "WithTheRightButton", "srm?t.R", T::usual, s_nBoth, s_nMove, s_nMove, "EOXD" },
     { "DroppedNowhere", "slm?t.oL", T::usual, s_nBoth, s_nMove, s_nNone, "EOL" },
     { "Refused", "slm?t.L", T::refuses, s_nBoth, s_nNone, s_nNone, "EOL" },
+    { "RefusedAtTheEnd", "slm?t.L", T::refusesTheLastOver, s_nBoth, s_nMove, s_nNone, "EOXL" },
     { "RefusedAtTheDrop", "slm?t.L", T::refusesDrop, s_nBoth, s_nMove, s_nNone, "EOXD" },
     { "MoveOfWhatMayBeCopied", "slm?t.L", T::usual, s_nCopy, s_nCopy, s_nCopy, "EOXD" },
     { "CopyOfWhatMayBeMoved", "slm?t!c.cL", T::usual, s_nMove, s_nNone, s_nNone, "EOL" },
@@ -97,7 +98,7 @@ TEST_F(OleDrag, GoesAsTheHandAndTheTargetSay)
         CTestTarget target(&m_target, expected.eManner);
         const auto isThere = [&]
         {
-            return target.m_nAsked > 0;
+            return target.m_bOver.load();
         };
         const auto isAnswered = [&]
         {
@@ -128,14 +129,15 @@ TEST_F(OleDrag, BeginsWhereItMay)
         { "sl?e", "9000", CRect(0, 0, 0, 0), true },
         { "slm?e", "9000", CRect(200, 200, 201, 201), true },
         { "sl?e", "100", CRect(190, 190, 210, 210), true },
-        { "slL", "9000", CRect(190, 190, 210, 210), false },
-        { "sle", "9000", CRect(190, 190, 210, 210), false },
+        { "slL.", "9000", CRect(190, 190, 210, 210), false },
+        { "sle.", "9000", CRect(190, 190, 210, 210), false },
     };
     for (const auto& expected : aCases)
     {
         WriteProfileStringA("windows", "DragDelay", expected.pszDelay);
         CDragged dragged(m_source, s_nMove, expected.start);
-        EXPECT_TRUE(dragged.Play(expected.pszScript, nullptr, nullptr));
+        EXPECT_TRUE(
+            dragged.Play(expected.pszScript, nullptr, [&] { return dragged.bEnded.load(); }));
         EXPECT_EQ(dragged.source.m_bGoing, expected.bGoes);
         EXPECT_EQ(dragged.nResult, s_nNone);
     }
@@ -181,7 +183,7 @@ TEST_F(OleDrag, ComesFromAnotherProcess)
     ASSERT_EQ(partner.ReadLine(), "ready");
     CTestTarget target(&m_target);
     CHand hand(
-        "slmt!L", nullptr, [&] { return target.m_nAsked > 0; }, nullptr);
+        "slmt!L", nullptr, [&] { return target.m_bOver.load(); }, nullptr);
     EXPECT_TRUE(PumpUntil([&] { return hand.IsDone(); }));
     EXPECT_EQ(partner.ReadLine(), "2");
     EXPECT_TRUE(target.m_strLog.ends_with("EOXD")) << target.m_strLog;

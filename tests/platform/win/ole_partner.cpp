@@ -79,8 +79,9 @@ void BeSource()
     CTestWindow window(s_sourcePlace);
     window.m_onPress = []
     {
+        const CRect atOnce(0, 0, 0, 0);
         COleDataSource* pSource = MakeSource(s_nBlock);
-        std::printf("%lu\n", pSource->DoDragDrop(DROPEFFECT_COPY | DROPEFFECT_MOVE));
+        std::printf("%lu\n", pSource->DoDragDrop(DROPEFFECT_COPY | DROPEFFECT_MOVE, atOnce));
         delete pSource;
     };
     PumpToEnd();
