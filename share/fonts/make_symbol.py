@@ -8,6 +8,7 @@ heights, by which formulas are measured, stay as they are. The packaged characte
 wrong values to the glyphs; the one that marks a symbol font, with the codes at U+F000, takes its
 place, and other programs are told the same line heights. Two runs give the same file.
 """
+import array
 import re
 import sys
 
@@ -51,6 +52,21 @@ def move_into_box(glyph, box):
          for x, y in glyph.coordinates])
 
 
+def begin_on_curves(glyph):
+    """Turns each contour until it begins with a point of the curve: not every reader gets another
+    beginning right. There are no programs that would know the points by number."""
+    start, points, flags = 0, list(glyph.coordinates), list(glyph.flags)
+    for end in glyph.endPtsOfContours:
+        contour = range(start, end + 1)
+        first = next((n for n in contour if flags[n] & 1), start)
+        order = [*range(first, end + 1), *range(start, first)]
+        points[start:end + 1] = [points[n] for n in order]
+        flags[start:end + 1] = [flags[n] for n in order]
+        start = end + 1
+    glyph.coordinates = GlyphCoordinates(points)
+    glyph.flags = array.array("B", flags)
+
+
 def place_outlines(font, names, metrics):
     glyphs, advances = font["glyf"], font["hmtx"]
     units = font["head"].unitsPerEm / AFM_EM
@@ -58,14 +74,15 @@ def place_outlines(font, names, metrics):
         glyph = glyphs[name]
         if code not in metrics or glyph.numberOfContours == 0:
             continue
-        if glyph.isComposite():
-            sys.exit(f"{name}: a composite glyph cannot be moved alone")
+        if glyph.isComposite() or glyph.program.getBytecode():
+            sys.exit(f"{name}: a composite glyph, or one with a program, cannot be changed alone")
         advance, *box = metrics[code]
         # Where the font's advance is narrower than the published one, the box is as well.
         own = advances[name][0]
         narrower = min(own / (advance * units), 1)
         left, bottom, right, top = (number * units for number in box)
         move_into_box(glyph, (left * narrower, bottom, right * narrower, top))
+        begin_on_curves(glyph)
         glyph.recalcBounds(glyphs)
         advances[name] = (own, glyph.xMin)
 
