@@ -1,7 +1,8 @@
-// What the tests of OLE work with: blocks of known content, a message pump with an end, a second
-// process, a hand on mouse and keyboard, and windows to drag between.
+// What the tests of OLE work with: blocks of known content, a hand with a script, and windows to
+// drag between.
 #pragma once
 
+#include "desk.h"
 #include "platform/win/message_map.h"
 #include "platform/win/ole_drop_source.h"
 #include "platform/win/ole_drop_target.h"
@@ -17,29 +18,6 @@
 HGLOBAL MakeBlock(SIZE_T nSize);
 bool IsBlock(HGLOBAL hMemory, SIZE_T nSize);
 CLIPFORMAT TestFormat();
-
-// Handles messages until the condition holds; false when it does not within the time.
-bool PumpUntil(const std::function<bool()>& condition, DWORD nMilliseconds = 10000);
-
-// The second process (ole_partner.cpp), which ends with this object.
-class CPartner
-{
-public:
-    explicit CPartner(const std::string& strArguments);
-    ~CPartner();
-    CPartner(const CPartner&) = delete;
-    CPartner& operator=(const CPartner&) = delete;
-
-    // The next line that it writes, messages being handled meanwhile; empty at its end.
-    std::string ReadLine();
-    // Ends its message pump and gives its exit code.
-    DWORD Finish();
-
-private:
-    HANDLE m_hProcess = nullptr;
-    HANDLE m_hItsInput = nullptr;
-    HANDLE m_hItsOutput = nullptr;
-};
 
 // Moves mouse and keys through the system's input queue, from a thread of its own, by a script:
 //   l L r R  left or right button down and up    s t o  to the source, the target, nowhere

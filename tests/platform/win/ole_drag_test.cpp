@@ -234,7 +234,7 @@ TEST_F(OleDrag, GoesToAnotherProcess)
     };
     for (const auto& expected : aCases)
     {
-        CPartner partner(std::string(expected.pszRole) + " 3001");
+        CPartner partner("ole_partner.exe", std::string(expected.pszRole) + " 3001");
         ASSERT_EQ(partner.ReadLine(), "ready");
         CDragged dragged;
         const auto isThere = [&]
@@ -254,7 +254,7 @@ TEST_F(OleDrag, GoesToAnotherProcess)
 
 TEST_F(OleDrag, ComesFromAnotherProcess)
 {
-    CPartner partner("source 3001");
+    CPartner partner("ole_partner.exe", "source 3001");
     ASSERT_EQ(partner.ReadLine(), "ready");
     CDropped dropped;
     const auto isThere = [&]

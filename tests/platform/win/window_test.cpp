@@ -1,4 +1,5 @@
 // Handles, life, exceptions and thin operations of windows.
+#include "desk.h"
 #include "platform/base/app.h"
 #include "platform/base/exception.h"
 #include "platform/gdi/dc.h"
@@ -320,18 +321,14 @@ TEST(Window, TenThousandLeakNothing)
     };
     makeAll(100);
     const HANDLE hSelf = ::GetCurrentProcess();
-    const auto count = [=](DWORD nKind)
-    {
-        return ::GetGuiResources(hSelf, nKind);
-    };
-    const DWORD nUser = count(GR_USEROBJECTS);
-    const DWORD nGdi = count(GR_GDIOBJECTS);
+    const SGuiHandles before = SGuiHandles::Count();
     DWORD nHandles[2] = {};
     ::GetProcessHandleCount(hSelf, &nHandles[0]);
     makeAll(10'000);
     ::GetProcessHandleCount(hSelf, &nHandles[1]);
-    EXPECT_LE(count(GR_USEROBJECTS), nUser + 5);
-    EXPECT_LE(count(GR_GDIOBJECTS), nGdi + 5);
+    const SGuiHandles after = SGuiHandles::Count();
+    EXPECT_LE(after.nUser, before.nUser + 20);
+    EXPECT_LE(after.nGdi, before.nGdi + 20);
     EXPECT_LE(nHandles[1], nHandles[0] + 5);
     EXPECT_EQ(::GetTopWindow(parent), nullptr);
 }
