@@ -23,6 +23,19 @@ void CFormulaControl::OnEndInPlaceEdit()
     m_Window.Invalidate(false);
 }
 
+void CFormulaControl::OnDestroy()
+{
+    if (m_pInPlaceEdit != nullptr)
+        m_pInPlaceEdit->EndEdit();
+    if (m_pInPlaceEdit == nullptr)
+        return;
+    // An edit is ending at this moment, and whoever heard of it takes the window away.
+    if (CNode* pNode = m_pInPlaceEdit->GetNode())
+        pNode->SetFlags(pNode->GetFlags() & ~NF_HIDDEN);
+    m_pInPlaceEdit->Abandon();
+    m_pInPlaceEdit = nullptr;
+}
+
 // An edit whose node is about to go ends first, with its text taken. What is selected stays so.
 void CFormulaControl::EndEditorBelow(const CNode* pTop)
 {

@@ -95,6 +95,8 @@ public:
     void OnLButtonDblClk(CPoint point);
     void OnKeyDown(const CKey& key);
     void OnEndInPlaceEdit();
+    // The window is about to go, with all in it: an editor that is open ends, its text taken.
+    void OnDestroy();
 
     int m_nScrollBars;  // HBAR_ON, VBAR_ON
     int m_nVScrollMax;  // upper ends of the ranges, pixels

@@ -258,6 +258,13 @@ void CFormulaCtrl::OnDraw(CDC* pDC)
 
 // ---- Messages
 
+LRESULT CFormulaCtrl::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (nMessage == WM_DESTROY)
+        m_pRules->OnDestroy();
+    return CWnd::WindowProc(nMessage, wParam, lParam);
+}
+
 void CFormulaCtrl::OnPaint()
 {
     CPaintDC dc(this);

@@ -89,6 +89,9 @@ public:
     UINT m_nClipboardFormat;
 
 protected:
+    // Ends an edit before the windows go: the box would hear of it too late, or not at all.
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
+
     void OnPaint();
     void OnHScroll(UINT nCode, UINT nPos, CScrollBar* pBar);
     void OnVScroll(UINT nCode, UINT nPos, CScrollBar* pBar);

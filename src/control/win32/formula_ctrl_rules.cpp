@@ -6,6 +6,7 @@
 #include "platform/base/exception.h"
 #include "platform/gdi/dc.h"
 #include "platform/win/ole_init.h"
+#include "platform/win/system_call.h"
 
 namespace
 {
@@ -90,6 +91,13 @@ BOOL CFormulaCtrl::CRules::OnDrop(CTransferData& data, DROPEFFECT dropEffect, CP
     return m_Ctrl.OnDrop(ObjectOf(data), dropEffect, point);
 }
 
+// Without a window the system would take it for all windows there are.
+void CFormulaCtrl::CRules::Invalidate(bool bErase)
+{
+    if (IsWindow())
+        m_Ctrl.Invalidate(bErase);
+}
+
 CRect CFormulaCtrl::CRules::GetClientRect() const
 {
     CRect rect;
@@ -142,9 +150,11 @@ void CFormulaCtrl::CRules::EnableScrollBarCtrl(int nBar, BOOL bShow)
     m_Ctrl.EnableScrollBarCtrl(nBar, bShow);
 }
 
+// A host that throws is heard when the gesture is at its end.
 LRESULT CFormulaCtrl::CRules::NotifyParent(int nCode)
 {
-    return m_Ctrl.NotifyParent(static_cast<UINT>(nCode));
+    return GuardCallback<LRESULT>(
+        0, [=, this] { return m_Ctrl.NotifyParent(static_cast<UINT>(nCode)); });
 }
 
 // The box deletes itself with its window.

@@ -37,7 +37,7 @@ private:
     CBarMetrics GetBarMetrics() const override;
     LRESULT Default() override { return m_Ctrl.Default(); }
     void SetFocus() override { m_Ctrl.SetFocus(); }
-    void Invalidate(bool bErase) override { m_Ctrl.Invalidate(bErase); }
+    void Invalidate(bool bErase) override;
     void PaintNow() override { m_Ctrl.SendMessage(WM_PAINT); }
     std::unique_ptr<CDC> GetClientDC() override;
     void DrawFocusRect(CDC* pDC, const CRect& rect) override;

@@ -2,6 +2,7 @@
 
 #include "control/formula_control.h"
 #include "platform/win/message_map.h"
+#include "platform/win/system_call.h"
 
 BEGIN_MESSAGE_MAP(CFormulaInPlaceEdit, CEdit)
 ON_WM_KILLFOCUS()
@@ -134,13 +135,17 @@ void CFormulaInPlaceEdit::RedrawParent()
     GetParent()->RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 }
 
-// The receiver may take the window away.
+// The receiver may take the window away, or throw: the box closes all the same.
 void CFormulaInPlaceEdit::NotifyAndClose()
 {
     const HWND hWnd = m_hWnd;
     NMHDR header{ hWnd, static_cast<UINT_PTR>(GetDlgCtrlID()), static_cast<UINT>(FCN_CHANGED) };
     if (CWnd* pReceiver = GetOwner())
-        pReceiver->SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+        GuardCallback<LRESULT>(0,
+                               [&] {
+                                   return pReceiver->SendMessage(WM_NOTIFY, header.idFrom,
+                                                                 reinterpret_cast<LPARAM>(&header));
+                               });
     if (::IsWindow(hWnd))
         ::SendMessageA(hWnd, WM_CLOSE, 0, 0);
 }

@@ -7,6 +7,18 @@
 #include "platform/win/ole_data_source.h"
 #include "service/form_tree.h"
 
+COleDataSource* Refill(COleDataSource* pMade, UINT nFormat, std::unique_ptr<COleDataSource> pSource)
+{
+    const std::unique_ptr<COleDataSource> pOwned(pMade);
+    if (pMade == nullptr)
+        return nullptr;
+    COleDataObject data;
+    data.Attach(pMade->GetIDataObject(TRUE));
+    const auto nShort = static_cast<CLIPFORMAT>(nFormat);
+    pSource->CacheGlobalData(nShort, data.GetGlobalData(nShort));
+    return pSource.release();
+}
+
 class CRealControl::CParent : public CWnd
 {
 public:
@@ -34,15 +46,8 @@ public:
 
     COleDataSource* CreateDataSource() override
     {
-        const std::unique_ptr<COleDataSource> pMade(CFormulaCtrl::CreateDataSource());
-        if (pMade == nullptr)
-            return nullptr;
-        COleDataObject data;
-        data.Attach(pMade->GetIDataObject(TRUE));
-        const auto nFormat = static_cast<CLIPFORMAT>(m_nClipboardFormat);
-        auto* pSource = new CSource(*this);
-        pSource->CacheGlobalData(nFormat, data.GetGlobalData(nFormat));
-        return pSource;
+        return Refill(CFormulaCtrl::CreateDataSource(), m_nClipboardFormat,
+                      std::make_unique<CSource>(*this));
     }
 
     COleDataObject* m_pDragged = nullptr;
@@ -273,11 +278,11 @@ CBarState StateOf(HWND hWnd, int nBar)
 
 }  // namespace
 
-CControlState CRealControl::GetState() const
+CControlState StateOf(CFormulaCtrl& ctrl, int nChanges)
 {
     CControlState state{};
-    state.pControl = &m_pCtrl->GetControl();
-    if (CWnd* pEditor = Editor())
+    state.pControl = &ctrl.GetControl();
+    if (CWnd* pEditor = ctrl.GetDlgItem(FORMULA_EDIT_ID))
     {
         CEditorState& editor = state.editor.emplace();
         CString strText;
@@ -290,13 +295,18 @@ CControlState CRealControl::GetState() const
         editor.nStart = static_cast<int>(nStart);
         editor.nEnd = static_cast<int>(nEnd);
         pEditor->GetWindowRect(&editor.rect);
-        m_pCtrl->ScreenToClient(&editor.rect);
+        ctrl.ScreenToClient(&editor.rect);
     }
-    state.horizontal = StateOf(m_pCtrl->m_hWnd, SB_HORZ);
-    state.vertical = StateOf(m_pCtrl->m_hWnd, SB_VERT);
+    state.horizontal = StateOf(ctrl.m_hWnd, SB_HORZ);
+    state.vertical = StateOf(ctrl.m_hWnd, SB_VERT);
     CRect client;
-    m_pCtrl->GetClientRect(&client);
+    ctrl.GetClientRect(&client);
     state.client = client.Size();
-    state.nChanges = m_pParent->m_nChanges;
+    state.nChanges = nChanges;
     return state;
+}
+
+CControlState CRealControl::GetState() const
+{
+    return StateOf(*m_pCtrl, m_pParent->m_nChanges);
 }

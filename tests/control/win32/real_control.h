@@ -7,6 +7,13 @@
 #include "control/win32/formula_ctrl.h"
 #include "service/formula_out.h"
 
+// What can be seen of a control whose parent was told of nChanges changes.
+CControlState StateOf(CFormulaCtrl& ctrl, int nChanges);
+
+// What pMade offers, if it is there, by another source; pMade is gone then.
+COleDataSource* Refill(COleDataSource* pMade, UINT nFormat,
+                       std::unique_ptr<COleDataSource> pSource);
+
 class CRealControl : public CScriptedControl
 {
 public:

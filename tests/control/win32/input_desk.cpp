@@ -1,0 +1,390 @@
+#include "control/win32/input_desk.h"
+
+#include <map>
+#include <sstream>
+
+#include "control/win32/real_control.h"
+#include "nodes/node.h"
+#include "platform/win/desk.h"
+#include "platform/win/dialog_template.h"
+#include "platform/win/ole_data_source.h"
+#include "platform/win/ole_drop_source.h"
+#include "service/form_tree.h"
+#include "tree/bin_tree.h"
+#include "tree/tree_form.h"
+
+namespace
+{
+
+constexpr UINT ID_TEXT = 21;
+constexpr UINT ID_FIRST = 22;
+constexpr UINT ID_SECOND = 23;
+constexpr UINT WM_PLACE = WM_APP;  // lParam: the word; gives the place
+constexpr UINT WM_LOCK = WM_APP + 1;
+constexpr UINT WM_EFFECT = WM_APP + 2;  // gives that of the last drag
+constexpr UINT WM_HOLE = WM_APP + 3;
+constexpr DWORD PATIENCE = 4000;  // milliseconds
+
+// The last mark that came out of the queue. Marks are keys that nobody has a use for: what was put
+// into the queue before one has been handled when it comes, also where a loop of the system's own
+// takes the messages.
+std::atomic<BYTE> s_nMark = 0;
+constexpr WORD MARK_KEY = VK_F24;
+BYTE s_nNextMark = 0;
+
+// Moves to the hand's place that have come. There are two: its own and, later, the display's, which
+// would pull a button that has been pressed meanwhile.
+std::atomic<LONG> s_lPlace = 0;
+std::atomic<int> s_nMoves = 0;
+
+LRESULT CALLBACK WatchMarks(int nCode, WPARAM wParam, LPARAM lParam)
+{
+    const MSG& message = *reinterpret_cast<const MSG*>(lParam);
+    if (nCode != HC_ACTION || wParam != PM_REMOVE)
+        return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
+    if (message.message == WM_MOUSEMOVE && MAKELONG(message.pt.x, message.pt.y) == s_lPlace)
+        s_nMoves++;
+    if (message.wParam == MARK_KEY &&
+        (message.message == WM_KEYUP || message.message == WM_SYSKEYUP))
+        s_nMark = LOBYTE(HIWORD(message.lParam));
+    return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
+}
+
+// Tells what the user is shown while it is dragged.
+class CToldSource : public COleDataSource
+{
+public:
+    explicit CToldSource(DROPEFFECT& nEffect) : m_Feedback(nEffect) {}
+    DROPEFFECT DoDragDrop(DWORD dwEffects, LPCRECT pStartDrag, COleDropSource*) override
+    {
+        return COleDataSource::DoDragDrop(dwEffects, pStartDrag, &m_Feedback);
+    }
+
+private:
+    struct CFeedback : COleDropSource
+    {
+        explicit CFeedback(DROPEFFECT& nEffect) : m_nEffect(nEffect) {}
+        SCODE GiveFeedback(DROPEFFECT nEffect) override
+        {
+            m_nEffect = nEffect;
+            return COleDropSource::GiveFeedback(nEffect);
+        }
+        DROPEFFECT& m_nEffect;
+    };
+    CFeedback m_Feedback;
+};
+
+}  // namespace
+
+// ---- The control
+
+CInputCtrl::CInputCtrl(const char* pszText)
+{
+    CParseReport report;
+    ParseIntoTree(m_Formula, pszText, report);
+    SetTree(&m_Formula.m_Tree);
+}
+
+CNode* CInputCtrl::NodeAt(const std::string& strPath)
+{
+    CNode* pNode = GetTree()->GetRootNode();
+    for (const char ch : strPath)
+        pNode = ch == 'L' ? pNode->GetLeft() : pNode->GetRight();
+    return pNode;
+}
+
+CPoint CInputCtrl::PlaceOf(const std::string& strPath)
+{
+    UpdateWindow();
+    CPoint place = FormulaToClient(NodeAt(strPath)->m_rect).CenterPoint();
+    ClientToScreen(&place);
+    return place;
+}
+
+void CInputCtrl::MakeHole(const std::string& strPath)
+{
+    GetTree()->SetSelection(NodeAt(strPath), PF_SUBTREE);
+    DeleteSelection();
+}
+
+COleDataSource* CInputCtrl::CreateDataSource()
+{
+    return Refill(CFormulaCtrl::CreateDataSource(), m_nClipboardFormat,
+                  std::make_unique<CToldSource>(m_nEffect));
+}
+
+DROPEFFECT CInputCtrl::OnDragOver(COleDataObject* pData, DWORD dwKeyState, CPoint point)
+{
+    return m_nEffect = CFormulaCtrl::OnDragOver(pData, dwKeyState, point);
+}
+
+LRESULT CInputCtrl::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (nMessage >= WM_LBUTTONDOWN && nMessage <= WM_LBUTTONDBLCLK)
+        m_strClicks += "duD"[nMessage - WM_LBUTTONDOWN];
+    return CFormulaCtrl::WindowProc(nMessage, wParam, lParam);
+}
+
+// ---- The dialog
+
+CInputDialog::CInputDialog(CPoint place, const char* pszText, const char* pszSecond)
+    : m_First(pszText), m_Second(pszSecond)
+{
+    CDialogTemplate form(WS_POPUP | WS_CAPTION | WS_SYSMENU);
+    form.AddItem(WS_TABSTOP | WS_BORDER, ID_TEXT, "Edit", "");
+    form.AddItem(WS_TABSTOP, ID_FIRST, FORMULA_CLASS, "");
+    form.AddItem(WS_TABSTOP, ID_SECOND, FORMULA_CLASS, "");
+    form.AddItem(WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK, "Button", "&A");
+    CreateIndirect(form.Get());
+    SetWindowPos(nullptr, place.x, place.y, 480, 200, SWP_NOZORDER | SWP_NOACTIVATE);
+    ShowWindow(SW_SHOWNOACTIVATE);
+    UpdateWindow();
+}
+
+BOOL CInputDialog::OnInitDialog()
+{
+    const struct
+    {
+        UINT nID;
+        CRect rect;
+    } aPlaces[] = {
+        { ID_TEXT, { 10, 10, 110, 30 } },
+        { ID_FIRST, { 10, 40, 230, 140 } },
+        { ID_SECOND, { 240, 40, 460, 140 } },
+        { IDOK, { 120, 10, 180, 30 } },
+    };
+    m_First.SubclassDlgItem(ID_FIRST, this);
+    m_Second.SubclassDlgItem(ID_SECOND, this);
+    for (const auto& place : aPlaces)
+        GetDlgItem(static_cast<int>(place.nID))->MoveWindow(&place.rect);
+    return CDialog::OnInitDialog();
+}
+
+BOOL CInputDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    if (static_cast<int>(reinterpret_cast<NMHDR*>(lParam)->code) == FCN_CHANGED)
+    {
+        m_nChanges++;
+        if (m_onChange)
+            m_onChange();
+    }
+    return CDialog::OnNotify(wParam, lParam, pResult);
+}
+
+LRESULT CInputDialog::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (nMessage == WM_LOCK)
+        m_Second.SetReadOnly(TRUE);
+    if (nMessage == WM_HOLE)
+        m_First.MakeHole("LL");
+    if (nMessage == WM_EFFECT)
+        return static_cast<LRESULT>(m_First.m_nEffect);
+    if (nMessage != WM_PLACE)
+        return CDialog::WindowProc(nMessage, wParam, lParam);
+    const CPoint place = PlaceOf(*reinterpret_cast<const std::string*>(lParam));
+    return MAKELONG(place.x, place.y);
+}
+
+CPoint CInputDialog::PlaceOf(const std::string& strWord)
+{
+    CRect rect;
+    (strWord == "free" ? static_cast<CWnd&>(m_First) : *this).GetWindowRect(&rect);
+    if (strWord == "off" || strWord == "free")
+        return rect.BottomRight() - CSize(15, 15);
+    if (strWord[0] == '$')
+        return m_spots.at(std::stoul(strWord.substr(1)));
+    const bool bBelow = strWord.back() == '+';
+    const std::string strPath = strWord.substr(1, strWord.size() - 1 - bBelow);
+    return (strWord[0] == '@' ? m_First : m_Second).PlaceOf(strPath) + CSize(0, bBelow ? 5 : 0);
+}
+
+std::string CInputDialog::FocusName() const
+{
+    const HWND hFocus = ::GetFocus();
+    if (hFocus == nullptr)
+        return "nothing";
+    switch (::GetDlgCtrlID(hFocus))
+    {
+        case ID_TEXT:
+            return "text";
+        case ID_FIRST:
+            return "first";
+        case ID_SECOND:
+            return "second";
+        case FORMULA_EDIT_ID:
+            return "box";
+        case IDOK:
+            return "button";
+        default:
+            return "other";
+    }
+}
+
+std::string CInputDialog::GetState()
+{
+    const CString strSecond = TreeForm(m_Second.GetTree()->GetRootNode());
+    return StateLine(StateOf(m_First, m_nChanges), FocusName() + ' ' + std::to_string(m_nPresses) +
+                                                       '\t' + m_First.m_strClicks + '\t' +
+                                                       std::string(strSecond.View()));
+}
+
+// ---- The hand
+
+CInputHand::CInputHand(CInputDialog& dialog, const std::string& strScript)
+    : m_Dialog(dialog), m_thread([this, strScript] { Run(strScript); })
+{
+}
+
+CInputHand::~CInputHand()
+{
+    m_thread.join();
+}
+
+bool CInputHand::Play()
+{
+    const HHOOK hHook =
+        ::SetWindowsHookExA(WH_GETMESSAGE, WatchMarks, nullptr, ::GetCurrentThreadId());
+    const bool bEnded = PumpUntil([this] { return m_bDone.load(); }, 20000);
+    ::UnhookWindowsHookEx(hHook);
+    return bEnded && !m_bGaveUp;
+}
+
+void CInputHand::Run(const std::string& strScript)
+{
+    std::istringstream words(strScript);
+    for (std::string strWord; !m_bGaveUp && words >> strWord;)
+    {
+        Do(strWord);
+        WaitUntilHandled();
+    }
+    if (m_bGaveUp)
+        Press("Esc");
+    LetGo();
+    if (!m_bGaveUp)
+        WaitUntilHandled();
+    EndDrag();
+    m_bDone = true;
+}
+
+void CInputHand::Do(const std::string& strWord)
+{
+    if (strWord == "down" || strWord == "up")
+        SendMouse(strWord == "down" ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
+    else if (strWord == "click" || strWord == "double")
+        for (int i = strWord == "click" ? 1 : 0; i < 2; i++)
+        {
+            SendMouse(MOUSEEVENTF_LEFTDOWN);
+            SendMouse(MOUSEEVENTF_LEFTUP);
+        }
+    else if (strWord == "lock")
+        Ask(m_Dialog, WM_LOCK, strWord);
+    else if (strWord == "hole")
+        Ask(m_Dialog, WM_HOLE, strWord);
+    else if (strWord[0] == '=' || strWord[0] == '?')
+        WaitForEffect(strWord[0] == '=' ? m_Dialog : m_Dialog.m_hPartner,
+                      std::stoul(strWord.substr(1)));
+    else if (std::string("@#$").find(strWord[0]) == std::string::npos && strWord != "free" &&
+             strWord != "off")
+        Press(strWord);
+    else
+    {
+        const LRESULT lPlace = Ask(m_Dialog, WM_PLACE, strWord);
+        Move(CPoint(LOWORD(lPlace), HIWORD(lPlace)));
+    }
+}
+
+// In two steps: a drag begins with the first and sees the second.
+void CInputHand::Move(CPoint place)
+{
+    m_place = place;
+    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, { place.x + 1, place.y });
+    WaitUntilHandled();
+    s_lPlace = MAKELONG(place.x, place.y);
+    s_nMoves = 0;
+    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, place);
+    WaitUntilHandled();
+    const bool bPressed = ::GetAsyncKeyState(VK_LBUTTON) < 0;
+    for (int i = 0; i < 100 && s_nMoves < 2 && !bPressed; i++)
+        ::Sleep(1);
+}
+
+LRESULT CInputHand::Ask(HWND hDialog, UINT nMessage, const std::string& strWord)
+{
+    DWORD_PTR nAnswer = 0;
+    if (!::SendMessageTimeoutA(hDialog, nMessage, 0, reinterpret_cast<LPARAM>(&strWord),
+                               SMTO_NORMAL, PATIENCE, &nAnswer))
+        m_bGaveUp = true;
+    return static_cast<LRESULT>(nAnswer);
+}
+
+void CInputHand::Press(const std::string& strKeys)
+{
+    static const std::map<std::string, WORD> s_keys = {
+        { "Tab", VK_TAB },     { "Enter", VK_RETURN }, { "Esc", VK_ESCAPE },
+        { "Del", VK_DELETE },  { "Ins", VK_INSERT },   { "Left", VK_LEFT },
+        { "Up", VK_UP },       { "Right", VK_RIGHT },  { "Down", VK_DOWN },
+        { "Home", VK_HOME },   { "Space", VK_SPACE },  { "Ctrl", VK_CONTROL },
+        { "Shift", VK_SHIFT }, { "Alt", VK_MENU },     { "Pad1", VK_NUMPAD1 },
+    };
+    const auto codeOf = [](const std::string& strKey)
+    {
+        return strKey.size() == 1 ? static_cast<WORD>(std::toupper(strKey[0])) : s_keys.at(strKey);
+    };
+    if (strKeys[0] == '+')
+        return SendKey(m_nHeld = codeOf(strKeys.substr(1)), true);
+    const size_t nBehind = strKeys.find('-') + 1;  // 0: no other key
+    const WORD nKey = codeOf(strKeys.substr(nBehind));
+    if (nBehind > 0)
+        SendKey(codeOf(strKeys.substr(0, nBehind - 1)), true);
+    SendKey(nKey, true);
+    SendKey(nKey, false);
+    if (nBehind > 0)
+        SendKey(codeOf(strKeys.substr(0, nBehind - 1)), false);
+}
+
+void CInputHand::WaitForEffect(HWND hDialog, DROPEFFECT nEffect)
+{
+    for (DWORD nBegin = ::GetTickCount();
+         !m_bGaveUp && Ask(hDialog, WM_EFFECT, {}) != static_cast<LRESULT>(nEffect);)
+    {
+        // The display's own idea of its keys, in which none is pressed, may have come in between.
+        if (m_nHeld != 0)
+            SendKey(m_nHeld, true);
+        Move(m_place);
+        ::Sleep(10);
+        m_bGaveUp = ::GetTickCount() - nBegin > PATIENCE;
+    }
+}
+
+// While another process has the keyboard its queue cannot be watched.
+void CInputHand::WaitUntilHandled()
+{
+    const BYTE nMark = ++s_nNextMark;
+    for (DWORD nBegin = ::GetTickCount(); s_nMark != nMark && !m_bGaveUp;)
+    {
+        DWORD nProcess = 0;
+        ::GetWindowThreadProcessId(::GetForegroundWindow(), &nProcess);
+        if (nProcess != ::GetCurrentProcessId())
+            return ::Sleep(50);
+        SendKey(MARK_KEY, false, nMark);
+        for (int i = 0; i < 50 && s_nMark != nMark; i++)
+            ::Sleep(1);
+        m_bGaveUp = ::GetTickCount() - nBegin > PATIENCE;
+    }
+}
+
+// A drag that is still going with no button down would never end.
+void CInputHand::EndDrag()
+{
+    const DWORD nThread = ::GetWindowThreadProcessId(m_Dialog, nullptr);
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    for (DWORD nBegin = ::GetTickCount(); ::GetTickCount() - nBegin < 2 * PATIENCE; ::Sleep(10))
+    {
+        if (!::GetGUIThreadInfo(nThread, &info) || info.hwndCapture == nullptr)
+            return;
+        m_bGaveUp = m_bGaveUp || ::GetTickCount() - nBegin > PATIENCE;
+        if (m_bGaveUp)
+            ::PostMessageA(info.hwndCapture, WM_KEYDOWN, VK_ESCAPE, 1);
+    }
+}

@@ -1,0 +1,112 @@
+// A host's dialog with formula controls, and a hand on mouse and keyboard that works in it.
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "control/control_driver.h"
+#include "control/win32/formula_ctrl.h"
+#include "platform/win/dialog.h"
+
+// Fields of a dialog's state behind those of a control's.
+enum EDialogField
+{
+    FOCUS =
+        ANSWER,  // text, first, second, box, button or nothing, and how often OK and Cancel came
+    CLICKS,      // messages of the first control: down, up, Double
+    SECOND,      // tree of the second control
+};
+
+constexpr DROPEFFECT NO_EFFECT = 99;  // there was no drag yet
+
+class CInputCtrl : public CFormulaCtrl
+{
+public:
+    explicit CInputCtrl(const char* pszText);
+
+    CNode* NodeAt(const std::string& strPath);
+    // The middle of a node's own part, screen coordinates.
+    CPoint PlaceOf(const std::string& strPath);
+    // A placeholder in the place of a node, which is selected then.
+    void MakeHole(const std::string& strPath);
+    COleDataSource* CreateDataSource() override;
+    DROPEFFECT OnDragOver(COleDataObject* pData, DWORD dwKeyState, CPoint point) override;
+
+    CFormulaOut m_Formula;
+    std::string m_strClicks;
+    // Of a drag that comes from the control or goes over it, the last one.
+    DROPEFFECT m_nEffect = NO_EFFECT;
+
+protected:
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
+};
+
+// A text, two controls, and the default button with the mnemonic A.
+class CInputDialog : public CDialog
+{
+public:
+    CInputDialog(CPoint place, const char* pszText, const char* pszSecond);
+
+    std::string GetState();
+    bool HasChanged() const { return m_nChanges > 0; }
+    // Like CControlDriver::NodeAt: what a word of the hand's script means, screen coordinates.
+    CPoint PlaceOf(const std::string& strWord);
+
+    CInputCtrl m_First;
+    CInputCtrl m_Second;
+    HWND m_hPartner = nullptr;    // a dialog in another process
+    std::vector<CPoint> m_spots;  // in it
+    std::function<void()> m_onChange;
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override { m_nPresses++; }
+    void OnCancel() override { m_nPresses++; }
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    std::string FocusName() const;
+
+    int m_nPresses = 0;
+    int m_nChanges = 0;
+};
+
+// Plays a script from a thread of its own, each word when what went before has been handled:
+//   @PATH #PATH    to the middle of a node of the first or second control, with + a bit below it
+//   $N free off    to a spot of the other process, a free place of the first control, beside both
+//   down up click double     the left button
+//   lock hole      the second control becomes read-only; the first one has a placeholder at LL
+//   =N             waits, moving a bit, until a drag of the first control or over it has that
+//   effect x Tab Alt-x +Ctrl        keys, a key with another one, a key that stays down
+// At its end, or when something does not come within 4 seconds, it leaves nothing pressed.
+class CInputHand
+{
+public:
+    CInputHand(CInputDialog& dialog, const std::string& strScript);
+    ~CInputHand();
+    CInputHand(const CInputHand&) = delete;
+    CInputHand& operator=(const CInputHand&) = delete;
+
+    // Handles messages until the script is at its end; false if the hand gave up.
+    bool Play();
+
+private:
+    void Run(const std::string& strScript);
+    void Do(const std::string& strWord);
+    void Press(const std::string& strKeys);
+    void Move(CPoint place);
+    LRESULT Ask(HWND hDialog, UINT nMessage, const std::string& strWord);
+    void WaitForEffect(HWND hDialog, DROPEFFECT nEffect);
+    void WaitUntilHandled();
+    void EndDrag();
+
+    CInputDialog& m_Dialog;
+    CPoint m_place;    // of the mouse
+    WORD m_nHeld = 0;  // the key that stays down
+    std::atomic<bool> m_bDone = false;
+    std::atomic<bool> m_bGaveUp = false;
+    std::thread m_thread;
+};

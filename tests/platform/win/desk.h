@@ -1,0 +1,56 @@
+// What tests with real input and several processes work with: mouse and keys through the system's
+// input queue, a message pump with an end, a second process.
+#pragma once
+
+#include "platform/base/types.h"
+
+#include <functional>
+#include <string>
+
+// Screen coordinates; nFlags: MOUSEEVENTF_...
+void SendMouse(DWORD nFlags, POINT point = {});
+// nScan tells presses of one key apart.
+void SendKey(WORD nKey, bool bDown, BYTE nScan = 0);
+// Takes the mouse there, with stops on the way.
+void Glide(POINT to);
+// Leaves nothing pressed.
+void LetGo();
+
+// Handles messages, as a message loop does, until the condition holds; false when it does not
+// within the time.
+bool PumpUntil(const std::function<bool()>& condition, DWORD nMilliseconds = 10000);
+
+// A second process, which ends with this object.
+class CPartner
+{
+public:
+    // A program from the folder of this one.
+    CPartner(const std::string& strProgram, const std::string& strArguments);
+    ~CPartner();
+    CPartner(const CPartner&) = delete;
+    CPartner& operator=(const CPartner&) = delete;
+
+    // The next line that it writes, messages being handled meanwhile; empty at its end.
+    std::string ReadLine();
+    // Ends its message pump and gives its exit code.
+    DWORD Finish();
+
+private:
+    HANDLE m_hProcess = nullptr;
+    HANDLE m_hItsInput = nullptr;
+    HANDLE m_hItsOutput = nullptr;
+};
+
+// In the second process: says that it is ready, and handles messages until the first one closes its
+// input.
+void PumpToEnd(const std::string& strReady = "ready");
+
+// How far the handles of windows and menus, and of drawing objects, go when 500 more are made: what
+// is not given back makes them go further. Wine's GetGuiResources gives 0.
+struct SGuiHandles
+{
+    UINT nUser = 0;
+    UINT nGdi = 0;
+
+    static SGuiHandles Count();
+};
