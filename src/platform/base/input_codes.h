@@ -56,4 +56,5 @@ constexpr DWORD DROPEFFECT_MOVE = 2;
 
 #endif
 
+// DROPEFFECT_NONE, or bits of DROPEFFECT_COPY, _MOVE and, on Windows, _LINK and _SCROLL.
 using DROPEFFECT = DWORD;

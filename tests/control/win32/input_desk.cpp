@@ -5,7 +5,6 @@
 
 #include "control/win32/real_control.h"
 #include "nodes/node.h"
-#include "platform/win/desk.h"
 #include "platform/win/dialog_template.h"
 #include "platform/win/ole_data_source.h"
 #include "platform/win/ole_drop_source.h"
@@ -32,18 +31,11 @@ std::atomic<BYTE> s_nMark = 0;
 constexpr WORD MARK_KEY = VK_F24;
 BYTE s_nNextMark = 0;
 
-// Moves to the hand's place that have come. There are two: its own and, later, the display's, which
-// would pull a button that has been pressed meanwhile.
-std::atomic<LONG> s_lPlace = 0;
-std::atomic<int> s_nMoves = 0;
-
 LRESULT CALLBACK WatchMarks(int nCode, WPARAM wParam, LPARAM lParam)
 {
     const MSG& message = *reinterpret_cast<const MSG*>(lParam);
     if (nCode != HC_ACTION || wParam != PM_REMOVE)
         return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
-    if (message.message == WM_MOUSEMOVE && MAKELONG(message.pt.x, message.pt.y) == s_lPlace)
-        s_nMoves++;
     if (message.wParam == MARK_KEY &&
         (message.message == WM_KEYUP || message.message == WM_SYSKEYUP))
         s_nMark = LOBYTE(HIWORD(message.lParam));
@@ -293,19 +285,21 @@ void CInputHand::Do(const std::string& strWord)
     }
 }
 
-// In two steps: a drag begins with the first and sees the second.
 void CInputHand::Move(CPoint place)
 {
-    m_place = place;
-    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, { place.x + 1, place.y });
-    WaitUntilHandled();
-    s_lPlace = MAKELONG(place.x, place.y);
-    s_nMoves = 0;
-    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, place);
-    WaitUntilHandled();
-    const bool bPressed = ::GetAsyncKeyState(VK_LBUTTON) < 0;
-    for (int i = 0; i < 100 && s_nMoves < 2 && !bPressed; i++)
-        ::Sleep(1);
+    m_Mover.MoveTo(place);
+    WaitFor([] { return true; });
+}
+
+void CInputHand::WaitFor(const CMover::FCondition& condition)
+{
+    // The display's own idea of its keys, in which none is pressed, may have come in between.
+    const auto again = [this]
+    {
+        if (m_nHeld != 0)
+            SendKey(m_nHeld, true);
+    };
+    m_bGaveUp = !m_Mover.WaitFor([&] { return m_bGaveUp || condition(); }, again) || m_bGaveUp;
 }
 
 LRESULT CInputHand::Ask(HWND hDialog, UINT nMessage, const std::string& strWord)
@@ -344,16 +338,7 @@ void CInputHand::Press(const std::string& strKeys)
 
 void CInputHand::WaitForEffect(HWND hDialog, DROPEFFECT nEffect)
 {
-    for (DWORD nBegin = ::GetTickCount();
-         !m_bGaveUp && Ask(hDialog, WM_EFFECT, {}) != static_cast<LRESULT>(nEffect);)
-    {
-        // The display's own idea of its keys, in which none is pressed, may have come in between.
-        if (m_nHeld != 0)
-            SendKey(m_nHeld, true);
-        Move(m_place);
-        ::Sleep(10);
-        m_bGaveUp = ::GetTickCount() - nBegin > PATIENCE;
-    }
+    WaitFor([&] { return Ask(hDialog, WM_EFFECT, {}) == static_cast<LRESULT>(nEffect); });
 }
 
 // While another process has the keyboard its queue cannot be watched.

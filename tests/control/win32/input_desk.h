@@ -8,6 +8,7 @@
 
 #include "control/control_driver.h"
 #include "control/win32/formula_ctrl.h"
+#include "platform/win/desk.h"
 #include "platform/win/dialog.h"
 
 // Fields of a dialog's state behind those of a control's.
@@ -98,13 +99,14 @@ private:
     void Do(const std::string& strWord);
     void Press(const std::string& strKeys);
     void Move(CPoint place);
+    void WaitFor(const CMover::FCondition& condition);
     LRESULT Ask(HWND hDialog, UINT nMessage, const std::string& strWord);
     void WaitForEffect(HWND hDialog, DROPEFFECT nEffect);
     void WaitUntilHandled();
     void EndDrag();
 
     CInputDialog& m_Dialog;
-    CPoint m_place;    // of the mouse
+    CMover m_Mover;
     WORD m_nHeld = 0;  // the key that stays down
     std::atomic<bool> m_bDone = false;
     std::atomic<bool> m_bGaveUp = false;

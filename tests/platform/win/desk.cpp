@@ -23,6 +23,15 @@ bool IsPressed(int nKey)
     return GetAsyncKeyState(nKey) < 0;
 }
 
+LRESULT CALLBACK MoveProc(HWND hWnd, UINT nMessage, WPARAM x, LPARAM y)
+{
+    if (nMessage != WM_APP)
+        return DefWindowProcA(hWnd, nMessage, x, y);
+    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
+              { static_cast<LONG>(x), static_cast<LONG>(y) });
+    return 0;
+}
+
 // Handles count their objects in the lower half.
 UINT IndexOf(const void* pHandle)
 {
@@ -68,19 +77,6 @@ void SendKey(WORD nKey, bool bDown, BYTE nScan)
     Send(input);
 }
 
-void Glide(POINT to)
-{
-    POINT from{};
-    GetCursorPos(&from);
-    constexpr int nSteps = 5;
-    for (int i = 1; i <= nSteps; ++i)
-    {
-        SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
-                  { from.x + (to.x - from.x) * i / nSteps, from.y + (to.y - from.y) * i / nSteps });
-        Sleep(5);
-    }
-}
-
 void LetGo()
 {
     if (IsPressed(VK_LBUTTON))
@@ -91,6 +87,48 @@ void LetGo()
         if (IsPressed(nKey))
             SendKey(nKey, false);
 }
+
+// ---- The mover
+
+CMover::CMover()
+    : m_hMover(CreateWindowA("STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr))
+{
+    SetWindowLongPtrA(m_hMover, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(MoveProc));
+}
+
+CMover::~CMover()
+{
+    DestroyWindow(m_hMover);
+}
+
+void CMover::MoveTo(POINT to)
+{
+    for (const LONG x : { to.x + 1, to.x })
+        SendMessageTimeoutA(m_hMover, WM_APP, x, to.y, SMTO_NORMAL, 2000, nullptr);
+    m_at = to;
+}
+
+bool CMover::WaitFor(const FCondition& condition, const std::function<void()>& again)
+{
+    int nHeld = 0;
+    for (int i = 1; i <= 4000; ++i)
+    {
+        POINT at{};
+        GetCursorPos(&at);
+        const bool bThere = at.x == m_at.x && at.y == m_at.y;
+        nHeld = bThere && condition() ? nHeld + 1 : 0;
+        if (nHeld == 20)
+            return true;
+        if (i % 100 == 0 && again)
+            again();
+        if (i % 100 == 0)
+            MoveTo(m_at);
+        Sleep(1);
+    }
+    return false;
+}
+
+// ---- Messages
 
 bool PumpUntil(const std::function<bool()>& condition, DWORD nMilliseconds)
 {

@@ -11,10 +11,33 @@
 void SendMouse(DWORD nFlags, POINT point = {});
 // nScan tells presses of one key apart.
 void SendKey(WORD nKey, bool bDown, BYTE nScan = 0);
-// Takes the mouse there, with stops on the way.
-void Glide(POINT to);
 // Leaves nothing pressed.
 void LetGo();
+
+// Takes the mouse to places for a hand that works in a thread of its own. The moves come from the
+// thread that made the mover, which has the windows: the X server echoes each move, and only there
+// Wine knows an echo that is late, and lets the cursor where it is.
+class CMover
+{
+public:
+    using FCondition = std::function<bool()>;
+    CMover();
+    ~CMover();
+    CMover(const CMover&) = delete;
+    CMover& operator=(const CMover&) = delete;
+
+    // Screen coordinates. The mouse moves in any case, by a point's width where it is there
+    // already.
+    void MoveTo(POINT to);
+    // Until the condition has held for a while with the mouse at rest there, since late news of the
+    // X server may still move it back, or let go of keys. Moves again and again, after what "again"
+    // does: what the other side was not ready for is lost. False after some 4 seconds.
+    bool WaitFor(const FCondition& condition, const std::function<void()>& again = {});
+
+private:
+    HWND m_hMover;
+    POINT m_at = {};
+};
 
 // Handles messages, as a message loop does, until the condition holds; false when it does not
 // within the time.

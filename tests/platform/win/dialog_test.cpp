@@ -1,6 +1,7 @@
 // Dialogs, and the way of a message through the loop.
 #include "platform/win/dialog.h"
 
+#include "dialog_template.h"
 #include "platform/base/exception.h"
 #include "platform/win/app_pump.h"
 #include "platform/win/edit.h"
@@ -17,45 +18,6 @@ namespace
 constexpr char s_szControlClass[] = "TestCustomControl";
 constexpr UINT IDC_EDIT = 21;
 constexpr UINT IDC_CUSTOM = 22;
-
-// A template in memory: 16-bit words.
-class CTemplate
-{
-public:
-    explicit CTemplate(DWORD dwStyle)
-    {
-        AddLong(dwStyle);
-        AddLong(0);
-        Add({ 0, 10, 10, 150, 60 });  // number of items; place and size
-        Add({ 0, 0 });                // no menu, the usual class
-        AddText("dialog");
-    }
-    void AddItem(DWORD dwStyle, WORD nID, const char* pszClass, const char* pszText)
-    {
-        if (m_words.size() % 2 != 0)
-            Add({ 0 });
-        AddLong(dwStyle | WS_CHILD | WS_VISIBLE);
-        AddLong(0);
-        const WORD nTop = static_cast<WORD>(5 + 15 * m_words[4]);
-        Add({ 5, nTop, 100, 12, nID });
-        AddText(pszClass);
-        AddText(pszText);
-        Add({ 0 });  // no data
-        ++m_words[4];
-    }
-    const DLGTEMPLATE* Get() const { return reinterpret_cast<const DLGTEMPLATE*>(m_words.data()); }
-
-private:
-    void Add(std::initializer_list<WORD> words) { m_words.insert(m_words.end(), words); }
-    void AddLong(DWORD n) { Add({ LOWORD(n), HIWORD(n) }); }
-    void AddText(const char* psz)
-    {
-        do
-            Add({ static_cast<BYTE>(*psz) });
-        while (*psz++ != '\0');
-    }
-    std::vector<WORD> m_words;
-};
 
 // Takes the arrows out of the loop before the dialog sees them, and logs what it is asked for.
 class CCustom : public CWnd
@@ -119,7 +81,7 @@ public:
     // One key press, as from the keyboard.
     static void Press(HWND hWnd, UINT nKey) { ::PostMessageA(hWnd, WM_KEYDOWN, nKey, 1); }
 
-    CTemplate m_template{ WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME };
+    CDialogTemplate m_template{ WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME };
     CCustom m_custom;
     CEdit m_edit;
     std::function<void()> m_onInit;

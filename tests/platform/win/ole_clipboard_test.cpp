@@ -89,7 +89,7 @@ TEST_F(OleClipboard, IsReadByAnotherProcess)
         pSource->SetClipboard();
         if (bFlushed)
             COleDataSource::FlushClipboard();
-        CPartner partner("read 5003");
+        COlePartner partner("read 5003");
         EXPECT_EQ(partner.ReadLine(), "own 1 0 same");
         EXPECT_EQ(partner.ReadLine(), "private 1 0 same");
         EXPECT_EQ(partner.ReadLine(), "");
@@ -102,7 +102,7 @@ TEST_F(OleClipboard, IsFilledByAnotherProcess)
     for (const char* pszRole : { "put", "flush" })
     {
         (new CCountedSource(4))->SetClipboard();
-        CPartner partner(std::string(pszRole) + " 9001");
+        COlePartner partner(std::string(pszRole) + " 9001");
         EXPECT_EQ(partner.ReadLine(), "ready");
         EXPECT_TRUE(PumpUntil([] { return s_nSources == 0; }));
         EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);

@@ -12,59 +12,6 @@ BYTE ByteAt(SIZE_T nIndex, SIZE_T nSize)
 {
     return static_cast<BYTE>(nIndex * 31 + nSize + (nIndex >> 8));
 }
-
-void Send(const INPUT& input)
-{
-    INPUT copy = input;
-    SendInput(1, &copy, sizeof copy);
-}
-
-void SendMouse(DWORD nFlags, POINT point = {})
-{
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = nFlags;
-    const int nWidth = GetSystemMetrics(SM_CXSCREEN);
-    const int nHeight = GetSystemMetrics(SM_CYSCREEN);
-    input.mi.dx = (point.x * 65536 + nWidth / 2) / nWidth + 1;
-    input.mi.dy = (point.y * 65536 + nHeight / 2) / nHeight + 1;
-    Send(input);
-}
-
-void SendKey(WORD nKey, bool bDown)
-{
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = nKey;
-    input.ki.dwFlags = bDown ? 0 : KEYEVENTF_KEYUP;
-    Send(input);
-}
-
-// Moves come from the thread with the windows: the X server echoes each of them, and only there
-// Wine knows an echo that is late, and lets the cursor where it is.
-LRESULT CALLBACK MoveProc(HWND hWnd, UINT nMessage, WPARAM x, LPARAM y)
-{
-    if (nMessage != WM_APP)
-        return DefWindowProcA(hWnd, nMessage, x, y);
-    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
-              { static_cast<LONG>(x), static_cast<LONG>(y) });
-    return 0;
-}
-
-bool IsPressed(int nKey)
-{
-    return GetAsyncKeyState(nKey) < 0;
-}
-
-void LetGo()
-{
-    if (IsPressed(VK_LBUTTON))
-        SendMouse(MOUSEEVENTF_LEFTUP);
-    if (IsPressed(VK_RBUTTON))
-        SendMouse(MOUSEEVENTF_RIGHTUP);
-    if (IsPressed(VK_CONTROL))
-        SendKey(VK_CONTROL, false);
-}
 }  // namespace
 
 // ---- Blocks
@@ -94,117 +41,19 @@ CLIPFORMAT TestFormat()
     return static_cast<CLIPFORMAT>(RegisterClipboardFormatA("Mivora OLE test"));
 }
 
-// ---- Messages
-
-bool PumpUntil(const std::function<bool()>& condition, DWORD nMilliseconds)
-{
-    const DWORD nBegin = GetTickCount();
-    while (!condition())
-    {
-        if (GetTickCount() - nBegin > nMilliseconds)
-            return false;
-        MSG message;
-        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-        {
-            TranslateMessage(&message);
-            DispatchMessageA(&message);
-        }
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, 2, QS_ALLINPUT);
-    }
-    return true;
-}
-
-// ---- The second process
-
-CPartner::CPartner(const std::string& strArguments)
-{
-    SECURITY_ATTRIBUTES inherited{ sizeof inherited, nullptr, TRUE };
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    CreatePipe(&startup.hStdInput, &m_hItsInput, &inherited, 0);
-    CreatePipe(&m_hItsOutput, &startup.hStdOutput, &inherited, 0);
-    SetHandleInformation(m_hItsInput, HANDLE_FLAG_INHERIT, 0);
-    SetHandleInformation(m_hItsOutput, HANDLE_FLAG_INHERIT, 0);
-
-    char szPath[MAX_PATH];
-    GetModuleFileNameA(nullptr, szPath, MAX_PATH);
-    std::string strCommand = szPath;
-    strCommand = "\"" + strCommand.substr(0, strCommand.find_last_of("\\/") + 1) +
-                 "ole_partner.exe\" " + strArguments;
-    PROCESS_INFORMATION process{};
-    if (CreateProcessA(nullptr, strCommand.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                       &startup, &process))
-    {
-        m_hProcess = process.hProcess;
-        CloseHandle(process.hThread);
-    }
-    CloseHandle(startup.hStdInput);
-    CloseHandle(startup.hStdOutput);
-}
-
-CPartner::~CPartner()
-{
-    Finish();
-    CloseHandle(m_hItsOutput);
-    if (m_hProcess != nullptr)
-        CloseHandle(m_hProcess);
-}
-
-std::string CPartner::ReadLine()
-{
-    std::string strLine;
-    bool bEnded = false;
-    PumpUntil(
-        [&]
-        {
-            DWORD nThere = 0;
-            while (!bEnded)
-            {
-                char c = 0;
-                DWORD nRead = 0;
-                if (!PeekNamedPipe(m_hItsOutput, nullptr, 0, nullptr, &nThere, nullptr))
-                    bEnded = true;
-                else if (nThere == 0)
-                    break;
-                else if (ReadFile(m_hItsOutput, &c, 1, &nRead, nullptr) && c == '\n')
-                    bEnded = true;
-                else if (c != '\r')
-                    strLine += c;
-            }
-            return bEnded;
-        });
-    return strLine;
-}
-
-DWORD CPartner::Finish()
-{
-    if (m_hItsInput != nullptr)
-        CloseHandle(std::exchange(m_hItsInput, nullptr));
-    DWORD nCode = STILL_ACTIVE;
-    PumpUntil([&] { return !GetExitCodeProcess(m_hProcess, &nCode) || nCode != STILL_ACTIVE; });
-    if (nCode == STILL_ACTIVE)
-        TerminateProcess(m_hProcess, nCode);
-    return nCode;
-}
-
 // ---- The hand
 
 CHand::CHand(std::string_view script, FCondition isGoing, FCondition isThere, FCondition isAnswered)
     : m_isGoing(std::move(isGoing)),
       m_isThere(std::move(isThere)),
       m_isAnswered(std::move(isAnswered)),
-      m_hMover(CreateWindowA("STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)),
       m_thread([this, script] { Play(script); })
 {
-    SetWindowLongPtrA(m_hMover, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(MoveProc));
 }
 
 CHand::~CHand()
 {
     m_thread.join();
-    DestroyWindow(m_hMover);
 }
 
 void CHand::Play(std::string_view script)
@@ -253,39 +102,20 @@ void CHand::Do(char c)
     }
 }
 
-void CHand::MoveTo(POINT to)
-{
-    for (const LONG x : { to.x + 1, to.x })  // a move in any case
-        SendMessageTimeoutA(m_hMover, WM_APP, x, to.y, SMTO_NORMAL, 2000, nullptr);
-    m_at = to;
-}
-
 void CHand::Go(POINT to)
 {
-    MoveTo(to);
+    m_Mover.MoveTo(to);
     WaitFor([] { return true; });
 }
 
-// For a while, since late news of the X server may still move the cursor back, or let go of keys.
-// Moves again and again: what the other side was not ready for is lost.
 void CHand::WaitFor(const FCondition& condition)
 {
-    int nHeld = 0;
-    for (int i = 1; i <= 4000; ++i)
+    const auto again = [this]
     {
-        POINT at{};
-        GetCursorPos(&at);
-        const bool bThere = at.x == m_at.x && at.y == m_at.y;
-        nHeld = bThere && condition() ? nHeld + 1 : 0;
-        if (nHeld == 20)
-            return;
-        if (i % 100 == 0 && m_bControl)
+        if (m_bControl)
             SendKey(VK_CONTROL, true);
-        if (i % 100 == 0)
-            MoveTo(m_at);
-        Sleep(1);
-    }
-    m_bGaveUp = true;
+    };
+    m_bGaveUp = !m_Mover.WaitFor(condition, again);
 }
 
 // ---- Windows, targets and sources

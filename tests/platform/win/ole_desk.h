@@ -1,6 +1,8 @@
-// What the tests of OLE work with: blocks of known content, a message pump with an end, a second
-// process, a hand on mouse and keyboard, and windows to drag between.
+// What the tests of OLE work with: blocks of known content, a hand on mouse and keyboard, and
+// windows to drag between.
 #pragma once
+
+#include "desk.h"
 
 #include "platform/win/message_map.h"
 #include "platform/win/ole_drop_source.h"
@@ -19,27 +21,13 @@ HGLOBAL MakeBlock(SIZE_T nSize = s_nBlock);
 bool IsBlock(HGLOBAL hMemory, SIZE_T nSize = s_nBlock);
 CLIPFORMAT TestFormat();
 
-// Handles messages until the condition holds; false when it does not within the time.
-bool PumpUntil(const std::function<bool()>& condition, DWORD nMilliseconds = 10000);
-
-// The second process (ole_partner.cpp), which ends with this object.
-class CPartner
+// The second process (ole_partner.cpp).
+struct COlePartner : CPartner
 {
-public:
-    explicit CPartner(const std::string& strArguments);
-    ~CPartner();
-    CPartner(const CPartner&) = delete;
-    CPartner& operator=(const CPartner&) = delete;
-
-    // The next line that it writes, messages being handled meanwhile; empty at its end.
-    std::string ReadLine();
-    // Ends its message pump and gives its exit code.
-    DWORD Finish();
-
-private:
-    HANDLE m_hProcess = nullptr;
-    HANDLE m_hItsInput = nullptr;
-    HANDLE m_hItsOutput = nullptr;
+    explicit COlePartner(const std::string& strArguments)
+        : CPartner("ole_partner.exe", strArguments)
+    {
+    }
 };
 
 // Moves mouse and keys through the system's input queue, from a thread of its own, by a script:
@@ -50,7 +38,7 @@ private:
 class CHand
 {
 public:
-    using FCondition = std::function<bool()>;
+    using FCondition = CMover::FCondition;
     CHand(std::string_view script, FCondition isGoing, FCondition isThere, FCondition isAnswered);
     ~CHand();
 
@@ -60,15 +48,13 @@ public:
 private:
     void Play(std::string_view script);
     void Do(char c);
-    void MoveTo(POINT to);
     void Go(POINT to);
     void WaitFor(const FCondition& condition);
 
     FCondition m_isGoing;
     FCondition m_isThere;
     FCondition m_isAnswered;
-    HWND m_hMover;
-    POINT m_at = {};  // where the cursor was moved
+    CMover m_Mover;
     bool m_bControl = false;
     std::atomic<bool> m_bDone = false;
     std::atomic<bool> m_bGaveUp = false;

@@ -164,7 +164,7 @@ TEST_F(OleDrag, GoesToAnotherProcess)
     m_target.DestroyWindow();
     for (const auto& expected : aCases)
     {
-        CPartner partner(expected.pszRole);
+        COlePartner partner(expected.pszRole);
         ASSERT_EQ(partner.ReadLine(), "ready");
         CDragged dragged(m_source);
         EXPECT_TRUE(dragged.Play(
@@ -179,7 +179,7 @@ TEST_F(OleDrag, GoesToAnotherProcess)
 TEST_F(OleDrag, ComesFromAnotherProcess)
 {
     m_source.DestroyWindow();
-    CPartner partner("source");
+    COlePartner partner("source");
     ASSERT_EQ(partner.ReadLine(), "ready");
     CTestTarget target(&m_target);
     CHand hand(

@@ -47,24 +47,6 @@ COleDataSource* MakeSource(SIZE_T nSize)
     return pSource;
 }
 
-// Until the other process closes our input.
-void PumpToEnd()
-{
-    std::puts("ready");
-    std::fflush(stdout);
-    std::atomic<bool> bEnded = false;
-    std::thread reader(
-        [&]
-        {
-            while (std::getchar() != EOF)
-            {
-            }
-            bEnded = true;
-        });
-    PumpUntil([&] { return bEnded.load(); }, 60000);
-    reader.join();
-}
-
 void BeTarget(CTestTarget::EManner eManner)
 {
     CTestWindow window(s_targetPlace);
