@@ -8,9 +8,9 @@ if [ $# -gt 0 ]; then
     bin=$1
 else
     scripts/deps.sh build test
-    cmake --preset linux-release >/dev/null
-    cmake --build --preset linux-release --target mivora-tool gallery
-    bin=build/linux-release/bin
+    cmake --preset linux-bench >/dev/null
+    cmake --build --preset linux-bench --target mivora-tool gallery
+    bin=build/linux-bench/bin
 fi
 
 # Resolution of all pictures: twice as fine as the screen.
