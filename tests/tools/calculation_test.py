@@ -25,8 +25,8 @@ EXACT = {
     "artanh": (lambda x: 0.5 * math.log((1.0 + x) / (1.0 - x)), lambda x: abs(x) < 1),
 }
 NEARLY = {
-    "sin": (math.sin, lambda x: abs(x) < 1e9), "cos": (math.cos, lambda x: abs(x) < 1e9),
-    "tan": (math.tan, lambda x: abs(x) < 1e9), "arctan": (math.atan, lambda x: True),
+    "sin": (math.sin, lambda x: True), "cos": (math.cos, lambda x: True),
+    "tan": (math.tan, lambda x: True), "arctan": (math.atan, lambda x: True),
     "arcsin": (math.asin, lambda x: abs(x) < 1), "arccos": (math.acos, lambda x: abs(x) <= 1),
     "sinh": (math.sinh, lambda x: abs(x) < 700), "cosh": (math.cosh, lambda x: abs(x) < 700),
     "tanh": (math.tanh, lambda x: True),

@@ -15,6 +15,8 @@ extern "C"
     double newlib_sinh(double x);
     double newlib_cosh(double x);
     double newlib_tanh(double x);
+    // Gives the quarters of a turn, and what is left in two parts.
+    int newlib_rem_pio2(double x, double* pRest);
 
     // For the sources of newlib, too.
     double newlib_exp(double x);
@@ -52,7 +54,7 @@ double Extended(CFunction pfn, double x)
     return pfn(x);
 }
 
-// Beyond this the parts below are too short.
+// Beyond this the parts of a quarter below are too short.
 constexpr double LARGEST_ANGLE = 2147483648.0;
 
 struct CAngle
@@ -61,9 +63,18 @@ struct CAngle
     int nQuarters;      // 0 to 3
 };
 
+CAngle ReducedFromFar(double x)
+{
+    double aRest[2];
+    const int nQuarters = newlib_rem_pio2(x, aRest);
+    return { static_cast<long double>(aRest[0]) + aRest[1], nQuarters & 3 };
+}
+
 // A quarter of a turn in three parts; the products with the first two are exact.
 CAngle Reduced(double x)
 {
+    if (!(std::fabs(x) < LARGEST_ANGLE))
+        return ReducedFromFar(x);
     constexpr long double fFirst = 0x1.921fb544p+0L;
     constexpr long double fSecond = 0x1.0b4611a6p-34L;
     constexpr long double fThird = 0x1.3198a2e037073p-69L;
@@ -118,11 +129,6 @@ long double Cathetus(long double x)
 {
     return static_cast<double>(std::atan(static_cast<long double>(x)));
 }
-
-bool IsSmallAngle(double x)
-{
-    return std::fabs(x) < LARGEST_ANGLE;
-}
 }  // namespace
 
 extern "C" double newlib_exp(double x)
@@ -174,17 +180,17 @@ double tanh(double x)
 
 double sin(double x)
 {
-    return IsSmallAngle(x) ? Extended(Sine, x) : std::sin(x);
+    return Extended(Sine, x);
 }
 
 double cos(double x)
 {
-    return IsSmallAngle(x) ? Extended(Cosine, x) : std::cos(x);
+    return Extended(Cosine, x);
 }
 
 double tan(double x)
 {
-    return IsSmallAngle(x) ? Extended(Tangent, x) : std::tan(x);
+    return Extended(Tangent, x);
 }
 
 double asin(double x)

@@ -28,6 +28,8 @@ double newlib_expm1(double x);
 #define __ieee754_log10 newlib_log10
 #define __ieee754_sinh newlib_sinh
 #define __ieee754_cosh newlib_cosh
+#define __ieee754_rem_pio2 newlib_rem_pio2
+#define __kernel_rem_pio2 newlib_kernel_rem_pio2
 #define __ieee754_sqrt sqrt
 #define __exp_data NEWLIB_NAME(exp_data)
 #define __log_data NEWLIB_NAME(log_data)
