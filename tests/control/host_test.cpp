@@ -45,6 +45,47 @@ TEST(Hosts, AControlGoesWithItsEditorOpen)
     }
 }
 
+// Codes of keys and characters that a host may open the editor with, over the name "ab".
+TEST(Hosts, FirstCharacters)
+{
+    const struct
+    {
+        UINT nFirstChar;
+        const char* pszText;
+        int nStart;
+        int nEnd;
+    } aCases[] = {
+        { EDIT_KEEP_ARROWS, "ab", 2, 2 }, { VK_BACK, "a", 1, 1 },     { VK_TAB, "ab", 0, 2 },
+        { VK_RETURN, "ab", 2, 2 },        { VK_SPACE, "ab", 0, 2 },   { VK_HOME, "ab", 0, 2 },
+        { VK_DOWN, "ab", 0, 2 },          { VK_DOWN + 1, ")", 1, 1 }, { 'X', "X", 1, 1 },
+    };
+    for (const auto& one : aCases)
+    {
+        CControlDriver driver("ab");
+        CMemoryEditBox box(driver.m_Window, driver.NodeAt("L"), one.nFirstChar);
+        box.Open(CRect(0, 0, 10, 10));
+        int nStart = 0;
+        int nEnd = 0;
+        box.GetSel(nStart, nEnd);
+        EXPECT_EQ(box.GetString(), one.pszText) << one.nFirstChar;
+        EXPECT_EQ(nStart, one.nStart) << one.nFirstChar;
+        EXPECT_EQ(nEnd, one.nEnd) << one.nFirstChar;
+    }
+}
+
+// The node under the editor gives way, after it has taken the text.
+TEST(Hosts, PastesUnderAnOpenEditor)
+{
+    CControlDriver driver("a+b");
+    driver.Play("press @LR;copy;press @LL;key 88;char 89");
+    ASSERT_NE(driver.m_Window.GetBox(), nullptr);
+    EXPECT_TRUE(
+        driver.Control().PasteData(driver.NodeAt("LL"), *driver.m_Window.AttachClipboard()));
+    EXPECT_EQ(driver.m_Window.GetBox(), nullptr);
+    EXPECT_EQ(driver.m_Window.GetChangeCount(), 1);
+    EXPECT_EQ(driver.NodeAt("LL")->GetSymbol(), "b");
+}
+
 TEST(Hosts, AHandlerChangesTheTree)
 {
     // Deletes what is selected, from within the message that tells of an end or a deletion.
