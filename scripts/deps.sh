@@ -6,7 +6,7 @@ set -euo pipefail
 packages_build=(
     g++ cmake ninja-build pkg-config
     libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev zlib1g-dev
-    libcli11-dev nlohmann-json3-dev
+    nlohmann-json3-dev
     fonts-liberation fonts-wine fonts-dejavu-core fonts-urw-base35
     python3 python3-fonttools
 )

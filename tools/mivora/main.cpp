@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "arguments.h"
-#include "command_table.h"
-#include "generate.h"
 #include "platform/base/exception.h"
 #include "program.h"
 #include "report.h"
+#include "words/arguments.h"
+#include "words/command_table.h"
+#include "words/generate.h"
 
 namespace
 {

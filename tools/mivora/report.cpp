@@ -7,7 +7,7 @@
 #include "platform/base/app.h"
 #include "platform/base/code_page.h"
 #include "platform/base/system.h"
-#include "system_calls.h"
+#include "system/system_calls.h"
 
 namespace
 {

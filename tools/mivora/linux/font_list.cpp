@@ -1,8 +1,0 @@
-#include "font_list.h"
-
-#include "platform/gdi/linux/font_face.h"
-
-std::vector<std::pair<std::string, std::string>> FacesAndFiles()
-{
-    return ListFontFaces();
-}

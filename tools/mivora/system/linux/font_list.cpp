@@ -1,0 +1,8 @@
+#include "system/font_list.h"
+
+#include "platform/gdi/linux/font_face.h"
+
+std::vector<std::pair<std::string, std::string>> FacesAndFiles()
+{
+    return ListFontFaces();
+}
