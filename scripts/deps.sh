@@ -5,7 +5,8 @@ set -euo pipefail
 
 packages_build=(
     g++ cmake ninja-build pkg-config
-    libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev zlib1g-dev
+    libcairo2-dev libfreetype-dev libfontconfig-dev libgsf-1-dev
+    libdeflate-dev zlib1g-dev
     nlohmann-json3-dev
     fonts-liberation fonts-wine fonts-dejavu-core fonts-urw-base35
     python3 python3-fonttools

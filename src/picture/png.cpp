@@ -74,9 +74,31 @@ void AppendText(std::string& strBytes, const char* pszKeyword, const std::string
         AppendChunk(strBytes, "iTXt", pszKeyword + std::string(5, '\0') + strText);
 }
 
+// Writes a row of pixels; gives where it ends.
+template <bool bColours, bool bOpacity>
+char* PutRow(char* p, const std::uint32_t* pRow, int cx)
+{
+    for (int x = 0; x < cx; ++x)
+    {
+        const std::uint32_t nPixel = pRow[x];
+        if constexpr (bColours)
+        {
+            *p++ = static_cast<char>(nPixel >> 16);
+            *p++ = static_cast<char>(nPixel >> 8);
+        }
+        *p++ = static_cast<char>(nPixel);
+        if constexpr (bOpacity)
+            *p++ = static_cast<char>(nPixel >> 24);
+    }
+    return p;
+}
+
 // Rows as they are: of lines and letters no filter makes less.
 std::string Rows(const CRaster& raster, const CForm& form)
 {
+    char* (*const pfnPutRow)(char*, const std::uint32_t*, int) =
+        form.bColours ? (form.bOpacity ? PutRow<true, true> : PutRow<true, false>)
+                      : (form.bOpacity ? PutRow<false, true> : PutRow<false, false>);
     std::string strRows;
     strRows.resize((static_cast<size_t>(raster.size.cx) * form.Bytes() + 1) *
                    static_cast<size_t>(raster.size.cy));
@@ -84,19 +106,7 @@ std::string Rows(const CRaster& raster, const CForm& form)
     for (int y = 0; y < raster.size.cy; ++y)
     {
         *p++ = 0;
-        const std::uint32_t* pRow = raster.Row(y);
-        for (int x = 0; x < raster.size.cx; ++x)
-        {
-            const std::uint32_t nPixel = pRow[x];
-            if (form.bColours)
-            {
-                *p++ = static_cast<char>(nPixel >> 16);
-                *p++ = static_cast<char>(nPixel >> 8);
-            }
-            *p++ = static_cast<char>(nPixel);
-            if (form.bOpacity)
-                *p++ = static_cast<char>(nPixel >> 24);
-        }
+        p = pfnPutRow(p, raster.Row(y), raster.size.cx);
     }
     return strRows;
 }
