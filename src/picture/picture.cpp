@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <iterator>
+#include <new>
 
 #include "nodes/node.h"
 #include "picture/formats.h"
@@ -161,7 +162,14 @@ CPictureFile MakePicture(CFormulaOut& formula, const CPictureFormat& format,
 {
     if (format.pfnMake == nullptr)
         throw CPictureFailure{ std::string(".") + format.pszName + ' ' + format.pszElsewhere };
-    return format.pfnMake(formula, options);
+    try
+    {
+        return format.pfnMake(formula, options);
+    }
+    catch (const std::bad_alloc&)
+    {
+        throw CPictureFailure{ "there is no memory for the picture" };
+    }
 }
 
 CPictureSize MeasurePicture(CFormulaOut& formula, const CPictureOptions& options)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 
 #include "nodes/draw_scope.h"
@@ -15,11 +16,21 @@ namespace
 // Ink that reaches less far into a pixel cannot be seen there.
 constexpr double s_fUnseen = 1.0 / 256;
 // Keeps the arithmetic of damaged sizes within whole numbers; no picture is so large.
-constexpr double s_fFarthest = 1 << 28;
+constexpr int s_nFarthest = 1 << 28;
+
+void CheckSide(double fPixels, int nMost)
+{
+    if (fPixels <= nMost)
+        return;
+    char szPixels[32];
+    std::snprintf(szPixels, sizeof szPixels, "%.0f", fPixels);
+    throw CPictureFailure{ std::string("the picture would be ") + szPixels +
+                           " pixels long, more than " + std::to_string(nMost) };
+}
 
 int Rounded(double f)
 {
-    return static_cast<int>(std::lround(std::clamp(f, -s_fFarthest, s_fFarthest)));
+    return static_cast<int>(std::lround(std::clamp<double>(f, -s_nFarthest, s_nFarthest)));
 }
 
 int First(double f)
@@ -65,6 +76,8 @@ CPlacement::CPlacement(const CDrawing& drawing, const CPictureOptions& options, 
       m_fTextLine(m_fAxis + line.nBelowAxis * m_fScale),
       m_fEm(line.nEm * m_fScale)
 {
+    CheckSide(drawing.size.cx * m_fScale, s_nFarthest);
+    CheckSide(drawing.size.cy * m_fScale, s_nFarthest);
     const int n = options.nMargin;
     if (options.bExact)
     {
@@ -81,6 +94,12 @@ void CPlacement::Grow(int nLeft, int nTop, int nRight, int nBottom)
 {
     m_origin += CSize(nLeft, nTop);
     m_size += CSize(nLeft + nRight, nTop + nBottom);
+}
+
+void CPlacement::CheckSides(int nMost) const
+{
+    CheckSide(m_size.cx, nMost);
+    CheckSide(m_size.cy, nMost);
 }
 
 CPictureSize CPlacement::Told() const

@@ -30,12 +30,15 @@ COLORREF BackgroundOf(const CPictureOptions& options);
 class CPlacement
 {
 public:
+    // Throws CPictureFailure for what no picture could hold.
     CPlacement(const CDrawing& drawing, const CPictureOptions& options, CTextLine line);
 
     double Scale() const { return m_fScale; }
     CPoint Origin() const { return m_origin; }  // of the formula's corner
     const CSize& Size() const { return m_size; }
     CPictureSize Told() const;
+    // Throws CPictureFailure if a side is longer than so many pixels.
+    void CheckSides(int nMost) const;
 
     double X(double x) const { return m_origin.x + x * m_fScale; }
     double Y(double y) const { return m_origin.y + y * m_fScale; }

@@ -10,19 +10,8 @@ namespace
 constexpr int s_nSlack = 2;
 constexpr int s_nMostPixels = 1 << 27;  // half a gigabyte
 
-void CheckSide(int nPixels)
-{
-    if (nPixels > s_nLargestSide)
-    {
-        throw CPictureFailure{ "the picture would be " + std::to_string(nPixels) +
-                               " pixels long, more than " + std::to_string(s_nLargestSide) };
-    }
-}
-
 CRaster BlankRaster(const CSize& size, const CPictureOptions& options)
 {
-    CheckSide(size.cx);
-    CheckSide(size.cy);
     if (static_cast<long long>(size.cx) * size.cy > s_nMostPixels)
     {
         throw CPictureFailure{ "the picture would have " + std::to_string(size.cx) + " by " +
@@ -138,6 +127,7 @@ CRaster MakeRaster(const CDrawing& drawing, CPlacement& placement, const CPictur
 {
     const int nSlack = options.bExact ? 0 : s_nSlack;
     placement.Grow(nSlack, nSlack, nSlack, nSlack);
+    placement.CheckSides(s_nLargestSide);
     CRaster raster = BlankRaster(placement.Size(), options);
     DrawOnRaster(raster, drawing, placement, options.bTransparent);
     if (nSlack == 0)

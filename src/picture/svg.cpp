@@ -10,7 +10,8 @@
 
 namespace
 {
-constexpr int s_nUnit = 100;  // coordinates in a pixel
+constexpr int s_nUnit = 100;                // coordinates in a pixel
+constexpr int s_nLargestSide = 10'000'000;  // of which coordinates are still whole numbers
 // What a glyph costs, in characters, beside its steps: drawn where it stands, drawn by its name,
 // and given a name.
 constexpr size_t s_nPlainCost = 24;
@@ -281,5 +282,6 @@ private:
 std::string SvgBytes(const CDrawing& drawing, const CPlacement& placement,
                      const CPictureOptions& options, const std::vector<CNodeBox>& boxes)
 {
+    placement.CheckSides(s_nLargestSide);
     return CSvgWriter(drawing, placement, options).Write(boxes);
 }

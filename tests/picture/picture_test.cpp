@@ -109,13 +109,44 @@ TEST_F(CPictureTest, AHostsGroundStays)
     }
 }
 
+struct CLengthCase
+{
+    const char* pszFormat;
+    int nLetters;  // of 8 pixels
+    int nDpi;
+    bool bMade;
+};
+
+const CLengthCase s_aLengths[] = {
+    { "png", 4000, 96, true },
+    { "png", 9000, 96, false },
+    { "bmp", 9000, 96, false },
+    { "svg", 9000, 96, true },
+    { "svg", 60000, 2400, false },
+    { "svg", 60000, 60000, false },  // beyond the numbers of the layout too
+    { "pdf", 1190, 192, true },      // nearly 14,400 points
+    { "pdf", 1201, 192, false },
+};
+
 TEST_F(CPictureTest, TooLargeIsAReason)
 {
     CFormulaOut formula;
-    formula.FormTree(CString('a', 9000));  // letters of 8 pixels
-    for (const char* pszName : { "png", "bmp" })
-        EXPECT_THROW(MakePicture(formula, Format(pszName), {}), CPictureFailure);
-    EXPECT_GT(MakePicture(formula, Format("svg"), {}).size.nWidth, 32767);
+    for (const CLengthCase& length : s_aLengths)
+    {
+        if (Format(length.pszFormat).pfnMake == nullptr)
+            continue;
+        formula.FormTree(CString('a', length.nLetters));
+        CPictureOptions options;
+        options.nDpi = length.nDpi;
+        const auto make = [&]
+        {
+            return MakePicture(formula, Format(length.pszFormat), options);
+        };
+        if (length.bMade)
+            EXPECT_EQ(make().size.nWidth / length.nLetters, 8 * length.nDpi / s_nScreenDpi);
+        else
+            EXPECT_THROW(make(), CPictureFailure) << length.pszFormat << ' ' << length.nLetters;
+    }
     formula.FormTree("a");
     CPictureOptions wide;
     wide.nMargin = 10000;

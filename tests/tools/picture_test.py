@@ -432,11 +432,16 @@ class Manifest(PictureCase):
                     self.assertEqual(one["size"], [width, height])
             self.assertEqual(told[4]["depth"], json.loads(run("measure", "f", "--json")[1])["depth"])
 
+    def test_makes_the_folders(self):
+        out = pathlib.Path(self.folder) / "new" / "deep"
+        self.assertEqual(run("batch", "-", "-d", str(out) + "/", stdin=b"a\n")[0], 0)
+        self.assertTrue((out / "000001.wmf").exists())
+
     def test_stops_at_once(self):
         """One message where nothing can be written, and no picture."""
         blocked = pathlib.Path(self.folder) / "file"
         blocked.write_text("")
-        for words in (["-d", str(blocked)], ["-d", self.folder, "--manifest", self.folder + "/no/m"]):
+        for words in (["-d", str(blocked)], ["-d", str(blocked / "x")], ["-d", self.folder, "--manifest", self.folder + "/no/m"]):
             status, out, err = run("batch", "-", *words, stdin=b"a\n" * 100)
             self.assertEqual((status, out, err.count("\n")), (1, "", 1), err)
 

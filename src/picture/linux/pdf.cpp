@@ -11,6 +11,7 @@
 namespace
 {
 constexpr double s_fPointsPerInch = 72;
+constexpr int s_nLargestSide = 19200;  // 14,400 points: a larger page is not shown everywhere
 // A fixed date: the same formula gives the same bytes at any time.
 constexpr char s_szDate[] = "2000-01-01T00:00:00Z";
 
@@ -94,6 +95,7 @@ void Paint(cairo_t* pCairo, const CDrawing& drawing, const CPlacement& placement
 std::string PdfBytes(const CDrawing& drawing, const CPlacement& placement,
                      const CPictureOptions& options, const std::vector<CNodeBox>& boxes)
 {
+    placement.CheckSides(s_nLargestSide);
     std::string strBytes;
     const double fPoints = s_fPointsPerInch / s_nScreenDpi;  // in a pixel of the picture
     const CSize& size = placement.Size();

@@ -90,7 +90,14 @@ int MeasureAsJson(const CArguments& arguments)
     CParseReport report;
     Form(formula, TextFromUtf8(strTyped), report);
     ApplyLook(formula, options.look);
-    std::printf("%s\n", SizeAsJson(MeasurePicture(formula, options.picture)).c_str());
+    try
+    {
+        std::printf("%s\n", SizeAsJson(MeasurePicture(formula, options.picture)).c_str());
+    }
+    catch (const CPictureFailure& failure)
+    {
+        throw CFailure{ "cannot measure: " + failure.strReason };
+    }
     return TellFindings(arguments, report, strTyped);
 }
 

@@ -6,7 +6,7 @@
 // The system's words for the number of an error, as UTF-8, without the final point.
 std::string SystemErrorText(long nError);
 
-// Makes a folder, if it is not there yet. Throws CFailure.
+// Makes a folder, and those above it, if they are not there yet. Throws CFailure.
 void MakeFolder(const std::string& strPath);
 
 // Whether standard error is a terminal, on which a line can be written again and wiped ("\033[K").

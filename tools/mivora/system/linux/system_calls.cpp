@@ -1,21 +1,22 @@
 #include "system/system_calls.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/base/system.h"
 #include "report.h"
 
 void MakeFolder(const std::string& strPath)
 {
-    struct stat status;
-    if (mkdir(strPath.c_str(), 0777) == 0)
-        return;
-    const int nError = errno;
-    if (stat(strPath.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
-        throw CFailure{ "cannot make the folder " + strPath + ": " + SystemErrorText(nError) };
+    std::error_code error;
+    std::filesystem::create_directories(strPath, error);
+    if (error)
+    {
+        throw CFailure{ "cannot make the folder " + strPath + ": " +
+                        SystemErrorText(error.value()) };
+    }
 }
 
 bool IsErrorTerminal()

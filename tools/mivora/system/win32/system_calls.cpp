@@ -10,6 +10,21 @@ bool IsFolder(const std::wstring& path)
     const DWORD nAttributes = GetFileAttributesW(path.c_str());
     return nAttributes != INVALID_FILE_ATTRIBUTES && (nAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
+
+// With those above it. Gives the error, 0 for none.
+DWORD MakeFolders(const std::wstring& path)
+{
+    const auto make = [&]() -> DWORD
+    {
+        const DWORD nError = CreateDirectoryW(path.c_str(), nullptr) ? 0 : GetLastError();
+        return nError == 0 || IsFolder(path) ? 0 : nError;
+    };
+    const DWORD nError = make();
+    const size_t nAbove = path.find_last_of(L"/\\");
+    if (nError != ERROR_PATH_NOT_FOUND || nAbove == std::wstring::npos || nAbove == 0)
+        return nError;
+    return MakeFolders(path.substr(0, nAbove)) == 0 ? make() : nError;
+}
 }  // namespace
 
 std::string SystemErrorText(long nError)
@@ -28,11 +43,8 @@ std::string SystemErrorText(long nError)
 
 void MakeFolder(const std::string& strPath)
 {
-    const std::wstring path = ToWide(strPath, CP_UTF8);
-    if (CreateDirectoryW(path.c_str(), nullptr))
-        return;
-    const DWORD nError = GetLastError();
-    if (!IsFolder(path))
+    const DWORD nError = MakeFolders(ToWide(strPath, CP_UTF8));
+    if (nError != 0)
     {
         throw CFailure{ "cannot make the folder " + strPath + ": " +
                         SystemErrorText(static_cast<long>(nError)) };
