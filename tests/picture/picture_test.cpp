@@ -147,6 +147,10 @@ TEST_F(CPictureTest, TooLargeIsAReason)
         else
             EXPECT_THROW(make(), CPictureFailure) << length.pszFormat << ' ' << length.nLetters;
     }
+    formula.FormTree(CString('a', 60000));
+    CPictureOptions fine;
+    fine.nDpi = 60000;
+    EXPECT_THROW(MeasurePicture(formula, fine), CPictureFailure);
     formula.FormTree("a");
     CPictureOptions wide;
     wide.nMargin = 10000;
