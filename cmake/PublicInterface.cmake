@@ -6,7 +6,7 @@ file(GLOB_RECURSE public_headers RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_
 if(WIN32)
     set(not_here "(^|/)(linux|win32)/|cairo_dc.h$")
 else()
-    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^platform/win/")
+    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^(platform/win|menu)/")
 endif()
 list(FILTER public_headers EXCLUDE REGEX ${not_here})
 if(WIN32)
