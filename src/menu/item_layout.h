@@ -3,6 +3,7 @@
 
 #include "menu/menu_style.h"
 #include "menu/menu_system.h"
+#include "menu/title_flags.h"
 #include "platform/base/geometry.h"
 
 constexpr CSize DEFAULT_ICON_SIZE(16, 15);
@@ -45,16 +46,6 @@ int BarShadowDarkness(int nColumn, int nRow);
 constexpr int SHADOW_WIDTH = 4;
 
 // ---- Titles
-
-enum : UINT
-{
-    TITLE_VERTICAL = 1,
-    TITLE_GRADIENT = 2,
-    TITLE_RAISED = 4,
-    TITLE_LINE = 8,
-    TITLE_ROUNDED = 16,
-    TITLE_CENTRED = 32
-};
 
 // A title of one line in its font; a vertical one turned to its side. icon is (0, 0) for none.
 CSize MeasureTitle(CSize text, CSize icon, UINT nFlags);

@@ -94,12 +94,14 @@ const CThemeList& Themes()
 
 std::optional<CMenuSystem> s_system;  // read when first asked for
 bool s_bSystemOfTest = false;
+UINT s_nLook = 1;
 
 DWORD ChangeStyle(DWORD nId, bool bWine)
 {
     const DWORD nOld = g_pMenuTheme != nullptr ? g_pMenuTheme->m_nId : DEFAULT_MENU_STYLE;
     if (CMenuTheme* pTheme = Themes().Find(StyleInForce(nId, bWine)))
         g_pMenuTheme = pTheme;
+    ++s_nLook;
     return nOld;
 }
 }  // namespace
@@ -127,6 +129,7 @@ void SetMenuSystem(const CMenuSystem* pSystem)
 {
     s_bSystemOfTest = pSystem != nullptr;
     s_system.reset();
+    ++s_nLook;
     if (pSystem == nullptr)
         return;
     s_system = *pSystem;
@@ -135,8 +138,20 @@ void SetMenuSystem(const CMenuSystem* pSystem)
 
 void RefreshMenuSystem()
 {
-    if (!s_bSystemOfTest)
-        s_system.reset();
+    if (s_bSystemOfTest)
+        return;
+    s_system.reset();
+    ++s_nLook;
+}
+
+UINT GetMenuLookNumber()
+{
+    return s_nLook;
+}
+
+void ChangeMenuLook()
+{
+    ++s_nLook;
 }
 
 CMenuSettings& GetMenuSettings()

@@ -33,6 +33,10 @@ extern CMenuTheme* g_pMenuTheme;
 DWORD SetMenuStyle(DWORD nId);
 DWORD GetMenuStyle();
 
+// Counts the changes after which items have other sizes.
+UINT GetMenuLookNumber();
+void ChangeMenuLook();
+
 // ---- A style
 
 using MeasureOperation = void (CNewMenu::*)(LPMEASUREITEMSTRUCT pMeasure);

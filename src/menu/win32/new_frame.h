@@ -3,6 +3,8 @@
 //   class CMainFrame : public CNewFrameWnd { ... };   // instead of CFrameWnd
 #pragma once
 
+#include <type_traits>
+
 #include "menu/win32/new_menu.h"
 #include "platform/win/dialog.h"
 #include "platform/win/frame.h"
@@ -15,11 +17,19 @@ public:
     using T::T;
     // The bar, attached when the window has one; the system's menu stays the window's.
     CNewMenu& GetNewMenu() { return m_menu; }
-    // Draws another bar in the place of the one there is.
+    // Draws the bar that the window has now; one that was there before is the system's again.
     void AttachBar()
     {
         m_menu.DetachMenu();
         m_menu.AttachMenu(::GetMenu(this->m_hWnd));
+        if constexpr (std::is_base_of_v<CFrameWnd, T>)
+            m_menu.SetAccelerators(this->m_hAccelTable);
+        ::DrawMenuBar(this->m_hWnd);
+    }
+    // After a change of the style or of the bar's items.
+    void RedrawBar()
+    {
+        m_menu.Synchronise();
         ::DrawMenuBar(this->m_hWnd);
     }
 

@@ -146,16 +146,17 @@ void CNewMenu::ForgetItems(bool bGiveBack)
 
 void CNewMenu::Synchronise()
 {
+    const bool bMeasure = std::exchange(m_nLook, GetMenuLookNumber()) != GetMenuLookNumber();
     Items old = std::exchange(m_items, {});
     const int nItems = ::GetMenuItemCount(m_hMenu);
     for (int n = 0; n < nItems; ++n)
-        SynchroniseItem(static_cast<UINT>(n), old);
+        SynchroniseItem(static_cast<UINT>(n), old, bMeasure);
     SynchroniseSubMenus();
 }
 
 // An item whose text was set by other means has lost its record: it is known by its command, so
 // that it keeps its icon.
-void CNewMenu::SynchroniseItem(UINT nPosition, Items& old)
+void CNewMenu::SynchroniseItem(UINT nPosition, Items& old, bool bMeasure)
 {
     const MENUITEMINFOW info =
         ItemInfo(m_hMenu, nPosition, MIIM_FTYPE | MIIM_DATA | MIIM_ID | MIIM_SUBMENU);
@@ -180,7 +181,10 @@ void CNewMenu::SynchroniseItem(UINT nPosition, Items& old)
         pItem->m_nFlags |= MF_POPUP;
     if (!IsTitle(*pItem))
         pItem->SetText(ItemText(m_hMenu, nPosition));
-    if (!bOwnerDrawn || info.dwItemData != pItem->GetMenuData())
+    // The system keeps a size until the item becomes another.
+    if (bOwnerDrawn && bMeasure)
+        SetItemDrawing(m_hMenu, nPosition, info.fType & ~static_cast<UINT>(MFT_OWNERDRAW), 0);
+    if (!bOwnerDrawn || bMeasure)
         SetItemDrawing(m_hMenu, nPosition, info.fType | MFT_OWNERDRAW, pItem->GetMenuData());
     m_items.push_back(std::move(pItem));
 }
@@ -324,16 +328,33 @@ BOOL CNewMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT pEx
 void CNewMenu::OnInitMenuPopup()
 {
     Synchronise();
-    for (auto* p = dynamic_cast<CNewMenu*>(FromHandlePermanent(m_hParent)); p != nullptr;
-         p = dynamic_cast<CNewMenu*>(FromHandlePermanent(p->m_hParent)))
-        ++p->m_nOpenSubMenus;
+    CountOpen(1);
 }
 
 void CNewMenu::OnUnInitMenuPopup()
 {
+    CountOpen(-1);
+}
+
+void CNewMenu::CountOpen(int nMore)
+{
     for (auto* p = dynamic_cast<CNewMenu*>(FromHandlePermanent(m_hParent)); p != nullptr;
          p = dynamic_cast<CNewMenu*>(FromHandlePermanent(p->m_hParent)))
-        p->m_nOpenSubMenus = std::max(p->m_nOpenSubMenus - 1, 0);
+    {
+        p->m_nOpenSubMenus = std::max(p->m_nOpenSubMenus + nMore, 0);
+        p->RedrawOfBar();
+    }
+}
+
+// The system has drawn the item of a bar before its popup opens, and draws it no more then.
+void CNewMenu::RedrawOfBar()
+{
+    if (m_bPopup != FALSE || !::IsWindow(m_hWndDrawn) || (m_drawn.itemState & ODS_SELECTED) == 0)
+        return;
+    DRAWITEMSTRUCT draw = m_drawn;
+    draw.hDC = ::GetWindowDC(m_hWndDrawn);
+    DrawItem(&draw);
+    ::ReleaseDC(m_hWndDrawn, draw.hDC);
 }
 
 LRESULT CNewMenu::FindKeyboardItem(UINT nChar, HMENU hMenu)
@@ -456,7 +477,7 @@ void CNewMenu::DrawItem(LPDRAWITEMSTRUCT pDraw)
     GetMenuSystem();  // may have changed
     CNewMenu& menu = *pItem->m_pMenu;
     menu.m_hWndDrawn = ::WindowFromDC(pDraw->hDC);
-    menu.m_rectDrawn = pDraw->rcItem;
+    menu.m_drawn = *pDraw;
     if (IsTitle(*pItem))
         (menu.*g_pMenuTheme->m_pfnDrawTitle)(pDraw);
     else
@@ -603,6 +624,7 @@ BOOL CNewMenu::GetDisabledSelectable()
 }
 BOOL CNewMenu::SetShortcutTexts(BOOL bOn)
 {
+    ChangeMenuLook();
     return std::exchange(GetMenuSettings().m_bShortcuts, bOn != FALSE);
 }
 BOOL CNewMenu::GetShortcutTexts()

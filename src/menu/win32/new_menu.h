@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "menu/menu_settings.h"
+#include "menu/title_flags.h"
 #include "platform/base/geometry.h"
 #include "platform/win/menu.h"
 
@@ -69,11 +70,15 @@ public:
     BOOL LoadToolBar(LPCSTR pszName);
     // Icons from somewhere else: see CNewMenuBitmaps.
     void SetIcons(const std::shared_ptr<CNewMenuIcons>& pIcons);
+    // Where the text of an item names no shortcut, that of its command in the table is shown. Of
+    // this menu and its submenus; not owned.
+    void SetAccelerators(HACCEL hAccelerators);
     // A heading before the item at nPosition, or at the end for -1; nFlags are TITLE_. The record
     // is the menu's; null on failure.
     CNewMenuItemDataTitle* InsertTitle(int nPosition, const std::wstring& text, UINT nFlags);
     BOOL TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT pExclude = nullptr);
-    // Makes records of what has been added, changed or taken away by other means.
+    // Makes records of what has been added, changed or taken away by other means, and has items
+    // measured again whose style is another now. A popup that opens is kept so by itself.
     void Synchronise();
     CNewMenuItemData* FindItem(UINT nID) const;
 
@@ -114,7 +119,7 @@ public:
 private:
     using Items = std::vector<std::unique_ptr<CNewMenuItemData>>;
 
-    void SynchroniseItem(UINT nPosition, Items& old);
+    void SynchroniseItem(UINT nPosition, Items& old, bool bMeasure);
     void SynchroniseSubMenus();
     void ReleaseSubMenus();
     void ForgetItems(bool bGiveBack);
@@ -123,20 +128,18 @@ private:
     template <class M>
     void MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure);
     int FindPosition(const CNewMenuItemData& item) const;
+    void CountOpen(int nMore);
+    void RedrawOfBar();
 
     Items m_items;
     std::vector<HMENU> m_subMenus;     // each with an object of its own, owned
     HWND m_hWndDrawn = nullptr;        // that last drew the menu
     HMENU m_hParent;                   // null for a top menu
     BOOL m_bPopup = TRUE;              // a bar is none
-    CRect m_rectDrawn;                 // of the item that was drawn last
+    DRAWITEMSTRUCT m_drawn = {};       // the item that was drawn last, and where
     int m_nOpenSubMenus = 0;           // within one another
     HACCEL m_hAccelerators = nullptr;  // of the owning bar; not owned
     int m_nIconWidth;
     int m_nIconHeight;
-
-public:
-    // Where the text of an item names no shortcut, that of its command in the table is shown. Of
-    // this menu and its submenus; not owned.
-    void SetAccelerators(HACCEL hAccelerators);
+    UINT m_nLook = 0;  // that items have been measured for
 };
