@@ -229,6 +229,11 @@ int CNewMenu::FindPosition(const CNewMenuItemData& item) const
     return -1;
 }
 
+bool CNewMenu::IsDefault(const CNewMenuItemData& item) const
+{
+    return item.m_nID != 0 && ::GetMenuDefaultItem(m_hMenu, FALSE, GMDI_USEDISABLED) == item.m_nID;
+}
+
 CNewMenu* CNewMenu::FromItemData(ULONG_PTR nData)
 {
     const CNewMenuItemData* pItem = CNewMenuItemData::FromMenuData(nData);
@@ -417,12 +422,8 @@ void CNewMenu::MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure)
     {
         CItemContent content;
         const std::wstring text = ShownText(item, m_hAccelerators);
-        const int nPosition = FindPosition(item);
-        const bool bDefault =
-            nPosition >= 0 &&
-            (::GetMenuState(m_hMenu, static_cast<UINT>(nPosition), MF_BYPOSITION) & MF_DEFAULT) !=
-                0;
-        content.m_text = MenuTextExtent(&screen, text, bDefault, GetMenuSettings().m_bShortcuts);
+        content.m_text =
+            MenuTextExtent(&screen, text, IsDefault(item), GetMenuSettings().m_bShortcuts);
         content.m_icon = CSize(m_nIconWidth, m_nIconHeight);
         content.m_bSeparator = (item.m_nFlags & MF_SEPARATOR) != 0;
         content.m_bSubmenu = (item.m_nFlags & MF_POPUP) != 0;
@@ -507,6 +508,8 @@ void CNewMenu::DrawBy(LPDRAWITEMSTRUCT pDraw, F draw)
     view.m_pIcons = pItem->m_pIcons.get();
     view.m_nIcon = pItem->m_nIcon;
     view.m_nState = pDraw->itemState;
+    if (IsDefault(*pItem))  // not every system says so
+        view.m_nState |= ODS_DEFAULT;
     view.m_bBar = m_bPopup == FALSE;
     view.m_bOpen = view.m_bBar && m_nOpenSubMenus > 0;
     view.m_bSeparator = (pItem->m_nFlags & MF_SEPARATOR) != 0;

@@ -128,6 +128,7 @@ private:
     template <class M>
     void MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure);
     int FindPosition(const CNewMenuItemData& item) const;
+    bool IsDefault(const CNewMenuItemData& item) const;
     void CountOpen(int nMore);
     void RedrawOfBar();
 
