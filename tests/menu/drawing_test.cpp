@@ -100,7 +100,7 @@ bool IsNear(COLORREF a, COLORREF b)
 // The styles that a row holds for, as bits.
 constexpr UINT RAISED = 0x003;
 constexpr UINT FLAT = 0x00C;
-constexpr UINT TEXT = 0x030;
+constexpr UINT TEXT_ONLY = 0x030;
 constexpr UINT SHADED = 0x0C0;
 constexpr UINT GRADIENT = 0xF00;
 constexpr UINT NO_ICON = 0x10000;  // pseudo states
@@ -171,12 +171,12 @@ const CCase s_aCases[] = {
       ODS_SELECTED,
       { { "edge", 0xFFFFFF }, { "body", 0x800080 } } },
     { FLAT | GRADIENT, HighContrastWhite, ODS_SELECTED, { { "edge", 0 }, { "body", 0 } } },
-    { RAISED | TEXT | SHADED,
+    { RAISED | TEXT_ONLY | SHADED,
       ClassicSystem,
       NO_ICON,
       { { "edge", 0xC8D0D4 }, { "body", 0xC8D0D4 } } },
     { RAISED | SHADED, ClassicSystem, 0, { { "icon", 0x0000CD } } },
-    { TEXT, ClassicSystem, 0, { { "icon", 0xC8D0D4 } } },
+    { TEXT_ONLY, ClassicSystem, 0, { { "icon", 0xC8D0D4 } } },
     { RAISED,
       ClassicSystem,
       ODS_SELECTED,
@@ -191,8 +191,11 @@ const CCase s_aCases[] = {
         { "far edge", 0x808080 },
         { "column", 0xF4D7B3 },
         { "body", 0xCBD0D2 } } },
-    { TEXT, ClassicSystem, ODS_SELECTED, { { "edge", 0xD77800 }, { "body", 0xD77800 } } },
-    { RAISED | TEXT | SHADED, ClassicSystem, LINE, { { "body", 0xC8D0D4 }, { "line", 0xFFFFFF } } },
+    { TEXT_ONLY, ClassicSystem, ODS_SELECTED, { { "edge", 0xD77800 }, { "body", 0xD77800 } } },
+    { RAISED | TEXT_ONLY | SHADED,
+      ClassicSystem,
+      LINE,
+      { { "body", 0xC8D0D4 }, { "line", 0xFFFFFF } } },
 };
 
 TEST(MenuDrawing, EveryStyleShowsItsItems)

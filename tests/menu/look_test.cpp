@@ -11,6 +11,8 @@
 #include "menu/menu_colours.h"
 #include "menu/menu_settings.h"
 #include "menu/menu_style.h"
+#include "platform/gdi/dc.h"
+#include "platform/gdi/memory_picture.h"
 #include "systems.h"
 
 void PrintTo(const CRect& rect, std::ostream* pStream)
@@ -277,6 +279,14 @@ TEST(MenuFrames, LeaveRoomForTheShadowThatTheSystemDoesNotDraw)
     EXPECT_EQ(ClientInside(asked, FrameSizes(false)), CRect(102, 52, 201, 150));
     EXPECT_EQ(FrameInside(asked, true), asked);
     EXPECT_EQ(FrameInside(asked, false), CRect(100, 50, 202, 152));
+}
+
+TEST(MenuFrames, RaisedOnesHaveTwoColours)
+{
+    CMemoryPicture picture(6, 5);
+    CDC::FromHandle(picture)->Draw3dRect(CRect(1, 1, 5, 4), 0x0000FF, 0xFF0000);
+    EXPECT_EQ(picture.Lines(),
+              (std::vector<std::string>{ "......", ".rrrb.", ".r..b.", ".bbbb.", "......" }));
 }
 
 TEST(MenuFrames, ShadowsFade)

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "control/win32/resource.h"
+#include "menu/win32/accelerator_text.h"
 #include "menu/win32/menu_hook.h"
 #include "menu/win32/menu_item_data.h"
 #include "menu/win32/menu_theme.h"
@@ -443,6 +445,49 @@ TEST_F(MenuPopup, AThousandOpeningsLeaveNothingBehind)
     EXPECT_LE(after.nUser, before.nUser + 2);
     EXPECT_LE(after.nGdi, before.nGdi + 2);
     EXPECT_LE(MemoryInUse(), nMemory + 256 * 1024);
+}
+
+// The control's own menu, from the resources.
+TEST_F(MenuPopup, ResourcesGiveItemsAndIcons)
+{
+    CNewMenu menu;
+    EXPECT_FALSE(menu.LoadMenu(999));
+    ASSERT_TRUE(menu.LoadMenu(IDR_FORMULA_MENU));
+    CNewMenu* pPopup = menu.GetNewSubMenu(0);
+    ASSERT_NE(pPopup, nullptr);
+    EXPECT_FALSE(pPopup->LoadToolBar(999));
+    const CNewMenuItemData* pItem = pPopup->FindItem(ID_FORMULA_SAVE);
+    ASSERT_NE(pItem, nullptr);
+    EXPECT_EQ(pItem->GetWideText(), L"\u4FDD\u5B58\u4E3ATQX\u6587\u4EF6");
+    EXPECT_EQ(pItem->m_nIcon, -1);
+    ASSERT_TRUE(pPopup->LoadToolBar(IDR_FORMULA_TOOLBAR));
+    EXPECT_EQ(pItem->m_nIcon, 0);
+    EXPECT_EQ(pItem->m_pIcons->GetIconSize(), CSize(20, 20));
+    EXPECT_EQ(pItem->m_pIcons->GetImageCount(), 3);
+
+    // One list for all, while there is an item that points to it.
+    const std::weak_ptr<CNewMenuIcons> pList = pItem->m_pIcons;
+    CNewMenu other;
+    Fill(other);
+    other.AppendMenu(MF_STRING, ID_FORMULA_SAVE, "the same");
+    other.Synchronise();
+    ASSERT_TRUE(other.LoadToolBar(IDR_FORMULA_TOOLBAR));
+    EXPECT_EQ(other.FindItem(ID_FORMULA_SAVE)->m_pIcons, pList.lock());
+    menu.DestroyMenu();
+    EXPECT_FALSE(pList.expired());
+    other.DestroyMenu();
+    EXPECT_TRUE(pList.expired());
+}
+
+TEST_F(MenuPopup, KeysOfCommandsHaveNames)
+{
+    ACCEL aKeys[] = { { FVIRTKEY | FCONTROL, 'S', FIRST }, { FVIRTKEY, VK_F1, CHECKED } };
+    const HACCEL hKeys = ::CreateAcceleratorTableA(aKeys, 2);
+    const std::wstring control = AcceleratorText(hKeys, FIRST);  // as the keyboard calls it
+    EXPECT_TRUE(control == L"\tCtrl+S" || control == L"\tControl+S");
+    EXPECT_EQ(AcceleratorText(hKeys, CHECKED), L"\tF1");
+    EXPECT_EQ(AcceleratorText(hKeys, GREY), L"");
+    ::DestroyAcceleratorTable(hKeys);
 }
 
 // ---- Bars

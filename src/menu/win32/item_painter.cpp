@@ -146,12 +146,10 @@ void DrawFlatBarItem(CDC* pDC, const CItemView& item, const CMenuLook& look, boo
     FillColour(pDC, item.m_rect, BarColour(system));
     const bool bSelected = IsSelected(item, look.m_settings);
     CRect box = item.m_rect;
-    if (bSelected && item.m_bOpen)
-    {
+    const bool bShadow = HasBarShadow(item, look);
+    if (bShadow)
         box.DeflateRect(0, 0, SHADOW_WIDTH, SHADOW_WIDTH);
-        DrawBarShadow(pDC, item.m_rect, system);
-    }
-    if (bSelected && item.m_bOpen && bGradient && !system.HasFewColours())
+    if (bShadow && bGradient && !system.HasFewColours())
     {
         FillGradient(pDC, box, look.m_gradient.m_light, look.m_gradient.m_middle, true, system);
         DrawBorder(pDC, box, look.m_gradient.m_frame);
@@ -273,6 +271,11 @@ void DrawRaisedBorder(CDC* pDC, const CItemView& item, bool bPressed, const CMen
     pDC->Draw3dRect(item.m_rect, bPressed ? dark : light, bPressed ? light : dark);
 }
 }  // namespace
+
+bool HasBarShadow(const CItemView& item, const CMenuLook& look)
+{
+    return item.m_bBar && item.m_bOpen && IsSelected(item, look.m_settings);
+}
 
 void DrawFlatItem(CDC* pDC, const CItemView& item, const CMenuLook& look)
 {

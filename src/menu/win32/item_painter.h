@@ -43,6 +43,8 @@ void DrawRaisedItem(CDC* pDC, const CItemView& item, const CMenuLook& look);
 void DrawTextItem(CDC* pDC, const CItemView& item, const CMenuLook& look);
 void DrawShadedItem(CDC* pDC, const CItemView& item, const CMenuLook& look);
 
+// Whether an item of a bar leaves room for the shadow, which the style draws.
+bool HasBarShadow(const CItemView& item, const CMenuLook& look);
 // At the right and lower edge of an item of a bar.
 void DrawBarShadow(CDC* pDC, const CRect& rect, const CMenuSystem& system);
 

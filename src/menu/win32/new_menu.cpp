@@ -536,7 +536,13 @@ void CNewMenu::DrawRaised(LPDRAWITEMSTRUCT pDraw)
 
 void CNewMenu::DrawFlat(LPDRAWITEMSTRUCT pDraw)
 {
-    DrawBy(pDraw, DrawFlatItem);
+    DrawBy(pDraw,
+           [](CDC* pDC, const CItemView& item, const CMenuLook& look)
+           {
+               DrawFlatItem(pDC, item, look);
+               if (HasBarShadow(item, look))
+                   g_pMenuTheme->PaintBarShadow(pDC, item.m_rect);
+           });
 }
 
 void CNewMenu::DrawTextOnly(LPDRAWITEMSTRUCT pDraw)
@@ -551,7 +557,13 @@ void CNewMenu::DrawShaded(LPDRAWITEMSTRUCT pDraw)
 
 void CNewMenu::DrawGradient(LPDRAWITEMSTRUCT pDraw)
 {
-    DrawBy(pDraw, DrawGradientItem);
+    DrawBy(pDraw,
+           [](CDC* pDC, const CItemView& item, const CMenuLook& look)
+           {
+               DrawGradientItem(pDC, item, look);
+               if (HasBarShadow(item, look))
+                   g_pMenuTheme->PaintBarShadow(pDC, item.m_rect);
+           });
 }
 
 void CNewMenu::DrawTitleItem(LPDRAWITEMSTRUCT pDraw)
