@@ -239,6 +239,26 @@ TEST(MenuDrawing, SettingsChangeIconsAndDisabledItems)
     EXPECT_EQ(drawing.At("icon"), 0x00009BU);
 }
 
+// Each change of an item's text or state makes another picture, and what is switched off none.
+TEST(MenuDrawing, TextsAreShownAsTheItemSays)
+{
+    const auto draw = [](const char* pszText, bool bDefault, bool bShortcuts)
+    {
+        CDrawing drawing(2, ClassicSystem());
+        CNewMenu::SetShortcutTexts(bShortcuts);
+        drawing.m_menu.ModifyMenu(COMMAND, MF_BYCOMMAND | MF_STRING, COMMAND, pszText);
+        if (bDefault)
+            drawing.m_menu.SetDefaultItem(COMMAND);
+        drawing.m_menu.Synchronise();
+        drawing.Draw(0);
+        return drawing.m_picture.Colours();
+    };
+    const auto plain = draw("&Text", false, true);
+    EXPECT_NE(draw("&Text", true, true), plain) << "bold";
+    EXPECT_NE(draw("&Text\tCtrl+T", false, true), plain);
+    EXPECT_EQ(draw("&Text\tCtrl+T", false, false), plain) << "no shortcuts";
+}
+
 TEST(MenuDrawing, BarItemsThatAreOpenHaveAShadow)
 {
     CMemoryPicture picture(60, 40);

@@ -309,6 +309,8 @@ TEST_F(MenuPopup, OpacityMakesTheWindowLayered)
              DWORD nFlags = 0;
              EXPECT_TRUE(::GetLayeredWindowAttributes(hWnd, nullptr, &nAlpha, &nFlags));
              EXPECT_EQ(nAlpha, 128);
+             CNewMenuThreadHook::EndAll();
+             EXPECT_EQ(::GetWindowLongA(hWnd, GWL_EXSTYLE) & WS_EX_LAYERED, 0) << "as it was";
          });
 }
 
@@ -378,6 +380,30 @@ TEST_F(MenuPopup, RecordsFollowTheSystemsMenu)
     EXPECT_EQ(::GetMenuState(hMenu, 0, MF_BYPOSITION) & MF_OWNERDRAW, 0U) << "as it was";
     ::DestroyMenu(hMenu);
     EXPECT_EQ(CNewMenu::FromItemData(12345), nullptr);
+}
+
+TEST_F(MenuPopup, SizesFollowTheStyle)
+{
+    CNewMenu menu;
+    Fill(menu);
+    const struct
+    {
+        DWORD nStyle;
+        int nHeight;  // of an icon of 15 and what the style adds
+    } aCases[] = { { 3, 22 }, { 7, 24 }, { 3, 22 } };
+    m_system.m_nMenuHeight = 19;
+    SetMenuSystem(&m_system);
+    for (const auto& row : aCases)
+    {
+        CNewMenu::SetStyle(row.nStyle);
+        Open(menu,
+             [&](HWND)
+             {
+                 CRect item;
+                 ::GetMenuItemRect(nullptr, menu, 1, &item);
+                 EXPECT_EQ(item.Height(), row.nHeight) << row.nStyle;
+             });
+    }
 }
 
 TEST_F(MenuPopup, KeysFindTheirItems)
