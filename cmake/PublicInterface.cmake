@@ -1,17 +1,18 @@
 # What a host compiles with: headers below <mivora/...>, and C++20.
 
-# The folders of one backend hold no public header but those of the control, and each system has some
+# The folders of one backend hold no public header but those of control and menu, and each system has some
 # of its own.
 file(GLOB_RECURSE public_headers RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.h)
 if(WIN32)
     set(not_here "(^|/)(linux|win32)/|cairo_dc.h$")
 else()
-    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^platform/win/")
+    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^(platform/win|menu)/")
 endif()
 list(FILTER public_headers EXCLUDE REGEX ${not_here})
 if(WIN32)
     list(APPEND public_headers control/win32/formula_ctrl.h control/win32/formula_drop_target.h
-        control/win32/resource.h)
+        control/win32/resource.h menu/win32/menu_icons.h menu/win32/menu_item_data.h
+        menu/win32/new_frame.h menu/win32/new_menu.h)
 endif()
 set(umbrella ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h)
 

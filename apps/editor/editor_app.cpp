@@ -20,6 +20,7 @@ public:
         m_pMainWnd = pFrame;
         if (!pFrame->LoadFrame(IDR_MAIN_FRAME))
             return FALSE;
+        pFrame->DressMenus();
         pFrame->ShowWindow(SW_SHOWDEFAULT);
         pFrame->UpdateWindow();
         int nWords = 0;

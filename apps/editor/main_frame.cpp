@@ -11,7 +11,7 @@
 
 #include "messages.h"
 
-BEGIN_MESSAGE_MAP(CMainFrame, CFrameWnd)
+BEGIN_MESSAGE_MAP(CMainFrame, CNewFrameWnd)
 ON_WM_CREATE()
 ON_WM_ACTIVATE()
 ON_WM_SETFOCUS()
@@ -27,6 +27,8 @@ ON_COMMAND(ID_APP_EXIT, OnAppExit)
 ON_COMMAND(ID_EDIT_SELECT_ALL, OnEditSelectAll)
 ON_COMMAND(ID_EDIT_READ_ONLY, OnEditReadOnly)
 ON_UPDATE_COMMAND_UI(ID_EDIT_READ_ONLY, OnUpdateEditReadOnly)
+ON_COMMAND_RANGE(ID_VIEW_MENU_STYLE, ID_VIEW_MENU_STYLE + 11, OnViewMenuStyle)
+ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_MENU_STYLE, ID_VIEW_MENU_STYLE + 11, OnUpdateViewMenuStyle)
 ON_COMMAND(ID_HELP_KEYS, OnHelpKeys)
 ON_UPDATE_COMMAND_UI(ID_PANE_MESSAGE, OnUpdateMessage)
 ON_UPDATE_COMMAND_UI(ID_PANE_NODE, OnUpdateNode)
@@ -42,12 +44,12 @@ BOOL CMainFrame::PreCreateWindow(CREATESTRUCTA& cs)
 {
     cs.cx = 760;
     cs.cy = 420;
-    return CFrameWnd::PreCreateWindow(cs);
+    return CNewFrameWnd::PreCreateWindow(cs);
 }
 
 int CMainFrame::OnCreate(LPCREATESTRUCTA pCreate)
 {
-    if (CFrameWnd::OnCreate(pCreate) != 0)
+    if (CNewFrameWnd::OnCreate(pCreate) != 0)
         return -1;
     NONCLIENTMETRICSA metrics = {};
     metrics.cbSize = sizeof metrics;
@@ -96,7 +98,7 @@ void CMainFrame::OnActivate(UINT nState, CWnd* pOther, BOOL bMinimized)
     const HWND hFocus = ::GetFocus();
     if (nState == WA_INACTIVE && ::IsChild(m_hWnd, hFocus))
         m_hFocus = hFocus;
-    CFrameWnd::OnActivate(nState, pOther, bMinimized);
+    CNewFrameWnd::OnActivate(nState, pOther, bMinimized);
 }
 
 // The control's box is gone then: the loss of the focus has ended it.
@@ -129,7 +131,7 @@ BOOL CMainFrame::PreTranslateMessage(MSG* pMsg)
     else if (bKey && bText && pMsg->wParam == VK_RETURN)
         FormText();
     else
-        return CFrameWnd::PreTranslateMessage(pMsg);
+        return CNewFrameWnd::PreTranslateMessage(pMsg);
     return TRUE;
 }
 
@@ -167,7 +169,7 @@ BOOL CMainFrame::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO*
     const bool bInBox = hFocus == m_text || ::IsChild(m_formula, hFocus);
     if (nCode == CN_COMMAND && pHandlerInfo == nullptr && bInBox && DoInBox(hFocus, nID))
         return TRUE;
-    return CFrameWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    return CNewFrameWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }
 
 // ---- The formula
@@ -252,6 +254,30 @@ void CMainFrame::OnHelpKeys()
         "Ctrl+C\tcopies\n"
         "Ctrl+V\tpastes into a slot",
         MB_OK | MB_ICONINFORMATION);
+}
+
+// ---- The look of menus
+
+// Once the bar is the menu code's: icons for what has one, and a heading over the styles.
+void CMainFrame::DressMenus()
+{
+    constexpr int VIEW = 2;  // its place in the bar
+    CNewMenu& bar = GetNewMenu();
+    if (CNewMenu* pView = bar.GetNewSubMenu(VIEW))
+        if (CNewMenu* pStyles = pView->GetNewSubMenu(0))
+            pStyles->InsertTitle(0, L"Style of menus", TITLE_GRADIENT);
+    bar.LoadToolBar(IDR_ICONS);
+}
+
+void CMainFrame::OnViewMenuStyle(UINT nID)
+{
+    CNewMenu::SetStyle(nID - ID_VIEW_MENU_STYLE);
+    RedrawBar();
+}
+
+void CMainFrame::OnUpdateViewMenuStyle(CCmdUI* pUI)
+{
+    pUI->SetRadio(pUI->m_nID - ID_VIEW_MENU_STYLE == CNewMenu::GetStyle());
 }
 
 // ---- The status line

@@ -4,21 +4,23 @@
 #include <memory>
 
 #include <mivora/control/win32/formula_ctrl.h>
+#include <mivora/menu/win32/new_frame.h>
 #include <mivora/mivora.h>
 #include <mivora/platform/win/edit.h>
-#include <mivora/platform/win/frame.h>
 
 #include "document.h"
 #include "resource.h"
 #include "status_line.h"
 
-class CMainFrame : public CFrameWnd
+class CMainFrame : public CNewFrameWnd
 {
     DECLARE_MESSAGE_MAP()
 
 public:
     CMainFrame();
 
+    // Gives the menus of the new window their icons and headings.
+    void DressMenus();
     // In the place of what is shown; UTF-8. A file that cannot be opened leaves all as it was.
     void OpenFile(const CString& strPath);
 
@@ -41,6 +43,10 @@ protected:
     void OnEditReadOnly();
     void OnUpdateEditReadOnly(CCmdUI* pUI);
     void OnHelpKeys();
+
+    // The look of menus.
+    void OnViewMenuStyle(UINT nID);
+    void OnUpdateViewMenuStyle(CCmdUI* pUI);
 
     // Files (file_commands.cpp).
     void OnFileNew();

@@ -3,6 +3,7 @@
 #pragma once
 
 #define IDR_MAIN_FRAME 128
+#define IDR_ICONS 129
 
 #define IDC_TEXT_LINE 1001
 #define IDC_RULE 1002
@@ -17,3 +18,5 @@
 #define ID_FILE_EXPORT 32800
 #define ID_EDIT_READ_ONLY 32801
 #define ID_HELP_KEYS 32802
+// The first of twelve; the number of a style is added.
+#define ID_VIEW_MENU_STYLE 32810

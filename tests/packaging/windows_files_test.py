@@ -9,7 +9,7 @@ import pefile
 
 # Every Windows has them. No run-time library of a compiler is among them.
 SYSTEM = {"gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "user32.dll", "shell32.dll",
-          "advapi32.dll"}
+          "advapi32.dll", "comctl32.dll"}
 # The C++ library's own names, and variables inside of functions. A host that bound them to ours
 # would break with the next compiler.
 INTERNAL = re.compile(r"_Z(T[A-Z]P?|NK?)?N?(S[a-z]|9__gnu_cxx|10__cxxabiv1).*|_ZZ.*|_ZGV.*"

@@ -2,10 +2,10 @@
 
 #include "control/win32/formula_ctrl_rules.h"
 #include "control/win32/resource.h"
+#include "menu/win32/new_menu.h"
 #include "platform/base/app.h"
 #include "platform/base/exception.h"
 #include "platform/win/command_ids.h"
-#include "platform/win/menu.h"
 #include "platform/win/message_map.h"
 #include "platform/win/module.h"
 #include "platform/win/ole_init.h"
@@ -333,11 +333,14 @@ void CFormulaCtrl::OnRButtonDown(UINT /*nFlags*/, CPoint point)
 {
     CRect window;
     GetWindowRect(&window);
-    CMenu menu;
+    CNewMenu menu;
     if (menu.LoadMenu(IDR_FORMULA_MENU))
     {
-        if (CMenu* pPopup = menu.GetSubMenu(0))
+        if (CNewMenu* pPopup = menu.GetNewSubMenu(0))
+        {
+            pPopup->LoadToolBar(IDR_FORMULA_TOOLBAR);
             pPopup->TrackPopupMenu(0, point.x + window.left, point.y + window.top, this);
+        }
     }
     Default();
 }

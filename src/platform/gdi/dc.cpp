@@ -376,6 +376,16 @@ void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF colour)
     FillSolidRect(&rect, colour);
 }
 
+void CDC::Draw3dRect(LPCRECT pRect, COLORREF topLeft, COLORREF bottomRight)
+{
+    const int nWidth = WrapSub(pRect->right, pRect->left);
+    const int nHeight = WrapSub(pRect->bottom, pRect->top);
+    FillSolidRect(pRect->left, pRect->top, nWidth - 1, 1, topLeft);
+    FillSolidRect(pRect->left, pRect->top, 1, nHeight - 1, topLeft);
+    FillSolidRect(pRect->right - 1, pRect->top, 1, nHeight, bottomRight);
+    FillSolidRect(pRect->left, pRect->bottom - 1, nWidth, 1, bottomRight);
+}
+
 BOOL CDC::PatBlt(int x, int y, int nWidth, int nHeight, DWORD nRop)
 {
     return ::PatBlt(m_hDC, x, y, nWidth, nHeight, nRop);

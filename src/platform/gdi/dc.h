@@ -93,6 +93,9 @@ public:
     // Leaves the colour behind as the background colour.
     void FillSolidRect(LPCRECT pRect, COLORREF colour);
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF colour);
+    // Lines along the left and upper edge in the one colour, along the others in the second; they
+    // leave a background colour behind as FillSolidRect does.
+    void Draw3dRect(LPCRECT pRect, COLORREF topLeft, COLORREF bottomRight);
     BOOL PatBlt(int x, int y, int nWidth, int nHeight, DWORD nRop);
     CPoint GetCurrentPosition() const;
     CPoint MoveTo(int x, int y);

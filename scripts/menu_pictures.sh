@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Makes the pictures of docs/menu.md anew, from menus that are open: menu_pictures.sh BUILD
+# BUILD is a Windows build tree. Needs ImageMagick.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=$(realpath "${1:?usage: menu_pictures.sh BUILD}")
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+scripts/wine/session.sh "$build" wine "$build/bin/menu_gallery.exe" "Z:${work//\//\\}"
+mkdir -p docs/images/menu
+for picture in "$work"/*.bmp; do
+    convert "$picture" -alpha off -strip -define png:exclude-chunks=date,time \
+        "docs/images/menu/$(basename "$picture" .bmp).png"
+done

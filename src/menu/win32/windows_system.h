@@ -1,0 +1,7 @@
+// This machine, as menus see it.
+#pragma once
+
+#include "menu/menu_system.h"
+
+CMenuSystem ReadMenuSystem();
+bool RunsOnWine();

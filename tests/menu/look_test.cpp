@@ -1,0 +1,366 @@
+// Colours, sizes and places of menus, as numbers.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+
+#include "menu/colour.h"
+#include "menu/frame_layout.h"
+#include "menu/icon_images.h"
+#include "menu/item_layout.h"
+#include "menu/menu_colours.h"
+#include "menu/menu_settings.h"
+#include "menu/menu_style.h"
+#include "platform/gdi/dc.h"
+#include "platform/gdi/memory_picture.h"
+#include "systems.h"
+
+void PrintTo(const CRect& rect, std::ostream* pStream)
+{
+    *pStream << rect.left << ' ' << rect.top << ' ' << rect.right << ' ' << rect.bottom;
+}
+void PrintTo(const CSize& size, std::ostream* pStream)
+{
+    *pStream << size.cx << ' ' << size.cy;
+}
+
+namespace
+{
+constexpr COLORREF MENU = 0xC8D0D4;
+constexpr COLORREF WINDOW = 0xFFFFFF;
+constexpr COLORREF BLUE = 0xD77800;
+
+COLORREF Exactly(COLORREF colour)
+{
+    return colour;
+}
+
+TEST(MenuColours, ArithmeticRoundsAndStaysInItsRange)
+{
+    const struct
+    {
+        COLORREF result;
+        COLORREF expected;
+    } aCases[] = {
+        { DarkenColour(MENU, 128), 0x64686A },
+        { DarkenColour(0x646464, 1), 0x646464 },
+        { DarkenColour(0x010203, 255), 0 },
+        { LightenColour(MENU, 128), 0xE4E8EA },
+        { LightenColour(0x123456, 0), 0x123456 },
+        { LightenColour(0x123456, 255), WINDOW },
+        { AddToColour(0x20F07F, 0x10), 0x30FF8F },
+        { TintColour(MENU, WINDOW), 0xD0D7DA },
+        { TintColour(WINDOW, MENU), 0xF7F8F9 },
+        { TintColour(WINDOW, WINDOW), WINDOW },
+        { MixColours(WINDOW, BLUE), 0xF4D7B3 },
+        { MixColours(0x0F0F0F, 0x050505), 0x0D0D0D },
+        { BlendColours(WINDOW, MENU, 100), 0xE8EBED },
+        { BlendColours(0, WINDOW, 255), 0xFEFEFE },
+        { GreyColour(0x000105), 0x020202 },
+        { GreyColour(0x0000FF), 0x555555 },
+        { DimColour(BLUE), 0xBD5400 },
+        { DimColour(WINDOW), 0xD9B3B3 },
+        { BandColour(0x0000FF, 0xFF0000, 0, 4), 0x0000FF },
+        { BandColour(0x0000FF, 0xFF0000, 1, 4), 0x4000BF },
+        { BandColour(0x0000FF, 0xFF0000, 4, 4), 0xFF0000 },
+    };
+    for (const auto& row : aCases)
+        EXPECT_EQ(row.result, row.expected) << &row - aCases;
+    EXPECT_FALSE(IsBright(0x808080));
+    EXPECT_TRUE(IsBright(0x818080));
+    EXPECT_EQ(CountColours(-1), 64000);
+    EXPECT_EQ(CountColours(20), 20);
+}
+
+TEST(MenuColours, DependOnTheSystem)
+{
+    CMenuSystem bright = ClassicSystem();
+    bright.m_colours[COLOR_HIGHLIGHT] = 0x00FFFF;
+    CMenuSystem brightThemed = bright;
+    brightThemed.m_bTheme = true;
+    CMenuSystem contrastInFewColours = HighContrastBlack();
+    contrastInFewColours.m_nColours = 16;
+    const struct
+    {
+        CMenuSystem system;
+        COLORREF highlight;
+        COLORREF column;
+        COLORREF body;
+        COLORREF outer;
+        COLORREF text;      // of a selected item
+        COLORREF idleText;  // of another
+    } aCases[] = {
+        { ClassicSystem(), 0xF4D7B3, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
+        { bright, 0xDBFFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
+        { brightThemed, 0xB3FFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
+        { WithFewColours(), WINDOW, 0xC8D0D4, 0xF7F8F9, 0x64686A, 0, 0 },
+        { HighContrastBlack(), 0x800080, 0, 0, WINDOW, WINDOW, WINDOW },
+        { contrastInFewColours, 0x800080, 0, 0, WINDOW, WINDOW, WINDOW },
+        { HighContrastWhite(), 0, WINDOW, WINDOW, 0, WINDOW, 0 },
+    };
+    for (const auto& row : aCases)
+    {
+        const CFlatColours flat = FlatColours(row.system, Exactly);
+        EXPECT_EQ(HighlightColour(row.system), row.highlight) << &row - aCases;
+        EXPECT_EQ(flat.m_column, row.column) << &row - aCases;
+        EXPECT_EQ(flat.m_body, row.body) << &row - aCases;
+        const CFrameColours frame = FlatFrameColours(row.system, 7, false);
+        EXPECT_EQ(frame.m_outer, row.outer) << &row - aCases;
+        EXPECT_EQ(frame.m_innerLeft, 7U);
+        EXPECT_EQ(FlatFrameColours(row.system, 7, true).m_innerLeft,
+                  row.system.Colour(COLOR_WINDOW));
+        EXPECT_EQ(ItemTextColour(row.system, true, false), row.text) << &row - aCases;
+        EXPECT_EQ(ItemTextColour(row.system, false, false), row.idleText) << &row - aCases;
+        EXPECT_EQ(ItemTextColour(row.system, true, true), 0x6D6D6DU);
+    }
+    EXPECT_EQ(FlatFrameColours(ClassicSystem(), 7, false).m_inner, 0xF7F8F9U);
+
+    // A device that shows both as one colour gets the plain ones.
+    const CFlatColours coarse =
+        FlatColours(ClassicSystem(), [](COLORREF c) { return c & 0x808080; });
+    EXPECT_EQ(coarse.m_column, MENU);
+    EXPECT_EQ(coarse.m_body, WINDOW);
+}
+
+TEST(MenuColours, GradientsComeFromTheThemeOrFromTwoColours)
+{
+    const struct
+    {
+        COLORREF base;
+        CGradientColours colours;
+    } aCases[] = {
+        { 0xAADADA, { 0xDEF7F4, 0xACDED1, 0x91C6B7, 0x588060 } },
+        { 0xE5D7D7, { 0xFAF4F3, 0xECE2E1, 0xB59799, 0x947C7C } },
+        { 0xF5C2A3, { 0xFEECDD, 0xF9DBC4, 0xE2A981, 0x9C613B } },
+        { 0x6A240A, { 0xBC9C91, 0xAD8778, 0x591E08, 0x3C1406 } },
+    };
+    CMenuSystem system = Themed();
+    for (const auto& row : aCases)
+    {
+        system.m_crTheme = row.base;
+        EXPECT_EQ(GradientColours(system, 1, 2), row.colours) << std::hex << row.base;
+    }
+    EXPECT_EQ(GradientColours(ClassicSystem(), WINDOW, MENU),
+              (CGradientColours{ WINDOW, 0xE8EBED, MENU, 0xA1A7AA }));
+}
+
+TEST(MenuColours, TitlesTakeTheirOwnOrTheSystems)
+{
+    constexpr COLORREF NONE = NO_TITLE_COLOUR;
+    const CTitleColours own = TitleColours(ClassicSystem(), { 1, 2, 3 });
+    EXPECT_EQ(own.m_start + own.m_end * 10 + own.m_text * 100, 321U);
+    const CTitleColours systems = TitleColours(ClassicSystem(), { NONE, NONE, NONE });
+    EXPECT_EQ(systems.m_start, 0x6A240AU);
+    EXPECT_EQ(systems.m_end, 0xF7F8F9U);
+    EXPECT_EQ(systems.m_text, WINDOW);
+}
+
+TEST(MenuStyles, OddOnesLeaveTheFrameToTheSystem)
+{
+    ASSERT_EQ(MenuStyles().size(), 12U);
+    for (DWORD nId = 0; nId < 12; ++nId)
+    {
+        const CMenuStyle* pStyle = FindMenuStyle(nId);
+        ASSERT_NE(pStyle, nullptr);
+        EXPECT_EQ(pStyle->m_nId, nId);
+        EXPECT_EQ(pStyle->m_bFrame, nId % 2 == 0);
+        EXPECT_EQ(StyleInForce(nId, false), nId);
+        EXPECT_EQ(StyleInForce(nId, true), nId / 2 * 2 + 1);
+    }
+    EXPECT_EQ(FindMenuStyle(12), nullptr);
+    EXPECT_EQ(DEFAULT_MENU_STYLE, 2U);
+}
+
+TEST(MenuStyles, SystemsAreTold)
+{
+    const struct
+    {
+        bool bNT;
+        int nMajor;
+        int nMinor;
+        int nClass;
+    } aCases[] = {
+        { false, 3, 10, 0 }, { true, 3, 51, 1 }, { false, 4, 0, 2 }, { false, 4, 10, 3 },
+        { false, 4, 90, 4 }, { true, 4, 0, 5 },  { true, 5, 0, 6 },  { true, 5, 1, 7 },
+        { true, 6, 0, 7 },   { true, 10, 0, 7 },
+    };
+    for (const auto& row : aCases)
+        EXPECT_EQ(static_cast<int>(ClassifyWindows(row.bNT, row.nMajor, row.nMinor)), row.nClass)
+            << row.nMajor << '.' << row.nMinor;
+}
+
+// Fields: text, icon, separator, submenu, bar, mnemonic.
+TEST(MenuItems, AreMeasuredByTheStyle)
+{
+    constexpr CSize ICON(16, 15);
+    constexpr CSize LABEL(50, 16);
+    const CItemContent item{ LABEL, ICON };
+    const CItemContent submenu{ LABEL, ICON, false, true };
+    const CItemContent bar{ LABEL, ICON, false, true, true };
+    const CItemContent marked{ LABEL, ICON, false, true, true, true };
+    const CItemContent separator{ {}, ICON, true };
+    const CItemContent large{ LABEL, { 20, 20 } };
+    using enum EMeasureStyle;
+    const struct
+    {
+        EMeasureStyle style;
+        CItemContent item;
+        int nMenuHeight;
+        CSize size;
+    } aCases[] = {
+        { flat, item, 19, { 81, 22 } },    { flat, item, 23, { 83, 22 } },
+        { flat, item, 24, { 84, 24 } },    { flat, submenu, 19, { 91, 22 } },
+        { flat, large, 19, { 85, 27 } },   { flat, large, 28, { 90, 27 } },
+        { flat, large, 29, { 90, 29 } },   { flat, bar, 19, { 50, 19 } },
+        { flat, marked, 19, { 44, 19 } },  { flat, marked, 10, { 44, 17 } },
+        { flat, separator, 19, { 3, 3 } }, { plain, item, 19, { 78, 20 } },
+        { plain, large, 19, { 82, 24 } },  { plain, bar, 19, { 50, 20 } },
+        { shaded, item, 19, { 82, 24 } },  { shaded, submenu, 19, { 82, 24 } },
+    };
+    for (const auto& row : aCases)
+    {
+        CMenuSystem system;
+        system.m_nMenuHeight = row.nMenuHeight;
+        EXPECT_EQ(MeasureItemIn(row.style, row.item, system), row.size) << &row - aCases;
+    }
+    EXPECT_EQ(SystemItemSize({ 40, 30 }, 60, CMenuSystem()), CSize(60, 19));
+    EXPECT_EQ(SystemItemSize({ 70, 30 }, 60, CMenuSystem()), CSize(70, 19));
+}
+
+TEST(MenuItems, HaveTheirPartsInPlace)
+{
+    const CRect item(10, 100, 150, 122);
+    const struct
+    {
+        CItemLayout layout;
+        CRect column;
+        CRect body;
+        CRect icon;
+        CRect check;
+        CRect text;
+    } aCases[] = {
+        { LayOutFlatItem(item, { 16, 15 }, false),
+          { 10, 100, 34, 122 },
+          { 34, 100, 150, 122 },
+          { 14, 103, 30, 118 },
+          { 12, 101, 32, 120 },
+          { 49, 100, 146, 122 } },
+        { LayOutFlatItem(item, { 16, 15 }, true),
+          { 126, 100, 150, 122 },
+          { 10, 100, 126, 122 },
+          { 130, 103, 146, 118 },
+          { 128, 101, 148, 120 },
+          { 14, 100, 111, 122 } },
+        { LayOutPlainItem(item, { 20, 20 }),
+          {},
+          item,
+          { 14, 101, 34, 121 },
+          { 12, 101, 36, 121 },
+          { 38, 100, 146, 122 } },
+    };
+    for (const auto& row : aCases)
+    {
+        EXPECT_EQ(row.layout.m_column, row.column) << &row - aCases;
+        EXPECT_EQ(row.layout.m_body, row.body) << &row - aCases;
+        EXPECT_EQ(row.layout.m_icon, row.icon) << &row - aCases;
+        EXPECT_EQ(row.layout.m_check, row.check) << &row - aCases;
+        EXPECT_EQ(row.layout.m_text, row.text) << &row - aCases;
+    }
+    EXPECT_EQ(LayOutFlatItem(item, { 16, 15 }, false).m_separator, CRect(49, 100, 146, 122));
+}
+
+TEST(MenuFrames, LeaveRoomForTheShadowThatTheSystemDoesNotDraw)
+{
+    const CRect asked(100, 50, 206, 156);
+    EXPECT_EQ(FrameSizes(true).m_topLeft, CSize(2, 2));
+    EXPECT_EQ(MenuWindowRect(asked, true), CRect(100, 49, 204, 153));
+    EXPECT_EQ(MenuWindowRect(asked, false), CRect(100, 49, 208, 157));
+    EXPECT_EQ(ClientInside(asked, FrameSizes(true)), CRect(102, 52, 204, 154));
+    EXPECT_EQ(ClientInside(asked, FrameSizes(false)), CRect(102, 52, 201, 150));
+    EXPECT_EQ(FrameInside(asked, true), asked);
+    EXPECT_EQ(FrameInside(asked, false), CRect(100, 50, 202, 152));
+}
+
+TEST(MenuFrames, RaisedOnesHaveTwoColours)
+{
+    CMemoryPicture picture(6, 5);
+    CDC::FromHandle(picture)->Draw3dRect(CRect(1, 1, 5, 4), 0x0000FF, 0xFF0000);
+    EXPECT_EQ(picture.Lines(),
+              (std::vector<std::string>{ "......", ".rrrb.", ".r..b.", ".bbbb.", "......" }));
+}
+
+TEST(MenuFrames, ShadowsFade)
+{
+    const struct
+    {
+        int nLine;
+        int nPlace;
+        int nWindow;  // of 100
+        int nBar;
+    } aCases[] = {
+        { 1, 0, 0, 0 },    { 4, 3, 0, 0 },    { 1, 4, 6, 6 },      { 4, 4, 24, 24 },
+        { 2, 7, 48, 48 },  { 1, 8, 30, 30 },  { 4, 50, 120, 120 }, { 3, 95, 90, 90 },
+        { 3, 96, 72, 90 }, { 3, 99, 18, 90 },
+    };
+    for (const auto& row : aCases)
+    {
+        EXPECT_EQ(WindowShadowDarkness(row.nLine, row.nPlace, 100), row.nWindow) << row.nPlace;
+        EXPECT_EQ(BarShadowDarkness(row.nLine, row.nPlace), row.nBar) << row.nPlace;
+    }
+}
+
+TEST(MenuTitles, TextIconAndLines)
+{
+    constexpr CSize LABEL(60, 16);
+    constexpr CSize NONE;
+    constexpr CSize ICON(16, 15);
+    EXPECT_EQ(MeasureTitle(LABEL, NONE, 0), CSize(68, 20));
+    EXPECT_EQ(MeasureTitle(LABEL, ICON, 0), CSize(88, 23));
+    EXPECT_EQ(MeasureTitle(LABEL, NONE, TITLE_VERTICAL), CSize(20, 68));
+    const struct
+    {
+        CRect rect;
+        CSize icon;
+        UINT nFlags;
+        CPoint text;
+        CRect iconPlace;
+        CRect line[2];
+    } aCases[] = {
+        { { 0, 0, 200, 24 }, NONE, 0, { 2, 4 }, {}, { {}, { 67, 11, 195, 13 } } },
+        { { 0, 0, 200, 24 }, ICON, 0, { 22, 4 }, { 2, 4, 18, 19 }, { {}, { 87, 11, 195, 13 } } },
+        { { 0, 0, 200, 24 }, NONE, TITLE_ROUNDED, { 12, 4 }, {}, { {}, { 77, 11, 195, 13 } } },
+        { { 0, 0, 70, 24 }, NONE, TITLE_ROUNDED, { 6, 4 }, {}, {} },
+        { { 0, 0, 200, 24 },
+          NONE,
+          TITLE_CENTRED,
+          { 71, 4 },
+          {},
+          { { 5, 11, 64, 13 }, { 136, 11, 195, 13 } } },
+        { { 0, 0, 24, 200 }, NONE, TITLE_VERTICAL, { 4, 198 }, {}, { {}, { 11, 5, 13, 133 } } },
+        { { 0, 0, 24, 200 },
+          ICON,
+          TITLE_VERTICAL | TITLE_CENTRED,
+          { 4, 120 },
+          { 4, 124, 20, 139 },
+          { { 11, 146, 13, 195 }, { 11, 5, 13, 55 } } },
+    };
+    for (const auto& row : aCases)
+    {
+        const CTitleLayout layout = LayOutTitle(row.rect, LABEL, row.icon, row.nFlags);
+        EXPECT_EQ(layout.m_text, row.text) << &row - aCases;
+        EXPECT_EQ(layout.m_icon, row.iconPlace) << &row - aCases;
+        EXPECT_EQ(layout.m_line[0], row.line[0]) << &row - aCases;
+        EXPECT_EQ(layout.m_line[1], row.line[1]) << &row - aCases;
+    }
+}
+
+TEST(MenuIcons, AreShadedBesideTheirMask)
+{
+    constexpr COLORREF MASK = 0xC0C0C0;
+    const CIconImage strip{ { 4, 1 }, { MASK, 0x0000FF, 0xFFFFFF, 0x000000 } };
+    using P = std::vector<COLORREF>;
+    EXPECT_EQ(IconOfStrip(strip, { 2, 1 }, 1).m_pixels, (P{ 0xFFFFFF, 0x000000 }));
+    EXPECT_EQ(DarkenedIcon(strip, MASK, 50).m_pixels, (P{ MASK, 0x0000CD, 0xCDCDCD, 0 }));
+    EXPECT_EQ(DisabledIcon(strip, MASK).m_pixels, (P{ MASK, 0xAAAAAA, 0xFFFFFF, 0x808080 }));
+}
+}  // namespace
