@@ -1,4 +1,4 @@
-#include "pictures/formula_words.h"
+#include "facade/formula_words.h"
 
 #include "exchange/speech.h"
 

@@ -1,13 +1,13 @@
-#include "texts/greek_text.h"
+#include "facade/greek_text.h"
 
 #include <cctype>
 #include <string_view>
 #include <vector>
 
+#include "facade/failure.h"
 #include "parser/keywords.h"
 #include "parser/token.h"
 #include "platform/base/code_page.h"
-#include "report.h"
 
 namespace
 {
@@ -83,7 +83,8 @@ private:
     [[noreturn]] void Refuse(std::size_t n, const char* pszReason) const
     {
         throw CFailure{ "position " + std::to_string(n + 1) + ": the Greek letter " +
-                        m_characters[n].strUtf8 + pszReason };
+                            m_characters[n].strUtf8 + pszReason,
+                        n + 1 };
     }
 
     // Letters up to the next sign. Blanks do not end a name.

@@ -1,4 +1,4 @@
-#include "pictures/colour_name.h"
+#include "facade/colour_name.h"
 
 #include <cctype>
 #include <charconv>

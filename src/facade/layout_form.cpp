@@ -1,9 +1,10 @@
-#include "texts/layout_form.h"
+#include "facade/layout_form.h"
 
 #include <algorithm>
 #include <string_view>
 #include <vector>
 
+#include "facade/node_json.h"
 #include "nodes/node.h"
 #include "platform/gdi/dc.h"
 #include "tree/tree_form.h"
@@ -14,22 +15,6 @@ namespace
 constexpr std::string_view s_aTextless[] = { "NT_DIVISION", "NT_POWERTO", "NT_PLACEHOLDER",
                                              "NT_RANGE",    "NT_INDEX",   "NT_MATRIX",
                                              "NT_LINE",     "NT_ELEMENT" };
-
-// A node as it is between measuring and painting.
-struct CNodeHead
-{
-    const CNode* pNode;
-    std::string strFields;
-};
-
-std::string JsonText(const CString& strText)
-{
-    const CString strEscaped = EscapeSymbol(strText);  // ASCII, without quotation marks
-    std::string strJson = "\"";
-    for (char ch : strEscaped.View())
-        strJson.append(ch == '\\' ? 2 : 1, ch);
-    return strJson + '"';
-}
 
 std::string JsonPair(const CSize& size)
 {
@@ -44,11 +29,7 @@ std::string JsonRect(const CRect& rect)
 
 std::string FieldsOf(const CNode& node)
 {
-    std::string strFields = "\"type\":" + JsonText(node.m_strType);
-    int nKind = 0;
-    if (HasShownKind(&node, nKind))
-        strFields += ",\"kind\":" + std::to_string(nKind);
-    strFields += ",\"symbol\":" + JsonText(node.m_strSymbol);
+    std::string strFields = SignAsJson(node);
     strFields += ",\"level\":" + std::to_string(node.m_nLevel);
     strFields += ",\"height\":" + std::to_string(node.m_logFont.lfHeight);
     if (std::find(std::begin(s_aTextless), std::end(s_aTextless), node.m_strType.View()) ==
@@ -62,58 +43,23 @@ std::string FieldsOf(const CNode& node)
     return strFields;
 }
 
-// The nodes in the order in which they are written: a node, its left side, its right side.
-std::vector<CNodeHead> HeadsOf(const CNode* pRoot)
+// What is known of the nodes between measuring and painting, in the order in which they are
+// written: a node, its left side, its right side.
+std::vector<std::string> FieldsOfAll(const CNode* pRoot)
 {
-    std::vector<CNodeHead> heads;
+    std::vector<std::string> fields;
     std::vector<const CNode*> open = { pRoot };
     while (!open.empty())
     {
         const CNode* pNode = open.back();
         open.pop_back();
-        heads.push_back({ pNode, FieldsOf(*pNode) });
+        fields.push_back(FieldsOf(*pNode));
         if (pNode->GetRight() != nullptr)
             open.push_back(pNode->GetRight());
         if (pNode->GetLeft() != nullptr)
             open.push_back(pNode->GetLeft());
     }
-    return heads;
-}
-
-// Writes the nodes without recursion: a step is a node or the text behind one.
-std::string JsonTree(const std::vector<CNodeHead>& heads)
-{
-    struct CStep
-    {
-        const CNode* pNode;
-        const char* pszText;  // null: the node, or null, is to be written
-    };
-    std::string strJson;
-    size_t nNext = 0;
-    std::vector<CStep> steps = { { heads.front().pNode, nullptr } };
-    while (!steps.empty())
-    {
-        const CStep step = steps.back();
-        steps.pop_back();
-        if (step.pszText != nullptr)
-        {
-            strJson += step.pszText;
-        }
-        else if (step.pNode == nullptr)
-        {
-            strJson += "null";
-        }
-        else
-        {
-            strJson += "{" + heads[nNext++].strFields +
-                       ",\"rect\":" + JsonRect(step.pNode->m_rect) + ",\"left\":";
-            steps.push_back({ nullptr, "}" });
-            steps.push_back({ step.pNode->GetRight(), nullptr });
-            steps.push_back({ nullptr, ",\"right\":" });
-            steps.push_back({ step.pNode->GetLeft(), nullptr });
-        }
-    }
-    return strJson;
+    return fields;
 }
 
 // The fields of what there is to tell; a sound text has none.
@@ -144,7 +90,12 @@ std::string LayoutForm(CFormulaOut& formula, const CParseReport& report)
     const CNode* pRoot = formula.m_Tree.GetRootNode();
     if (pRoot == nullptr)
         return strJson + "null" + JsonReport(report) + "}";
-    const std::vector<CNodeHead> heads = HeadsOf(pRoot);
+    const std::vector<std::string> fields = FieldsOfAll(pRoot);
     formula.DrawTree(&screen, CRect(0, 0, 0, 0));
-    return strJson + JsonTree(heads) + JsonReport(report) + "}";
+    size_t nNext = 0;
+    const auto write = [&](const CNode& node)
+    {
+        return fields[nNext++] + ",\"rect\":" + JsonRect(node.m_rect);
+    };
+    return strJson + NodesAsJson(pRoot, write) + JsonReport(report) + "}";
 }
