@@ -13,7 +13,8 @@ if(WIN32)
     list(APPEND public_headers control/win32/formula_ctrl.h control/win32/formula_drop_target.h
         control/win32/resource.h)
 endif()
-set(umbrella ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h)
+set(umbrella ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
+    ${PROJECT_SOURCE_DIR}/include/mivora/mivora_c.h)
 
 set(public_stamp ${PROJECT_BINARY_DIR}/include/public-headers)
 set(public_script ${PROJECT_SOURCE_DIR}/cmake/PublicHeaders.cmake)

@@ -13,7 +13,7 @@ packages_build=(
 packages_test=(
     libgtest-dev libbenchmark-dev
     emf2svg file groff-base locales binutils
-    python3-olefile libgsf-bin p7zip-full gfortran
+    python3-olefile libgsf-bin p7zip-full gfortran rustc
 )
 # Wine loads the X libraries where they are: for cursors, mouse input, changes of the screen.
 packages_windows=(
