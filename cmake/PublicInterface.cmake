@@ -1,12 +1,12 @@
 # What a host compiles with: headers below <mivora/...>, and C++20.
 
-# The folders of one backend hold no public header but those of the control, and each system has some
-# of its own.
+# The folders of one backend hold no public header but those of the control, capi has none, and each
+# system has some of its own.
 file(GLOB_RECURSE public_headers RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.h)
 if(WIN32)
-    set(not_here "(^|/)(linux|win32)/|cairo_dc.h$")
+    set(not_here "(^|/)(linux|win32)/|cairo_dc.h$|^capi/")
 else()
-    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^platform/win/")
+    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^platform/win/|^capi/")
 endif()
 list(FILTER public_headers EXCLUDE REGEX ${not_here})
 if(WIN32)

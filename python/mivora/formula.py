@@ -2,7 +2,9 @@
 
 from __future__ import annotations
 
+import base64
 import ctypes
+import html
 import json
 import os
 import pathlib
@@ -241,8 +243,16 @@ class Formula:
     def _repr_mimebundle_(self, include: Any = None, exclude: Any = None) -> Dict[str, str]:
         bundle = {"image/svg+xml": self.svg(), "text/latex": f"${self.latex()}$",
                   "text/plain": repr(self)}
+        if self._color != b"currentColor":
+            bundle["text/html"] = self._image()
         return {kind: data for kind, data in bundle.items()
                 if (not include or kind in include) and (not exclude or kind not in exclude)}
+
+    def _image(self) -> str:
+        """An element of HTML: programs that take notebooks elsewhere leave an SVG of its own out."""
+        data = base64.b64encode(self.svg().encode()).decode()
+        return (f'<img src="data:image/svg+xml;base64,{data}" alt="{html.escape(self.speech())}" '
+                f'style="display:inline;vertical-align:{-self.depth:g}px">')
 
     def __repr__(self) -> str:
         return f"mivora.Formula({self.text!r})"
@@ -259,7 +269,8 @@ class Formula:
         return _unpickled, self._identity()
 
     def _identity(self) -> Tuple[Any, ...]:
-        return (self.text if self._stored is None else self._stored, self._options)
+        # The text has its Greek letters written out.
+        return (self.text if self._stored is None else self._stored, self._options[:4])
 
     # How all that is asked of the library.
 
@@ -306,13 +317,13 @@ def _encoded(text: str, what: str) -> bytes:
 
 
 def _unpickled(source: Union[str, bytes], options: Tuple[Any, ...]) -> Formula:
-    size, font, color, background, greek = options
+    size, font, color, background = options
     look = {"size": size, "font": font, "color": color, "background": background}
     if isinstance(source, bytes):
         return Formula.from_fml(source, **look)
     with warnings.catch_warnings():
         warnings.simplefilter("ignore", FormulaWarning)  # it was told when the formula was made
-        return Formula(source, greek=greek, **look)
+        return Formula(source, greek=False, **look)
 
 
 _COMPOUND_FILE = b"\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"

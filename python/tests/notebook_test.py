@@ -15,5 +15,7 @@ shown = [output.data for output in outputs if "data" in output]
 pictures = [data for data in shown if data.get("image/svg+xml", "").startswith("<svg")]
 assert len(pictures) >= 2, outputs
 assert all(data["text/latex"].startswith("$") for data in pictures)
+assert all(data["text/html"].startswith("<img") for data in pictures)
+assert any("(True, " in data.get("text/plain", "") for data in shown), "what is read is not equal"
 assert any("2x" in output.get("text", "") and "^" in output.get("text", "") for output in outputs)
 print(f"{len(pictures)} formulas shown")

@@ -83,6 +83,8 @@ class Formulas(unittest.TestCase):
         self.assertEqual(bundle["text/latex"], r"$\frac{a}{b}$")
         self.assertEqual(list(formula._repr_mimebundle_(include={"text/plain"}).values()),
                          ["mivora.Formula('a/b')"])
+        self.assertIn('alt="a over b"', bundle["text/html"])
+        self.assertNotIn("text/html", mivora.Formula("a", color="currentColor")._repr_mimebundle_())
         self.assertEqual(eval(repr(formula)), formula)
 
 
@@ -156,6 +158,7 @@ class Many(unittest.TestCase):
 
     def test_objects_travel(self):
         formula = mivora.Formula(TEXT, size=20, color="red")
+        self.assertEqual(pickle.loads(pickle.dumps(mivora.Formula("α+1"))), mivora.Formula("α+1"))
         for other in (copy.copy(formula), pickle.loads(pickle.dumps(formula)),
                       pickle.loads(pickle.dumps(mivora.read(formula.fml())))):
             self.assertEqual(other.latex(), formula.latex())

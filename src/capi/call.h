@@ -35,7 +35,7 @@ void TellLastError(mivora_error& error);
 template <class... P>
 void NeedPointers(P*... pointers)
 {
-    if (((pointers == nullptr) || ...))
+    if ((!pointers || ...))
         RefuseArgument("a pointer is null");
 }
 
