@@ -11,6 +11,7 @@
 #include "exchange/mathml.h"
 #include "exchange/speech.h"
 #include "formulas.h"
+#include "mivora/mivora_c.h"
 #include "nodes/node.h"
 #include "picture/picture.h"
 #include "platform/gdi/dc.h"
@@ -183,6 +184,52 @@ void PictureInMemory(benchmark::State& state, const char* name)
 BENCHMARK_CAPTURE(PictureInMemory, Svg, "svg");
 BENCHMARK_CAPTURE(PictureInMemory, Png, "png");
 BENCHMARK_CAPTURE(PictureInMemory, Pdf, "pdf");
+
+// From the text to a picture: in C++, and by the C interface. bench/python_bench.py has the same rows.
+void FormAndDraw(benchmark::State& state, const char* name)
+{
+    const CPictureFormat& format = *FindPictureFormat(name);
+    for (auto _ : state)
+    {
+        for (const std::string& text : Formulas())
+        {
+            CFormulaOut formula;
+            formula.FormTree(text.c_str());
+            CPictureOptions options;
+            options.strSource = formula.m_strFormula.GetString();
+            options.strTitle = SpokenText(formula.m_Tree.GetRootNode());
+            benchmark::DoNotOptimize(MakePicture(formula, format, options));
+        }
+    }
+    CountFormulas(state);
+}
+BENCHMARK_CAPTURE(FormAndDraw, Svg, "svg");
+BENCHMARK_CAPTURE(FormAndDraw, Png, "png");
+
+void FormAndDrawInC(benchmark::State& state, const char* name)
+{
+    for (auto _ : state)
+    {
+        for (const std::string& text : Formulas())
+        {
+            mivora_formula* pFormula = nullptr;
+            char* pBytes = nullptr;
+            size_t nSize = 0;
+            if (mivora_formula_from_text(text.data(), text.size(), nullptr, &pFormula) !=
+                    MIVORA_OK ||
+                mivora_formula_picture(pFormula, name, nullptr, &pBytes, &nSize, nullptr) !=
+                    MIVORA_OK)
+            {
+                state.SkipWithError("a call failed");
+            }
+            mivora_free(pBytes);
+            mivora_formula_free(pFormula);
+        }
+    }
+    CountFormulas(state);
+}
+BENCHMARK_CAPTURE(FormAndDrawInC, Svg, "svg");
+BENCHMARK_CAPTURE(FormAndDrawInC, Png, "png");
 
 std::string ReadWhole(const std::string& path)
 {

@@ -5,6 +5,18 @@ install(TARGETS mivora-platform mivora EXPORT MivoraTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# The component "c" is a folder that can be moved: the library, its header, module and fonts.
+set_target_properties(mivora-c PROPERTIES EXPORT_NAME c)
+install(TARGETS mivora-c EXPORT MivoraTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT c
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT c
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT c)
+install(FILES ${PROJECT_SOURCE_DIR}/include/mivora/mivora_c.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/mivora COMPONENT c EXCLUDE_FROM_ALL)
+if(TARGET mivora-compound)
+    install(TARGETS mivora-compound
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/mivora COMPONENT c EXCLUDE_FROM_ALL)
+endif()
 # Apart: only this one asks for the libraries that it is linked with.
 install(TARGETS mivora-core EXPORT MivoraCoreTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})

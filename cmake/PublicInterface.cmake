@@ -1,12 +1,12 @@
 # What a host compiles with: headers below <mivora/...>, and C++20.
 
-# The folders of one backend hold no public header but those of control and menu, and each system has some
-# of its own.
+# The folders of one backend hold no public header but those of control and menu, capi has none, and
+# each system has some of its own.
 file(GLOB_RECURSE public_headers RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.h)
 if(WIN32)
-    set(not_here "(^|/)(linux|win32)/|cairo_dc.h$")
+    set(not_here "(^|/)(linux|win32)/|cairo_dc.h$|^capi/")
 else()
-    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^(platform/win|menu)/")
+    set(not_here "(^|/)(linux|win32)/|windows_names.h$|^(platform/win|menu|capi)/")
 endif()
 list(FILTER public_headers EXCLUDE REGEX ${not_here})
 if(WIN32)
@@ -14,7 +14,8 @@ if(WIN32)
         control/win32/resource.h menu/win32/menu_icons.h menu/win32/menu_item_data.h
         menu/win32/new_frame.h menu/win32/new_menu.h)
 endif()
-set(umbrella ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h)
+set(umbrella ${PROJECT_SOURCE_DIR}/include/mivora/mivora.h
+    ${PROJECT_SOURCE_DIR}/include/mivora/mivora_c.h)
 
 set(public_stamp ${PROJECT_BINARY_DIR}/include/public-headers)
 set(public_script ${PROJECT_SOURCE_DIR}/cmake/PublicHeaders.cmake)

@@ -54,6 +54,15 @@ class Hosts:
         return program
 
 
+    def build_rust(self, folder):
+        library = self.options.c_library.parent
+        program = folder / "rust_api"
+        subprocess.run([self.options.rust, "--edition", "2021", "-Dwarnings", "-L", library,
+                        "-C", f"link-args=-Wl,-rpath,{library} -Wl,--allow-shlib-undefined",
+                        EXAMPLES / "rust_api/main.rs", "-o", program], check=True)
+        return program
+
+
 def numbers(text):
     """Width and height in what a host prints."""
     width, height = text.splitlines()[0].split(" pixels")[0].split(" x ")
@@ -114,6 +123,26 @@ def check_cairo_host(hosts, folder, large_size):
     assert struct.unpack(">2I", png[16:24]) == (2 * width + 40, 2 * height + 40)
 
 
+def check_c_interface(hosts, folder):
+    """Every language gets the same picture; a text that is read in part is told."""
+    printed = hosts.host("c_api", FORMULA, folder / "c.svg")
+    assert "sum" in (folder / "c.svg").read_text(), "no words in the picture"
+    told = hosts.host("c_api", "2x", folder / "half.png")
+    assert "Error at Position 2\n  2x\n   ^" in told.replace("\r", ""), told
+    if hosts.options.rust:
+        spoken = hosts.run(hosts.build_rust(folder), FORMULA, folder / "rust.svg",
+                           env=hosts.foreign_environment()).splitlines()
+        assert spoken[0] == printed and "the square root of x" in spoken[1], spoken
+        assert spoken[2].startswith("no value: "), spoken
+        words = hosts.run(hosts.build_rust(folder), "(2+3)/4", folder / "rust.svg",
+                          env=hosts.foreign_environment())
+        assert words.endswith("= 1.25"), words
+        hosts.host("c_api", "(2+3)/4", folder / "c.svg")
+        # Behind their first line, which tells of a background.
+        c, rust = ((folder / f"{name}.svg").read_text() for name in ("c", "rust"))
+        assert c.split("<g", 1)[1] == rust.split("<g", 1)[1]
+
+
 def rows_with_ink(path):
     """The rows of a picture of 32 bits a pixel, from the top: whether one is not all white."""
     data = path.read_bytes()
@@ -143,6 +172,8 @@ def main():
     options.add_argument("--library", required=True)
     options.add_argument("--link", type=pathlib.Path, required=True, help="what a linker is given")
     options.add_argument("--fortran", required=True, help="compiler")
+    options.add_argument("--rust", help="compiler")
+    options.add_argument("--c-library", type=pathlib.Path, help="the C interface")
     options.add_argument("--runner", help="starts Windows programs")
     options.add_argument("--sanitized", action="store_true")
     hosts = Hosts(options.parse_args())
@@ -151,6 +182,7 @@ def main():
         folder = pathlib.Path(folder)
         size = check_same_metafiles(hosts, folder)
         large_size = check_archive_host(hosts, folder, *size)
+        check_c_interface(hosts, folder)
         if hosts.windows:
             check_gdi_host(hosts, folder, *size)
         else:

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fuzzes the library: fuzz.sh SECONDS [TARGET ...]
-# (targets: formula metafile archive calculation control)
+# (targets: formula metafile archive calculation capi control)
 # Each target runs SECONDS; what it found beyond the kept corpus is merged into fuzz/corpus/TARGET,
 # which the tests replay. A crash leaves its input in build/linux-fuzz/findings and ends non-zero.
 set -euo pipefail
@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:?usage: fuzz.sh SECONDS [TARGET ...]}
 shift
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(formula metafile archive calculation control)
+[ ${#targets[@]} -gt 0 ] || targets=(formula metafile archive calculation capi control)
 
 scripts/deps.sh build test fuzz
 cmake --preset linux-fuzz >/dev/null

@@ -308,9 +308,8 @@ std::vector<BYTE> PaintedRecords(CBinTree& tree, CDC& screen)
     dc.SetAttribDC(screen.GetSafeHdc());
     const CFillScope fills(tree);
     tree.Draw(&dc, CRect(0, 0, 0, 0));
-    const HENHMETAFILE hRecords = dc.CloseEnhanced();
-    std::vector<BYTE> bytes = EnhMetaFileBytes(hRecords);
-    DeleteEnhMetaFile(hRecords);
+    const CMetafilePtr pRecords(dc.CloseEnhanced());
+    std::vector<BYTE> bytes = EnhMetaFileBytes(pRecords.get());
     if (bytes.empty())
         throw CPictureFailure{ "there is no memory for the drawing" };
     return bytes;

@@ -1,5 +1,6 @@
 #include "picture/metafile.h"
 
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -20,7 +21,7 @@ public:
         : m_strOld(std::exchange(g_strMetaComment, std::move(strComment)))
     {
     }
-    ~CCommentScope() { g_strMetaComment = m_strOld; }
+    ~CCommentScope() { std::swap(g_strMetaComment, m_strOld); }
     CCommentScope(const CCommentScope&) = delete;
     CCommentScope& operator=(const CCommentScope&) = delete;
 
@@ -43,9 +44,8 @@ CString CommentOf(const std::string& strSource)
 
 std::string Bytes(CBinTree& tree)
 {
-    const HENHMETAFILE hMetafile = RecordMetafile(tree);
-    const std::vector<BYTE> bytes = EnhMetaFileBytes(hMetafile);
-    DeleteEnhMetaFile(hMetafile);
+    const CMetafilePtr pMetafile(RecordMetafile(tree));
+    const std::vector<BYTE> bytes = EnhMetaFileBytes(pMetafile.get());
     if (bytes.empty())
         throw CPictureFailure{ "the system made no metafile" };
     return { bytes.begin(), bytes.end() };
@@ -58,4 +58,14 @@ std::string MetafileBytes(CBinTree& tree, const std::string& strSource)
         return Bytes(tree);
     const CCommentScope comment(CommentOf(strSource));
     return Bytes(tree);
+}
+
+std::optional<std::string> MetafileSource(std::string_view bytes)
+{
+    const CCommentScope comment(CString{});
+    const std::span data(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+    const HENHMETAFILE hPicture = MakeEnhMetaFile(data);
+    if (hPicture == nullptr || !TakeMetafileText(hPicture))
+        return std::nullopt;
+    return Windows1252ToUtf8(g_strMetaComment.View());
 }

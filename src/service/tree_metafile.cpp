@@ -22,13 +22,6 @@ constexpr char s_szDescription[] = "Formula\0Image\0";  // one more NUL ends the
 constexpr DWORD s_nCommentRecord = 70;
 constexpr size_t s_nCommentHead = 12;  // type, size, size of the data
 
-struct CDeleteMetafile
-{
-    using pointer = HENHMETAFILE;
-    void operator()(HENHMETAFILE hPicture) const { DeleteEnhMetaFile(hPicture); }
-};
-using CMetafilePtr = std::unique_ptr<void, CDeleteMetafile>;
-
 // Hundredths of a millimetre. The product wraps around as 32-bit machine arithmetic does: a formula
 // of twenty million pixels has no frame that would be of use.
 int FrameLength(int nPixels, int nMillimetres, int nResolution)
@@ -131,21 +124,26 @@ int CBinTree::WriteMetafile(CString strPath)
     return pPicture != nullptr && SaveEnhMetaFile(pPicture.get(), strPath) ? 1 : 0;
 }
 
-int CBinTree::ReadMetafile(CString strPath)
+bool TakeMetafileText(HENHMETAFILE hPicture)
 {
-    TakeComments(CMetafilePtr(LoadEnhMetaFile(strPath)));
+    TakeComments(CMetafilePtr(hPicture));
     if (g_strMetaComment.Left(s_nTagLength).Compare(s_szTag) != 0)
-    {
-        // "不能解析该文件!"
-        AfxMessageBox("\xB2\xBB\xC4\xDC\xBD\xE2\xCE\xF6\xB8\xC3\xCE\xC4\xBC\xFE!");
-        return 0;
-    }
+        return false;
     // Data without a byte of padding used to be read on into the brush record that follows, whose
     // type 39 is an apostrophe; texts have lost a closing one ever since.
     if (g_strMetaComment.Right(1).Compare("'") == 0)
         g_strMetaComment = g_strMetaComment.Left(g_strMetaComment.GetLength() - 1);
     g_strMetaComment = g_strMetaComment.Mid(s_nTagLength);
-    return 1;
+    return true;
+}
+
+int CBinTree::ReadMetafile(CString strPath)
+{
+    if (TakeMetafileText(LoadEnhMetaFile(strPath)))
+        return 1;
+    // "不能解析该文件!"
+    AfxMessageBox("\xB2\xBB\xC4\xDC\xBD\xE2\xCE\xF6\xB8\xC3\xCE\xC4\xBC\xFE!");
+    return 0;
 }
 
 void CBinTree::ReportLastError()

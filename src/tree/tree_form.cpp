@@ -46,8 +46,7 @@ void AppendHead(std::string& strForm, const CNode* pNode)
     strForm += " \"";
     AppendEscaped(strForm, pNode->m_strSymbol.View());
     strForm += '"';
-    const bool bValue = dynamic_cast<const CValueNode*>(pNode) != nullptr;
-    if (bValue && std::string_view(pNode->GetLogFont()->lfFaceName) == "Symbol")
+    if (IsShownGreek(pNode))
         strForm += " @Symbol";
 }
 
@@ -69,6 +68,12 @@ bool HasShownKind(const CNode* pNode, int& nKind)
         return false;
     nKind = pTyped->GetKind();
     return true;
+}
+
+bool IsShownGreek(const CNode* pNode)
+{
+    return dynamic_cast<const CValueNode*>(pNode) != nullptr &&
+           std::string_view(pNode->GetLogFont()->lfFaceName) == "Symbol";
 }
 
 CString EscapeSymbol(const CString& strSymbol)

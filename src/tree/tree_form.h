@@ -14,3 +14,6 @@ CString EscapeSymbol(const CString& strSymbol);
 
 // Whether TreeForm shows the node's kind; it is given in nKind then.
 bool HasShownKind(const CNode* pNode, int& nKind);
+
+// Whether it is a name or a number in the face "Symbol".
+bool IsShownGreek(const CNode* pNode);

@@ -13,6 +13,12 @@ import headers
 ROOT = pathlib.Path(__file__).parents[2]
 PROJECT = ROOT / "examples/project"
 SANITIZERS = ("-fsanitize=address,undefined",)
+C_PROJECT = """cmake_minimum_required(VERSION 3.25)
+project(CApi C)
+find_package(Mivora REQUIRED)
+add_executable(c_api %s)
+target_link_libraries(c_api PRIVATE Mivora::c)
+"""
 FORMULA = "sqr(x)+greek p"  # signs of the face "Symbol", of which no system has the like by chance
 
 
@@ -40,7 +46,7 @@ class Installation:
         return run(program, *arguments, **how)
 
     def check_files(self):
-        names = ["include/mivora/mivora.h", "include/mivora/service/formula_out.h",
+        names = ["include/mivora/mivora.h", "include/mivora/mivora_c.h", "include/mivora/service/formula_out.h",
                  "share/mivora/fonts/mtextra.ttf", "share/doc/mivora/third-parties.md"]
         # Nothing of ours stands beside this one name.
         assert os.listdir(self.prefix / "include") == ["mivora"]
@@ -109,6 +115,33 @@ class Installation:
         targets = run("ninja", "-C", build, "-t", "targets", "all")
         assert "formula_size:" in targets and "formula_size_core" not in targets, targets
 
+    def check_c_interface(self):
+        """By the CMake package, and run from the folder of the component alone, wherever it lies."""
+        source = self.folder / "c_source"
+        source.mkdir()
+        (source / "CMakeLists.txt").write_text(C_PROJECT % (ROOT / "examples/c_api/main.c"))
+        words = [f"-DCMAKE_PREFIX_PATH={self.prefix}"]
+        if self.windows:
+            words.append(f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/mingw-w64.cmake")
+        elif self.options.sanitized:
+            words.append(f"-DCMAKE_C_FLAGS={' '.join(SANITIZERS)}")
+        run("cmake", "-S", source, "-B", source / "build", "-G", "Ninja", *words)
+        run("cmake", "--build", source / "build")
+        alone = self.folder / "c_alone"
+        run("cmake", "--install", self.options.build, "--component", "c", "--prefix", alone)
+        libraries = [path for name in ("libmivora-c.so*", "mivora-c.dll") for path in alone.rglob(name)]
+        program = source / "build/c_api"
+        if self.windows:
+            shutil.copy(f"{program}.exe", alone / "bin")
+            program = alone / "bin/c_api"
+        env = dict(os.environ, LD_LIBRARY_PATH=str(libraries[0].parent))
+        self.prefix.rename(self.folder / "elsewhere")
+        size = self.start(program, FORMULA, self.folder / "c.svg", env=env)
+        (self.folder / "elsewhere").rename(self.prefix)
+        assert " x " in size and (self.folder / "c.svg").stat().st_size > 1000, size
+        headers = [path.name for path in (alone / "include").rglob("*.h")]
+        assert headers == ["mivora_c.h"], headers
+
     def check_old_language(self):
         """One clear error."""
         done = subprocess.run(
@@ -151,6 +184,7 @@ def main():
         installed.check_pkg_config()
         installed.check_plain_host()
         installed.check_old_language()
+        installed.check_c_interface()
         headers.check(installed.prefix / "include", options.compiler, installed.windows)
 
 

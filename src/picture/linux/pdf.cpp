@@ -2,6 +2,8 @@
 
 #include <cairo-pdf.h>
 
+#include <new>
+
 #include "picture/carried_text.h"
 #include "picture/linux/cairo_drawing.h"
 #include "picture/reading_order.h"
@@ -17,14 +19,24 @@ constexpr char s_szDate[] = "2000-01-01T00:00:00Z";
 
 void Check(cairo_status_t nStatus)
 {
+    if (nStatus == CAIRO_STATUS_NO_MEMORY)
+        throw std::bad_alloc();
     if (nStatus != CAIRO_STATUS_SUCCESS)
         throw CPictureFailure{ cairo_status_to_string(nStatus) };
 }
 
-cairo_status_t Append(void* pBytes, const unsigned char* pData, unsigned nCount)
+// Called by a library in C, which no exception may cross.
+cairo_status_t Append(void* pBytes, const unsigned char* pData, unsigned nCount) noexcept
 {
-    static_cast<std::string*>(pBytes)->append(reinterpret_cast<const char*>(pData), nCount);
-    return CAIRO_STATUS_SUCCESS;
+    try
+    {
+        static_cast<std::string*>(pBytes)->append(reinterpret_cast<const char*>(pData), nCount);
+        return CAIRO_STATUS_SUCCESS;
+    }
+    catch (const std::bad_alloc&)
+    {
+        return CAIRO_STATUS_NO_MEMORY;
+    }
 }
 
 void SetMetadata(cairo_surface_t* pSurface, cairo_pdf_metadata_t nWhat, const std::string& strText)

@@ -30,6 +30,12 @@ void LoadDocument(CDocument& document, CFile& file)
     ar.Close();
 }
 
+void Unpack(CFile& file, CMemFile& content)
+{
+    if (!UnpackCompoundFile(file, s_szContents, content))
+        AfxThrowArchiveException(CArchiveException::badIndex);
+}
+
 // Runs a save or a load; a failure is reported.
 template <class Job>
 BOOL RunOrReport(CDocument& document, LPCSTR pszPathName, BOOL bSaving, Job job)
@@ -169,8 +175,7 @@ BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
     CMemFile content(s_nGrowBytes);
     const auto unpack = [&](CFile& file) -> CFile&
     {
-        if (!UnpackCompoundFile(file, s_szContents, content))
-            AfxThrowArchiveException(CArchiveException::badIndex);
+        Unpack(file, content);
         return content;
     };
     const auto load = [&]
@@ -178,4 +183,18 @@ BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
         LoadFrom(*this, pszPathName, unpack);
     };
     return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
+}
+
+void COleDocument::StoreInto(CFile& file)
+{
+    CMemFile content(s_nGrowBytes);
+    StoreDocument(*this, content);
+    PackCompoundFile(file, s_szContents, content);
+}
+
+void COleDocument::LoadOutOf(CFile& file)
+{
+    CMemFile content(s_nGrowBytes);
+    Unpack(file, content);
+    LoadDocument(*this, content);
 }

@@ -8,6 +8,7 @@
 
 class CArchive;
 class CException;
+class CFile;
 
 // Data with a path and a "modified" mark, without views or templates.
 class CDocument : public CCmdTarget
@@ -66,6 +67,11 @@ public:
 
     BOOL OnSaveDocument(LPCSTR pszPathName) override;
     BOOL OnOpenDocument(LPCSTR pszPathName) override;
+
+    // The same for an open file, at its present position: always a compound file, path and mark
+    // stay. Exceptions reach the caller; CArchiveException (badIndex) if it is no such file.
+    void StoreInto(CFile& file);
+    void LoadOutOf(CFile& file);
 
 private:
     BOOL m_bCompoundFile;

@@ -4,6 +4,7 @@
 
 #include "platform/gdi/gdi.h"
 
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -29,3 +30,10 @@ HENHMETAFILE MakeEnhMetaFile(std::span<const BYTE> bytes);
 // The whole records of a file, whatever its header says of their number and size; the caller
 // deletes the result. Null, and the last error set, if it cannot be read or is no metafile.
 HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile);
+
+struct CDeleteMetafile
+{
+    using pointer = HENHMETAFILE;
+    void operator()(HENHMETAFILE hPicture) const { DeleteEnhMetaFile(hPicture); }
+};
+using CMetafilePtr = std::unique_ptr<void, CDeleteMetafile>;

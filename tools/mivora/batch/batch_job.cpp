@@ -5,7 +5,7 @@
 
 #include "platform/base/exception.h"
 #include "report.h"
-#include "texts/greek_text.h"
+#include "facade/greek_text.h"
 #include "texts/text_input.h"
 #include "words/arguments.h"
 

@@ -5,8 +5,8 @@
 #include <nlohmann/json.hpp>
 
 #include "nodes/node.h"
-#include "pictures/colour_name.h"
-#include "pictures/formula_words.h"
+#include "facade/colour_name.h"
+#include "facade/formula_words.h"
 #include "platform/base/system.h"
 #include "report.h"
 #include "stored/stored_formula.h"

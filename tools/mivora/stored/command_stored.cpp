@@ -4,7 +4,7 @@
 
 #include "pictures/picture.h"
 #include "stored/stored_formula.h"
-#include "texts/layout_form.h"
+#include "facade/layout_form.h"
 #include "words/arguments.h"
 
 namespace

@@ -1,7 +1,6 @@
 #include "stored/stored_formula.h"
 
-#include "nodes/node.h"
-#include "platform/base/archive.h"
+#include "facade/stored_bytes.h"
 #include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "report.h"
@@ -9,34 +8,11 @@
 
 namespace
 {
-// Keeps why it failed instead of showing it, and reads an empty tree together with the three bytes
-// that the tree itself leaves in front of the format table.
-class CStoredDoc : public CFormulaDoc
+// Keeps why it failed instead of showing it.
+class CStoredDoc : public CStoredFormulaDoc
 {
 public:
-    explicit CStoredDoc(CFormulaOut& formula)
-    {
-        m_pTree = &formula.m_Tree;
-        m_pFormat = &formula.m_Format;
-        m_strFormula = formula.m_strFormula;
-    }
-
-    void Serialize(CArchive& ar) override
-    {
-        if (ar.IsStoring())
-        {
-            CFormulaDoc::Serialize(ar);
-            return;
-        }
-        ar >> m_strFormula;
-        m_pTree->Serialize(ar);
-        if (m_pTree->GetRootNode() == nullptr)
-        {
-            BYTE aRestOfMark[3];
-            ar.EnsureRead(aRestOfMark, sizeof aRestOfMark);
-        }
-        m_pFormat->Serialize(ar);
-    }
+    using CStoredFormulaDoc::CStoredFormulaDoc;
 
     void ReportSaveLoadException(LPCSTR pszPathName, CException* pException, BOOL bSaving) override
     {

@@ -8,7 +8,7 @@
 #include "platform/gdi/dc.h"
 #include "report.h"
 #include "texts/formula_texts.h"
-#include "texts/layout_form.h"
+#include "facade/layout_form.h"
 #include "texts/text_input.h"
 #include "tree/tree_form.h"
 

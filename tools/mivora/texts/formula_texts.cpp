@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "report.h"
-#include "texts/greek_text.h"
+#include "facade/greek_text.h"
 #include "texts/text_input.h"
 
 namespace

@@ -3,36 +3,12 @@
 #include <cstdio>
 #include <cstring>
 
-#include "platform/base/code_page.h"
 #include "report.h"
-#include "texts/greek_text.h"
+#include "facade/greek_text.h"
 
 namespace
 {
 constexpr size_t s_nBufferSize = 65536;
-
-bool IsContinuation(char ch)
-{
-    return (static_cast<unsigned char>(ch) & 0xC0) == 0x80;
-}
-
-// What stands at an offset: a character, by its number in Unicode, or a byte out of place.
-std::string Describe(const std::string& strUtf8, size_t nOffset)
-{
-    char szText[64];
-    size_t nNext = nOffset;
-    const char32_t nCharacter = NextUtf8(strUtf8, nNext);
-    if (nCharacter == NO_CHARACTER)
-    {
-        std::snprintf(szText, sizeof szText, "the byte 0x%02X is no UTF-8",
-                      static_cast<unsigned char>(strUtf8[nOffset]));
-        return szText;
-    }
-    std::snprintf(szText, sizeof szText, "U+%04X is not in Windows-1252",
-                  static_cast<unsigned>(nCharacter));
-    const char chSymbol = SymbolLetter(nCharacter);
-    return chSymbol == 0 ? szText : std::string(szText) + "; write greek " + chSymbol;
-}
 
 // Some programs put one in front of UTF-8.
 void SkipByteOrderMark(std::string& strText)
@@ -72,20 +48,6 @@ void CutLineBreak(std::string& strLine)
 }
 }  // namespace
 
-CString TextFromUtf8(const std::string& strUtf8)
-{
-    std::string strText;
-    size_t nBad = 0;
-    if (!Utf8ToWindows1252(strUtf8, &strText, &nBad))
-    {
-        size_t nPosition = 1;
-        for (size_t n = 0; n < nBad; ++n)
-            nPosition += IsContinuation(strUtf8[n]) ? 0 : 1;
-        throw CFailure{ "position " + std::to_string(nPosition) + ": " + Describe(strUtf8, nBad) };
-    }
-    return CString(strText.data(), static_cast<int>(strText.size()));
-}
-
 CString TextFromHex(const std::string& strHex)
 {
     std::string strText;
@@ -101,11 +63,6 @@ CString TextFromHex(const std::string& strHex)
         strText += static_cast<char>(nHigh << 4 | nLow);
     }
     return CString(strText.data(), static_cast<int>(strText.size()));
-}
-
-std::string Utf8FromText(const CString& strText)
-{
-    return Windows1252ToUtf8(strText.View());
 }
 
 std::string TypedText(const CArguments& arguments)

@@ -4,16 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/cstring.h"
+#include "facade/typed_text.h"
 #include "system/input_file.h"
 #include "words/arguments.h"
 
-// UTF-8 as the bytes of the library. Throws CFailure that tells the position of what cannot be
-// converted, counted in characters from 1.
-CString TextFromUtf8(const std::string& strUtf8);
 // Pairs of hexadecimal digits. Throws CFailure.
 CString TextFromHex(const std::string& strHex);
-std::string Utf8FromText(const CString& strText);
 
 // The TEXT as it was typed, in UTF-8, with its Greek letters written out if that is asked for;
 // standard input less one final line break for "-". A byte order mark is skipped, as in lines.

@@ -86,7 +86,17 @@ bool CopyStream(IStream* pStream, ULONGLONG nMost, CMemFile& content)
 void PackCompoundFile(CFile& file, const char* pszStream, const CMemFile& content)
 {
     CMemoryBytes memory;
-    WriteStorage(&memory, pszStream, content);
+    try
+    {
+        WriteStorage(&memory, pszStream, content);
+    }
+    catch (CFileException* pException)
+    {
+        if (!memory.WasWithoutMemory())
+            throw;
+        pException->Delete();
+        AfxThrowMemoryException();
+    }
     file.Write(memory.Bytes().data(), static_cast<UINT>(memory.Bytes().size()));
 }
 

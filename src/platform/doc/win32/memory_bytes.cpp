@@ -60,6 +60,7 @@ STDMETHODIMP CMemoryBytes::SetSize(ULARGE_INTEGER size)
     }
     catch (const std::bad_alloc&)
     {
+        m_bNoMemory = true;
         return E_OUTOFMEMORY;
     }
 }

@@ -20,6 +20,8 @@ public:
     const std::vector<BYTE>& Bytes() const { return m_bytes; }
     // Whether bytes were asked for that are not there. Readers take them for zeros.
     bool WasShort() const { return m_bShort; }
+    // Whether memory ended. Storages give another reason for that.
+    bool WasWithoutMemory() const { return m_bNoMemory; }
 
     STDMETHOD(QueryInterface)(REFIID id, void** ppObject) override;
     STDMETHOD_(ULONG, AddRef)() override { return 1; }
@@ -38,4 +40,5 @@ public:
 private:
     std::vector<BYTE> m_bytes;
     bool m_bShort = false;
+    bool m_bNoMemory = false;
 };

@@ -1,0 +1,8 @@
+#include "platform/base/native_fork.h"
+
+#include <pthread.h>
+
+void CallAroundForks(void (*pfnBefore)(), void (*pfnParent)(), void (*pfnChild)())
+{
+    pthread_atfork(pfnBefore, pfnParent, pfnChild);
+}

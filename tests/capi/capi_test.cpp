@@ -1,0 +1,454 @@
+// The C interface, by what its header promises.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <functional>
+#include <thread>
+#include <vector>
+
+#include "capi/c_calls.h"
+
+namespace
+{
+using namespace std::string_literals;
+
+std::vector<std::string> Formulas()
+{
+    std::vector<std::string> formulas;
+    std::ifstream file(MIVORA_TEST_DATA "/formulas.txt");
+    for (std::string strLine; std::getline(file, strLine);)
+        formulas.push_back(strLine);
+    return formulas;
+}
+
+struct CFormatCase
+{
+    const char* pszName;
+    std::string strStart;
+    bool bSource;
+};
+const CFormatCase s_aFormats[] = {
+    { "svg", "<svg", true },      { "PNG", "\x89PNG\r\n\x1A\n", true }, { "bmp", "BM", false },
+    { "emf", "\1\0\0\0"s, true }, { "wmf", "\1\0\0\0"s, true },
+#ifndef _WIN32
+    { "pdf", "%PDF-", true },
+#endif
+};
+
+TEST(CPictures, CarryTheTextAndKeepItWhenTheyAreMadeTwice)
+{
+    for (const char* pszText : { "a/b+greek p", "str(\xC3\xA4)'" })  // an apostrophe ends a comment
+    {
+        const CFormulaHandle formula = FromText(pszText);
+        for (const CFormatCase& row : s_aFormats)
+        {
+            SCOPED_TRACE(row.pszName);
+            const CAnswer picture = Picture(formula, row.pszName);
+            EXPECT_EQ(picture.nStatus, MIVORA_OK) << LastError().message;
+            EXPECT_TRUE(picture.strBytes.starts_with(row.strStart));
+            EXPECT_EQ(picture, Picture(FromText(pszText), row.pszName));
+            const CAnswer none{ MIVORA_NO_SOURCE, "" };
+            EXPECT_EQ(SourceOf(picture.strBytes), row.bSource ? CAnswer(MIVORA_OK, pszText) : none);
+            const mivora_paint bare{ .struct_size = sizeof bare, .no_source = 1 };
+            const CAnswer without = Picture(formula, row.pszName, &bare);
+            EXPECT_EQ(SourceOf(without.strBytes).strBytes, "");
+        }
+    }
+}
+
+TEST(CPictures, AreAsLargeAsToldAndGrowWithTheResolution)
+{
+    const CFormulaHandle formula = FromText("sqr(x)/2");
+    mivora_size screen{};
+    ASSERT_EQ(mivora_formula_size(formula.get(), nullptr, &screen), MIVORA_OK);
+    EXPECT_EQ(screen.em, 16);  // 12 points at 96 dots per inch
+    EXPECT_GT(screen.height, screen.axis);
+    EXPECT_GT(screen.depth, 0);
+    const mivora_paint fine{ .struct_size = sizeof fine, .dpi = 192, .margin = 5 };
+    char* pBytes = nullptr;
+    size_t nSize = 0;
+    mivora_size size{};
+    ASSERT_EQ(mivora_formula_picture(formula.get(), "png", &fine, &pBytes, &nSize, &size),
+              MIVORA_OK);
+    const auto number = [&](int nOffset)
+    {
+        return static_cast<unsigned char>(pBytes[nOffset]) * 256 +
+               static_cast<unsigned char>(pBytes[nOffset + 1]);
+    };
+    EXPECT_EQ(number(18), size.width);  // of the header chunk
+    EXPECT_EQ(number(22), size.height);
+    EXPECT_NEAR(size.width, 2 * screen.width + 10, 3);
+    EXPECT_EQ(size.em, 32);
+    mivora_free(pBytes);
+}
+
+TEST(CPictures, DoNotDependOnTheFormulasBesideThem)
+{
+    // Products with a sign have another gap than those without.
+    const CFormulaHandle first = FromText("2*x*y");
+    const CAnswer before = Picture(first, "svg");
+    const CFormulaHandle second = FromText("2**3");
+    const CAnswer beside = Picture(second, "svg");
+    EXPECT_EQ(Picture(first, "svg"), before);
+    EXPECT_EQ(Picture(second, "svg"), beside);
+}
+
+struct CFormCase
+{
+    mivora_form nForm;
+    const char* pszText;
+    std::string strWritten;
+};
+const CFormCase s_aForms[] = {
+    { MIVORA_MATHML, "a/b",
+      R"(<math xmlns="http://www.w3.org/1998/Math/MathML" display="block"><mfrac><mi>a</mi><mi>b</mi></mfrac></math>)" },
+    { MIVORA_LATEX, "a/b", "\\frac{a}{b}" },
+    { MIVORA_SPEECH, "x^2", "x squared" },
+    { MIVORA_FORTRAN, "a/b", "      (a)/(b)  " },
+    { MIVORA_TREE_JSON, "str(\xC3\xA4)+greek p",
+      R"({"type":"NT_STANDARD","symbol":"","left":{"type":"NT_PLUS","symbol":"+","left":)"
+      R"({"type":"NT_VARIABLE","symbol":"\\xE4","left":null,"right":null},"right":)"
+      R"({"type":"NT_VARIABLE","symbol":"p","greek":true,"left":null,"right":null}},"right":null})" },
+};
+
+TEST(CForms, AreWritten)
+{
+    for (const CFormCase& row : s_aForms)
+    {
+        EXPECT_EQ(Answer(mivora_formula_write, FromText(row.pszText).get(), row.nForm).strBytes,
+                  row.strWritten);
+    }
+    const std::string strLayout =
+        Answer(mivora_formula_write, FromText("2x").get(), MIVORA_LAYOUT_JSON).strBytes;
+    EXPECT_TRUE(strLayout.starts_with("{\"gap\":")) << strLayout;
+    EXPECT_NE(strLayout.find("\"error\":{\"position\":2,"), std::string::npos) << strLayout;
+}
+
+struct CTextCase
+{
+    std::string strText;
+    int nGreek;
+    mivora_status nStatus;   // of the making
+    mivora_status nProblem;  // of what was made
+    size_t nPosition;
+    std::string strMessage;
+    std::string strExcerpt = {};
+};
+const CTextCase s_aTexts[] = {
+    { "a+b", 0, MIVORA_OK, MIVORA_OK, 0, "" },
+    { "", 0, MIVORA_OK, MIVORA_OK, 0, "" },
+    { "2x", 0, MIVORA_OK, MIVORA_SYNTAX_ERROR, 2, "Error at Position 2", "  2x\n   ^" },
+    { " str(\xC3\xA4)+2x", 0, MIVORA_OK, MIVORA_SYNTAX_ERROR, 9, "Error at Position 9",
+      "   str(\xC3\xA4)+2x\n           ^" },
+    { "a^b^c", 0, MIVORA_OK, MIVORA_TEXT_DROPPED, 3,
+      "a part of the text is not in the picture (position 3)", "  a^b^c\n    ^" },
+    { "a\0b"s, 0, MIVORA_OK, MIVORA_TEXT_DROPPED, 2, "the text ends at a NUL (position 2)",
+      "  a b\n   ^" },
+    { "\xCE\xB1+1", 1, MIVORA_OK, MIVORA_OK, 0, "" },
+    { "\xCE\xB1+1", 0, MIVORA_INVALID_TEXT, MIVORA_OK, 1,
+      "position 1: U+03B1 is not in Windows-1252; write greek a" },
+    { "x\xCE\xB1", 1, MIVORA_INVALID_TEXT, MIVORA_OK, 2,
+      "position 2: the Greek letter \xCE\xB1 stands beside another letter: write an operator "
+      "between them" },
+    { "a\xFF", 0, MIVORA_INVALID_TEXT, MIVORA_OK, 2, "position 2: the byte 0xFF is no UTF-8" },
+    { std::string(65534, 'a'), 0, MIVORA_OK, MIVORA_OK, 0, "" },
+    { std::string(70000, 'a'), 0, MIVORA_INVALID_TEXT, MIVORA_OK, 0,
+      "the text is too long: it has 70000 characters, 65534 is the most" },
+    { std::string(1000, '+') + "?" + std::string(1000, '+'), 0, MIVORA_OK, MIVORA_SYNTAX_ERROR,
+      1001, "Error at Position 1001",
+      "  " + std::string(36, '+') + "?" + std::string(35, '+') + "\n" + std::string(38, ' ') +
+          "^" },
+};
+
+TEST(CTexts, AreFormedOrRefusedWithAPlace)
+{
+    for (const CTextCase& row : s_aTexts)
+    {
+        SCOPED_TRACE(row.strText.substr(0, 20));
+        const mivora_look look{ .struct_size = sizeof look, .greek = row.nGreek };
+        const CFormulaHandle formula = FromText(row.strText, &look);
+        mivora_error error = LastError();
+        EXPECT_EQ(error.status, row.nStatus);
+        ASSERT_EQ(formula != nullptr, row.nStatus == MIVORA_OK);
+        if (formula != nullptr)
+        {
+            ASSERT_EQ(mivora_formula_problem(formula.get(), &error), MIVORA_OK);
+        }
+        EXPECT_EQ(error.status, formula ? row.nProblem : row.nStatus);
+        EXPECT_EQ(error.position, row.nPosition);
+        EXPECT_EQ(error.message, row.strMessage);
+        EXPECT_EQ(error.excerpt, row.strExcerpt);
+    }
+}
+
+struct CValueCase
+{
+    const char* pszText;
+    double dValue;
+    mivora_status nStatus;
+    size_t nPosition;
+};
+const CValueCase s_aValues[] = {
+    { "2*(3+4)", 14, MIVORA_OK, 0 },          { "2^10/4", 256, MIVORA_OK, 0 },
+    { "1+2?", 3, MIVORA_SYNTAX_ERROR, 4 },    { "1+2/0", 3, MIVORA_SYNTAX_ERROR, 0 },
+    { "\xFF", 4711, MIVORA_INVALID_TEXT, 1 },
+};
+
+TEST(CValues, AreCalculated)
+{
+    for (const CValueCase& row : s_aValues)
+    {
+        SCOPED_TRACE(row.pszText);
+        double dValue = 4711;
+        EXPECT_EQ(mivora_calculate(row.pszText, MIVORA_WHOLE, &dValue), row.nStatus);
+        EXPECT_EQ(dValue, row.dValue);
+        EXPECT_EQ(LastError().position, row.nPosition);
+        EXPECT_EQ(LastError().message[0] == '\0', row.nStatus == MIVORA_OK);
+    }
+}
+
+TEST(CStored, ComeBackAsTheyWere)
+{
+    const mivora_look look{ .struct_size = sizeof look, .points = 20, .face = "Arial" };
+    for (const std::string& strText : Formulas())
+    {
+        for (const mivora_look* pLook : { static_cast<const mivora_look*>(nullptr), &look })
+        {
+            const CFormulaHandle formula = FromText(strText, pLook);
+            const CAnswer stored = Answer(mivora_formula_fml, formula.get());
+            ASSERT_EQ(stored.nStatus, MIVORA_OK);
+            const CFormulaHandle read = FromFml(stored.strBytes);
+            ASSERT_NE(read, nullptr) << LastError().message;
+            EXPECT_EQ(Answer(mivora_formula_text, read.get()), CAnswer(MIVORA_OK, strText));
+            EXPECT_EQ(Answer(mivora_formula_fml, read.get()), stored) << strText;
+            for (const mivora_form nForm : { MIVORA_MATHML, MIVORA_LATEX, MIVORA_SPEECH })
+            {
+                EXPECT_EQ(Answer(mivora_formula_write, read.get(), nForm),
+                          Answer(mivora_formula_write, formula.get(), nForm));
+            }
+            mivora_size before{};
+            mivora_size after{};
+            mivora_formula_size(formula.get(), nullptr, &before);
+            mivora_formula_size(read.get(), nullptr, &after);
+            EXPECT_EQ(before.height, after.height) << strText;
+        }
+    }
+}
+
+TEST(CStored, AreRefusedWhenTheyAreDamaged)
+{
+    const std::string strSound = Answer(mivora_formula_fml, FromText("a/b").get()).strBytes;
+    const auto check = [](const std::string& strBytes)
+    {
+        const CFormulaHandle formula = FromFml(strBytes);
+        ASSERT_EQ(LastError().status, formula ? MIVORA_OK : MIVORA_INVALID_DATA)
+            << LastError().message;
+        if (formula)
+            Picture(formula, "svg");
+    };
+    for (size_t n = 0; n < strSound.size(); n += 7)
+    {
+        check(strSound.substr(0, n));
+        std::string strOther = strSound;
+        strOther[n] = static_cast<char>(~strOther[n]);
+        check(strOther);
+    }
+}
+
+// One column says what is wrong.
+TEST(CArguments, AreRefused)
+{
+    const CFormulaHandle formula = FromText("a");
+    mivora_formula* pFormula = formula.get();
+    mivora_formula* pMade = nullptr;
+    char* pBytes = nullptr;
+    size_t nSize = 0;
+    double dValue = 0;
+    mivora_size size{};
+    const auto make = [&](mivora_look look)
+    {
+        if (look.struct_size == 0)
+            look.struct_size = sizeof look;
+        return mivora_formula_from_text("a", 1, &look, &pMade);
+    };
+    const auto paint = [&](const char* pszFormat, mivora_paint options)
+    {
+        options.struct_size = sizeof options;
+        return mivora_formula_picture(pFormula, pszFormat, &options, &pBytes, &nSize, nullptr);
+    };
+    const std::pair<const char*, std::function<mivora_status()>> aCases[] = {
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_from_text(nullptr, 0, nullptr, &pMade);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_from_text("a", 1, nullptr, nullptr);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_from_fml(nullptr, 0, nullptr, &pMade);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_fml(nullptr, &pBytes, &nSize);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_fml(pFormula, nullptr, &nSize);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_text(pFormula, &pBytes, nullptr);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_size(pFormula, nullptr, nullptr);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_formula_problem(pFormula, nullptr);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_calculate(nullptr, 0, &dValue);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_calculate("1", 1, nullptr);
+          } },
+        { "pointer",
+          [&]
+          {
+              return mivora_picture_source(nullptr, 0, &pBytes, &nSize);
+          } },
+        { "pointer",
+          [&]
+          {
+              return paint(nullptr, {});
+          } },
+        { "struct_size",
+          [&]
+          {
+              return make({ .struct_size = 1000 });
+          } },
+        { "struct_size",
+          [&]
+          {
+              return make({ .struct_size = 1 });
+          } },
+        { "points",
+          [&]
+          {
+              return make({ .points = 3 });
+          } },
+        { "face",
+          [&]
+          {
+              return make({ .face = "" });
+          } },
+        { "face",
+          [&]
+          {
+              return make({ .face = "a face of more than thirty-one letters" });
+          } },
+        { "there is no form 6",
+          [&]
+          {
+              return mivora_formula_write(pFormula, static_cast<mivora_form>(6), &pBytes, &nSize);
+          } },
+        { "gif is none of",
+          [&]
+          {
+              return paint("gif", {});
+          } },
+        { "dpi",
+          [&]
+          {
+              return paint("png", { .dpi = -1 });
+          } },
+        { "dpi",
+          [&]
+          {
+              return paint("png", { .dpi = 2401 });
+          } },
+        { "margin",
+          [&]
+          {
+              return paint("png", { .margin = -1 });
+          } },
+        { "metafile",
+          [&]
+          {
+              return paint("emf", { .dpi = 96 });
+          } },
+        { "color",
+          [&]
+          {
+              return paint("png", { .color = "reddish" });
+          } },
+        { "currentColor",
+          [&]
+          {
+              return paint("png", { .color = "currentColor" });
+          } },
+        { "background",
+          [&]
+          {
+              return paint("svg", { .transparent = 1, .background = "red" });
+          } },
+    };
+    for (const auto& [pszWord, call] : aCases)
+    {
+        EXPECT_EQ(call(), MIVORA_INVALID_ARGUMENT) << pszWord;
+        EXPECT_NE(std::string(LastError().message).find(pszWord), std::string::npos)
+            << LastError().message;
+    }
+    EXPECT_EQ(pMade, nullptr);
+    EXPECT_EQ(pBytes, nullptr);
+    EXPECT_EQ(mivora_last_error(nullptr), MIVORA_INVALID_ARGUMENT);
+    EXPECT_EQ(SourceOf("no picture").nStatus, MIVORA_INVALID_DATA);
+    EXPECT_EQ(mivora_formula_size(pFormula, nullptr, &size), MIVORA_OK);
+    EXPECT_STREQ(LastError().message, "");
+#ifdef _WIN32
+    EXPECT_EQ(paint("pdf", {}), MIVORA_UNSUPPORTED);
+#endif
+    mivora_formula_free(nullptr);
+    mivora_free(nullptr);
+}
+
+TEST(CArguments, MayBeThoseOfAnOlderCaller)
+{
+    // One that knew the first fields and nothing behind them.
+    struct
+    {
+        size_t struct_size;
+        int dpi;
+        int margin;
+    } old = { sizeof old, 192, 0 };
+    mivora_size size{};
+    EXPECT_EQ(
+        mivora_formula_size(FromText("a").get(), reinterpret_cast<mivora_paint*>(&old), &size),
+        MIVORA_OK);
+    EXPECT_EQ(size.em, 32);
+}
+
+TEST(CErrors, BelongToTheirThread)
+{
+    double dValue = 0;
+    EXPECT_EQ(mivora_calculate("1+?", 3, &dValue), MIVORA_SYNTAX_ERROR);
+    std::thread([&] { EXPECT_EQ(LastError().status, MIVORA_OK); }).join();
+    EXPECT_EQ(LastError().status, MIVORA_SYNTAX_ERROR);
+}
+}  // namespace

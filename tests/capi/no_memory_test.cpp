@@ -1,0 +1,135 @@
+// The C interface while memory ends: each allocation of each call fails in turn.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <new>
+
+#include "capi/c_calls.h"
+
+namespace
+{
+int s_nUntilFailure = -1;  // allocations that still succeed; negative: all
+
+void* Allocate(std::size_t nSize)
+{
+    if (s_nUntilFailure == 0)
+        return nullptr;
+    if (s_nUntilFailure > 0)
+        s_nUntilFailure--;
+    return std::malloc(nSize);
+}
+}  // namespace
+
+[[gnu::noinline]] void* operator new(std::size_t nSize)
+{
+    void* p = Allocate(nSize);
+    if (p == nullptr)
+        throw std::bad_alloc();
+    return p;
+}
+
+[[gnu::noinline]] void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept
+{
+    return Allocate(nSize);
+}
+
+[[gnu::noinline]] void operator delete(void* p) noexcept
+{
+    std::free(p);
+}
+
+[[gnu::noinline]] void operator delete(void* p, std::size_t) noexcept
+{
+    std::free(p);
+}
+
+namespace
+{
+// The leak check sees what is not given back.
+TEST(CCallsWithoutMemory, TellItAndKeepNothing)
+{
+    const std::string strText = "sqr(x)+sum(mark(x,i,2),i=1,n)/2^greek p";
+    const CFormulaHandle formula = FromText(strText);
+    const std::string strStored = Answer(mivora_formula_fml, formula.get()).strBytes;
+    const std::string strSvg = Picture(formula, "svg").strBytes;
+    const std::string strEmf = Picture(formula, "emf").strBytes;
+
+    const mivora_look large{ .struct_size = sizeof large, .points = 20 };
+    char* pBytes = nullptr;
+    size_t nSize = 0;
+    mivora_size size{};
+    double dValue = 0;
+    const auto end = [&](mivora_status nStatus)
+    {
+        EXPECT_EQ(pBytes != nullptr, nStatus == MIVORA_OK);
+        mivora_free(pBytes);
+        pBytes = nullptr;
+        return nStatus;
+    };
+    const auto make = [&](auto function, const std::string& strBytes)
+    {
+        mivora_formula* pMade = nullptr;
+        const mivora_status nStatus = function(strBytes.data(), strBytes.size(), &large, &pMade);
+        EXPECT_EQ(pMade != nullptr, nStatus == MIVORA_OK);
+        mivora_formula_free(pMade);
+        return nStatus;
+    };
+    const auto paint = [&](const char* pszFormat)
+    {
+        return end(
+            mivora_formula_picture(formula.get(), pszFormat, nullptr, &pBytes, &nSize, &size));
+    };
+    const auto write = [&](mivora_form nForm)
+    {
+        return end(mivora_formula_write(formula.get(), nForm, &pBytes, &nSize));
+    };
+    const auto source = [&](const std::string& strPicture)
+    {
+        return end(mivora_picture_source(strPicture.data(), strPicture.size(), &pBytes, &nSize));
+    };
+    const std::function<mivora_status()> aCalls[] = {
+        [&] { return make(mivora_formula_from_text, strText); },
+        [&] { return make(mivora_formula_from_fml, strStored); },
+        [&] { return mivora_formula_size(formula.get(), nullptr, &size); },
+        [&] { return paint("svg"); },
+        [&] { return paint("png"); },
+        [&] { return paint("bmp"); },
+        [&] { return paint("emf"); },
+#ifndef _WIN32
+        [&] { return paint("pdf"); },
+#endif
+        [&] { return source(strSvg); },
+        [&] { return source(strEmf); },
+        [&] { return end(mivora_formula_fml(formula.get(), &pBytes, &nSize)); },
+        [&] { return end(mivora_formula_text(formula.get(), &pBytes, &nSize)); },
+        [&] { return write(MIVORA_TREE_JSON); },
+        [&] { return write(MIVORA_LAYOUT_JSON); },
+        [&] { return write(MIVORA_MATHML); },
+        [&] { return write(MIVORA_LATEX); },
+        [&] { return write(MIVORA_SPEECH); },
+        [&] { return write(MIVORA_FORTRAN); },
+        [&] { return mivora_calculate("2*(3+4)", 7, &dValue); },
+    };
+    for (size_t nCall = 0; nCall < std::size(aCalls); ++nCall)
+    {
+        SCOPED_TRACE(nCall);
+        ASSERT_EQ(aCalls[nCall](), MIVORA_OK);  // faces are read once in a process
+        int nFailed = 0;
+        for (bool bDone = false; !bDone; ++nFailed)
+        {
+            s_nUntilFailure = nFailed;
+            const mivora_status nStatus = aCalls[nCall]();
+            bDone = s_nUntilFailure > 0;
+            s_nUntilFailure = -1;
+            // A cache can do without what it cannot keep.
+            EXPECT_TRUE(nStatus == MIVORA_OK || nStatus == MIVORA_OUT_OF_MEMORY)
+                << nFailed << ": " << LastError().message;
+            EXPECT_EQ(LastError().message[0] == '\0', nStatus == MIVORA_OK);
+        }
+        EXPECT_GT(nFailed, 1);
+        EXPECT_EQ(aCalls[nCall](), MIVORA_OK);
+    }
+    EXPECT_EQ(Picture(formula, "svg").strBytes, strSvg);
+}
+}  // namespace
