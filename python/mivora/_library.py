@@ -18,7 +18,7 @@ from .errors import FormulaError
 OK, SYNTAX_ERROR = 0, 3
 TREE_JSON, LAYOUT_JSON, MATHML, LATEX, SPEECH, FORTRAN = range(6)
 
-_DEBIAN_PACKAGES = "libcairo2 libfreetype6 libfontconfig1 libgsf-1-114"
+_DEBIAN_PACKAGES = "libcairo2 libfreetype6 libfontconfig1 libgsf-1-114 libdeflate0 zlib1g"
 
 
 class Error(ctypes.Structure):
