@@ -1,4 +1,4 @@
-// Bitmaps: making, describing, single pixels, PNG.
+// Bitmaps: making, describing, single pixels.
 #include "platform/gdi/linux/bitmap.h"
 
 #include "platform/base/system.h"
@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <exception>
 #include <new>
 #include <vector>
 
@@ -44,12 +43,8 @@ CSurfacePtr CPicture::Window(const RECT& box)
 void CPicture::ReadRow(int x, int y, std::span<CPixel> pixels) const
 {
     const CPixel* pFrom = Row(y) + x;
-    if (m_nBits >= 24)
-        std::transform(pFrom, pFrom + pixels.size(), pixels.begin(),
-                       [](CPixel pixel) { return pixel & PIXEL_COLOUR; });
-    else
-        std::transform(pFrom, pFrom + pixels.size(), pixels.begin(),
-                       [this](CPixel pixel) { return NearestPixel(pixel, m_nBits); });
+    std::transform(pFrom, pFrom + pixels.size(), pixels.begin(),
+                   [this](CPixel pixel) { return NearestPixel(pixel, m_nBits); });
 }
 
 CBitmapObject* CBitmapObject::Create(std::unique_ptr<CPicture> pPicture)
@@ -101,18 +96,6 @@ CHandleObject& DefaultBitmap()
 namespace
 {
 
-// The depths of the system: what lies between them gets the next larger one; 0 if there is none.
-int DepthFor(UINT nPlanes, UINT nBitCount)
-{
-    if (nPlanes > 32 || nBitCount > 32)
-        return 0;
-    const UINT nAsked = nPlanes * nBitCount;
-    for (const int nBits : { 1, 4, 8, 16, 24, 32 })
-        if (nAsked >= 1 && nAsked <= static_cast<UINT>(nBits))
-            return nBits;
-    return 0;
-}
-
 HBITMAP Fail(int nError)
 {
     SetLastError(static_cast<DWORD>(nError));
@@ -126,7 +109,7 @@ void FillFrom(CPicture& picture, const void* pBits)
     const auto nWidth = static_cast<std::size_t>(picture.Width());
     for (int y = 0; y < picture.Height(); ++y)
     {
-        UnpackRow(pRow, picture.Bits(), DepthColours(picture.Bits()), { picture.Row(y), nWidth });
+        UnpackRow(pRow, picture.Bits(), { picture.Row(y), nWidth });
         pRow += RowBytes(nWidth, picture.Bits(), 2);
     }
 }
@@ -135,13 +118,13 @@ void FillFrom(CPicture& picture, const void* pBits)
 
 HBITMAP CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, const void* pBits)
 {
-    int nBits = DepthFor(nPlanes, nBitCount);
+    int nBits = nPlanes == 1 && nBitCount <= 32 ? static_cast<int>(nBitCount) : 0;
     if (nWidth == 0 || nHeight == 0)
     {
         nWidth = nHeight = nBits = 1;
         pBits = nullptr;
     }
-    if (nWidth < 0 || nHeight < 0 || nBits == 0)
+    if (nWidth < 0 || nHeight < 0 || !IsPixelDepth(nBits))
         return Fail(EINVAL);
     std::unique_ptr<CPicture> pPicture = CPicture::Create(nWidth, nHeight, nBits);
     if (!pPicture)
@@ -171,57 +154,4 @@ COLORREF SetPixel(HDC hDC, int x, int y, COLORREF colour)
         return CLR_INVALID;
     const COLORREF now = hDC->Target()->GetPixel(*hDC, { x, y });
     return now != CLR_INVALID ? now : colour;  // what cannot be read has every colour
-}
-
-namespace
-{
-
-struct CPngSink
-{
-    const CByteSink& m_sink;
-    std::exception_ptr m_pException;  // none may pass through cairo's C code
-};
-
-cairo_status_t WritePiece(void* pContext, const unsigned char* pData, unsigned nLength)
-{
-    auto& png = *static_cast<CPngSink*>(pContext);
-    try
-    {
-        return png.m_sink({ pData, nLength }) ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
-    }
-    catch (...)
-    {
-        png.m_pException = std::current_exception();
-        return CAIRO_STATUS_WRITE_ERROR;
-    }
-}
-
-}  // namespace
-
-bool WriteBitmapPng(HBITMAP hBitmap, const CByteSink& sink)
-{
-    const CBitmapObject* pBitmap = BitmapFromHandle(hBitmap);
-    if (!pBitmap)
-        return false;
-    CPicture* pPicture = &pBitmap->Picture();
-    std::unique_ptr<CPicture> pReduced;
-    if (pPicture->Bits() < 24)
-    {
-        pReduced = CPicture::Create(pPicture->Width(), pPicture->Height(), 32);
-        if (!pReduced)
-            return false;
-        const auto nWidth = static_cast<std::size_t>(pPicture->Width());
-        for (int y = 0; y < pPicture->Height(); ++y)
-            pPicture->ReadRow(0, y, { pReduced->Row(y), nWidth });
-        pPicture = pReduced.get();
-    }
-    const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });
-    if (!pSurface)
-        return false;
-    CPngSink png{ sink, nullptr };
-    const cairo_status_t status =
-        cairo_surface_write_to_png_stream(pSurface.get(), WritePiece, &png);
-    if (png.m_pException)
-        std::rethrow_exception(png.m_pException);
-    return status == CAIRO_STATUS_SUCCESS;
 }

@@ -6,11 +6,10 @@
 #include "platform/gdi/linux/pixel_rows.h"
 
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <span>
 
-// A picture of 1 to 32 bits a pixel. It is drawn on in the 32-bit working form, whatever its depth;
+// A picture of 1 or 32 bits a pixel. It is drawn on in the 32-bit working form, whatever its depth;
 // who reads gets the nearest colours that the depth can hold.
 class CPicture
 {
@@ -80,10 +79,3 @@ inline CBitmapObject* BitmapFromHandle(HBITMAP hBitmap)
 {
     return ObjectFromHandle<CBitmapObject>(hBitmap, OBJ_BITMAP);
 }
-
-// Takes the bytes of a file piece by piece; false stops the writing.
-using CByteSink = std::function<bool(std::span<const BYTE>)>;
-
-// The bitmap as a PNG file, in the colours of its depth. False for a handle that is no bitmap, when
-// memory is short or the sink stopped.
-bool WriteBitmapPng(HBITMAP hBitmap, const CByteSink& sink);

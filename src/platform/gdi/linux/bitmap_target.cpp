@@ -11,21 +11,7 @@
 namespace
 {
 
-bool IsDrawn(std::span<const int> pattern, std::int64_t nStep)
-{
-    if (pattern.empty())
-        return true;
-    std::int64_t nPeriod = 0;
-    for (const int n : pattern)
-        nPeriod += n;
-    nStep %= nPeriod;
-    std::size_t i = 0;
-    while (nStep >= pattern[i])
-        nStep -= pattern[i++];
-    return i % 2 == 0;
-}
-
-// The pixels of a line within bounds: f(x, y, step). On the longer axis each step is one pixel; the
+// The pixels of a line within bounds: f(x, y). On the longer axis each step is one pixel; the
 // place on the other is rounded, halves to the smaller coordinate, so that both directions meet
 // the same pixels.
 template <class F>
@@ -55,7 +41,7 @@ void WalkLine(POINT from, POINT to, const RECT& bounds, F f)
         if (nMinor < low.y || nMinor >= high.y)
             continue;
         const POINT pixel = turn(a.x + nForward * static_cast<LONG>(n), nMinor);
-        f(pixel.x, pixel.y, n);
+        f(pixel.x, pixel.y);
     }
 }
 
@@ -80,8 +66,7 @@ public:
     COLORREF GetPixel(CDeviceContext& dc, POINT point) override;
 
 protected:
-    bool FillBox(const CDrawState& state, const RECT& box, const CFill& fill,
-                 CRasterOp op) override;
+    bool FillBox(const CDrawState& state, const RECT& box, const CFill& fill) override;
     bool DrawLine(const CDrawState& state, POINT from, POINT to, const CStroke& stroke) override;
     bool FrameBox(const CDrawState& state, const RECT& box, const CStroke& stroke) override;
     bool ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run) override;
@@ -89,7 +74,7 @@ protected:
 
 private:
     RECT Clip(const CDrawState& state) const;
-    void FillSolid(const RECT& box, CPixel pixel, CRasterOp op);
+    void FillSolid(const RECT& box, CPixel pixel);
     template <class F>
     bool StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath);
     void PutMask(const CGlyphMask& mask, POINT pen, const RECT& clip, CPixel colour);
@@ -107,47 +92,30 @@ RECT CBitmapTarget::Clip(const CDrawState& state) const
     return state.m_clip ? IntersectBoxes(all, *state.m_clip) : all;
 }
 
-void CBitmapTarget::FillSolid(const RECT& box, CPixel pixel, CRasterOp op)
+void CBitmapTarget::FillSolid(const RECT& box, CPixel pixel)
 {
-    const std::ptrdiff_t nWidth = box.right - box.left;
-    const bool bPlain = !UsesOld(op);
-    const CPixel plain = Combine(op, 0, pixel);
     CPixel* pRow = m_picture.Row(box.top) + box.left;
     for (int y = box.top; y < box.bottom; ++y, pRow += m_picture.Width())
-    {
-        if (bPlain)
-            std::fill_n(pRow, nWidth, plain);
-        else
-            std::transform(pRow, pRow + nWidth, pRow,
-                           [=](CPixel before) { return Combine(op, before, pixel); });
-    }
+        std::fill_n(pRow, box.right - box.left, pixel);
 }
 
-bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFill& fill,
-                            CRasterOp op)
+bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFill& fill)
 {
     const RECT clipped = IntersectBoxes(box, Clip(state));
     if (IsEmptyBox(clipped))
         return true;
     const CPixel pixel = PixelFromColour(fill.m_colour);
-    if (!fill.m_hatch)
+    if (!fill.m_bHatched)
     {
-        FillSolid(clipped, pixel, op);
+        FillSolid(clipped, pixel);
         return true;
     }
-    const CHatchRows rows = HatchRows(*fill.m_hatch);
+    if (fill.m_between)
+        FillSolid(clipped, PixelFromColour(*fill.m_between));
     for (int y = clipped.top; y < clipped.bottom; ++y)
-    {
-        const unsigned nRow = rows[static_cast<std::size_t>(y & 7)];
-        CPixel* pRow = m_picture.Row(y);
         for (int x = clipped.left; x < clipped.right; ++x)
-        {
-            if (nRow >> (7 - (x & 7)) & 1)
-                pRow[x] = Combine(op, pRow[x], pixel);
-            else if (fill.m_between)
-                pRow[x] = Combine(op, pRow[x], PixelFromColour(*fill.m_between));
-        }
-    }
+            if (IsHatchPixel(x, y))
+                m_picture.Row(y)[x] = pixel;
     return true;
 }
 
@@ -167,19 +135,8 @@ bool CBitmapTarget::DrawLine(const CDrawState& state, POINT from, POINT to, cons
     const RECT bounds = Clip(state);
     if (IsEmptyBox(bounds))
         return true;
-    const std::span<const int> pattern = DashPattern(stroke.m_nStyle);
-    const CRasterOp op = OpFromRop2(state.m_nRop2);
     const CPixel pixel = PixelFromColour(stroke.m_colour);
-    const CPixel between = PixelFromColour(state.m_crBk);
-    WalkLine(from, to, bounds,
-             [&](int x, int y, std::int64_t nStep)
-             {
-                 const bool bDrawn = IsDrawn(pattern, nStep);
-                 if (!bDrawn && state.m_nBkMode != OPAQUE)
-                     return;
-                 CPixel& place = m_picture.Row(y)[x];
-                 place = Combine(op, place, bDrawn ? pixel : between);
-             });
+    WalkLine(from, to, bounds, [&](int x, int y) { m_picture.Row(y)[x] = pixel; });
     return true;
 }
 
@@ -230,22 +187,17 @@ bool CBitmapTarget::DrawByCairo(const RECT& clip, F draw)
 template <class F>
 bool CBitmapTarget::StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath)
 {
-    bool bKnown = true;
-    const bool bDrawn =
-        DrawByCairo(Clip(state),
-                    [&](cairo_t* pCairo)
-                    {
-                        cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
-                        cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, CAIRO_LIMIT));
-                        cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_ROUND);
-                        cairo_set_line_join(pCairo, CAIRO_LINE_JOIN_ROUND);
-                        bKnown = SetSource(pCairo, stroke.m_colour, OpFromRop2(state.m_nRop2));
-                        if (!bKnown)
-                            return;
-                        makePath(pCairo);
-                        cairo_stroke(pCairo);
-                    });
-    return bDrawn && bKnown;
+    return DrawByCairo(Clip(state),
+                       [&](cairo_t* pCairo)
+                       {
+                           cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
+                           cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, CAIRO_LIMIT));
+                           cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_ROUND);
+                           cairo_set_line_join(pCairo, CAIRO_LINE_JOIN_ROUND);
+                           SetSource(pCairo, stroke.m_colour);
+                           makePath(pCairo);
+                           cairo_stroke(pCairo);
+                       });
 }
 
 bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
@@ -306,7 +258,7 @@ bool CBitmapTarget::ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run,
                            if (m_picture.Bits() == 1)
                                cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
                            cairo_set_scaled_font(pCairo, pFont.get());
-                           SetSource(pCairo, dc.State().m_crText, OP_COPY);
+                           SetSource(pCairo, dc.State().m_crText);
                            DrawGlyphs(pCairo, dc, run, bounds, true);
                        });
 }

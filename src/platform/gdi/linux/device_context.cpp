@@ -38,7 +38,6 @@ void HDC__::Reset()
     m_state.m_pFont = static_cast<CFontObject*>(StockObject(SYSTEM_FONT));
     m_state.m_pPen = static_cast<CPenObject*>(StockObject(BLACK_PEN));
     m_state.m_pBrush = static_cast<CBrushObject*>(StockObject(WHITE_BRUSH));
-    m_state.m_pPalette = StockObject(DEFAULT_PALETTE);
     HoldObjects(m_state);
     m_pRealized = nullptr;
 }
@@ -48,7 +47,6 @@ void HDC__::HoldObjects(const CDrawState& state)
     state.m_pFont->AddSelection();
     state.m_pPen->AddSelection();
     state.m_pBrush->AddSelection();
-    state.m_pPalette->AddSelection();
 }
 
 void HDC__::ReleaseObjects(const CDrawState& state)
@@ -56,7 +54,6 @@ void HDC__::ReleaseObjects(const CDrawState& state)
     state.m_pFont->RemoveSelection();
     state.m_pPen->RemoveSelection();
     state.m_pBrush->RemoveSelection();
-    state.m_pPalette->RemoveSelection();
 }
 
 namespace
@@ -94,13 +91,6 @@ CHandleObject* HDC__::Select(CHandleObject& object)
     }
     if (m_pTarget)
         m_pTarget->ObjectSelected(*this, object);
-    pOld->RemoveSelection();
-    return pOld;
-}
-
-CHandleObject* HDC__::SelectPalette(CPaletteObject& palette)
-{
-    CHandleObject* pOld = Exchange(m_state.m_pPalette, palette);
     pOld->RemoveSelection();
     return pOld;
 }
@@ -163,11 +153,6 @@ const CRealizedFont& HDC__::Font() const
     return *m_pRealized;
 }
 
-LOGFONTA HDC__::DeviceFont() const
-{
-    return Mapping().ToDeviceFont(m_state.m_pFont->LogFont());
-}
-
 void HDC__::LogicalAdvances(const CTextRun& run, std::span<INT> out) const
 {
     const CRealizedFont& font = Font();
@@ -187,18 +172,8 @@ int HDC__::TextWidth(const CTextRun& run) const
 
 POINT HDC__::TextOrigin(const CTextRun& run) const
 {
-    UINT nAlign = m_state.m_nTextAlign;
-    POINT point =
-        Mapping().ToDevice(nAlign & TA_UPDATECP ? m_state.m_ptCurrent : run.m_ptReference);
-    UINT nHorizontal = nAlign & TA_CENTER;
-    if (nHorizontal == TA_CENTER)
-        point.x = SaturateToInt(std::int64_t{ point.x } - TextWidth(run) / 2);
-    else if (nHorizontal == TA_RIGHT)
-        point.x = SaturateToInt(std::int64_t{ point.x } - TextWidth(run));
-    UINT nVertical = nAlign & TA_BASELINE;
-    if (nVertical == TA_TOP)
+    POINT point = Mapping().ToDevice(run.m_ptReference);
+    if (m_state.m_nTextAlign == TA_TOP)
         point.y = SaturateToInt(std::int64_t{ point.y } + Font().Ascent());
-    else if (nVertical == TA_BOTTOM)
-        point.y = SaturateToInt(std::int64_t{ point.y } - Font().Descent());
     return point;
 }

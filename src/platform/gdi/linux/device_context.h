@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/gdi/linux/draw_target.h"
+#include "platform/gdi/linux/mapping.h"
 
 #include <memory>
 #include <optional>
@@ -25,67 +26,16 @@ struct CDeviceInfo
 // The virtual screen, which stands where there is no display.
 const CDeviceInfo& ScreenDevice();
 
-// Logical units to device pixels and back. The factors are single floats, and the places where
-// they are rounded are part of the result: ties go one way or the other by the last bit.
-class CMapping
-{
-public:
-    int Mode() const { return m_nMode; }
-    POINT WindowOrg() const { return m_ptWindow; }
-    POINT ViewportOrg() const { return m_ptViewport; }
-    SIZE WindowExt() const { return m_sizeWindow; }
-    SIZE ViewportExt() const { return m_sizeViewport; }
-
-    // False, and nothing changed, for a mode that does not exist.
-    bool SetMode(int nMode, const CDeviceInfo& device);
-    void SetWindowOrg(POINT point);
-    void SetViewportOrg(POINT point);
-    // Extents are fixed but in the two free modes, where 0 is refused.
-    bool SetWindowExt(SIZE size, const CDeviceInfo& device);
-    bool SetViewportExt(SIZE size, const CDeviceInfo& device);
-
-    POINT ToDevice(POINT point) const;
-    POINT ToLogical(POINT point) const;
-    // A length on the device as a positive logical length.
-    int ToLogicalWidth(int nPixels) const;
-    int ToLogicalHeight(int nPixels) const;
-    // A logical length in pixels, rounded; the direction of the axis plays no part.
-    int ToDeviceWidth(int nUnits) const;
-    int ToDeviceHeight(int nUnits) const;
-    // Height and width of a font: cut, the vertical factor for both.
-    LOGFONTA ToDeviceFont(const LOGFONTA& font) const;
-    int ToDeviceFontLength(int nUnits) const;
-    bool IsIdentityScale() const { return m_bIdentityScale; }
-
-private:
-    bool HasFreeExtents() const { return m_nMode == MM_ISOTROPIC || m_nMode == MM_ANISOTROPIC; }
-    void FixAspect(const CDeviceInfo& device);
-    void Update();
-
-    int m_nMode = MM_TEXT;
-    POINT m_ptWindow{ 0, 0 };
-    POINT m_ptViewport{ 0, 0 };
-    SIZE m_sizeWindow{ 1, 1 };
-    SIZE m_sizeViewport{ 1, 1 };
-    float m_fScaleX = 1, m_fScaleY = 1, m_fShiftX = 0, m_fShiftY = 0;  // to device
-    float m_fInverseX = 1, m_fInverseY = 1, m_fInverseShiftX = 0, m_fInverseShiftY = 0;  // back
-    bool m_bIdentityScale = true;
-    bool m_bIdentity = true;  // no shift either
-};
-
 // What SaveDC keeps.
 struct CDrawState
 {
     CFontObject* m_pFont = nullptr;  // never null once the context is made
     CPenObject* m_pPen = nullptr;
     CBrushObject* m_pBrush = nullptr;
-    CHandleObject* m_pPalette = nullptr;
     COLORREF m_crText = 0x000000;
     COLORREF m_crBk = 0xFFFFFF;
     int m_nBkMode = OPAQUE;
     UINT m_nTextAlign = TA_LEFT | TA_TOP;
-    int m_nRop2 = R2_COPYPEN;
-    int m_nStretchBltMode = BLACKONWHITE;
     POINT m_ptCurrent{ 0, 0 };  // logical
     CMapping m_mapping;
     std::optional<RECT> m_clip;  // device pixels; none: everything
@@ -112,8 +62,6 @@ public:
     // The font that is selected, at the size that the mapping gives it. Valid until the next
     // call of a drawing function.
     const CRealizedFont& Font() const;
-    // Its description in device units.
-    LOGFONTA DeviceFont() const;
     // Runs change on the mapping: fonts have another size afterwards.
     template <class F>
     auto ChangeMapping(F change)
@@ -124,7 +72,6 @@ public:
 
     // The old object, or null if it cannot be selected here; tells the target.
     CHandleObject* Select(CHandleObject& object);
-    CHandleObject* SelectPalette(CPaletteObject& palette);
     int Save();
     bool Restore(int nSaved);
     // Back to the state of a new one; for device contexts that are used again.

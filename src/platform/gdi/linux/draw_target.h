@@ -34,8 +34,6 @@ public:
     virtual void BkColorSet(CDeviceContext&, COLORREF) {}
     virtual void BkModeSet(CDeviceContext&, int) {}
     virtual void TextAlignSet(CDeviceContext&, UINT) {}
-    virtual void Rop2Set(CDeviceContext&, int) {}
-    virtual void StretchBltModeSet(CDeviceContext&, int) {}
     virtual void MapModeSet(CDeviceContext&, int) {}
     virtual void WindowOrgSet(CDeviceContext&, POINT) {}
     virtual void WindowExtSet(CDeviceContext&, SIZE) {}
@@ -47,16 +45,16 @@ public:
     virtual void ClipRectIntersected(CDeviceContext&, const RECT&) {}
     virtual void MovedTo(CDeviceContext&, POINT) {}
 
-    // The selected brush, or what the operation tells, over a rectangle; extents may be negative.
-    virtual bool PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight, DWORD nRop) = 0;
+    // The selected brush over a rectangle; extents may be negative.
+    virtual bool PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight) = 0;
     virtual bool ExtTextOut(CDeviceContext& dc, const CTextRun& run) = 0;
     // Selected pen; the first point is drawn, the last is not.
     virtual bool LineTo(CDeviceContext& dc, POINT from, POINT to) = 0;
     // Selected pen and brush; not normalised.
     virtual bool Rectangle(CDeviceContext& dc, const RECT& rect) = 0;
-    // Source may be the same device context.
+    // Copies; the source may be the same device context.
     virtual bool StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext& source,
-                            const RECT& from, DWORD nRop) = 0;
+                            const RECT& from) = 0;
     virtual bool SetPixel(CDeviceContext&, POINT, COLORREF) { return false; }
     // CLR_INVALID where nothing can be read.
     virtual COLORREF GetPixel(CDeviceContext&, POINT) { return CLR_INVALID; }

@@ -70,8 +70,6 @@ int GetDeviceCaps(HDC hDC, int nIndex)
     const CDeviceInfo& device = hDC->Device();
     switch (nIndex)
     {
-        case TECHNOLOGY:
-            return DT_RASDISPLAY;
         case HORZSIZE:
             return device.m_nWidthMm;
         case VERTSIZE:
@@ -84,17 +82,8 @@ int GetDeviceCaps(HDC hDC, int nIndex)
             return device.m_nBitsPixel;
         case PLANES:
             return 1;
-        case NUMBRUSHES:
-        case NUMPENS:
         case NUMCOLORS:
             return -1;  // without bound
-        case RASTERCAPS:
-            return RC_BITBLT | RC_STRETCHBLT;
-        case ASPECTX:
-        case ASPECTY:
-            return 36;
-        case ASPECTXY:
-            return 51;
         case LOGPIXELSX:
             return device.m_nDpiX;
         case LOGPIXELSY:
@@ -109,7 +98,7 @@ int SetMapMode(HDC hDC, int nMode)
     if (!hDC)
         return 0;
     int nOld = hDC->Mapping().Mode();
-    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetMode(nMode, hDC->Device()); }))
+    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetMode(nMode); }))
         return 0;
     if (CDrawTarget* pTarget = hDC->Target())
         pTarget->MapModeSet(*hDC, nMode);
@@ -149,7 +138,7 @@ BOOL SetWindowExtEx(HDC hDC, int cx, int cy, SIZE* pOld)
         return FALSE;
     Put(pOld, hDC->Mapping().WindowExt());
     SIZE size{ cx, cy };
-    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetWindowExt(size, hDC->Device()); }))
+    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetWindowExt(size); }))
         return FALSE;
     if (CDrawTarget* pTarget = hDC->Target())
         pTarget->WindowExtSet(*hDC, size);
@@ -162,42 +151,10 @@ BOOL SetViewportExtEx(HDC hDC, int cx, int cy, SIZE* pOld)
         return FALSE;
     Put(pOld, hDC->Mapping().ViewportExt());
     SIZE size{ cx, cy };
-    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetViewportExt(size, hDC->Device()); }))
+    if (!hDC->ChangeMapping([&](CMapping& map) { return map.SetViewportExt(size); }))
         return FALSE;
     if (CDrawTarget* pTarget = hDC->Target())
         pTarget->ViewportExtSet(*hDC, size);
-    return TRUE;
-}
-
-BOOL GetWindowOrgEx(HDC hDC, POINT* pPoint)
-{
-    if (!hDC || !pPoint)
-        return FALSE;
-    *pPoint = hDC->Mapping().WindowOrg();
-    return TRUE;
-}
-
-BOOL GetWindowExtEx(HDC hDC, SIZE* pSize)
-{
-    if (!hDC || !pSize)
-        return FALSE;
-    *pSize = hDC->Mapping().WindowExt();
-    return TRUE;
-}
-
-BOOL GetViewportOrgEx(HDC hDC, POINT* pPoint)
-{
-    if (!hDC || !pPoint)
-        return FALSE;
-    *pPoint = hDC->Mapping().ViewportOrg();
-    return TRUE;
-}
-
-BOOL GetViewportExtEx(HDC hDC, SIZE* pSize)
-{
-    if (!hDC || !pSize)
-        return FALSE;
-    *pSize = hDC->Mapping().ViewportExt();
     return TRUE;
 }
 
@@ -254,37 +211,9 @@ COLORREF GetTextColor(HDC hDC)
 
 UINT SetTextAlign(HDC hDC, UINT nAlign)
 {
-    return hDC ? SetField(hDC, &CDrawState::m_nTextAlign, nAlign, &CDrawTarget::TextAlignSet)
+    return hDC && (nAlign == TA_TOP || nAlign == TA_BASELINE)
+               ? SetField(hDC, &CDrawState::m_nTextAlign, nAlign, &CDrawTarget::TextAlignSet)
                : GDI_ERROR;
-}
-
-UINT GetTextAlign(HDC hDC)
-{
-    return hDC ? hDC->State().m_nTextAlign : GDI_ERROR;
-}
-
-int SetROP2(HDC hDC, int nMode)
-{
-    if (!hDC || nMode < R2_BLACK || nMode > R2_WHITE)
-        return 0;
-    return SetField(hDC, &CDrawState::m_nRop2, nMode, &CDrawTarget::Rop2Set);
-}
-
-int GetROP2(HDC hDC)
-{
-    return hDC ? hDC->State().m_nRop2 : 0;
-}
-
-int SetStretchBltMode(HDC hDC, int nMode)
-{
-    if (!hDC || nMode < BLACKONWHITE || nMode > HALFTONE)
-        return 0;
-    return SetField(hDC, &CDrawState::m_nStretchBltMode, nMode, &CDrawTarget::StretchBltModeSet);
-}
-
-int GetStretchBltMode(HDC hDC)
-{
-    return hDC ? hDC->State().m_nStretchBltMode : 0;
 }
 
 namespace
@@ -336,14 +265,6 @@ int GetClipBox(HDC hDC, RECT* pRect)
     return RegionKind(clip);
 }
 
-BOOL PatBlt(HDC hDC, int x, int y, int nWidth, int nHeight, DWORD nRop)
-{
-    if (!hDC)
-        return FALSE;
-    CDrawTarget* pTarget = hDC->Target();
-    return !pTarget || pTarget->PatBlt(*hDC, x, y, nWidth, nHeight, nRop);
-}
-
 int FillRect(HDC hDC, const RECT* pRect, HBRUSH hBrush)
 {
     if (!hDC || !pRect)
@@ -358,8 +279,10 @@ int FillRect(HDC hDC, const RECT* pRect, HBRUSH hBrush)
     CBrushObject* pOld = hDC->State().m_pBrush;
     pOld->AddSelection();  // keeps it from its end if it was deleted while selected
     hDC->Select(*pBrush);
-    bool bDone = PatBlt(hDC, pRect->left, pRect->top, WrapSubtract(pRect->right, pRect->left),
-                        WrapSubtract(pRect->bottom, pRect->top), PATCOPY);
+    CDrawTarget* pTarget = hDC->Target();
+    const bool bDone = !pTarget || pTarget->PatBlt(*hDC, pRect->left, pRect->top,
+                                                   WrapSubtract(pRect->right, pRect->left),
+                                                   WrapSubtract(pRect->bottom, pRect->top));
     hDC->Select(*pOld);
     pOld->RemoveSelection();
     return bDone;
@@ -372,14 +295,6 @@ BOOL MoveToEx(HDC hDC, int x, int y, POINT* pOld)
     Put(pOld, std::exchange(hDC->ChangeState().m_ptCurrent, POINT{ x, y }));
     if (CDrawTarget* pTarget = hDC->Target())
         pTarget->MovedTo(*hDC, { x, y });
-    return TRUE;
-}
-
-BOOL GetCurrentPositionEx(HDC hDC, POINT* pPoint)
-{
-    if (!hDC || !pPoint)
-        return FALSE;
-    *pPoint = hDC->State().m_ptCurrent;
     return TRUE;
 }
 

@@ -2,8 +2,7 @@
 #include "platform/gdi/linux/device_context.h"
 #include "platform/gdi/linux/screen.h"
 
-#include <cstring>
-#include <vector>
+#include <algorithm>
 
 namespace
 {
@@ -28,21 +27,9 @@ HFONT CreateFontIndirectA(const LOGFONTA* pFont)
 
 HPEN CreatePen(int nStyle, int nWidth, COLORREF colour)
 {
-    LOGPEN pen{ static_cast<UINT>(nStyle), { nWidth, 0 }, colour };
-    return CreatePenIndirect(&pen);
-}
-
-HPEN CreatePenIndirect(const LOGPEN* pPen)
-{
-    if (!pPen)
-        return nullptr;
-    if (pPen->lopnStyle == PS_NULL)
+    if (nStyle == PS_NULL)
         return TypedHandle<HPEN>(StockObject(NULL_PEN));
-    LOGPEN pen = *pPen;
-    if (pen.lopnStyle > PS_INSIDEFRAME)
-        pen.lopnStyle = PS_SOLID;
-    pen.lopnWidth = { pen.lopnWidth.x < 0 ? 0 : pen.lopnWidth.x, 0 };
-    return TypedHandle<HPEN>(CPenObject::Create(pen));
+    return TypedHandle<HPEN>(CPenObject::Create({ PS_SOLID, { std::max(nWidth, 0), 0 }, colour }));
 }
 
 HBRUSH CreateSolidBrush(COLORREF colour)
@@ -52,33 +39,14 @@ HBRUSH CreateSolidBrush(COLORREF colour)
 
 HBRUSH CreateHatchBrush(int nHatch, COLORREF colour)
 {
-    LOGBRUSH brush{ BS_HATCHED, colour, static_cast<UINT_PTR>(nHatch) };
-    return CreateBrushIndirect(&brush);
-}
-
-HBRUSH CreateBrushIndirect(const LOGBRUSH* pBrush)
-{
-    bool bKnown = pBrush && (pBrush->lbStyle == BS_SOLID || pBrush->lbStyle == BS_NULL ||
-                             (pBrush->lbStyle == BS_HATCHED && pBrush->lbHatch <= HS_DIAGCROSS));
-    return bKnown ? TypedHandle<HBRUSH>(CBrushObject::Create(*pBrush)) : nullptr;
-}
-
-HPALETTE CreatePalette(const LOGPALETTE* pPalette)
-{
-    if (!pPalette || pPalette->palNumEntries == 0)
+    if (nHatch != HS_BDIAGONAL)
         return nullptr;
-    // The entries reach beyond the declared end of the array.
-    std::vector<PALETTEENTRY> entries(pPalette->palNumEntries);
-    const char* pBytes = reinterpret_cast<const char*>(pPalette);
-    std::memcpy(entries.data(), pBytes + offsetof(LOGPALETTE, palPalEntry),
-                entries.size() * sizeof(PALETTEENTRY));
-    return TypedHandle<HPALETTE>(new CPaletteObject(std::move(entries)));
+    return TypedHandle<HBRUSH>(CBrushObject::Create({ BS_HATCHED, colour, HS_BDIAGONAL }));
 }
 
 HPALETTE SelectPalette(HDC hDC, HPALETTE hPalette, BOOL)
 {
-    auto pPalette = ObjectFromHandle<CPaletteObject>(hPalette, OBJ_PAL);
-    return hDC && pPalette ? TypedHandle<HPALETTE>(hDC->SelectPalette(*pPalette)) : nullptr;
+    return hDC && ObjectFromHandle<CPaletteObject>(hPalette, OBJ_PAL) ? hPalette : nullptr;
 }
 
 // No entry of a true-colour device ever changes.
@@ -120,10 +88,6 @@ HGDIOBJ GetCurrentObject(HDC hDC, UINT nType)
             return HandleOf<HGDIOBJ>(hDC->State().m_pPen);
         case OBJ_BRUSH:
             return HandleOf<HGDIOBJ>(hDC->State().m_pBrush);
-        case OBJ_PAL:
-            return HandleOf<HGDIOBJ>(hDC->State().m_pPalette);
-        case OBJ_BITMAP:
-            return HandleOf<HGDIOBJ>(hDC->Bitmap());
         default:
             return nullptr;
     }

@@ -119,7 +119,7 @@ int CBrushObject::Describe(int cb, void* pBuffer) const
 
 int CPaletteObject::Describe(int cb, void* pBuffer) const
 {
-    WORD nEntries = static_cast<WORD>(m_entries.size());
+    constexpr WORD nEntries = 2;  // black and white
     return DescribeBytes(&nEntries, sizeof nEntries, cb, pBuffer);
 }
 
@@ -159,7 +159,7 @@ CStockTable MakeStockObjects()
 {
     CStockTable table{};
     constexpr COLORREF BRUSHES[] = { 0xFFFFFF, 0xC0C0C0, 0x808080, 0x404040, 0x000000 };
-    for (int i = WHITE_BRUSH; i <= BLACK_BRUSH; ++i)
+    for (int i = WHITE_BRUSH; i <= BLACK_BRUSH; ++i)  // greys between
         table[i] = CBrushObject::Create({ BS_SOLID, BRUSHES[i], 0 });
     table[NULL_BRUSH] = CBrushObject::Create({ BS_NULL, 0, 0 });
     table[WHITE_PEN] = CPenObject::Create({ PS_SOLID, { 0, 0 }, 0xFFFFFF });
@@ -174,8 +174,7 @@ CStockTable MakeStockObjects()
         std::strncpy(font.lfFaceName, stock.m_pszFace, LF_FACESIZE - 1);
         table[stock.m_nIndex] = CFontObject::Create(font);
     }
-    table[DEFAULT_PALETTE] =
-        new CPaletteObject({ { 0, 0, 0, 0 }, { 0xFF, 0xFF, 0xFF, 0 } });  // black and white
+    table[DEFAULT_PALETTE] = new CPaletteObject;
     for (int i = 0; i < STOCK_COUNT; ++i)
         if (table[i])
             table[i]->MakePermanent(i);

@@ -5,7 +5,6 @@
 #include "platform/gdi/gdi.h"
 
 #include <utility>
-#include <vector>
 
 class CHandleObject
 {
@@ -131,19 +130,12 @@ private:
     LOGBRUSH m_brush{};
 };
 
-// A palette has no effect: all devices show true colours.
+// A palette has no effect: all devices show true colours. There is the stock one only.
 class CPaletteObject final : public CHandleObject
 {
 public:
-    explicit CPaletteObject(std::vector<PALETTEENTRY> entries)
-        : CHandleObject(OBJ_PAL), m_entries(std::move(entries))
-    {
-    }
-    const std::vector<PALETTEENTRY>& Entries() const { return m_entries; }
+    CPaletteObject() : CHandleObject(OBJ_PAL) {}
     int Describe(int cb, void* pBuffer) const override;
-
-private:
-    std::vector<PALETTEENTRY> m_entries;
 };
 
 // The object of a handle, or null for a null handle, for one that was deleted (as far as that can

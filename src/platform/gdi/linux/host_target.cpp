@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <new>
-#include <vector>
 
 namespace
 {
@@ -24,6 +23,7 @@ public:
         cairo_save(pCairo);
         cairo_new_path(pCairo);
         cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_DEFAULT);
+        cairo_set_operator(pCairo, CAIRO_OPERATOR_OVER);
         if (clip)
             Clip(*clip);
     }
@@ -70,11 +70,8 @@ public:
     {
     }
 
-    bool SetPixel(CDeviceContext& dc, POINT point, COLORREF colour) override;
-
 protected:
-    bool FillBox(const CDrawState& state, const RECT& box, const CFill& fill,
-                 CRasterOp op) override;
+    bool FillBox(const CDrawState& state, const RECT& box, const CFill& fill) override;
     bool DrawLine(const CDrawState& state, POINT from, POINT to, const CStroke& stroke) override;
     bool FrameBox(const CDrawState& state, const RECT& box, const CStroke& stroke) override;
     bool ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run) override;
@@ -84,43 +81,33 @@ private:
     bool IsUsable() const { return cairo_status(m_pCairo.get()) == CAIRO_STATUS_SUCCESS; }
     bool HasPixelUnits() const;
     void SetStroke(const CStroke& stroke);
-    void FillHatchLines(const RECT& box, int nHatch);
-    void FillHatchPixels(int nHatch);
+    void FillHatchLines(const RECT& box);
+    void FillHatchPixels();
 
     CCairoPtr m_pCairo;
     bool m_bVector;
 };
 
-bool CHostTarget::SetPixel(CDeviceContext& dc, POINT point, COLORREF colour)
-{
-    const auto [x, y] = dc.Mapping().ToDevice(point);
-    const RECT box =
-        LimitBox({ x, y, std::min(x, DEVICE_LIMIT) + 1, std::min(y, DEVICE_LIMIT) + 1 });
-    return !IsEmptyBox(box) && FillBox(dc.State(), box, { colour, {}, {} }, OP_COPY);
-}
-
-bool CHostTarget::FillBox(const CDrawState& state, const RECT& box, const CFill& fill, CRasterOp op)
+bool CHostTarget::FillBox(const CDrawState& state, const RECT& box, const CFill& fill)
 {
     if (!IsUsable())
         return false;
     CHostScope scope(m_pCairo.get(), state.m_clip);
     if (fill.m_between)
     {
-        if (!SetSource(m_pCairo.get(), *fill.m_between, op))
-            return false;
+        SetSource(m_pCairo.get(), *fill.m_between);
         scope.FillBox(box);
     }
-    if (!SetSource(m_pCairo.get(), fill.m_colour, op))
-        return false;
-    if (!fill.m_hatch)
+    SetSource(m_pCairo.get(), fill.m_colour);
+    if (!fill.m_bHatched)
         scope.FillBox(box);
     else
     {
         scope.Clip(box);
         if (m_bVector || !HasPixelUnits())
-            FillHatchLines(box, *fill.m_hatch);
+            FillHatchLines(box);
         else
-            FillHatchPixels(*fill.m_hatch);
+            FillHatchPixels();
     }
     return IsUsable();
 }
@@ -135,7 +122,7 @@ bool CHostTarget::HasPixelUnits() const
 }
 
 // The middles of the lines that the pixels of a pattern would make. Levels go up by 8.
-void CHostTarget::FillHatchLines(const RECT& box, int nHatch)
+void CHostTarget::FillHatchLines(const RECT& box)
 {
     cairo_t* pCairo = m_pCairo.get();
     double fLeft = 0, fTop = 0, fRight = 0, fBottom = 0;  // what can be seen of it
@@ -146,46 +133,30 @@ void CHostTarget::FillHatchLines(const RECT& box, int nHatch)
     fBottom = std::min<double>(fBottom, box.bottom);
     if (fLeft >= fRight || fTop >= fBottom)
         return;
-    constexpr double STEP = 8;
-    const auto levels = [](double fFirst, double fOffset)
+    const double fLast = fRight + fBottom;
+    for (double d = std::floor((fLeft + fTop) / HATCH_STEP) * HATCH_STEP; d <= fLast;
+         d += HATCH_STEP)
     {
-        return std::floor((fFirst - fOffset) / STEP) * STEP + fOffset;
-    };
-    const auto line = [pCairo](double x1, double y1, double x2, double y2)
-    {
-        cairo_move_to(pCairo, x1, y1);
-        cairo_line_to(pCairo, x2, y2);
-    };
-    if (nHatch == HS_HORIZONTAL || nHatch == HS_CROSS)
-        for (double y = levels(fTop, 3.5); y <= fBottom; y += STEP)
-            line(fLeft, y, fRight, y);
-    if (nHatch == HS_VERTICAL || nHatch == HS_CROSS)
-        for (double x = levels(fLeft, 4.5); x <= fRight; x += STEP)
-            line(x, fTop, x, fBottom);
-    if (nHatch == HS_FDIAGONAL || nHatch == HS_DIAGCROSS)
-        for (double d = levels(fLeft - fBottom, 0); d <= fRight - fTop; d += STEP)
-            line(d + fTop, fTop, d + fBottom, fBottom);
-    if (nHatch == HS_BDIAGONAL || nHatch == HS_DIAGCROSS)
-        for (double d = levels(fLeft + fTop, 0); d <= fRight + fBottom; d += STEP)
-            line(d - fTop, fTop, d - fBottom, fBottom);
+        cairo_move_to(pCairo, d - fTop, fTop);
+        cairo_line_to(pCairo, d - fBottom, fBottom);
+    }
     cairo_set_line_width(pCairo, 1);
     cairo_set_dash(pCairo, nullptr, 0, 0);
     cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_BUTT);
     cairo_stroke(pCairo);
 }
 
-void CHostTarget::FillHatchPixels(int nHatch)
+void CHostTarget::FillHatchPixels()
 {
     // A mask of one byte a pixel, through which the colour that is set is painted.
-    const CSurfacePtr pSurface(cairo_image_surface_create(CAIRO_FORMAT_A8, 8, 8));
+    const CSurfacePtr pSurface(cairo_image_surface_create(CAIRO_FORMAT_A8, HATCH_STEP, HATCH_STEP));
     unsigned char* pData = cairo_image_surface_get_data(pSurface.get());
     if (!pData)
         return;
     const int nStride = cairo_image_surface_get_stride(pSurface.get());
-    const CHatchRows rows = HatchRows(nHatch);
-    for (int y = 0; y < 8; ++y)
-        for (int x = 0; x < 8; ++x)
-            pData[y * nStride + x] = rows[static_cast<std::size_t>(y)] >> (7 - x) & 1 ? 0xFF : 0;
+    for (int y = 0; y < HATCH_STEP; ++y)
+        for (int x = 0; x < HATCH_STEP; ++x)
+            pData[y * nStride + x] = IsHatchPixel(x, y) ? 0xFF : 0;
     cairo_surface_mark_dirty(pSurface.get());
     const CPatternPtr pPattern(cairo_pattern_create_for_surface(pSurface.get()));
     cairo_pattern_set_extend(pPattern.get(), CAIRO_EXTEND_REPEAT);
@@ -195,14 +166,13 @@ void CHostTarget::FillHatchPixels(int nHatch)
 
 void CHostTarget::SetStroke(const CStroke& stroke)
 {
-    const std::span<const int> pattern = DashPattern(stroke.m_nStyle);
-    const std::vector<double> dash(pattern.begin(), pattern.end());
     const bool bWide = stroke.m_nWidth > 1;
     cairo_t* pCairo = m_pCairo.get();
+    SetSource(pCairo, stroke.m_colour);
     cairo_set_line_width(pCairo, stroke.m_nWidth);
     cairo_set_line_cap(pCairo, bWide ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
     cairo_set_line_join(pCairo, bWide ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_MITER);
-    cairo_set_dash(pCairo, dash.data(), bWide ? 0 : static_cast<int>(dash.size()), 0);
+    cairo_set_dash(pCairo, nullptr, 0, 0);
 }
 
 bool CHostTarget::DrawLine(const CDrawState& state, POINT from, POINT to, const CStroke& stroke)
@@ -211,8 +181,6 @@ bool CHostTarget::DrawLine(const CDrawState& state, POINT from, POINT to, const 
         return false;
     cairo_t* pCairo = m_pCairo.get();
     const CHostScope scope(pCairo, state.m_clip);
-    if (!SetSource(pCairo, stroke.m_colour, OpFromRop2(state.m_nRop2)))
-        return false;
     SetStroke(stroke);
     double x1 = from.x + 0.5, y1 = from.y + 0.5, x2 = to.x + 0.5, y2 = to.y + 0.5;
     if (stroke.m_nWidth == 1 && (from.x == to.x || from.y == to.y))
@@ -233,8 +201,6 @@ bool CHostTarget::FrameBox(const CDrawState& state, const RECT& box, const CStro
         return false;
     cairo_t* pCairo = m_pCairo.get();
     const CHostScope scope(pCairo, state.m_clip);
-    if (!SetSource(pCairo, stroke.m_colour, OpFromRop2(state.m_nRop2)))
-        return false;
     SetStroke(stroke);
     cairo_rectangle(pCairo, box.left + 0.5, box.top + 0.5, box.right - box.left - 1,
                     box.bottom - box.top - 1);
@@ -257,7 +223,7 @@ bool CHostTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
     CHostScope scope(pCairo, dc.State().m_clip);
     if (run.m_clip)
         scope.Clip(*run.m_clip);
-    SetSource(pCairo, dc.State().m_crText, OP_COPY);
+    SetSource(pCairo, dc.State().m_crText);
     cairo_set_scaled_font(pCairo, pFont.get());
     DrawGlyphs(pCairo, dc, run, {}, false);
     return IsUsable();
@@ -281,9 +247,6 @@ bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& tr
     {
         const std::span<CPixel> row(pPicture->Row(y), static_cast<std::size_t>(pPicture->Width()));
         ReadForDestination(transfer, BITS, part.left, part.top + y, row);
-        if (transfer.m_op == OP_COPY_INVERTED)
-            for (CPixel& pixel : row)
-                pixel = ~pixel;
     }
 
     const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });
@@ -291,8 +254,6 @@ bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& tr
         return false;
     cairo_t* pCairo = m_pCairo.get();
     CHostScope scope(pCairo, state.m_clip);
-    if (!SetSource(pCairo, 0, transfer.m_op))  // for the operator
-        return false;
     scope.Clip(to);
     const double fScaleX = static_cast<double>(to.right - to.left) / (from.right - from.left);
     const double fScaleY = static_cast<double>(to.bottom - to.top) / (from.bottom - from.top);
@@ -301,10 +262,8 @@ bool CHostTarget::PutPicture(const CDrawState& state, const CPictureTransfer& tr
     cairo_scale(pCairo, transfer.m_bMirrorX ? -fScaleX : fScaleX,
                 transfer.m_bMirrorY ? -fScaleY : fScaleY);
     cairo_set_source_surface(pCairo, pSurface.get(), part.left - from.left, part.top - from.top);
-    const bool bSmooth = transfer.m_nStretchMode == HALFTONE ||
-                         (transfer.m_nStretchMode != COLORONCOLOR && (fScaleX < 1 || fScaleY < 1));
     cairo_pattern_set_filter(cairo_get_source(pCairo),
-                             bSmooth ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
+                             fScaleX < 1 || fScaleY < 1 ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
     cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
     cairo_rectangle(pCairo, part.left - from.left, part.top - from.top, pPicture->Width(),
                     pPicture->Height());

@@ -1,58 +1,20 @@
-// Mapping modes: extents and origins become factors and shifts of single precision.
-#include "platform/gdi/linux/device_context.h"
+// The mapping: extents and origins become factors and shifts of single precision.
+#include "platform/gdi/linux/mapping.h"
+
 #include "platform/gdi/linux/rounding.h"
 
 #include <cmath>
 
-namespace
+bool CMapping::SetMode(int nMode)
 {
-
-// Logical units in a number of inches or millimetres, for modes that have a fixed unit and a y
-// axis that points up.
-struct CFixedMode
-{
-    int m_nMode;
-    int m_nUnits;   // this many logical units ...
-    int m_nTenths;  // ... are as long as this many tenths of a millimetre
-};
-
-constexpr CFixedMode s_aFixedModes[] = {
-    { MM_LOMETRIC, 1, 1 },        //
-    { MM_HIMETRIC, 10, 1 },       //
-    { MM_LOENGLISH, 100, 254 },   //
-    { MM_HIENGLISH, 1000, 254 },  //
-    { MM_TWIPS, 1440, 254 },      //
-    { MM_ISOTROPIC, 1, 1 },       // starts like MM_LOMETRIC
-};
-
-int UnitsInMm(const CFixedMode& mode, int nMm)
-{
-    return SaturateToInt(std::llround(nMm * 10.0 * mode.m_nUnits / mode.m_nTenths));
-}
-
-}  // namespace
-
-bool CMapping::SetMode(int nMode, const CDeviceInfo& device)
-{
-    if (nMode < MM_TEXT || nMode > MM_ANISOTROPIC)
+    if (nMode != MM_TEXT && nMode != MM_ANISOTROPIC)
         return false;
-    if (nMode == m_nMode && HasFreeExtents())
-        return true;
     m_nMode = nMode;
     if (nMode == MM_TEXT)
     {
         m_sizeWindow = { 1, 1 };
         m_sizeViewport = { 1, 1 };
     }
-    for (const CFixedMode& mode : s_aFixedModes)
-    {
-        if (mode.m_nMode != nMode)
-            continue;
-        m_sizeWindow = { UnitsInMm(mode, device.m_nWidthMm), UnitsInMm(mode, device.m_nHeightMm) };
-        m_sizeViewport = { device.m_nWidth, -device.m_nHeight };
-    }
-    if (nMode == MM_ISOTROPIC)
-        FixAspect(device);
     Update();
     return true;
 }
@@ -69,55 +31,26 @@ void CMapping::SetViewportOrg(POINT point)
     Update();
 }
 
-bool CMapping::SetWindowExt(SIZE size, const CDeviceInfo& device)
+bool CMapping::SetWindowExt(SIZE size)
 {
-    if (!HasFreeExtents())
+    if (m_nMode == MM_TEXT)
         return true;
     if (size.cx == 0 || size.cy == 0)
         return false;
     m_sizeWindow = size;
-    if (m_nMode == MM_ISOTROPIC)
-        FixAspect(device);
     Update();
     return true;
 }
 
-bool CMapping::SetViewportExt(SIZE size, const CDeviceInfo& device)
+bool CMapping::SetViewportExt(SIZE size)
 {
-    if (!HasFreeExtents())
+    if (m_nMode == MM_TEXT)
         return true;
     if (size.cx == 0 || size.cy == 0)
         return false;
     m_sizeViewport = size;
-    if (m_nMode == MM_ISOTROPIC)
-        FixAspect(device);
     Update();
     return true;
-}
-
-namespace
-{
-
-// Shrinks an extent by a factor, but never to nothing.
-LONG Shrink(LONG nExtent, double fFactor)
-{
-    LONG nShrunk = RoundToInt(nExtent * fFactor);
-    return nShrunk != 0 ? nShrunk : (nExtent < 0 ? -1 : 1);
-}
-
-}  // namespace
-
-// Makes a unit as long on both axes by shrinking one of the viewport's extents.
-void CMapping::FixAspect(const CDeviceInfo& device)
-{
-    double fUnitX = std::fabs(static_cast<double>(m_sizeViewport.cx) * device.m_nWidthMm /
-                              (static_cast<double>(device.m_nWidth) * m_sizeWindow.cx));
-    double fUnitY = std::fabs(static_cast<double>(m_sizeViewport.cy) * device.m_nHeightMm /
-                              (static_cast<double>(device.m_nHeight) * m_sizeWindow.cy));
-    if (fUnitX > fUnitY)
-        m_sizeViewport.cx = Shrink(m_sizeViewport.cx, fUnitY / fUnitX);
-    else
-        m_sizeViewport.cy = Shrink(m_sizeViewport.cy, fUnitX / fUnitY);
 }
 
 void CMapping::Update()
@@ -188,20 +121,7 @@ int CMapping::ToDeviceWidth(int nUnits) const
     return RoundToInt(nUnits * std::fabs(static_cast<double>(m_fScaleX)));
 }
 
-int CMapping::ToDeviceHeight(int nUnits) const
-{
-    return RoundToInt(nUnits * std::fabs(static_cast<double>(m_fScaleY)));
-}
-
 int CMapping::ToDeviceFontLength(int nUnits) const
 {
     return m_bIdentityScale ? nUnits : CutToInt(nUnits * std::fabs(static_cast<double>(m_fScaleY)));
-}
-
-LOGFONTA CMapping::ToDeviceFont(const LOGFONTA& font) const
-{
-    LOGFONTA device = font;
-    device.lfHeight = ToDeviceFontLength(font.lfHeight);
-    device.lfWidth = ToDeviceFontLength(font.lfWidth);
-    return device;
 }

@@ -90,15 +90,6 @@ bool CMetafileWriter::Rectangle(CDeviceContext& dc, const RECT& rect)
     return Write(record);
 }
 
-bool CMetafileWriter::SetPixel(CDeviceContext& dc, POINT point, COLORREF colour)
-{
-    auto record = MakeRecord<EMRSETPIXELV>(EMR_SETPIXELV);
-    record.ptlPixel = point;
-    record.crColor = colour;
-    POINT pixel = dc.Mapping().ToDevice(point);
-    GrowBounds({ pixel.x, pixel.y, pixel.x, pixel.y });
-    return Write(record);
-}
 namespace
 {
 
@@ -156,11 +147,11 @@ struct CSourceDib
 
 }  // namespace
 
-bool CMetafileWriter::PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight, DWORD nRop)
+bool CMetafileWriter::PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight)
 {
     RECT to{ x, y, SaturateToInt(std::int64_t{ x } + nWidth),
              SaturateToInt(std::int64_t{ y } + nHeight) };
-    EMRBITBLT record = MakeBlt(EMR_BITBLT, dc, to, nRop);
+    EMRBITBLT record = MakeBlt(EMR_BITBLT, dc, to, PATCOPY);
     record.cxDest = nWidth;
     record.cyDest = nHeight;
     GrowBounds(record.rclBounds);
@@ -170,7 +161,7 @@ bool CMetafileWriter::PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int n
 // The whole bitmap goes into the record, and the part in its pixels: few readers know the
 // transformation of a source.
 bool CMetafileWriter::StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext& source,
-                                 const RECT& from, DWORD nRop)
+                                 const RECT& from)
 {
     CSourceDib dib;
     if (!dib.Describe(source))
@@ -183,7 +174,7 @@ bool CMetafileWriter::StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceCont
 
     POINT a = source.Mapping().ToDevice({ from.left, from.top });
     POINT b = source.Mapping().ToDevice({ from.right, from.bottom });
-    EMRSTRETCHBLT record{ MakeBlt(EMR_STRETCHBLT, dc, to, nRop), WrapSubtract(b.x, a.x),
+    EMRSTRETCHBLT record{ MakeBlt(EMR_STRETCHBLT, dc, to, SRCCOPY), WrapSubtract(b.x, a.x),
                           WrapSubtract(b.y, a.y) };
     record.blt.emr.nSize = static_cast<DWORD>(nSize);
     record.blt.xSrc = a.x;

@@ -21,11 +21,8 @@ constexpr DWORD EMR_SETWINDOWORGEX = 10;
 constexpr DWORD EMR_SETVIEWPORTEXTEX = 11;
 constexpr DWORD EMR_SETVIEWPORTORGEX = 12;
 constexpr DWORD EMR_EOF = 14;
-constexpr DWORD EMR_SETPIXELV = 15;
 constexpr DWORD EMR_SETMAPMODE = 17;
 constexpr DWORD EMR_SETBKMODE = 18;
-constexpr DWORD EMR_SETROP2 = 20;
-constexpr DWORD EMR_SETSTRETCHBLTMODE = 21;
 constexpr DWORD EMR_SETTEXTALIGN = 22;
 constexpr DWORD EMR_SETTEXTCOLOR = 24;
 constexpr DWORD EMR_SETBKCOLOR = 25;
@@ -85,13 +82,6 @@ struct EMRGDICOMMENT
 {
     EMR emr;
     DWORD cbData;
-};
-
-struct EMRSETPIXELV
-{
-    EMR emr;
-    POINTL ptlPixel;
-    COLORREF crColor;
 };
 
 struct EMRCREATEPEN

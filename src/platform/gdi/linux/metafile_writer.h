@@ -61,14 +61,6 @@ public:
     {
         WriteValue(EMR_SETTEXTALIGN, nAlign);
     }
-    void Rop2Set(CDeviceContext&, int nMode) override
-    {
-        WriteValue(EMR_SETROP2, static_cast<DWORD>(nMode));
-    }
-    void StretchBltModeSet(CDeviceContext&, int nMode) override
-    {
-        WriteValue(EMR_SETSTRETCHBLTMODE, static_cast<DWORD>(nMode));
-    }
     void MapModeSet(CDeviceContext&, int nMode) override
     {
         WriteValue(EMR_SETMAPMODE, static_cast<DWORD>(nMode));
@@ -96,13 +88,12 @@ public:
     void StateSaved(CDeviceContext&) override;
     void StateRestored(CDeviceContext& dc, int nSaved) override;
     void ClipRectIntersected(CDeviceContext&, const RECT& rect) override;
-    bool PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight, DWORD nRop) override;
+    bool PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHeight) override;
     bool ExtTextOut(CDeviceContext& dc, const CTextRun& run) override;
     bool LineTo(CDeviceContext& dc, POINT from, POINT to) override;
     bool Rectangle(CDeviceContext& dc, const RECT& rect) override;
-    bool StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext& source, const RECT& from,
-                    DWORD nRop) override;
-    bool SetPixel(CDeviceContext& dc, POINT point, COLORREF colour) override;
+    bool StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext& source,
+                    const RECT& from) override;
     bool Comment(CDeviceContext&, std::span<const BYTE> data) override;
 
 private:

@@ -25,6 +25,11 @@ bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, 
     return true;
 }
 
+int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
+{
+    return DrawTextA(hDC, pszText, nCount, pRect, nFormat);
+}
+
 bool CanDrawLetters(HDC)
 {
     return true;

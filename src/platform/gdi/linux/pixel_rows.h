@@ -1,5 +1,5 @@
-// Rows of pixels in the depths that bitmaps have, to and from the 32-bit form in which cairo
-// and this backend draw.
+// Rows of pixels in the depths that bitmaps have, to and from the 32-bit form in which cairo and
+// this backend draw.
 #pragma once
 
 #include <cstddef>
@@ -20,15 +20,20 @@ constexpr COLORREF ColourFromPixel(CPixel pixel)
     return (pixel >> 16 & 0xFF) | (pixel & 0xFF00) | (pixel & 0xFF) << 16;
 }
 
-// True for the depths that a row can have: 1, 4, 8, 16, 24 and 32 bits a pixel.
-bool IsPixelDepth(int nBits);
+// The depths that a bitmap can have: black and white, or all colours.
+constexpr bool IsPixelDepth(int nBits)
+{
+    return nBits == 1 || nBits == 32;
+}
 
-// The colours of a bitmap of 1, 4 or 8 bits, in order of their values: black and white, the
-// sixteen of the VGA, a mix of 256 with the twenty system colours at its ends. None above.
-std::span<const CPixel> DepthColours(int nBits);
-
-// What is left of a colour in a bitmap of that depth: the nearest one that it can hold.
-CPixel NearestPixel(CPixel pixel, int nBits);
+// What is left of a colour in a bitmap of that depth. Nearer to white than to black: the sum of the
+// channels decides, and cannot tie.
+constexpr CPixel NearestPixel(CPixel pixel, int nBits)
+{
+    if (nBits != 1)
+        return pixel & PIXEL_COLOUR;
+    return (pixel >> 16 & 0xFF) + (pixel >> 8 & 0xFF) + (pixel & 0xFF) > 382 ? PIXEL_COLOUR : 0;
+}
 
 // Bytes of a row of nWidth pixels, filled up to a multiple of nAlign bytes. 64 bits: no size
 // that fits into an int overflows.
@@ -43,7 +48,5 @@ constexpr std::uint64_t RowBytes(std::uint64_t nWidth, int nBits, int nAlign)
 // to have RowBytes(pixels.size(), nBits, 1) bytes.
 void PackRow(std::span<const CPixel> pixels, int nBits, BYTE* pRow);
 
-// Reads pixels from a row of that depth. Up to 8 bits the colours come from the table; a value
-// behind the table's end is black.
-void UnpackRow(const BYTE* pRow, int nBits, std::span<const CPixel> colours,
-               std::span<CPixel> pixels);
+// Reads pixels from a row of that depth.
+void UnpackRow(const BYTE* pRow, int nBits, std::span<CPixel> pixels);

@@ -4,7 +4,7 @@
 #include "platform/gdi/linux/device_context.h"
 #include "platform/gdi/linux/rounding.h"
 
-#include <array>
+#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -22,7 +22,7 @@ struct CSpan
 };
 
 // One axis of a transfer.
-struct CAxis
+struct CStretchAxis
 {
     int m_nTo;        // first pixel of the destination
     int m_nToSize;    // pixels
@@ -30,7 +30,6 @@ struct CAxis
     int m_nFromSize;  // pixels
     int m_nLimit;     // size of the bitmap
     bool m_bMirror;
-    bool m_bOne;  // one source pixel, the one in the middle; otherwise all of them
 
     CSpan SourceOf(int nPlace) const
     {
@@ -38,7 +37,7 @@ struct CAxis
         if (m_bMirror)
             i = m_nToSize - 1 - i;
         CSpan span{};
-        if (m_bOne || m_nFromSize <= m_nToSize)
+        if (m_nFromSize <= m_nToSize)
         {
             span.m_nBegin =
                 m_nFrom + static_cast<int>((2 * i + 1) * m_nFromSize / (2ll * m_nToSize));
@@ -51,54 +50,22 @@ struct CAxis
     }
 };
 
-// Several pixels become one, as the stretching mode says.
-class CMerge
-{
-public:
-    explicit CMerge(int nMode) : m_nMode(nMode) {}
-
-    void Add(CPixel pixel)
-    {
-        m_all &= pixel;
-        m_any |= pixel;
-        for (std::size_t i = 0; i < m_anSums.size(); ++i)
-            m_anSums[i] += pixel >> 8 * i & 0xFF;
-        ++m_nCount;
-    }
-    CPixel Result() const
-    {
-        if (m_nMode == BLACKONWHITE)
-            return m_all;
-        if (m_nMode == WHITEONBLACK)
-            return m_any;
-        CPixel pixel = 0;
-        for (std::size_t i = 0; i < m_anSums.size(); ++i)
-            pixel |= static_cast<CPixel>((m_anSums[i] + m_nCount / 2) / m_nCount) << 8 * i;
-        return pixel;
-    }
-
-private:
-    int m_nMode;
-    CPixel m_all = PIXEL_COLOUR;
-    CPixel m_any = 0;
-    std::array<std::uint64_t, 3> m_anSums{};  // blue, green, red
-    std::uint64_t m_nCount = 0;
-};
-
+// A row of the destination at a time. Where several pixels become one, a channel that is dark in
+// one of them stays dark: thin lines survive.
 class CStretcher
 {
 public:
     CStretcher(const CPictureTransfer& transfer, int nBits, const RECT& clip)
         : m_transfer(transfer), m_nBits(nBits)
     {
-        const bool bOne = transfer.m_nStretchMode == COLORONCOLOR;
         const RECT& to = transfer.m_to;
         const RECT& from = transfer.m_from;
         const CPicture& source = transfer.m_source;
-        m_rows = { to.top,          to.bottom - to.top,  from.top, from.bottom - from.top,
-                   source.Height(), transfer.m_bMirrorY, bOne };
-        const CAxis columns{ to.left,        to.right - to.left,  from.left, from.right - from.left,
-                             source.Width(), transfer.m_bMirrorX, bOne };
+        m_rows = { to.top,          to.bottom - to.top, from.top, from.bottom - from.top,
+                   source.Height(), transfer.m_bMirrorY };
+        const CStretchAxis columns{ to.left,        to.right - to.left,
+                                    from.left,      from.right - from.left,
+                                    source.Width(), transfer.m_bMirrorX };
         for (int x = clip.left; x < clip.right; ++x)
         {
             const CSpan span = columns.SourceOf(x);
@@ -110,9 +77,6 @@ public:
             }
         }
         m_pixels.resize(m_columns.size());
-        if (!bOne &&
-            (m_rows.m_nFromSize > m_rows.m_nToSize || columns.m_nFromSize > columns.m_nToSize))
-            m_merges.assign(m_columns.size(), CMerge(transfer.m_nStretchMode));
     }
 
     // Pixels of a row of the destination from the clip's left on; where columns are empty they mean
@@ -126,16 +90,12 @@ public:
             return m_pixels;  // enlarged: several rows are the same
         m_current = rows;
         m_source.resize(static_cast<std::size_t>(m_nLast - m_nFirst));
-        if (!m_merges.empty())
-            std::fill(m_merges.begin(), m_merges.end(), CMerge(m_transfer.m_nStretchMode));
+        std::fill(m_pixels.begin(), m_pixels.end(), PIXEL_COLOUR);
         for (int nRow = rows.m_nBegin; nRow < rows.m_nEnd; ++nRow)
         {
             ReadForDestination(m_transfer, m_nBits, m_nFirst, nRow, m_source);
             AddSourceRow();
         }
-        for (std::size_t i = 0; i < m_merges.size(); ++i)
-            if (!m_columns[i].IsEmpty())
-                m_pixels[i] = m_merges[i].Result();
         return m_pixels;
     }
     bool HasSource(std::size_t nColumn) const { return !m_columns[nColumn].IsEmpty(); }
@@ -145,24 +105,17 @@ private:
     {
         for (std::size_t i = 0; i < m_columns.size(); ++i)
             for (int x = m_columns[i].m_nBegin; x < m_columns[i].m_nEnd; ++x)
-            {
-                const CPixel pixel = m_source[static_cast<std::size_t>(x - m_nFirst)];
-                if (m_merges.empty())
-                    m_pixels[i] = pixel;
-                else
-                    m_merges[i].Add(pixel);
-            }
+                m_pixels[i] &= m_source[static_cast<std::size_t>(x - m_nFirst)];
     }
 
     const CPictureTransfer& m_transfer;
     int m_nBits;
-    CAxis m_rows{};
+    CStretchAxis m_rows{};
     std::vector<CSpan> m_columns;
     int m_nFirst = std::numeric_limits<int>::max();  // source columns in use
     int m_nLast = 0;
     CSpan m_current{ 0, 0 };
     std::vector<CPixel> m_source;  // a row
-    std::vector<CMerge> m_merges;  // by column; none where each pixel has one source only
     std::vector<CPixel> m_pixels;
 };
 
@@ -206,8 +159,8 @@ bool StretchPicture(const CPictureTransfer& transfer, CPicture& destination, con
         const std::unique_ptr<CPicture> pCopy = CopySource(destination);
         return pCopy &&
                StretchPicture({ *pCopy, transfer.m_from, transfer.m_to, transfer.m_bMirrorX,
-                                transfer.m_bMirrorY, transfer.m_nStretchMode, transfer.m_op,
-                                transfer.m_crText, transfer.m_crBk, transfer.m_crSourceBk },
+                                transfer.m_bMirrorY, transfer.m_crText, transfer.m_crBk,
+                                transfer.m_crSourceBk },
                               destination, clip);
     }
     CStretcher stretcher(transfer, destination.Bits(), box);
@@ -217,7 +170,7 @@ bool StretchPicture(const CPictureTransfer& transfer, CPicture& destination, con
         CPixel* pTo = destination.Row(y) + box.left;
         for (std::size_t i = 0; i < pixels.size(); ++i)
             if (stretcher.HasSource(i))
-                pTo[i] = Combine(transfer.m_op, pTo[i], pixels[i]);
+                pTo[i] = pixels[i];
     }
     return true;
 }
@@ -231,10 +184,7 @@ BOOL BitBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int xSo
 BOOL StretchBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int xSource,
                 int ySource, int nSourceWidth, int nSourceHeight, DWORD nRop)
 {
-    // Operations that have no source need none.
-    if (PatternOp(nRop))
-        return PatBlt(hDC, x, y, nWidth, nHeight, nRop);
-    if (!hDC || !hSource)
+    if (!hDC || !hSource || nRop != SRCCOPY)
         return FALSE;
     const auto rect = [](int nLeft, int nTop, int cx, int cy)
     {
@@ -242,7 +192,6 @@ BOOL StretchBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int
                      SaturateToInt(std::int64_t{ nTop } + cy) };
     };
     CDrawTarget* pTarget = hDC->Target();
-    return !pTarget ||
-           pTarget->StretchBlt(*hDC, rect(x, y, nWidth, nHeight), *hSource,
-                               rect(xSource, ySource, nSourceWidth, nSourceHeight), nRop);
+    return !pTarget || pTarget->StretchBlt(*hDC, rect(x, y, nWidth, nHeight), *hSource,
+                                           rect(xSource, ySource, nSourceWidth, nSourceHeight));
 }

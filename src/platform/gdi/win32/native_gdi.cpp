@@ -300,6 +300,14 @@ bool CanDrawLetters(HDC hDC)
     return std::fabs(fWidth * fHeight) <= MOST_PIXELS;
 }
 
+int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
+{
+    if ((nFormat & DT_CALCRECT) != 0 || CanDrawLetters(hDC))
+        return DrawTextA(hDC, pszText, nCount, pRect, nFormat);
+    RECT measured = *pRect;
+    return DrawTextA(hDC, pszText, nCount, &measured, nFormat | DT_CALCRECT);
+}
+
 std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
 {
     return WithErrors(

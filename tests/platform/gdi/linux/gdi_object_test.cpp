@@ -42,8 +42,8 @@ TEST(DrawTargets, HearCallsAsTheyWereMade)
     Rectangle(recorded.m_hDC, 9, 5, 5, 7);
     EXPECT_EQ(recorded.m_calls,
               (std::vector<std::string>{ "text 0 0 2 rect 9 5 5 7 dx codes", "select 2",
-                                         "patblt 9 5 -4 2 15728673", "select 2", "move 1 2",
-                                         "line 1 2 3 4", "rectangle 9 5 5 7" }));
+                                         "patblt 9 5 -4 2", "select 2", "move 1 2", "line 1 2 3 4",
+                                         "rectangle 9 5 5 7" }));
 }
 
 // The interface promises nothing for what is deleted while it is selected. Here it serves on.
@@ -99,7 +99,7 @@ TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
 TEST(HandleObjects, UnknownKindsAndTooSmallBuffersAreRefused)
 {
     EXPECT_EQ(GetSysColorBrush(21), nullptr);
-    EXPECT_EQ(CreateHatchBrush(6, 0), nullptr);
+    EXPECT_EQ(CreateHatchBrush(HS_BDIAGONAL + 1, 0), nullptr);
     char chSmall = 0;
     EXPECT_EQ(GetObjectA(GetStockObject(SYSTEM_FONT), 1, &chSmall), 0);
 }

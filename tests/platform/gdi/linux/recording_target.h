@@ -19,9 +19,9 @@ public:
     }
     void BkColorSet(CDeviceContext&, COLORREF colour) override { Add("bkcolor", { colour }); }
     void MovedTo(CDeviceContext&, POINT point) override { Add("move", { point.x, point.y }); }
-    bool PatBlt(CDeviceContext&, int x, int y, int nWidth, int nHeight, DWORD nRop) override
+    bool PatBlt(CDeviceContext&, int x, int y, int nWidth, int nHeight) override
     {
-        return Add("patblt", { x, y, nWidth, nHeight, nRop });
+        return Add("patblt", { x, y, nWidth, nHeight });
     }
     bool ExtTextOut(CDeviceContext& dc, const CTextRun& run) override
     {
@@ -45,7 +45,7 @@ public:
     {
         return Add("rectangle", { r.left, r.top, r.right, r.bottom });
     }
-    bool StretchBlt(CDeviceContext&, const RECT&, CDeviceContext&, const RECT&, DWORD) override
+    bool StretchBlt(CDeviceContext&, const RECT&, CDeviceContext&, const RECT&) override
     {
         return Add("stretch", {});
     }
