@@ -148,16 +148,6 @@ void CFile::Remove(const char* pszPath)
     Check(native_file::Remove(pszPath), pszPath);
 }
 
-void CFile::Rename(const char* pszOld, const char* pszNew)
-{
-    int nError = AskFault(fileOpRename, pszNew);
-    if (nError == 0)
-    {
-        nError = native_file::Rename(pszOld, pszNew);
-    }
-    Check(nError, pszOld);
-}
-
 // ---- CMirrorFile ----
 
 CMirrorFile::~CMirrorFile()

@@ -42,7 +42,6 @@ public:
         modeNoInherit = 0x0080,
         modeCreate = 0x1000,
         modeNoTruncate = 0x2000,
-        typeText = 0x4000,
         typeBinary = 0x8000
     };
     enum SeekPosition
@@ -77,7 +76,6 @@ public:
     ULONGLONG SeekToEnd() { return Seek(0, end); }
 
     static void Remove(const char* pszPath);
-    static void Rename(const char* pszOld, const char* pszNew);
 
 protected:
     static constexpr INT_PTR s_hNone = -1;
@@ -101,8 +99,8 @@ public:
     void Close() override;
     void Abort() override;
 
-    // How many files this process is replacing just now: while it is 0, ending the process leaves no
-    // temporary file. May be asked in a signal handler.
+    // How many files this process is replacing just now: while it is 0, ending the process leaves
+    // no temporary file. May be asked in a signal handler.
     static int CountOpen();
 
 private:

@@ -104,25 +104,6 @@ BOOL CDocument::DoSave(LPCSTR pszPathName, BOOL bReplace)
     return TRUE;
 }
 
-BOOL CDocument::OnSaveDocument(LPCSTR pszPathName)
-{
-    const BOOL bSaved = RunOrReport(
-        *this, pszPathName, TRUE,
-        [&] { WriteWhole(pszPathName, [this](CFile& file) { StoreDocument(*this, file); }); });
-    if (bSaved)
-        m_bModified = FALSE;
-    return bSaved;
-}
-
-BOOL CDocument::OnOpenDocument(LPCSTR pszPathName)
-{
-    const auto load = [&]
-    {
-        LoadFrom(*this, pszPathName, [](CFile& file) -> CFile& { return file; });
-    };
-    return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
-}
-
 BOOL CDocument::TakePath(LPCSTR pszPathName)
 {
     m_strPathName = pszPathName;
@@ -146,12 +127,12 @@ COleDocument::~COleDocument() = default;
 
 BOOL COleDocument::OnSaveDocument(LPCSTR pszPathName)
 {
-    if (!m_bCompoundFile)
-        return CDocument::OnSaveDocument(pszPathName);
     const BOOL bSaved =
         RunOrReport(*this, pszPathName, TRUE,
                     [&]
                     {
+                        if (!m_bCompoundFile)
+                            AfxThrowNotSupportedException();
                         CMemFile content(s_nGrowBytes);
                         StoreDocument(*this, content);
                         WriteWhole(pszPathName, [&](CFile& file)
@@ -164,11 +145,11 @@ BOOL COleDocument::OnSaveDocument(LPCSTR pszPathName)
 
 BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
 {
-    if (!m_bCompoundFile)
-        return CDocument::OnOpenDocument(pszPathName);
     CMemFile content(s_nGrowBytes);
     const auto unpack = [&](CFile& file) -> CFile&
     {
+        if (!m_bCompoundFile)
+            AfxThrowNotSupportedException();
         if (!UnpackCompoundFile(file, s_szContents, content))
             AfxThrowArchiveException(CArchiveException::badIndex);
         return content;
