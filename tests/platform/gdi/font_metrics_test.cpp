@@ -250,7 +250,7 @@ TEST_F(FontMetrics, AnUnknownFaceIsSubstitutedByPitchAndToldOnce)
     EXPECT_EQ(extent(FIXED_PITCH | FF_ROMAN, pszFace),
               Extent(m_dc, FontOf("Courier New", -40), "Will"));
     EXPECT_EQ(extent(FF_ROMAN, pszFace), Extent(m_dc, FontOf("Times", -40), "Will"));
-    for (BYTE nOther : { BYTE{ 0 }, FF_SWISS, BYTE{ 0x50 } })
+    for (BYTE nOther : std::initializer_list<BYTE>{ 0, FF_SWISS, 0x50 })
         EXPECT_EQ(extent(nOther, pszFace), Extent(m_dc, FontOf("Arial", -40), "Will"));
     EXPECT_EQ(extent(FF_ROMAN, ""), Extent(m_dc, FontOf("Times", -40), "Will"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
