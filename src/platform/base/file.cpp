@@ -219,3 +219,28 @@ int CMirrorFile::CountOpen()
 {
     return g_nReplacing;
 }
+
+LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const BYTE>> parts)
+{
+    CMirrorFile file;
+    CFileException error;
+    if (!file.Open(pszPath, CFile::modeCreate | CFile::modeWrite, &error))
+    {
+        return error.m_lOsError;
+    }
+    try
+    {
+        for (const std::span<const BYTE> part : parts)
+        {
+            file.Write(part.data(), static_cast<UINT>(part.size()));
+        }
+        file.Close();
+        return 0;
+    }
+    catch (CFileException* pError)
+    {
+        const LONG lError = pError->m_lOsError;
+        pError->Delete();
+        return lError;
+    }
+}

@@ -1,6 +1,9 @@
 // Files on disk and in memory. Failures raise CFileException; missing memory CMemoryException.
 #pragma once
 
+#include <initializer_list>
+#include <span>
+
 #include "platform/base/cstring.h"
 #include "platform/base/object.h"
 #include "platform/base/types.h"
@@ -107,6 +110,10 @@ private:
     CString m_strTarget;     // where the links end
     CString m_strTemporary;  // empty: written directly
 };
+
+// Writes a file of these parts whole, as CMirrorFile does. 0, or the system's number of the error;
+// the target is then as it was.
+LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const BYTE>> parts);
 
 // A file in memory, which grows in steps of nGrowBytes; with 0 it cannot grow.
 class CMemFile : public CFile

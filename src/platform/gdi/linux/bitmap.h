@@ -41,11 +41,7 @@ public:
     void ReadRow(int x, int y, std::span<CPixel> pixels) const;
 
 private:
-    struct CFreePixels
-    {
-        void operator()(CPixel* pPixels) const { std::free(pPixels); }
-    };
-    using CPixelsPtr = std::unique_ptr<CPixel[], CFreePixels>;
+    using CPixelsPtr = std::unique_ptr<CPixel[], CFreeBy<std::free>>;
 
     CPicture(int nWidth, int nHeight, int nBits, CPixelsPtr pPixels);
 

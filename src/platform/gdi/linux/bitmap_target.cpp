@@ -48,12 +48,6 @@ void WalkLine(POINT from, POINT to, const RECT& bounds, F f)
 // Cairo's coordinates are 24 bits before the point.
 constexpr int CAIRO_LIMIT = 1 << 22;
 
-POINT LimitForCairo(POINT point)
-{
-    return { std::clamp(point.x, -CAIRO_LIMIT, CAIRO_LIMIT),
-             std::clamp(point.y, -CAIRO_LIMIT, CAIRO_LIMIT) };
-}
-
 // No glyph reaches further from its pen than this many times the em square.
 constexpr double GLYPH_REACH = 3;
 
@@ -123,8 +117,8 @@ bool CBitmapTarget::DrawLine(const CDrawState& state, POINT from, POINT to, cons
 {
     if (stroke.m_nWidth > 1)
     {
-        const POINT a = LimitForCairo(from);
-        const POINT b = LimitForCairo(to);
+        const POINT a = LimitPoint(from, CAIRO_LIMIT);
+        const POINT b = LimitPoint(to, CAIRO_LIMIT);
         return StrokeWide(state, stroke,
                           [&](cairo_t* pCairo)
                           {
@@ -144,8 +138,8 @@ bool CBitmapTarget::FrameBox(const CDrawState& state, const RECT& box, const CSt
 {
     if (stroke.m_nWidth > 1)
     {
-        const POINT a = LimitForCairo({ box.left, box.top });
-        const POINT b = LimitForCairo({ box.right - 1, box.bottom - 1 });
+        const POINT a = LimitPoint({ box.left, box.top }, CAIRO_LIMIT);
+        const POINT b = LimitPoint({ box.right - 1, box.bottom - 1 }, CAIRO_LIMIT);
         return StrokeWide(state, stroke,
                           [&](cairo_t* pCairo)
                           { cairo_rectangle(pCairo, a.x + 0.5, a.y + 0.5, b.x - a.x, b.y - a.y); });

@@ -6,15 +6,7 @@
 
 #include <memory>
 
-template <auto Free>
-struct CFreeBy
-{
-    template <class T>
-    void operator()(T* pHandle) const
-    {
-        Free(pHandle);
-    }
-};
+#include "platform/base/free_by.h"
 
 using CCairoPtr = std::unique_ptr<cairo_t, CFreeBy<cairo_destroy>>;
 using CSurfacePtr = std::unique_ptr<cairo_surface_t, CFreeBy<cairo_surface_destroy>>;

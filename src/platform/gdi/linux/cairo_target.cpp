@@ -11,12 +11,6 @@ RECT ToDeviceCorners(const CMapping& mapping, const RECT& rect)
     return LimitBox({ a.x, a.y, b.x, b.y });
 }
 
-POINT LimitPoint(POINT point)
-{
-    return { std::clamp(point.x, -DEVICE_LIMIT, DEVICE_LIMIT),
-             std::clamp(point.y, -DEVICE_LIMIT, DEVICE_LIMIT) };
-}
-
 // None for a pen that does not draw.
 std::optional<CStroke> DeviceStroke(const CDrawState& state)
 {

@@ -8,6 +8,11 @@
 // Device coordinates further out are moved here; sums of a few of them do not overflow.
 constexpr int DEVICE_LIMIT = 1 << 27;
 
+constexpr POINT LimitPoint(POINT point, int nLimit = DEVICE_LIMIT)
+{
+    return { std::clamp(point.x, -nLimit, nLimit), std::clamp(point.y, -nLimit, nLimit) };
+}
+
 constexpr RECT LimitBox(const RECT& box)
 {
     return { std::clamp(box.left, -DEVICE_LIMIT, DEVICE_LIMIT),
@@ -25,6 +30,12 @@ constexpr RECT IntersectBoxes(const RECT& a, const RECT& b)
 {
     return { std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
              std::min(a.bottom, b.bottom) };
+}
+
+constexpr RECT UnionBoxes(const RECT& a, const RECT& b)
+{
+    return { std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+             std::max(a.bottom, b.bottom) };
 }
 
 // Edges that stand the wrong way round are swapped.

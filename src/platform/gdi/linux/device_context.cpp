@@ -1,8 +1,8 @@
 // Selection, saved states and the place of texts.
 #include "platform/gdi/linux/device_context.h"
 
+#include "platform/base/rounding.h"
 #include "platform/gdi/linux/font_cache.h"
-#include "platform/gdi/linux/rounding.h"
 
 #include <utility>
 
@@ -147,7 +147,11 @@ const CRealizedFont& HDC__::Font() const
 {
     if (!m_pRealized || m_nFontGeneration != CFontCache::Generation())
     {
-        m_pRealized = &CFontCache::Find(*m_state.m_pFont, m_state.m_mapping);
+        const CMapping& mapping = m_state.m_mapping;
+        const LOGFONTA& font = m_state.m_pFont->LogFont();
+        m_pRealized =
+            &CFontCache::Find(m_state.m_pFont->FaceId(), mapping.ToDeviceFontLength(font.lfHeight),
+                              mapping.ToDeviceFontLength(font.lfWidth));
         m_nFontGeneration = CFontCache::Generation();
     }
     return *m_pRealized;

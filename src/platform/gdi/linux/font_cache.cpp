@@ -1,8 +1,8 @@
 // The size of a font: all steps are integers, rounded where the font system rounds them.
 #include "platform/gdi/linux/font_cache.h"
 
-#include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/rounding.h"
+#include "platform/base/code_page.h"
+#include "platform/base/rounding.h"
 
 #include <algorithm>
 #include <cmath>
@@ -112,7 +112,7 @@ char16_t CRealizedFont::Unicode(BYTE byte, BYTE nCharSet) const
 {
     if (TakesPrivateCodes(*m_pFace, nCharSet))
         return static_cast<char16_t>(byte < 0x20 ? byte : 0xF000 | byte);
-    return UnicodeFromAnsi(byte);
+    return static_cast<char16_t>(Windows1252ToUnicode(byte));
 }
 
 namespace
@@ -146,12 +146,6 @@ std::size_t SlotOf(int nFaceId, int nHeight, int nWidth)
 std::size_t CFontCache::Count()
 {
     return Table().m_nUsed;
-}
-
-const CRealizedFont& CFontCache::Find(const CFontObject& font, const CMapping& mapping)
-{
-    return Find(font.FaceId(), mapping.ToDeviceFontLength(font.LogFont().lfHeight),
-                mapping.ToDeviceFontLength(font.LogFont().lfWidth));
 }
 
 const CRealizedFont& CFontCache::Find(int nFaceId, int nHeight, int nWidth)

@@ -8,9 +8,6 @@
 #include <limits>
 #include <span>
 
-class CFontObject;
-class CMapping;
-
 // A face at a height and width, device pixels.
 class CRealizedFont
 {
@@ -71,9 +68,7 @@ class CFontCache
 public:
     static constexpr std::size_t FONT_LIMIT = 4096;  // each a little over a kilobyte
 
-    // Valid until Generation() changes.
-    static const CRealizedFont& Find(const CFontObject& font, const CMapping& mapping);
-    // Height and width in device pixels.
+    // Height and width in device pixels. Valid until Generation() changes.
     static const CRealizedFont& Find(int nFaceId, int nHeight, int nWidth);
     static unsigned Generation() { return s_nGeneration; }
     static std::size_t Count();

@@ -214,25 +214,6 @@ int AddSystemFace(CFontFace face)
     return static_cast<int>(faces.size()) - 1;
 }
 
-std::string Utf8FromFace(const char* pszFace)
-{
-    std::string strUtf8;
-    for (; *pszFace; ++pszFace)
-    {
-        char16_t cChar = UnicodeFromAnsi(static_cast<BYTE>(*pszFace));
-        if (cChar < 0x80)
-            strUtf8 += static_cast<char>(cChar);
-        else if (cChar < 0x800)
-            strUtf8 += { static_cast<char>(0xC0 | (cChar >> 6)),
-                         static_cast<char>(0x80 | (cChar & 0x3F)) };
-        else
-            strUtf8 += { static_cast<char>(0xE0 | (cChar >> 12)),
-                         static_cast<char>(0x80 | ((cChar >> 6) & 0x3F)),
-                         static_cast<char>(0x80 | (cChar & 0x3F)) };
-    }
-    return strUtf8;
-}
-
 // A face that the table does not name. Asking the system is dear, so that answers are kept.
 int FindUnknownFace(const char* pszFace, int nStyle, BYTE nPitchAndFamily)
 {
@@ -248,9 +229,9 @@ int FindUnknownFace(const char* pszFace, int nStyle, BYTE nPitchAndFamily)
     if (bNew)
     {
         CFontFace face;
-        if (UseSystemFont(face,
-                          FindSystemFont(Utf8FromFace(pszFace), nStyle & BOLD, nStyle & ITALIC),
-                          nStyle))
+        if (UseSystemFont(
+                face, FindSystemFont(Windows1252ToUtf8(pszFace), nStyle & BOLD, nStyle & ITALIC),
+                nStyle))
         {
             face.m_bPrivateCodes = face.m_coding == CTextCoding::mapped;
             it->second = AddSystemFace(std::move(face));
@@ -315,17 +296,6 @@ bool TakesPrivateCodes(const CFontFace& face, BYTE nCharSet)
 {
     return face.m_bPrivateCodes &&
            (face.m_coding != CTextCoding::mtExtra || nCharSet == SYMBOL_CHARSET);
-}
-
-char16_t UnicodeFromAnsi(BYTE byte)
-{
-    static constexpr char16_t s_acHigh[32] = {
-        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80
-        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //
-        0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90
-        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  //
-    };
-    return byte >= 0x80 && byte < 0xA0 ? s_acHigh[byte - 0x80] : byte;
 }
 
 std::vector<std::pair<std::string, std::string>> ListFontFaces()

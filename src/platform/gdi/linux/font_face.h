@@ -50,8 +50,5 @@ const CFontFace& FontFaceById(int nFaceId);
 // which are U+F0xx: "MT Extra" says of itself that it has the letters of Windows-1252 too.
 bool TakesPrivateCodes(const CFontFace& face, BYTE nCharSet);
 
-// Windows-1252 as Unicode; the five bytes that it leaves open stay as they are.
-char16_t UnicodeFromAnsi(BYTE byte);
-
 // The faces that formulas use and their files; an empty name where none is found.
 std::vector<std::pair<std::string, std::string>> ListFontFaces();

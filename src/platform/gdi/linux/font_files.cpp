@@ -1,6 +1,7 @@
 // Asks the folder and fontconfig; the latter's configuration is loaded only when it is needed.
 #include "platform/gdi/linux/font_files.h"
 
+#include "platform/base/free_by.h"
 #include "platform/base/module_path.h"
 #include "platform/base/sanitizer.h"
 
@@ -29,15 +30,6 @@ void LoadConfiguration()
     static_cast<void>(s_bLoaded);
 }
 
-template <auto Free>
-struct CFreeBy
-{
-    template <class T>
-    void operator()(T* p) const
-    {
-        Free(p);
-    }
-};
 using CPatternPtr = std::unique_ptr<FcPattern, CFreeBy<FcPatternDestroy>>;
 
 int Value(const CPatternPtr& pPattern, const char* pszKey, int nDefault)

@@ -1,6 +1,9 @@
 // One pass over the file with FreeType, in font units; the file is closed afterwards.
 #include "platform/gdi/linux/font_reader.h"
 
+#include "platform/base/code_page.h"
+#include "platform/base/free_by.h"
+
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_ADVANCES_H
@@ -14,11 +17,7 @@ namespace
 constexpr int SYMBOL_GLYPHS = 193;  // in symbol.ttf
 constexpr int MT_EXTRA_GLYPHS = 6;  // in mtextra.ttf
 
-struct CFaceDone
-{
-    void operator()(FT_Face pFace) const { FT_Done_Face(pFace); }
-};
-using CFacePtr = std::unique_ptr<FT_FaceRec, CFaceDone>;
+using CFacePtr = std::unique_ptr<FT_FaceRec, CFreeBy<FT_Done_Face>>;
 
 CFacePtr OpenFace(const CFontFace& face)
 {
@@ -78,7 +77,7 @@ FT_UInt TextGlyph(FT_Face pFace, int nByte)
 {
     if (nByte < 0x20 || nByte == 0x7F)
         return 0;
-    char16_t cChar = UnicodeFromAnsi(static_cast<BYTE>(nByte));
+    const char32_t cChar = Windows1252ToUnicode(static_cast<unsigned char>(nByte));
     return cChar >= 0x80 && cChar < 0xA0 ? 0 : FT_Get_Char_Index(pFace, cChar);
 }
 

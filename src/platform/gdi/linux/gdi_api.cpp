@@ -1,10 +1,11 @@
 // The C functions for device contexts, their state and mapping, and for shapes. Each sets the state
 // of the context, then tells the target.
+#include "platform/base/geometry.h"
+#include "platform/base/rounding.h"
+#include "platform/gdi/linux/device_box.h"
 #include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/rounding.h"
 #include "platform/gdi/linux/screen.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace
@@ -224,12 +225,12 @@ RECT ToDeviceRect(HDC hDC, const RECT& rect)
 {
     POINT a = hDC->Mapping().ToDevice({ rect.left, rect.top });
     POINT b = hDC->Mapping().ToDevice({ rect.right, rect.bottom });
-    return { std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y) };
+    return SwapInverted({ a.x, a.y, b.x, b.y });
 }
 
 int RegionKind(const RECT& rect)
 {
-    return rect.left < rect.right && rect.top < rect.bottom ? SIMPLEREGION : NULLREGION;
+    return IsEmptyBox(rect) ? NULLREGION : SIMPLEREGION;
 }
 
 }  // namespace
@@ -242,9 +243,7 @@ int IntersectClipRect(HDC hDC, int nLeft, int nTop, int nRight, int nBottom)
     RECT clip = ToDeviceRect(hDC, rect);
     auto& state = hDC->ChangeState();
     if (state.m_clip)
-        clip = { std::max(clip.left, state.m_clip->left), std::max(clip.top, state.m_clip->top),
-                 std::min(clip.right, state.m_clip->right),
-                 std::min(clip.bottom, state.m_clip->bottom) };
+        clip = IntersectBoxes(clip, *state.m_clip);
     if (RegionKind(clip) == NULLREGION)
         clip = { 0, 0, 0, 0 };
     state.m_clip = clip;
@@ -281,8 +280,8 @@ int FillRect(HDC hDC, const RECT* pRect, HBRUSH hBrush)
     hDC->Select(*pBrush);
     CDrawTarget* pTarget = hDC->Target();
     const bool bDone = !pTarget || pTarget->PatBlt(*hDC, pRect->left, pRect->top,
-                                                   WrapSubtract(pRect->right, pRect->left),
-                                                   WrapSubtract(pRect->bottom, pRect->top));
+                                                   WrapSub(pRect->right, pRect->left),
+                                                   WrapSub(pRect->bottom, pRect->top));
     hDC->Select(*pOld);
     pOld->RemoveSelection();
     return bDone;

@@ -1,7 +1,7 @@
 // The C functions for text: extents, metrics, drawing.
+#include "platform/base/rounding.h"
 #include "platform/gdi/linux/device_context.h"
 #include "platform/gdi/linux/font_cache.h"
-#include "platform/gdi/linux/rounding.h"
 
 #include <cstring>
 

@@ -1,9 +1,9 @@
 // A text on the device: bytes of a font, and where each of them goes.
 #pragma once
 
+#include "platform/base/rounding.h"
 #include "platform/gdi/linux/device_context.h"
 #include "platform/gdi/linux/font_cache.h"
-#include "platform/gdi/linux/rounding.h"
 
 #include <limits>
 #include <optional>

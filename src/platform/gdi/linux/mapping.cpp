@@ -1,7 +1,7 @@
 // The mapping: extents and origins become factors and shifts of single precision.
 #include "platform/gdi/linux/mapping.h"
 
-#include "platform/gdi/linux/rounding.h"
+#include "platform/base/rounding.h"
 
 #include <cmath>
 

@@ -1,5 +1,4 @@
 // The C functions for enhanced metafiles.
-#include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "platform/base/system.h"
 #include "platform/gdi/linux/metafile_reader.h"
@@ -33,31 +32,13 @@ HENHMETAFILE MakeHandle(CMetafileBits* pBits)
     return hMetaFile;
 }
 
-// The file is there with all its bytes, or as it was before.
-bool WriteWhole(std::span<const BYTE> bytes, LPCSTR pszFile)
+// False, and the last error set, if the file is as it was before.
+bool WriteMetafile(const CMetafileBits& bits, LPCSTR pszFile)
 {
-    CFileException error;
-    CMirrorFile file;
-    LONG lError = 0;
-    if (!file.Open(pszFile, CFile::modeCreate | CFile::modeWrite, &error))
-        lError = error.m_lOsError;
-    else
-    {
-        try
-        {
-            file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-            file.Close();
-            return true;
-        }
-        catch (CFileException* pError)
-        {
-            lError = pError->m_lOsError;
-            pError->Delete();
-            file.Abort();
-        }
-    }
-    SetLastError(static_cast<DWORD>(lError));
-    return false;
+    const LONG lError = WriteWholeFile(pszFile, { bits.Bytes() });
+    if (lError != 0)
+        SetLastError(static_cast<DWORD>(lError));
+    return lError == 0;
 }
 
 }  // namespace
@@ -96,7 +77,7 @@ HENHMETAFILE CloseEnhMetaFile(HDC hDC)
         return nullptr;
     }
     const auto& strFile = pWriter->FileName();
-    if (strFile && !WriteWhole(pMetafile->Bits().Bytes(), strFile->c_str()))
+    if (strFile && !WriteMetafile(pMetafile->Bits(), strFile->c_str()))
         return nullptr;
     return pMetafile.release();
 }
@@ -109,7 +90,7 @@ HENHMETAFILE CopyEnhMetaFileA(HENHMETAFILE hMetaFile, LPCSTR pszFile)
         SetLastError(EINVAL);
         return nullptr;
     }
-    if (pszFile && !WriteWhole(hMetaFile->Bits().Bytes(), pszFile))
+    if (pszFile && !WriteMetafile(hMetaFile->Bits(), pszFile))
         return nullptr;
     hMetaFile->Bits().Hold();
     return MakeHandle(&hMetaFile->Bits());

@@ -1,8 +1,10 @@
 // The drawing verbs of a recording. Bounds are pixels of the reference device, last ones inside.
+#include "platform/base/geometry.h"
+#include "platform/base/rounding.h"
+#include "platform/gdi/linux/device_box.h"
 #include "platform/gdi/linux/font_cache.h"
 #include "platform/gdi/linux/metafile_writer.h"
 #include "platform/gdi/linux/pixel_rows.h"
-#include "platform/gdi/linux/rounding.h"
 
 #include <algorithm>
 #include <cstring>
@@ -32,12 +34,6 @@ RECTL PixelBounds(const CMapping& mapping, const RECT& rect)
     return { x.m_nFirst, y.m_nFirst, x.m_nLast, y.m_nLast };
 }
 
-RECTL Union(const RECTL& a, const RECTL& b)
-{
-    return { std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-             std::max(a.bottom, b.bottom) };
-}
-
 // What a line of the selected pen covers beside its points.
 RECTL WidenByPen(const CDeviceContext& dc, const RECTL& rect)
 {
@@ -61,17 +57,14 @@ float UnitSize(int nMillimetres, int nPixels, int nWindow, int nViewport)
 // An empty area counts as well: its corners, right and bottom inside, are in the other order.
 void CMetafileWriter::GrowBounds(const RECTL& bounds)
 {
-    const RECTL ordered = { std::min(bounds.left, bounds.right),
-                            std::min(bounds.top, bounds.bottom),
-                            std::max(bounds.left, bounds.right),
-                            std::max(bounds.top, bounds.bottom) };
-    m_bounds = m_bounds.left > m_bounds.right ? ordered : Union(m_bounds, ordered);
+    const RECTL ordered = SwapInverted(bounds);
+    m_bounds = m_bounds.left > m_bounds.right ? ordered : UnionBoxes(m_bounds, ordered);
 }
 
 bool CMetafileWriter::LineTo(CDeviceContext& dc, POINT from, POINT to)
 {
     POINT a = dc.Mapping().ToDevice(from), b = dc.Mapping().ToDevice(to);
-    GrowBounds(WidenByPen(dc, Union({ a.x, a.y, a.x, a.y }, { b.x, b.y, b.x, b.y })));
+    GrowBounds(WidenByPen(dc, UnionBoxes({ a.x, a.y, a.x, a.y }, { b.x, b.y, b.x, b.y })));
     WritePair(EMR_LINETO, to.x, to.y);
     return !m_bFailed;
 }
@@ -86,7 +79,7 @@ bool CMetafileWriter::Rectangle(CDeviceContext& dc, const RECT& rect)
                     std::max(rect.left, rect.right) - 1, std::max(rect.top, rect.bottom) - 1 };
     POINT a = dc.Mapping().ToDevice({ record.rect.left, record.rect.top });
     POINT b = dc.Mapping().ToDevice({ record.rect.right, record.rect.bottom });
-    GrowBounds(WidenByPen(dc, Union({ a.x, a.y, a.x, a.y }, { b.x, b.y, b.x, b.y })));
+    GrowBounds(WidenByPen(dc, UnionBoxes({ a.x, a.y, a.x, a.y }, { b.x, b.y, b.x, b.y })));
     return Write(record);
 }
 
@@ -99,8 +92,8 @@ EMRBITBLT MakeBlt(DWORD nType, const CDeviceContext& dc, const RECT& to, DWORD n
     record.rclBounds = PixelBounds(dc.Mapping(), to);
     record.xDest = to.left;
     record.yDest = to.top;
-    record.cxDest = WrapSubtract(to.right, to.left);
-    record.cyDest = WrapSubtract(to.bottom, to.top);
+    record.cxDest = WrapSub(to.right, to.left);
+    record.cyDest = WrapSub(to.bottom, to.top);
     record.dwRop = nRop;
     record.xformSrc.eM11 = 1;
     record.xformSrc.eM22 = 1;
@@ -174,8 +167,8 @@ bool CMetafileWriter::StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceCont
 
     POINT a = source.Mapping().ToDevice({ from.left, from.top });
     POINT b = source.Mapping().ToDevice({ from.right, from.bottom });
-    EMRSTRETCHBLT record{ MakeBlt(EMR_STRETCHBLT, dc, to, SRCCOPY), WrapSubtract(b.x, a.x),
-                          WrapSubtract(b.y, a.y) };
+    EMRSTRETCHBLT record{ MakeBlt(EMR_STRETCHBLT, dc, to, SRCCOPY), WrapSub(b.x, a.x),
+                          WrapSub(b.y, a.y) };
     record.blt.emr.nSize = static_cast<DWORD>(nSize);
     record.blt.xSrc = a.x;
     record.blt.ySrc = a.y;
@@ -207,7 +200,7 @@ RECTL CMetafileWriter::TextBounds(const CDeviceContext& dc, const CTextRun& run)
     RECTL bounds{ origin.x, SaturateToInt(nTop), SaturateToInt(nEnd),
                   SaturateToInt(nTop + font.Height() + 1) };
     if (run.m_nOptions & ETO_OPAQUE)
-        bounds = Union(bounds, PixelBounds(dc.Mapping(), *run.m_pRect));
+        bounds = UnionBoxes(bounds, PixelBounds(dc.Mapping(), *run.m_pRect));
     return bounds;
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/gdi/linux/metafile_bits.h"
-#include "platform/gdi/linux/metafile_records.h"
+#include "platform/gdi/metafile_records.h"
 #include "platform/gdi/metafile_walk.h"
 
 #include <functional>

@@ -2,7 +2,7 @@
 #include "platform/gdi/linux/metafile_writer.h"
 
 #include "platform/base/code_page.h"
-#include "platform/gdi/linux/rounding.h"
+#include "platform/base/rounding.h"
 
 #include <algorithm>
 #include <cstring>

@@ -3,7 +3,7 @@
 
 #include "platform/gdi/linux/device_context.h"
 #include "platform/gdi/linux/metafile_bits.h"
-#include "platform/gdi/linux/metafile_records.h"
+#include "platform/gdi/metafile_records.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 // Block transfers: which pixels of the source each pixel of the destination is made of.
 #include "platform/gdi/linux/stretch.h"
 
+#include "platform/base/rounding.h"
 #include "platform/gdi/linux/device_context.h"
-#include "platform/gdi/linux/rounding.h"
 
 #include <algorithm>
 #include <limits>

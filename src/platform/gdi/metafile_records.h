@@ -10,6 +10,8 @@
 
 static_assert(std::endian::native == std::endian::little, "records are copied as they lie");
 
+#ifndef _WIN32
+
 constexpr DWORD ENHMETA_SIGNATURE = 0x464D4520;  // " EMF"
 constexpr DWORD ENHMETA_VERSION = 0x10000;
 constexpr DWORD ENHMETA_STOCK_OBJECT = 0x80000000;
@@ -46,27 +48,6 @@ struct EMR
 {
     DWORD iType;
     DWORD nSize;  // bytes of the whole record
-};
-
-// Records of one number: states, selections, deletions.
-struct EMRVALUE
-{
-    EMR emr;
-    DWORD nValue;
-};
-
-// Records of one point or one size.
-struct EMRPAIR
-{
-    EMR emr;
-    LONG x;
-    LONG y;
-};
-
-struct EMRRECT
-{
-    EMR emr;
-    RECTL rect;
 };
 
 struct EMREOF
@@ -193,6 +174,29 @@ struct EMREXTTEXTOUTW
     DWORD fOptions;
     RECTL rcl;
     DWORD offDx;
+};
+
+#endif
+
+// Records of one number: states, selections, deletions.
+struct EMRVALUE
+{
+    EMR emr;
+    DWORD nValue;
+};
+
+// Records of one point or one size.
+struct EMRPAIR
+{
+    EMR emr;
+    LONG x;
+    LONG y;
+};
+
+struct EMRRECT
+{
+    EMR emr;
+    RECTL rect;
 };
 
 static_assert(sizeof(ENHMETAHEADER) == 108 && sizeof(EMREOF) == 20);

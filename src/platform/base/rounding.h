@@ -1,4 +1,5 @@
-// Rounding as device coordinates need it. What does not fit stays at the end of the range.
+// Rounding to coordinates. What does not fit stays at the end of the range; geometry.h has sums
+// that wrap around.
 #pragma once
 
 #include <algorithm>
@@ -9,12 +10,6 @@ constexpr int SaturateToInt(std::int64_t nValue)
 {
     return static_cast<int>(std::clamp<std::int64_t>(nValue, std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
-}
-
-// Width or height of a rectangle that may be any: wraps around as 32-bit arithmetic does.
-constexpr int WrapSubtract(int a, int b)
-{
-    return static_cast<int>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
 }
 
 // Towards zero.
