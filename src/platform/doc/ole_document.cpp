@@ -1,3 +1,4 @@
+// Saving and opening: the archive in memory, the compound file on the disk, and what is reported.
 #include "platform/doc/ole_document.h"
 
 #include "platform/base/app.h"

@@ -1,3 +1,4 @@
+// Where texts stand, and what a recorder hears of them.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/metafile_calls.h"

@@ -1,3 +1,4 @@
+// Sizes of texts against numbers worked out from the font files, and the files of the faces.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/test_fonts.h"
 

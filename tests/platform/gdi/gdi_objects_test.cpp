@@ -1,3 +1,4 @@
+// Wrappers of drawing objects and device contexts: who owns what, what goes to which context.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/metafile_calls.h"
 #include "platform/gdi/test_fonts.h"

@@ -1,3 +1,4 @@
+// Logical units to pixels and back, to the last bit of the factors.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/test_fonts.h"
 

@@ -1,3 +1,4 @@
+// Recordings against an independent reader: records, texts, bounds, files.
 #include "platform/gdi/emf_dump.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/test_fonts.h"

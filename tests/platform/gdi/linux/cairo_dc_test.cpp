@@ -1,7 +1,7 @@
 // Drawing on a host's own cairo context: images, PDF and SVG.
 #include "platform/gdi/cairo_dc.h"
 
-#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/linux/bitmaps/cairo_handles.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/test_fonts.h"
 
