@@ -149,14 +149,14 @@ BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
     CMemFile content(s_nGrowBytes);
     const auto unpack = [&](CFile& file) -> CFile&
     {
-        if (!m_bCompoundFile)
-            AfxThrowNotSupportedException();
         if (!UnpackCompoundFile(file, s_szContents, content))
             AfxThrowArchiveException(CArchiveException::badIndex);
         return content;
     };
     const auto load = [&]
     {
+        if (!m_bCompoundFile)
+            AfxThrowNotSupportedException();
         LoadFrom(*this, pszPathName, unpack);
     };
     return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
