@@ -35,7 +35,7 @@ protected:
         ASSERT_NE(m_hSameFont, nullptr);
 
         LOGFONTA again = {};
-        ASSERT_GT(m_font.GetObject(sizeof(again), &again), 0);
+        ASSERT_GT(m_font.GetLogFont(&again), 0);
         EXPECT_STREQ(again.lfFaceName, "Arial");
         m_pOldFont = m_dc.SelectObject(&m_font);
     }
