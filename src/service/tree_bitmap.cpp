@@ -3,7 +3,6 @@
 #include <limits>
 #include <memory>
 
-#include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "platform/base/system.h"
 #include "platform/gdi/dc.h"
@@ -150,30 +149,13 @@ bool WriteDib(const CString& strPath, HGLOBAL hDib)
     fileHeader.bfSize = nSize + static_cast<DWORD>(sizeof fileHeader);
     fileHeader.bfOffBits = pHeader->biSize + 4 * ColourCount(pHeader->biBitCount) +
                            static_cast<DWORD>(sizeof fileHeader);
-    bool bWritten = false;
-    try
-    {
-        CMirrorFile file;
-        CFileException error;
-        if (file.Open(strPath, CFile::modeCreate | CFile::modeWrite, &error))
-        {
-            file.Write(&fileHeader, sizeof fileHeader);
-            file.Write(pHeader, nSize);
-            file.Close();
-            bWritten = true;
-        }
-        else
-        {
-            SetLastError(static_cast<DWORD>(error.m_lOsError));
-        }
-    }
-    catch (CFileException* pException)
-    {
-        SetLastError(static_cast<DWORD>(pException->m_lOsError));
-        pException->Delete();
-    }
+    const LONG lError =
+        WriteWholeFile(strPath, { { reinterpret_cast<const BYTE*>(&fileHeader), sizeof fileHeader },
+                                  { reinterpret_cast<const BYTE*>(pHeader), nSize } });
     GlobalUnlock(hDib);
-    return bWritten;
+    if (lError != 0)
+        SetLastError(static_cast<DWORD>(lError));
+    return lError == 0;
 }
 }  // namespace
 

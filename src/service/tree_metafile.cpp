@@ -6,6 +6,7 @@
 #include "platform/base/app.h"
 #include "platform/base/system.h"
 #include "platform/gdi/dc.h"
+#include "platform/gdi/metafile_records.h"
 #include "platform/gdi/native_gdi.h"
 #include "service/metafile_comment.h"
 #include "service/screen_dc.h"
@@ -19,8 +20,7 @@ namespace
 constexpr char s_szTag[] = "qvmrz";  // what a comment of ours begins with
 constexpr int s_nTagLength = sizeof s_szTag - 1;
 constexpr char s_szDescription[] = "Formula\0Image\0";  // one more NUL ends the pair
-constexpr DWORD s_nCommentRecord = 70;
-constexpr size_t s_nCommentHead = 12;  // type, size, size of the data
+constexpr size_t s_nCommentHead = 12;                   // type, size, size of the data
 
 // Hundredths of a millimetre. The product wraps around as 32-bit machine arithmetic does: a formula
 // of twenty million pixels has no frame that would be of use.
@@ -58,7 +58,7 @@ void FillBackground(CDC& dc, const CRect& rect)
 // The data up to a NUL, whatever size the record tells, but not beyond its end.
 void TakeComment(const ENHMETARECORD& record)
 {
-    if (record.iType != s_nCommentRecord || record.nSize < s_nCommentHead)
+    if (record.iType != EMR_GDICOMMENT || record.nSize < s_nCommentHead)
         return;
     const char* pchData = reinterpret_cast<const char*>(&record) + s_nCommentHead;
     const size_t nLength = strnlen(pchData, record.nSize - s_nCommentHead);

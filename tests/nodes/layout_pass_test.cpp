@@ -188,7 +188,7 @@ private:
                 Paint(dc);
                 break;
         }
-        dc.ReleaseAttribDC();
+        dc.SetAttribDC(nullptr);
         HENHMETAFILE hMetaFile = dc.CloseEnhanced();
         m_seen.push_back(CPaintedRecords::Read(hMetaFile));
         DeleteEnhMetaFile(hMetaFile);

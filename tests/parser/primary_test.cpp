@@ -260,8 +260,9 @@ TEST(Keywords, AreAllFoundAtTheirNames)
     EXPECT_TRUE(astrNames[0].IsEmpty());
     for (int i = 1; i < astrNames.GetSize(); i++)
     {
-        CString strLower = astrNames[i];
-        strLower.MakeLower();
+        CString strLower;
+        for (const char ch : astrNames[i].View())
+            strLower += static_cast<char>(ch - 'A' + 'a');
         for (const CString& strName : { astrNames[i], strLower, strLower + "z" })
         {
             const CKeyword* pFound = FindKeyword(strName);

@@ -1,6 +1,6 @@
 #include "picture/linux/cairo_drawing.h"
 
-#include "platform/gdi/linux/font_cache.h"
+#include "platform/gdi/linux/fonts/font_cache.h"
 
 void SetColour(cairo_t* pCairo, COLORREF colour)
 {

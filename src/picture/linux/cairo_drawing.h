@@ -4,7 +4,7 @@
 #include <cairo.h>
 
 #include "picture/placement.h"
-#include "platform/gdi/linux/cairo_fonts.h"
+#include "platform/gdi/linux/cairo/cairo_fonts.h"
 
 void PaintMarks(cairo_t* pCairo, const CDrawing& drawing, const CPlacement& placement);
 void PaintLines(cairo_t* pCairo, const CDrawing& drawing, const CPlacement& placement);

@@ -6,7 +6,7 @@
 #include <memory>
 #include <new>
 
-#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/linux/bitmaps/cairo_handles.h"
 
 namespace
 {

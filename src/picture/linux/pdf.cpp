@@ -8,7 +8,7 @@
 #include "picture/linux/cairo_drawing.h"
 #include "picture/reading_order.h"
 #include "picture/sign_characters.h"
-#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/linux/bitmaps/cairo_handles.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 #include "picture/raster.h"
 
 #include "picture/linux/cairo_drawing.h"
-#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/linux/bitmaps/cairo_handles.h"
 
 namespace
 {

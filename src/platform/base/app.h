@@ -5,10 +5,7 @@
 
 #ifndef _WIN32
 constexpr UINT MB_OK = 0x00;
-constexpr UINT MB_ICONSTOP = 0x10;
-constexpr UINT MB_ICONERROR = 0x10;
 constexpr UINT MB_ICONEXCLAMATION = 0x30;
-constexpr UINT MB_ICONWARNING = 0x30;
 constexpr UINT MB_ICONINFORMATION = 0x40;
 constexpr int IDOK = 1;
 #endif

@@ -99,27 +99,6 @@ void CStringArray::Change(F&& change)
         });
 }
 
-void CStringArray::SetSize(INT_PTR nNewSize, INT_PTR)
-{
-    Require(nNewSize >= 0);
-    if (nNewSize != GetSize())
-    {
-        Change([&](auto& items) { items.resize(static_cast<std::size_t>(nNewSize)); });
-    }
-}
-
-void CStringArray::RemoveAll()
-{
-    Release();
-}
-
-CString& CStringArray::ElementAt(INT_PTR nIndex)
-{
-    Require(nIndex >= 0 && nIndex < GetSize());
-    Change([](auto&) {});
-    return m_pBuffer->items[static_cast<std::size_t>(nIndex)];
-}
-
 void CStringArray::SetAt(INT_PTR nIndex, const CString& str)
 {
     if (GetAt(nIndex).IsIdentical(str))
@@ -127,18 +106,7 @@ void CStringArray::SetAt(INT_PTR nIndex, const CString& str)
         return;
     }
     const CString copy(str);  // it may lie in the buffer that Change gives up
-    ElementAt(nIndex) = copy;
-}
-
-void CStringArray::SetAtGrow(INT_PTR nIndex, const CString& str)
-{
-    Require(nIndex >= 0);
-    const CString copy(str);
-    if (nIndex >= GetSize())
-    {
-        SetSize(nIndex + 1);
-    }
-    SetAt(nIndex, copy);
+    Change([&](auto& items) { items[static_cast<std::size_t>(nIndex)] = copy; });
 }
 
 INT_PTR CStringArray::Add(const CString& str)
@@ -146,40 +114,6 @@ INT_PTR CStringArray::Add(const CString& str)
     const CString copy(str);
     Change([&](auto& items) { items.push_back(copy); });
     return GetSize() - 1;
-}
-
-INT_PTR CStringArray::Append(const CStringArray& array)
-{
-    const INT_PTR nFirst = GetSize();
-    const CStringArray copy(array);
-    if (!copy.IsEmpty())
-    {
-        Change(
-            [&](auto& items) {
-                items.insert(items.end(), copy.m_pBuffer->items.begin(),
-                             copy.m_pBuffer->items.end());
-            });
-    }
-    return nFirst;
-}
-
-void CStringArray::InsertAt(INT_PTR nIndex, const CString& str, INT_PTR nCount)
-{
-    Require(nIndex >= 0 && nCount > 0);
-    const CString copy(str);
-    SetSize(std::max(GetSize(), nIndex));
-    Change([&](auto& items)
-           { items.insert(items.begin() + nIndex, static_cast<std::size_t>(nCount), copy); });
-}
-
-void CStringArray::RemoveAt(INT_PTR nIndex, INT_PTR nCount)
-{
-    Require(nIndex >= 0 && nCount >= 0 && nIndex <= GetSize() && nCount <= GetSize() - nIndex);
-    if (nCount > 0)
-    {
-        Change([&](auto& items)
-               { items.erase(items.begin() + nIndex, items.begin() + nIndex + nCount); });
-    }
 }
 
 constinit CStringArray::CBuffer* CStringArray::s_pImmortals = nullptr;
@@ -240,24 +174,6 @@ POSITION CObList::AddTail(CObject* pObject)
     return Link(m_pTail, nullptr, pObject);
 }
 
-void CObList::AddHead(const CObList* pList)
-{
-    INT_PTR nLeft = pList->GetCount();  // the list may be this one
-    for (POSITION pos = pList->GetTailPosition(); nLeft > 0; --nLeft)
-    {
-        AddHead(pList->GetPrev(pos));
-    }
-}
-
-void CObList::AddTail(const CObList* pList)
-{
-    INT_PTR nLeft = pList->GetCount();
-    for (POSITION pos = pList->GetHeadPosition(); nLeft > 0; --nLeft)
-    {
-        AddTail(pList->GetNext(pos));
-    }
-}
-
 void CObList::RemoveAll()
 {
     while (m_pHead != nullptr)
@@ -303,56 +219,12 @@ void CObList::RemoveAt(POSITION pos)
     delete pNode;
 }
 
-POSITION CObList::InsertBefore(POSITION pos, CObject* pObject)
-{
-    return pos != nullptr ? Link(Node(pos)->pPrev, Node(pos), pObject) : AddHead(pObject);
-}
-
-POSITION CObList::InsertAfter(POSITION pos, CObject* pObject)
-{
-    return pos != nullptr ? Link(Node(pos), Node(pos)->pNext, pObject) : AddTail(pObject);
-}
-
-POSITION CObList::Find(CObject* pObject, POSITION posStartAfter) const
-{
-    CListNode* pNode = posStartAfter != nullptr ? Node(posStartAfter)->pNext : m_pHead;
-    while (pNode != nullptr && pNode->pObject != pObject)
-    {
-        pNode = pNode->pNext;
-    }
-    return pNode;
-}
-
-POSITION CObList::FindIndex(INT_PTR nIndex) const
-{
-    if (nIndex < 0 || nIndex >= m_nCount)
-    {
-        return nullptr;
-    }
-    CListNode* pNode = m_pHead;
-    for (; nIndex > 0; --nIndex)
-    {
-        pNode = pNode->pNext;
-    }
-    return pNode;
-}
-
 // ---- CMapStringToOb ----
 
 CMapStringToOb::CMapStringToOb(INT_PTR) {}
 CMapStringToOb::~CMapStringToOb()
 {
     RemoveAll();
-}
-
-void CMapStringToOb::InitHashTable(UINT nHashSize, BOOL)
-{
-    std::size_t nBuckets = 16;
-    while (nBuckets < nHashSize && nBuckets < (1U << 20))
-    {
-        nBuckets *= 2;
-    }
-    Rehash(nBuckets);
 }
 
 void CMapStringToOb::Rehash(std::size_t nBuckets)
@@ -412,26 +284,6 @@ CObject*& CMapStringToOb::operator[](const char* pszKey)
 {
     CEntry* p = FindEntry(pszKey);
     return (p != nullptr ? p : AddEntry(pszKey))->pValue;
-}
-
-BOOL CMapStringToOb::RemoveKey(const CString& strKey)
-{
-    CEntry* p = FindEntry(strKey);
-    if (p == nullptr)
-    {
-        return FALSE;
-    }
-    CEntry** pp = &m_buckets[Bucket(p->nHash)];
-    while (*pp != p)
-    {
-        pp = &(*pp)->pNextInBucket;
-    }
-    *pp = p->pNextInBucket;
-    (p->pPrev != nullptr ? p->pPrev->pNext : m_pFirst) = p->pNext;
-    (p->pNext != nullptr ? p->pNext->pPrev : m_pLast) = p->pPrev;
-    --m_nCount;
-    delete p;
-    return TRUE;
 }
 
 void CMapStringToOb::RemoveAll()

@@ -36,11 +36,7 @@ public:
         return m_pBuffer != nullptr ? static_cast<INT_PTR>(m_pBuffer->items.size()) : 0;
     }
     INT_PTR GetCount() const { return GetSize(); }
-    INT_PTR GetUpperBound() const { return GetSize() - 1; }
     BOOL IsEmpty() const { return GetSize() == 0; }
-    void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1);
-    void FreeExtra() {}
-    void RemoveAll();
 
     const CString& GetAt(INT_PTR nIndex) const
     {
@@ -51,16 +47,11 @@ public:
         return m_pBuffer->items[static_cast<std::size_t>(nIndex)];
     }
     const CString& operator[](INT_PTR nIndex) const { return GetAt(nIndex); }
-    CString& ElementAt(INT_PTR nIndex);  // ends the sharing, unlike reading with []
 
     // An equal text leaves the buffer shared.
     void SetAt(INT_PTR nIndex, const CString& str);
-    void SetAtGrow(INT_PTR nIndex, const CString& str);
     INT_PTR Add(const CString& str);
-    INT_PTR Append(const CStringArray& array);
     void Copy(const CStringArray& array) { *this = array; }
-    void InsertAt(INT_PTR nIndex, const CString& str, INT_PTR nCount = 1);
-    void RemoveAt(INT_PTR nIndex, INT_PTR nCount = 1);
 
     // From now on copies touch no counter and the buffer is never freed: for static tables.
     void MakeImmortal();
@@ -92,7 +83,6 @@ public:
 
     INT_PTR GetSize() const { return static_cast<INT_PTR>(m_items.size()); }
     INT_PTR GetCount() const { return GetSize(); }
-    INT_PTR GetUpperBound() const { return GetSize() - 1; }
     BOOL IsEmpty() const { return m_items.empty(); }
     void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1)
     {
@@ -100,71 +90,20 @@ public:
         Require(nNewSize >= 0);
         Guard([&] { m_items.resize(static_cast<std::size_t>(nNewSize)); });
     }
-    void FreeExtra()
-    {
-        Guard([&] { m_items.shrink_to_fit(); });
-    }
     void RemoveAll() { m_items.clear(); }
 
     const TYPE& GetAt(INT_PTR nIndex) const { return m_items[Index(nIndex)]; }
     TYPE& GetAt(INT_PTR nIndex) { return m_items[Index(nIndex)]; }
-    TYPE& ElementAt(INT_PTR nIndex) { return m_items[Index(nIndex)]; }
     const TYPE& operator[](INT_PTR nIndex) const { return m_items[Index(nIndex)]; }
     TYPE& operator[](INT_PTR nIndex) { return m_items[Index(nIndex)]; }
     const TYPE* GetData() const { return m_items.data(); }
     TYPE* GetData() { return m_items.data(); }
 
     void SetAt(INT_PTR nIndex, ARG_TYPE element) { m_items[Index(nIndex)] = element; }
-    void SetAtGrow(INT_PTR nIndex, ARG_TYPE element)
-    {
-        Require(nIndex >= 0);
-        TYPE copy(element);  // the argument may lie in this array
-        if (nIndex >= GetSize())
-        {
-            SetSize(nIndex + 1);
-        }
-        m_items[Index(nIndex)] = std::move(copy);
-    }
     INT_PTR Add(ARG_TYPE element)
     {
         Guard([&] { m_items.push_back(element); });
         return GetSize() - 1;
-    }
-    INT_PTR Append(const CArray& array)
-    {
-        const INT_PTR nFirst = GetSize();
-        Guard(
-            [&]
-            {
-                m_items.reserve(m_items.size() + array.m_items.size());
-                const std::size_t nCount = array.m_items.size();
-                for (std::size_t i = 0; i < nCount; ++i)
-                {
-                    m_items.push_back(array.m_items[i]);
-                }
-            });
-        return nFirst;
-    }
-    void Copy(const CArray& array)
-    {
-        Guard([&] { m_items = array.m_items; });
-    }
-    void InsertAt(INT_PTR nIndex, ARG_TYPE element, INT_PTR nCount = 1)
-    {
-        Require(nIndex >= 0 && nCount > 0);
-        TYPE copy(element);
-        if (nIndex > GetSize())
-        {
-            SetSize(nIndex);
-        }
-        Guard(
-            [&]
-            { m_items.insert(m_items.begin() + nIndex, static_cast<std::size_t>(nCount), copy); });
-    }
-    void RemoveAt(INT_PTR nIndex, INT_PTR nCount = 1)
-    {
-        Require(nIndex >= 0 && nCount >= 0 && nIndex <= GetSize() && nCount <= GetSize() - nIndex);
-        m_items.erase(m_items.begin() + nIndex, m_items.begin() + nIndex + nCount);
     }
 
 private:
@@ -212,7 +151,6 @@ public:
     ~CObList() override;
 
     INT_PTR GetCount() const { return m_nCount; }
-    INT_PTR GetSize() const { return m_nCount; }
     BOOL IsEmpty() const { return m_nCount == 0; }
 
     CObject*& GetHead() { return Node(GetHeadPosition())->pObject; }
@@ -223,8 +161,6 @@ public:
     CObject* RemoveTail();
     POSITION AddHead(CObject* pObject);
     POSITION AddTail(CObject* pObject);
-    void AddHead(const CObList* pList);
-    void AddTail(const CObList* pList);
     void RemoveAll();
 
     POSITION GetHeadPosition() const { return m_pHead; }
@@ -234,16 +170,6 @@ public:
     CObject* GetNext(POSITION& pos) const;
     CObject*& GetPrev(POSITION& pos);
     CObject* GetPrev(POSITION& pos) const;
-
-    CObject*& GetAt(POSITION pos) { return Node(pos)->pObject; }
-    CObject* GetAt(POSITION pos) const { return Node(pos)->pObject; }
-    void SetAt(POSITION pos, CObject* pObject) { Node(pos)->pObject = pObject; }
-    void RemoveAt(POSITION pos);
-    // A null position inserts at the head (before) or the tail (after).
-    POSITION InsertBefore(POSITION pos, CObject* pObject);
-    POSITION InsertAfter(POSITION pos, CObject* pObject);
-    POSITION Find(CObject* pObject, POSITION posStartAfter = nullptr) const;
-    POSITION FindIndex(INT_PTR nIndex) const;
 
 private:
     struct CListNode : AFX_POSITION
@@ -255,6 +181,7 @@ private:
 
     static CListNode* Node(POSITION pos);  // CInvalidArgException for null
     POSITION Link(CListNode* pPrev, CListNode* pNext, CObject* pObject);
+    void RemoveAt(POSITION pos);
 
     CListNode* m_pHead = nullptr;
     CListNode* m_pTail = nullptr;
@@ -272,10 +199,7 @@ public:
     ~CMapStringToOb() override;
 
     INT_PTR GetCount() const { return m_nCount; }
-    INT_PTR GetSize() const { return m_nCount; }
     BOOL IsEmpty() const { return m_nCount == 0; }
-    void InitHashTable(UINT nHashSize, BOOL bAllocNow = TRUE);
-    UINT GetHashTableSize() const { return static_cast<UINT>(m_buckets.size()); }
 
     BOOL Lookup(const CString& strKey, CObject*& pValue) const
     {
@@ -289,7 +213,6 @@ public:
     CObject*& operator[](const CString& strKey);
     CObject*& operator[](const char* pszKey);
     void SetAt(const CString& strKey, CObject* pValue) { (*this)[strKey] = pValue; }
-    BOOL RemoveKey(const CString& strKey);
     void RemoveAll();
 
     POSITION GetStartPosition() const { return m_pFirst; }
@@ -371,7 +294,6 @@ public:
     CSlot operator[](const KEY& key) { return CSlot(BASE_CLASS::operator[](key)); }
     CSlot operator[](const char* pszKey) { return CSlot(BASE_CLASS::operator[](pszKey)); }
     void SetAt(const KEY& key, VALUE value) { BASE_CLASS::SetAt(key, value); }
-    BOOL RemoveKey(const KEY& key) { return BASE_CLASS::RemoveKey(key); }
     void GetNextAssoc(POSITION& pos, KEY& key, VALUE& value) const
     {
         CObject* pValue = nullptr;

@@ -95,8 +95,9 @@ CString::CString(char ch, int nRepeat) : m_pszText(EmptyText())
     }
     else if (nRepeat > 1)
     {
-        std::memset(GetBufferSetLength(nRepeat), static_cast<unsigned char>(ch),
+        std::memset(GetBuffer(nRepeat), static_cast<unsigned char>(ch),
                     static_cast<std::size_t>(nRepeat));
+        SetLength(nRepeat);
     }
 }
 
@@ -212,17 +213,6 @@ void CString::ReleaseBuffer(int nNewLength)
     SetLength(nNewLength);
 }
 
-char* CString::GetBufferSetLength(int nLength)
-{
-    if (nLength < 0)
-    {
-        AfxThrowInvalidArgException();
-    }
-    Reserve(nLength);
-    SetLength(nLength);
-    return m_pszText;
-}
-
 CString CString::Mid(int nFirst) const
 {
     return Mid(nFirst, GetLength());
@@ -273,17 +263,6 @@ CString& CString::MakeUpper()
     return *this;
 }
 
-CString& CString::MakeLower()
-{
-    const std::string_view text = View();
-    if (std::any_of(text.begin(), text.end(), [](char ch) { return LowerAscii(ch) != ch; }))
-    {
-        char* pch = GetBuffer();
-        std::transform(pch, pch + GetLength(), pch, LowerAscii);
-    }
-    return *this;
-}
-
 CString& CString::KeepPart(int nFirst, int nCount)
 {
     if (nCount == GetLength())
@@ -325,28 +304,6 @@ CString& CString::TrimRight()
     return KeepPart(0, EndOfOther(View(), s_whiteSpace));
 }
 
-CString& CString::TrimLeft(char ch)
-{
-    const int nFirst = FirstOther(View(), { &ch, 1 });
-    return KeepPart(nFirst, GetLength() - nFirst);
-}
-
-CString& CString::TrimRight(char ch)
-{
-    return KeepPart(0, EndOfOther(View(), { &ch, 1 }));
-}
-
-CString& CString::TrimLeft(const char* pszSet)
-{
-    const int nFirst = FirstOther(View(), ViewOf(pszSet));
-    return KeepPart(nFirst, GetLength() - nFirst);
-}
-
-CString& CString::TrimRight(const char* pszSet)
-{
-    return KeepPart(0, EndOfOther(View(), ViewOf(pszSet)));
-}
-
 int CString::Find(char ch, int nStart) const
 {
     return nStart < 0 ? -1 : IndexOf(View().find(ch, static_cast<std::size_t>(nStart)));
@@ -364,92 +321,4 @@ int CString::Find(const char* pszPart, int nStart) const
 int CString::ReverseFind(char ch) const
 {
     return IndexOf(View().rfind(ch));
-}
-
-int CString::FindOneOf(const char* pszSet) const
-{
-    return IndexOf(View().find_first_of(ViewOf(pszSet)));
-}
-
-int CString::Insert(int nIndex, char ch)
-{
-    return Insert(nIndex, FromChar(ch));
-}
-
-int CString::Insert(int nIndex, const CString& str)
-{
-    const int nLength = GetLength();
-    const int nAdded = str.GetLength();
-    nIndex = std::clamp(nIndex, 0, nLength);
-    const CString part(str);  // str may be this text
-    if (nAdded > 0)
-    {
-        char* pch = GetBuffer(CheckedLength(static_cast<long long>(nLength) + nAdded)) + nIndex;
-        std::memmove(pch + nAdded, pch, static_cast<std::size_t>(nLength - nIndex));
-        std::memcpy(pch, part.m_pszText, static_cast<std::size_t>(nAdded));
-        SetLength(nLength + nAdded);
-    }
-    return GetLength();
-}
-
-int CString::Delete(int nIndex, int nCount)
-{
-    const int nLength = GetLength();
-    nIndex = std::max(nIndex, 0);
-    if (nIndex < nLength && nCount > 0)
-    {
-        nCount = std::min(nCount, nLength - nIndex);
-        char* pch = GetBuffer() + nIndex;
-        std::memmove(pch, pch + nCount, static_cast<std::size_t>(nLength - nIndex - nCount));
-        SetLength(nLength - nCount);
-    }
-    return GetLength();
-}
-
-int CString::Replace(char chOld, char chNew)
-{
-    const auto nCount = chOld == chNew ? 0 : std::count(View().begin(), View().end(), chOld);
-    if (nCount > 0)
-    {
-        char* pch = GetBuffer();
-        std::replace(pch, pch + GetLength(), chOld, chNew);
-    }
-    return static_cast<int>(nCount);
-}
-
-int CString::Replace(const char* pszOld, const char* pszNew)
-{
-    const std::string_view old = ViewOf(pszOld);
-    const std::string_view replacement = ViewOf(pszNew);
-    if (old.empty() || View().find(old) == std::string_view::npos)
-    {
-        return 0;
-    }
-    CString result;
-    int nCount = 0;
-    std::size_t nDone = 0;
-    const std::string_view text = View();
-    for (std::size_t nPlace = text.find(old); nPlace != std::string_view::npos;
-         nPlace = text.find(old, nDone))
-    {
-        result.AppendBytes(text.data() + nDone, static_cast<int>(nPlace - nDone));
-        result.AppendBytes(replacement.data(), CheckedLength(replacement.size()));
-        nDone = nPlace + old.size();
-        ++nCount;
-    }
-    result.AppendBytes(text.data() + nDone, static_cast<int>(text.size() - nDone));
-    Swap(result);
-    return nCount;
-}
-
-int CString::Remove(char ch)
-{
-    const auto nCount = static_cast<int>(std::count(View().begin(), View().end(), ch));
-    if (nCount > 0)
-    {
-        char* pch = GetBuffer();
-        std::remove(pch, pch + GetLength(), ch);
-        SetLength(GetLength() - nCount);
-    }
-    return nCount;
 }

@@ -48,8 +48,7 @@ public:
     template <class T>
     requires std::is_integral_v<T> CFormatArg(T nValue)
         : m_eKind(std::is_signed_v<T> ? signedNumber : unsignedNumber),
-          m_nValue(static_cast<long long>(nValue)),
-          m_nSize(sizeof(T))
+          m_nValue(static_cast<long long>(nValue))
     {
     }
     CFormatArg(const char* pszText);
@@ -57,7 +56,6 @@ public:
 
     EKind m_eKind;
     long long m_nValue = 0;
-    unsigned m_nSize = 0;  // bytes of a number
     std::string_view m_text;
 };
 
@@ -102,7 +100,6 @@ public:
 
     int GetLength() const { return Data()->nLength; }
     bool IsEmpty() const { return GetLength() == 0; }
-    bool IsImmortal() const { return Data()->nRefs < 0; }
     void Empty() { *this = CString(); }
     const char* GetString() const { return m_pszText; }
     operator const char*() const { return m_pszText; }
@@ -124,14 +121,12 @@ public:
     // writing, ReleaseBuffer sets the length; -1 counts up to the end mark.
     char* GetBuffer(int nMinLength = 0);
     void ReleaseBuffer(int nNewLength = -1);
-    char* GetBufferSetLength(int nLength);
 
     CString& operator+=(const CString& str) { return AppendBytes(str.m_pszText, str.GetLength()); }
     CString& operator+=(const char* pszText) { return AppendBytes(pszText, LengthOf(pszText)); }
     CString& operator+=(char ch) { return AppendBytes(&ch, 1); }
     void Append(const char* pszText) { *this += pszText; }
     void Append(const char* pchText, int nLength) { AppendBytes(pchText, nLength); }
-    void AppendChar(char ch) { *this += ch; }
 
     // A part of the text. Counts and positions outside are cut to what there is.
     CString Mid(int nFirst) const;
@@ -148,38 +143,22 @@ public:
         return m_pszText == str.m_pszText || View() == str.View();
     }
 
-    // Both change the letters of ASCII only.
+    // Changes the letters of ASCII only.
     CString& MakeUpper();
-    CString& MakeLower();
 
-    // Without an argument: blank, tab, line feed, vertical tab, form feed and carriage return. They
-    // work at the true ends of the text, whatever stands inside.
+    // Blank, tab, line feed, vertical tab, form feed and carriage return, at the true ends of the
+    // text, whatever stands inside.
     CString& TrimLeft();
     CString& TrimRight();
     CString& Trim() { return TrimRight().TrimLeft(); }
-    CString& TrimLeft(char ch);
-    CString& TrimRight(char ch);
-    CString& TrimLeft(const char* pszSet);
-    CString& TrimRight(const char* pszSet);
 
     // Index of the first (last) place at or after nStart; -1 if there is none.
     int Find(char ch, int nStart = 0) const;
     int Find(const char* pszPart, int nStart = 0) const;
     int ReverseFind(char ch) const;
-    int FindOneOf(const char* pszSet) const;
 
-    // The new length.
-    int Insert(int nIndex, char ch);
-    int Insert(int nIndex, const CString& str);
-    int Delete(int nIndex, int nCount = 1);
-    // The number of places that changed.
-    int Replace(char chOld, char chNew);
-    int Replace(const char* pszOld, const char* pszNew);
-    int Remove(char ch);
-
-    // Knows %s %d %i %u %x %X %c %%, with flags, width and precision as in C; a size such as "l" is
-    // read and ignored, since the arguments carry their types. A CString that is passed as itself
-    // is taken with the NULs in it. "%c" of 0 is a text of length one.
+    // Knows %s %d %u %c %%: the arguments carry their types, and each is shown as it is. A CString
+    // that is passed as itself is taken with the NULs in it. "%c" of 0 is a text of length one.
     template <class... Args>
     void Format(const char* pszFormat, const Args&... args)
     {
@@ -195,7 +174,7 @@ public:
     // it depends on the order of bytes in the machine.
     unsigned GetHash() const
     {
-        return IsImmortal() ? Data()->nHash : HashText(m_pszText, std::strlen(m_pszText));
+        return Data()->nRefs < 0 ? Data()->nHash : HashText(m_pszText, std::strlen(m_pszText));
     }
     static constexpr unsigned HashText(const char* pchText, std::size_t nLength);
 

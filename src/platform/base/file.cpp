@@ -148,16 +148,6 @@ void CFile::Remove(const char* pszPath)
     Check(native_file::Remove(pszPath), pszPath);
 }
 
-void CFile::Rename(const char* pszOld, const char* pszNew)
-{
-    int nError = AskFault(fileOpRename, pszNew);
-    if (nError == 0)
-    {
-        nError = native_file::Rename(pszOld, pszNew);
-    }
-    Check(nError, pszOld);
-}
-
 // ---- CMirrorFile ----
 
 CMirrorFile::~CMirrorFile()
@@ -228,4 +218,29 @@ void CMirrorFile::Abort()
 int CMirrorFile::CountOpen()
 {
     return g_nReplacing;
+}
+
+LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const BYTE>> parts)
+{
+    CMirrorFile file;
+    CFileException error;
+    if (!file.Open(pszPath, CFile::modeCreate | CFile::modeWrite, &error))
+    {
+        return error.m_lOsError;
+    }
+    try
+    {
+        for (const std::span<const BYTE> part : parts)
+        {
+            file.Write(part.data(), static_cast<UINT>(part.size()));
+        }
+        file.Close();
+        return 0;
+    }
+    catch (CFileException* pError)
+    {
+        const LONG lError = pError->m_lOsError;
+        pError->Delete();
+        return lError;
+    }
 }

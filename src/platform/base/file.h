@@ -1,6 +1,9 @@
 // Files on disk and in memory. Failures raise CFileException; missing memory CMemoryException.
 #pragma once
 
+#include <initializer_list>
+#include <span>
+
 #include "platform/base/cstring.h"
 #include "platform/base/object.h"
 #include "platform/base/types.h"
@@ -42,7 +45,6 @@ public:
         modeNoInherit = 0x0080,
         modeCreate = 0x1000,
         modeNoTruncate = 0x2000,
-        typeText = 0x4000,
         typeBinary = 0x8000
     };
     enum SeekPosition
@@ -77,7 +79,6 @@ public:
     ULONGLONG SeekToEnd() { return Seek(0, end); }
 
     static void Remove(const char* pszPath);
-    static void Rename(const char* pszOld, const char* pszNew);
 
 protected:
     static constexpr INT_PTR s_hNone = -1;
@@ -101,14 +102,18 @@ public:
     void Close() override;
     void Abort() override;
 
-    // How many files this process is replacing just now: while it is 0, ending the process leaves no
-    // temporary file. May be asked in a signal handler.
+    // How many files this process is replacing just now: while it is 0, ending the process leaves
+    // no temporary file. May be asked in a signal handler.
     static int CountOpen();
 
 private:
     CString m_strTarget;     // where the links end
     CString m_strTemporary;  // empty: written directly
 };
+
+// Writes a file of these parts whole, as CMirrorFile does. 0, or the system's number of the error;
+// the target is then as it was.
+LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const BYTE>> parts);
 
 // A file in memory, which grows in steps of nGrowBytes; with 0 it cannot grow.
 class CMemFile : public CFile

@@ -27,7 +27,6 @@ constexpr UINT SB_BOTTOM = 7;
 
 // Bits of the state that comes with mouse messages and drags
 constexpr UINT MK_LBUTTON = 0x0001;
-constexpr UINT MK_SHIFT = 0x0004;
 constexpr UINT MK_CONTROL = 0x0008;
 
 // Keys

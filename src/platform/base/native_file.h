@@ -15,7 +15,6 @@ int SetLength(INT_PTR hFile, ULONGLONG nLength);
 int GetLength(INT_PTR hFile, ULONGLONG& nLength);
 int Close(INT_PTR hFile);
 int Remove(const char* pszPath);
-int Rename(const char* pszOld, const char* pszNew);  // replaces what is there
 // Puts a file made by CreateBeside in its target's place.
 int Replace(const char* pszNew, const char* pszTarget);
 

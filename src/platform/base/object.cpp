@@ -86,11 +86,6 @@ BOOL CObject::IsKindOf(const CRuntimeClass* pClass) const
     return GetRuntimeClass()->IsDerivedFrom(pClass);
 }
 
-BOOL CObject::IsSerializable() const
-{
-    return GetRuntimeClass()->m_wSchema != 0xFFFF;
-}
-
 void* CObject::operator new(std::size_t nSize)
 {
     void* p = std::malloc(nSize);

@@ -15,16 +15,6 @@ class CObject;
 #ifndef ASSERT
 #define ASSERT(condition) assert(condition)
 #endif
-#ifndef VERIFY
-#ifdef NDEBUG
-#define VERIFY(condition) static_cast<void>(condition)
-#else
-#define VERIFY(condition) assert(condition)
-#endif
-#endif
-#define ASSERT_VALID(pObject) ASSERT((pObject) != nullptr)
-
-constexpr UINT VERSIONABLE_SCHEMA = 0x80000000U;
 
 // What is known of a class at run time. The records are static objects made by the IMPLEMENT_...
 // macros and are never copied.
@@ -75,7 +65,6 @@ public:
     CObject& operator=(const CObject&) = delete;
 
     BOOL IsKindOf(const CRuntimeClass* pClass) const;
-    BOOL IsSerializable() const;
 
     static CRuntimeClass* GetThisClass();
     static CRuntimeClass classCObject;

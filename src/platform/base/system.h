@@ -48,13 +48,13 @@ constexpr UINT GMEM_MOVEABLE = 0x0002;
 constexpr UINT GMEM_ZEROINIT = 0x0040;
 constexpr UINT GMEM_MODIFY = 0x0080;
 constexpr UINT GMEM_DDESHARE = 0x2000;
-constexpr UINT GPTR = GMEM_FIXED | GMEM_ZEROINIT;
 constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
 // Blocks of memory with a handle. That of a fixed block is its address, a moveable one has an
 // address while it is locked. Null is the answer to a failure.
 HGLOBAL GlobalAlloc(UINT nFlags, SIZE_T nBytes);
-// A fixed block, whose handle changes with its place, and a locked one move only with GMEM_MOVEABLE.
+// A fixed block, whose handle changes with its place, and a locked one move only with
+// GMEM_MOVEABLE.
 HGLOBAL GlobalReAlloc(HGLOBAL hMem, SIZE_T nBytes, UINT nFlags);
 HGLOBAL GlobalFree(HGLOBAL hMem);  // null; the handle itself if that fails
 void* GlobalLock(HGLOBAL hMem);

@@ -61,14 +61,6 @@ static inline int GetMenuString(HMENU hMenu, UINT nItem, LPTSTR pszText, int nMo
 }
 #endif
 
-#ifdef GetObject
-#undef GetObject
-static inline int GetObject(HANDLE hObject, int cbBuffer, LPVOID pBuffer)
-{
-    return MIVORA_BY_CHARACTER(GetObject)(hObject, cbBuffer, pBuffer);
-}
-#endif
-
 #ifdef GetTextMetrics
 #undef GetTextMetrics
 static inline BOOL GetTextMetrics(HDC hDC, LPTEXTMETRIC pMetrics)
@@ -156,14 +148,6 @@ static inline LRESULT SendMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARA
 static inline BOOL SetWindowText(HWND hWnd, LPCTSTR pszText)
 {
     return MIVORA_BY_CHARACTER(SetWindowText)(hWnd, pszText);
-}
-#endif
-
-#ifdef TextOut
-#undef TextOut
-static inline BOOL TextOut(HDC hDC, int x, int y, LPCTSTR pszText, int nCount)
-{
-    return MIVORA_BY_CHARACTER(TextOut)(hDC, x, y, pszText, nCount);
 }
 #endif
 

@@ -1,3 +1,4 @@
+// Saving and opening: the archive in memory, the compound file on the disk, and what is reported.
 #include "platform/doc/ole_document.h"
 
 #include "platform/base/app.h"
@@ -110,25 +111,6 @@ BOOL CDocument::DoSave(LPCSTR pszPathName, BOOL bReplace)
     return TRUE;
 }
 
-BOOL CDocument::OnSaveDocument(LPCSTR pszPathName)
-{
-    const BOOL bSaved = RunOrReport(
-        *this, pszPathName, TRUE,
-        [&] { WriteWhole(pszPathName, [this](CFile& file) { StoreDocument(*this, file); }); });
-    if (bSaved)
-        m_bModified = FALSE;
-    return bSaved;
-}
-
-BOOL CDocument::OnOpenDocument(LPCSTR pszPathName)
-{
-    const auto load = [&]
-    {
-        LoadFrom(*this, pszPathName, [](CFile& file) -> CFile& { return file; });
-    };
-    return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);
-}
-
 BOOL CDocument::TakePath(LPCSTR pszPathName)
 {
     m_strPathName = pszPathName;
@@ -152,12 +134,12 @@ COleDocument::~COleDocument() = default;
 
 BOOL COleDocument::OnSaveDocument(LPCSTR pszPathName)
 {
-    if (!m_bCompoundFile)
-        return CDocument::OnSaveDocument(pszPathName);
     const BOOL bSaved =
         RunOrReport(*this, pszPathName, TRUE,
                     [&]
                     {
+                        if (!m_bCompoundFile)
+                            AfxThrowNotSupportedException();
                         CMemFile content(s_nGrowBytes);
                         StoreDocument(*this, content);
                         WriteWhole(pszPathName, [&](CFile& file)
@@ -170,8 +152,6 @@ BOOL COleDocument::OnSaveDocument(LPCSTR pszPathName)
 
 BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
 {
-    if (!m_bCompoundFile)
-        return CDocument::OnOpenDocument(pszPathName);
     CMemFile content(s_nGrowBytes);
     const auto unpack = [&](CFile& file) -> CFile&
     {
@@ -180,6 +160,8 @@ BOOL COleDocument::OnOpenDocument(LPCSTR pszPathName)
     };
     const auto load = [&]
     {
+        if (!m_bCompoundFile)
+            AfxThrowNotSupportedException();
         LoadFrom(*this, pszPathName, unpack);
     };
     return RunOrReport(*this, pszPathName, FALSE, load) && TakePath(pszPathName);

@@ -33,13 +33,12 @@ public:
     // on. 0, after a message box, if that failed: the old file is then as it was.
     virtual BOOL DoSave(LPCSTR pszPathName, BOOL bReplace = TRUE);
 
-    // Writes the document through Serialize; here the archive alone is the file. 0 after
-    // ReportSaveLoadException.
-    virtual BOOL OnSaveDocument(LPCSTR pszPathName);
+    // Writes the document through Serialize. 0 after ReportSaveLoadException.
+    virtual BOOL OnSaveDocument(LPCSTR pszPathName) = 0;
 
     // Reads the document through Serialize, and has that path from then on. 0 after
     // ReportSaveLoadException: path and mark stay, and so does what Serialize had not replaced.
-    virtual BOOL OnOpenDocument(LPCSTR pszPathName);
+    virtual BOOL OnOpenDocument(LPCSTR pszPathName) = 0;
 
     // Tells in a message box what could not be saved or opened, and why. The exception stays the
     // caller's.
@@ -62,7 +61,7 @@ public:
     COleDocument();
     ~COleDocument() override;
 
-    // Chooses the compound file; without it the archive alone is the file.
+    // Chooses the compound file; a document that has not chosen it can neither be saved nor opened.
     void EnableCompoundFile(BOOL bEnable = TRUE) { m_bCompoundFile = bEnable; }
 
     BOOL OnSaveDocument(LPCSTR pszPathName) override;

@@ -4,8 +4,6 @@
 #include "platform/gdi/handle_map.h"
 #include "platform/gdi/native_gdi.h"
 
-#include <cstring>
-
 IMPLEMENT_DYNAMIC(CDC, CObject)
 
 using CDCMap = CHandleMap<CDC>;
@@ -68,25 +66,6 @@ void CDC::SetAttribDC(HDC hDC)
     m_hAttribDC = hDC;
 }
 
-void CDC::SetOutputDC(HDC hDC)
-{
-    if (m_hDC)
-        CDCMap::Remove(this);
-    m_hDC = hDC;
-    if (m_hDC)
-        CDCMap::Insert(this);
-}
-
-void CDC::ReleaseAttribDC()
-{
-    m_hAttribDC = nullptr;
-}
-
-void CDC::ReleaseOutputDC()
-{
-    SetOutputDC(nullptr);
-}
-
 BOOL CDC::CreateCompatibleDC(CDC* pDC)
 {
     return Attach(::CreateCompatibleDC(pDC ? pDC->m_hDC : nullptr));
@@ -147,29 +126,9 @@ COLORREF CDC::SetTextColor(COLORREF colour)
     return OnBoth([=](HDC hDC) { return ::SetTextColor(hDC, colour); });
 }
 
-UINT CDC::GetTextAlign() const
-{
-    return ::GetTextAlign(m_hAttribDC);
-}
-
 UINT CDC::SetTextAlign(UINT nAlign)
 {
     return OnBoth([=](HDC hDC) { return ::SetTextAlign(hDC, nAlign); });
-}
-
-int CDC::GetROP2() const
-{
-    return ::GetROP2(m_hAttribDC);
-}
-
-int CDC::SetROP2(int nMode)
-{
-    return OnBoth([=](HDC hDC) { return ::SetROP2(hDC, nMode); });
-}
-
-int CDC::SetStretchBltMode(int nMode)
-{
-    return OnBoth([=](HDC hDC) { return ::SetStretchBltMode(hDC, nMode); });
 }
 
 int CDC::IntersectClipRect(LPCRECT pRect)
@@ -224,17 +183,6 @@ CBitmap* CDC::SelectObject(CBitmap* pBitmap)
                    : nullptr;
 }
 
-CPalette* CDC::SelectPalette(CPalette* pPalette, BOOL bForceBackground)
-{
-    HPALETTE hPalette = pPalette ? static_cast<HPALETTE>(pPalette->m_hObject) : nullptr;
-    return CPalette::FromHandle(::SelectPalette(m_hDC, hPalette, bForceBackground));
-}
-
-UINT CDC::RealizePalette()
-{
-    return ::RealizePalette(m_hDC);
-}
-
 CFont* CDC::GetCurrentFont() const
 {
     return CFont::FromHandle(static_cast<HFONT>(::GetCurrentObject(m_hAttribDC, OBJ_FONT)));
@@ -245,33 +193,11 @@ CPen* CDC::GetCurrentPen() const
     return CPen::FromHandle(static_cast<HPEN>(::GetCurrentObject(m_hDC, OBJ_PEN)));
 }
 
-CBrush* CDC::GetCurrentBrush() const
-{
-    return CBrush::FromHandle(static_cast<HBRUSH>(::GetCurrentObject(m_hDC, OBJ_BRUSH)));
-}
-
-CBitmap* CDC::GetCurrentBitmap() const
-{
-    return CBitmap::FromHandle(static_cast<HBITMAP>(::GetCurrentObject(m_hDC, OBJ_BITMAP)));
-}
-
 // ---- Mapping
-
-int CDC::GetMapMode() const
-{
-    return ::GetMapMode(m_hAttribDC);
-}
 
 int CDC::SetMapMode(int nMode)
 {
     return OnBoth([=](HDC hDC) { return ::SetMapMode(hDC, nMode); });
-}
-
-CPoint CDC::GetWindowOrg() const
-{
-    CPoint point;
-    ::GetWindowOrgEx(m_hAttribDC, &point);
-    return point;
 }
 
 CPoint CDC::SetWindowOrg(int x, int y)
@@ -281,25 +207,11 @@ CPoint CDC::SetWindowOrg(int x, int y)
     return old;
 }
 
-CSize CDC::GetWindowExt() const
-{
-    CSize size;
-    ::GetWindowExtEx(m_hAttribDC, &size);
-    return size;
-}
-
 CSize CDC::SetWindowExt(int cx, int cy)
 {
     CSize old;
     OnBoth([&](HDC hDC) { return ::SetWindowExtEx(hDC, cx, cy, &old); });
     return old;
-}
-
-CPoint CDC::GetViewportOrg() const
-{
-    CPoint point;
-    ::GetViewportOrgEx(m_hAttribDC, &point);
-    return point;
 }
 
 CPoint CDC::SetViewportOrg(int x, int y)
@@ -309,52 +221,11 @@ CPoint CDC::SetViewportOrg(int x, int y)
     return old;
 }
 
-CSize CDC::GetViewportExt() const
-{
-    CSize size;
-    ::GetViewportExtEx(m_hAttribDC, &size);
-    return size;
-}
-
 CSize CDC::SetViewportExt(int cx, int cy)
 {
     CSize old;
     OnBoth([&](HDC hDC) { return ::SetViewportExtEx(hDC, cx, cy, &old); });
     return old;
-}
-
-namespace
-{
-
-// A rectangle as its two corners.
-template <class F>
-void ConvertCorners(LPRECT pRect, F convert)
-{
-    POINT aCorners[] = { { pRect->left, pRect->top }, { pRect->right, pRect->bottom } };
-    convert(aCorners);
-    *pRect = { aCorners[0].x, aCorners[0].y, aCorners[1].x, aCorners[1].y };
-}
-
-}  // namespace
-
-void CDC::LPtoDP(LPPOINT pPoints, int nCount) const
-{
-    ::LPtoDP(m_hAttribDC, pPoints, nCount);
-}
-
-void CDC::LPtoDP(LPRECT pRect) const
-{
-    ConvertCorners(pRect, [this](POINT* pCorners) { ::LPtoDP(m_hAttribDC, pCorners, 2); });
-}
-
-void CDC::DPtoLP(LPPOINT pPoints, int nCount) const
-{
-    ::DPtoLP(m_hAttribDC, pPoints, nCount);
-}
-
-void CDC::DPtoLP(LPRECT pRect) const
-{
-    ConvertCorners(pRect, [this](POINT* pCorners) { ::DPtoLP(m_hAttribDC, pCorners, 2); });
 }
 
 // ---- Shapes
@@ -384,18 +255,6 @@ void CDC::Draw3dRect(LPCRECT pRect, COLORREF topLeft, COLORREF bottomRight)
     FillSolidRect(pRect->left, pRect->top, 1, nHeight - 1, topLeft);
     FillSolidRect(pRect->right - 1, pRect->top, 1, nHeight, bottomRight);
     FillSolidRect(pRect->left, pRect->bottom - 1, nWidth, 1, bottomRight);
-}
-
-BOOL CDC::PatBlt(int x, int y, int nWidth, int nHeight, DWORD nRop)
-{
-    return ::PatBlt(m_hDC, x, y, nWidth, nHeight, nRop);
-}
-
-CPoint CDC::GetCurrentPosition() const
-{
-    CPoint point;
-    ::GetCurrentPositionEx(m_hAttribDC, &point);
-    return point;
 }
 
 CPoint CDC::MoveTo(int x, int y)
@@ -448,18 +307,6 @@ COLORREF CDC::SetPixel(int x, int y, COLORREF colour)
 
 // ---- Text
 
-BOOL CDC::TextOut(int x, int y, LPCSTR pszText, int nCount)
-{
-    if (nCount < 0)
-        nCount = static_cast<int>(std::strlen(pszText));
-    return !CanDrawLetters(m_hDC) || ::TextOutA(m_hDC, x, y, pszText, nCount);
-}
-
-BOOL CDC::TextOut(int x, int y, const CString& strText)
-{
-    return TextOut(x, y, strText.GetString(), strText.GetLength());
-}
-
 BOOL CDC::ExtTextOut(int x, int y, UINT nOptions, LPCRECT pRect, LPCSTR pszText, UINT nCount,
                      const INT* pDx)
 {
@@ -470,12 +317,7 @@ BOOL CDC::ExtTextOut(int x, int y, UINT nOptions, LPCRECT pRect, LPCSTR pszText,
 
 int CDC::DrawText(LPCSTR pszText, int nCount, LPRECT pRect, UINT nFormat)
 {
-    if ((nFormat & DT_CALCRECT) == 0 && !CanDrawLetters(m_hDC))
-    {
-        RECT measured = *pRect;
-        return ::DrawTextA(m_hDC, pszText, nCount, &measured, nFormat | DT_CALCRECT);
-    }
-    return ::DrawTextA(m_hDC, pszText, nCount, pRect, nFormat);
+    return DrawLetters(m_hDC, pszText, nCount, pRect, nFormat);
 }
 
 int CDC::DrawText(const CString& strText, LPRECT pRect, UINT nFormat)
@@ -538,9 +380,4 @@ CSize CDC::MeasureInNewFont(const LOGFONTA& lf, const CString& strText)
 BOOL CDC::GetTextMetrics(TEXTMETRICA* pMetrics) const
 {
     return ::GetTextMetricsA(m_hAttribDC, pMetrics);
-}
-
-BOOL CDC::GetOutputTextMetrics(TEXTMETRICA* pMetrics) const
-{
-    return ::GetTextMetricsA(m_hDC, pMetrics);
 }

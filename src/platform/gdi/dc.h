@@ -29,9 +29,6 @@ public:
     BOOL Attach(HDC hDC);
     HDC Detach();
     virtual void SetAttribDC(HDC hDC);
-    virtual void SetOutputDC(HDC hDC);
-    virtual void ReleaseAttribDC();
-    virtual void ReleaseOutputDC();
     // A context in memory, with a bitmap of one pixel until another is selected. Null: the
     // screen's.
     BOOL CreateCompatibleDC(CDC* pDC);
@@ -47,11 +44,7 @@ public:
     virtual COLORREF SetBkColor(COLORREF colour);
     COLORREF GetTextColor() const;
     virtual COLORREF SetTextColor(COLORREF colour);
-    UINT GetTextAlign() const;
     UINT SetTextAlign(UINT nAlign);
-    int GetROP2() const;
-    int SetROP2(int nMode);
-    int SetStretchBltMode(int nMode);
     int IntersectClipRect(LPCRECT pRect);
     int GetClipBox(LPRECT pRect) const;
 
@@ -61,32 +54,19 @@ public:
     CBrush* SelectObject(CBrush* pBrush);
     virtual CFont* SelectObject(CFont* pFont);
     CBitmap* SelectObject(CBitmap* pBitmap);
-    CPalette* SelectPalette(CPalette* pPalette, BOOL bForceBackground);
-    UINT RealizePalette();
     CFont* GetCurrentFont() const;
     CPen* GetCurrentPen() const;
-    CBrush* GetCurrentBrush() const;
-    CBitmap* GetCurrentBitmap() const;
 
     // Mapping
-    int GetMapMode() const;
     virtual int SetMapMode(int nMode);
-    CPoint GetWindowOrg() const;
     CPoint SetWindowOrg(int x, int y);
     CPoint SetWindowOrg(POINT point) { return SetWindowOrg(point.x, point.y); }
-    CSize GetWindowExt() const;
     virtual CSize SetWindowExt(int cx, int cy);
     CSize SetWindowExt(SIZE size) { return SetWindowExt(size.cx, size.cy); }
-    CPoint GetViewportOrg() const;
     virtual CPoint SetViewportOrg(int x, int y);
     CPoint SetViewportOrg(POINT point) { return SetViewportOrg(point.x, point.y); }
-    CSize GetViewportExt() const;
     virtual CSize SetViewportExt(int cx, int cy);
     CSize SetViewportExt(SIZE size) { return SetViewportExt(size.cx, size.cy); }
-    void LPtoDP(LPPOINT pPoints, int nCount = 1) const;
-    void LPtoDP(LPRECT pRect) const;
-    void DPtoLP(LPPOINT pPoints, int nCount = 1) const;
-    void DPtoLP(LPRECT pRect) const;
 
     // Shapes
     void FillRect(LPCRECT pRect, CBrush* pBrush);
@@ -96,8 +76,6 @@ public:
     // Lines along the left and upper edge in the one colour, along the others in the second; they
     // leave a background colour behind as FillSolidRect does.
     void Draw3dRect(LPCRECT pRect, COLORREF topLeft, COLORREF bottomRight);
-    BOOL PatBlt(int x, int y, int nWidth, int nHeight, DWORD nRop);
-    CPoint GetCurrentPosition() const;
     CPoint MoveTo(int x, int y);
     CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
     // The last point is not drawn.
@@ -112,12 +90,10 @@ public:
     COLORREF GetPixel(int x, int y) const;
     COLORREF SetPixel(int x, int y, COLORREF colour);
 
-    // Text. A count of -1 takes the text up to its NUL.
-    virtual BOOL TextOut(int x, int y, LPCSTR pszText, int nCount);
-    BOOL TextOut(int x, int y, const CString& strText);
+    // Text
     virtual BOOL ExtTextOut(int x, int y, UINT nOptions, LPCRECT pRect, LPCSTR pszText, UINT nCount,
                             const INT* pDx);
-    // The height of the text; see DrawTextA.
+    // The height of the text, which a count of -1 takes up to its NUL; see DrawTextA.
     virtual int DrawText(LPCSTR pszText, int nCount, LPRECT pRect, UINT nFormat);
     int DrawText(const CString& strText, LPRECT pRect, UINT nFormat);
     CSize GetTextExtent(LPCSTR pszText, int nCount) const;
@@ -129,7 +105,6 @@ public:
     // afterwards.
     virtual CSize GetPointFontExtent(const LOGFONTA& lf, const CString& strText);
     BOOL GetTextMetrics(TEXTMETRICA* pMetrics) const;
-    BOOL GetOutputTextMetrics(TEXTMETRICA* pMetrics) const;
 
 protected:
     // Makes the font, selects it, asks, puts the old one back.

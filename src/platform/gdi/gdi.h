@@ -24,32 +24,15 @@ using SIZEL = SIZE;
 using POINTL = POINT;
 
 // GetDeviceCaps
-constexpr int TECHNOLOGY = 2;
 constexpr int HORZSIZE = 4;  // millimetres
 constexpr int VERTSIZE = 6;
 constexpr int HORZRES = 8;  // pixels
 constexpr int VERTRES = 10;
 constexpr int BITSPIXEL = 12;
 constexpr int PLANES = 14;
-constexpr int NUMBRUSHES = 16;
-constexpr int NUMPENS = 18;
-constexpr int NUMFONTS = 22;
 constexpr int NUMCOLORS = 24;
-constexpr int CURVECAPS = 28;
-constexpr int LINECAPS = 30;
-constexpr int TEXTCAPS = 34;
-constexpr int RASTERCAPS = 38;
-constexpr int ASPECTX = 40;
-constexpr int ASPECTY = 42;
-constexpr int ASPECTXY = 44;
 constexpr int LOGPIXELSX = 88;  // pixels an inch
 constexpr int LOGPIXELSY = 90;
-constexpr int SIZEPALETTE = 104;
-constexpr int NUMRESERVED = 106;
-constexpr int COLORRES = 108;
-constexpr int DT_RASDISPLAY = 1;
-constexpr int RC_BITBLT = 1;
-constexpr int RC_STRETCHBLT = 0x800;
 
 // GetObjectType, GetCurrentObject
 constexpr UINT OBJ_PEN = 1;
@@ -63,12 +46,8 @@ constexpr UINT OBJ_ENHMETADC = 12;
 
 // GetStockObject
 constexpr int WHITE_BRUSH = 0;
-constexpr int LTGRAY_BRUSH = 1;
-constexpr int GRAY_BRUSH = 2;
-constexpr int DKGRAY_BRUSH = 3;
 constexpr int BLACK_BRUSH = 4;
 constexpr int NULL_BRUSH = 5;
-constexpr int HOLLOW_BRUSH = NULL_BRUSH;
 constexpr int WHITE_PEN = 6;
 constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
@@ -83,12 +62,6 @@ constexpr int DEFAULT_GUI_FONT = 17;
 
 // Mapping modes
 constexpr int MM_TEXT = 1;
-constexpr int MM_LOMETRIC = 2;
-constexpr int MM_HIMETRIC = 3;
-constexpr int MM_LOENGLISH = 4;
-constexpr int MM_HIENGLISH = 5;
-constexpr int MM_TWIPS = 6;
-constexpr int MM_ISOTROPIC = 7;
 constexpr int MM_ANISOTROPIC = 8;
 
 constexpr int TRANSPARENT = 1;
@@ -96,100 +69,49 @@ constexpr int OPAQUE = 2;
 
 constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
 
-constexpr UINT TA_NOUPDATECP = 0;
-constexpr UINT TA_UPDATECP = 1;
 constexpr UINT TA_LEFT = 0;
-constexpr UINT TA_RIGHT = 2;
-constexpr UINT TA_CENTER = 6;
 constexpr UINT TA_TOP = 0;
-constexpr UINT TA_BOTTOM = 8;
 constexpr UINT TA_BASELINE = 24;
 constexpr UINT GDI_ERROR = 0xFFFFFFFF;
 
-constexpr int R2_BLACK = 1;
-constexpr int R2_NOTXORPEN = 10;
-constexpr int R2_NOT = 6;
-constexpr int R2_XORPEN = 7;
-constexpr int R2_NOP = 11;
-constexpr int R2_COPYPEN = 13;
-constexpr int R2_WHITE = 16;
-
 constexpr int PS_SOLID = 0;
-constexpr int PS_DASH = 1;
-constexpr int PS_DOT = 2;
-constexpr int PS_DASHDOT = 3;
-constexpr int PS_DASHDOTDOT = 4;
 constexpr int PS_NULL = 5;
-constexpr int PS_INSIDEFRAME = 6;
 
 constexpr UINT BS_SOLID = 0;
 constexpr UINT BS_NULL = 1;
-constexpr UINT BS_HOLLOW = BS_NULL;
 constexpr UINT BS_HATCHED = 2;
 
-constexpr int HS_HORIZONTAL = 0;
-constexpr int HS_VERTICAL = 1;
-constexpr int HS_FDIAGONAL = 2;
 constexpr int HS_BDIAGONAL = 3;  // rises from left to right
-constexpr int HS_CROSS = 4;
-constexpr int HS_DIAGCROSS = 5;
 
 // Raster operations
-constexpr DWORD BLACKNESS = 0x00000042;
-constexpr DWORD NOTSRCCOPY = 0x00330008;
-constexpr DWORD DSTINVERT = 0x00550009;
-constexpr DWORD PATINVERT = 0x005A0049;
-constexpr DWORD SRCINVERT = 0x00660046;
-constexpr DWORD SRCAND = 0x008800C6;
 constexpr DWORD SRCCOPY = 0x00CC0020;
-constexpr DWORD SRCPAINT = 0x00EE0086;
 constexpr DWORD PATCOPY = 0x00F00021;
-constexpr DWORD WHITENESS = 0x00FF0062;
-
-constexpr int BLACKONWHITE = 1;
-constexpr int WHITEONBLACK = 2;
-constexpr int COLORONCOLOR = 3;
-constexpr int HALFTONE = 4;
 
 // Fonts
-constexpr int FW_DONTCARE = 0;
 constexpr int FW_NORMAL = 400;
 constexpr int FW_BOLD = 700;
 constexpr BYTE ANSI_CHARSET = 0;
 constexpr BYTE DEFAULT_CHARSET = 1;
 constexpr BYTE SYMBOL_CHARSET = 2;
-constexpr BYTE GB2312_CHARSET = 134;
-constexpr BYTE OUT_DEFAULT_PRECIS = 0;
-constexpr BYTE CLIP_DEFAULT_PRECIS = 0;
-constexpr BYTE DEFAULT_QUALITY = 0;
-constexpr BYTE PROOF_QUALITY = 2;
-constexpr BYTE NONANTIALIASED_QUALITY = 3;
 constexpr BYTE ANTIALIASED_QUALITY = 4;
-constexpr BYTE DEFAULT_PITCH = 0;
 constexpr BYTE FIXED_PITCH = 1;
 constexpr BYTE VARIABLE_PITCH = 2;
-constexpr BYTE FF_DONTCARE = 0x00;
 constexpr BYTE FF_ROMAN = 0x10;
 constexpr BYTE FF_SWISS = 0x20;
 constexpr BYTE FF_MODERN = 0x30;
-constexpr BYTE FF_SCRIPT = 0x40;
-constexpr BYTE FF_DECORATIVE = 0x50;
 constexpr BYTE TMPF_FIXED_PITCH = 1;  // set when the pitch is *not* fixed
 constexpr BYTE TMPF_VECTOR = 2;
 constexpr BYTE TMPF_TRUETYPE = 4;
 
 // DrawText
-constexpr UINT DT_TOP = 0x000;
 constexpr UINT DT_LEFT = 0x000;
 constexpr UINT DT_CENTER = 0x001;
 constexpr UINT DT_RIGHT = 0x002;
 constexpr UINT DT_VCENTER = 0x004;
 constexpr UINT DT_BOTTOM = 0x008;
-constexpr UINT DT_WORDBREAK = 0x010;
 constexpr UINT DT_SINGLELINE = 0x020;
 constexpr UINT DT_NOCLIP = 0x100;
 constexpr UINT DT_EXTERNALLEADING = 0x200;
-constexpr UINT DT_CALCRECT = 0x400;
 constexpr UINT DT_NOPREFIX = 0x800;
 
 constexpr UINT ETO_OPAQUE = 2;
@@ -201,34 +123,23 @@ constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
 
 // GetSysColor
-constexpr int COLOR_SCROLLBAR = 0;
-constexpr int COLOR_BACKGROUND = 1;
 constexpr int COLOR_ACTIVECAPTION = 2;
-constexpr int COLOR_INACTIVECAPTION = 3;
 constexpr int COLOR_MENU = 4;
 constexpr int COLOR_WINDOW = 5;
-constexpr int COLOR_WINDOWFRAME = 6;
 constexpr int COLOR_MENUTEXT = 7;
 constexpr int COLOR_WINDOWTEXT = 8;
 constexpr int COLOR_CAPTIONTEXT = 9;
-constexpr int COLOR_ACTIVEBORDER = 10;
-constexpr int COLOR_INACTIVEBORDER = 11;
-constexpr int COLOR_APPWORKSPACE = 12;
 constexpr int COLOR_HIGHLIGHT = 13;
 constexpr int COLOR_HIGHLIGHTTEXT = 14;
 constexpr int COLOR_BTNFACE = 15;
 constexpr int COLOR_BTNSHADOW = 16;
 constexpr int COLOR_GRAYTEXT = 17;
 constexpr int COLOR_BTNTEXT = 18;
-constexpr int COLOR_INACTIVECAPTIONTEXT = 19;
 constexpr int COLOR_BTNHIGHLIGHT = 20;
 
 constexpr DWORD BI_RGB = 0;
-constexpr DWORD BI_RLE8 = 1;
-constexpr DWORD BI_RLE4 = 2;
 constexpr DWORD BI_BITFIELDS = 3;
 constexpr UINT DIB_RGB_COLORS = 0;
-constexpr UINT DIB_PAL_COLORS = 1;
 
 struct TEXTMETRICA
 {
@@ -267,22 +178,6 @@ struct LOGBRUSH
     UINT lbStyle;
     COLORREF lbColor;
     UINT_PTR lbHatch;
-};
-
-struct PALETTEENTRY
-{
-    BYTE peRed;
-    BYTE peGreen;
-    BYTE peBlue;
-    BYTE peFlags;
-};
-
-// palNumEntries entries follow, not only one.
-struct LOGPALETTE
-{
-    WORD palVersion;
-    WORD palNumEntries;
-    PALETTEENTRY palPalEntry[1];
 };
 
 struct BITMAP
@@ -389,10 +284,6 @@ BOOL SetWindowOrgEx(HDC hDC, int x, int y, POINT* pOld);
 BOOL SetWindowExtEx(HDC hDC, int cx, int cy, SIZE* pOld);
 BOOL SetViewportOrgEx(HDC hDC, int x, int y, POINT* pOld);
 BOOL SetViewportExtEx(HDC hDC, int cx, int cy, SIZE* pOld);
-BOOL GetWindowOrgEx(HDC hDC, POINT* pPoint);
-BOOL GetWindowExtEx(HDC hDC, SIZE* pSize);
-BOOL GetViewportOrgEx(HDC hDC, POINT* pPoint);
-BOOL GetViewportExtEx(HDC hDC, SIZE* pSize);
 BOOL LPtoDP(HDC hDC, POINT* pPoints, int nCount);
 BOOL DPtoLP(HDC hDC, POINT* pPoints, int nCount);
 int SetBkMode(HDC hDC, int nMode);
@@ -402,58 +293,43 @@ COLORREF GetBkColor(HDC hDC);
 COLORREF SetTextColor(HDC hDC, COLORREF colour);
 COLORREF GetTextColor(HDC hDC);
 UINT SetTextAlign(HDC hDC, UINT nAlign);
-UINT GetTextAlign(HDC hDC);
-int SetROP2(HDC hDC, int nMode);
-int GetROP2(HDC hDC);
-int SetStretchBltMode(HDC hDC, int nMode);
-int GetStretchBltMode(HDC hDC);
 int IntersectClipRect(HDC hDC, int nLeft, int nTop, int nRight, int nBottom);
 int GetClipBox(HDC hDC, RECT* pRect);
 
 // Drawing objects (linux/gdi_api_objects.cpp)
 HFONT CreateFontIndirectA(const LOGFONTA* pFont);
 HPEN CreatePen(int nStyle, int nWidth, COLORREF colour);
-HPEN CreatePenIndirect(const LOGPEN* pPen);
 HBRUSH CreateSolidBrush(COLORREF colour);
 HBRUSH CreateHatchBrush(int nHatch, COLORREF colour);
-HBRUSH CreateBrushIndirect(const LOGBRUSH* pBrush);
-HPALETTE CreatePalette(const LOGPALETTE* pPalette);
 HPALETTE SelectPalette(HDC hDC, HPALETTE hPalette, BOOL bForceBackground);
 UINT RealizePalette(HDC hDC);
 HGDIOBJ GetStockObject(int nIndex);
 HGDIOBJ SelectObject(HDC hDC, HGDIOBJ hObject);
 BOOL DeleteObject(HGDIOBJ hObject);
-HGDIOBJ GetCurrentObject(HDC hDC, UINT nType);
+HGDIOBJ GetCurrentObject(HDC hDC, UINT nType);  // OBJ_FONT, OBJ_PEN, OBJ_BRUSH
 UINT GetObjectType(HGDIOBJ hObject);
 int GetObjectA(HGDIOBJ hObject, int cbBuffer, LPVOID pBuffer);
 COLORREF GetSysColor(int nIndex);
 HBRUSH GetSysColorBrush(int nIndex);
 
 // Shapes (linux/gdi_api.cpp)
-BOOL PatBlt(HDC hDC, int x, int y, int nWidth, int nHeight, DWORD nRop);
 int FillRect(HDC hDC, const RECT* pRect, HBRUSH hBrush);
 BOOL MoveToEx(HDC hDC, int x, int y, POINT* pOld);
-BOOL GetCurrentPositionEx(HDC hDC, POINT* pPoint);
 BOOL LineTo(HDC hDC, int x, int y);
 BOOL Rectangle(HDC hDC, int nLeft, int nTop, int nRight, int nBottom);
 
 // Text (linux/gdi_api_text.cpp)
 int DrawTextA(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat);
-BOOL TextOutA(HDC hDC, int x, int y, LPCSTR pszText, int nCount);
 BOOL ExtTextOutA(HDC hDC, int x, int y, UINT nOptions, const RECT* pRect, LPCSTR pszText,
                  UINT nCount, const INT* pDx);
 BOOL GetTextExtentPoint32A(HDC hDC, LPCSTR pszText, int nCount, SIZE* pSize);
 BOOL GetTextMetricsA(HDC hDC, TEXTMETRICA* pMetrics);
-BOOL GetCharWidth32A(HDC hDC, UINT nFirst, UINT nLast, INT* pWidths);
-int GetTextFaceA(HDC hDC, int nCount, LPSTR pszFace);
 
 // Bitmaps (linux/bitmap.cpp, linux/dib.cpp, linux/stretch.cpp)
 HBITMAP CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, const void* pBits);
 HBITMAP CreateCompatibleBitmap(HDC hDC, int nWidth, int nHeight);
 int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, BITMAPINFO* pInfo,
               UINT nUsage);
-int SetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, const void* pBits,
-              const BITMAPINFO* pInfo, UINT nUsage);
 BOOL BitBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int xSource, int ySource,
             DWORD nRop);
 BOOL StretchBlt(HDC hDC, int x, int y, int nWidth, int nHeight, HDC hSource, int xSource,

@@ -49,21 +49,6 @@ BOOL CGdiObject::DeleteObject()
     return m_hObject && ::DeleteObject(Detach());
 }
 
-BOOL CGdiObject::CreateStockObject(int nIndex)
-{
-    return Attach(::GetStockObject(nIndex));
-}
-
-int CGdiObject::GetObject(int nCount, LPVOID pObject) const
-{
-    return ::GetObjectA(m_hObject, nCount, pObject);
-}
-
-UINT CGdiObject::GetObjectType() const
-{
-    return static_cast<UINT>(::GetObjectType(m_hObject));
-}
-
 namespace
 {
 
@@ -175,16 +160,6 @@ BOOL CBrush::CreateHatchBrush(int nHatch, COLORREF colour)
     return Attach(::CreateHatchBrush(nHatch, colour));
 }
 
-BOOL CBrush::CreateSysColorBrush(int nIndex)
-{
-    return Attach(::GetSysColorBrush(nIndex));
-}
-
-int CBrush::GetLogBrush(LOGBRUSH* pLogBrush) const
-{
-    return ::GetObjectA(m_hObject, sizeof *pLogBrush, pLogBrush);
-}
-
 BOOL CBitmap::CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, const void* pBits)
 {
     return Attach(::CreateBitmap(nWidth, nHeight, nPlanes, nBitCount, pBits));
@@ -198,16 +173,4 @@ BOOL CBitmap::CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight)
 int CBitmap::GetBitmap(BITMAP* pBitmap) const
 {
     return ::GetObjectA(m_hObject, sizeof *pBitmap, pBitmap);
-}
-
-BOOL CPalette::CreatePalette(const LOGPALETTE* pPalette)
-{
-    return Attach(::CreatePalette(pPalette));
-}
-
-int CPalette::GetEntryCount() const
-{
-    WORD nEntries = 0;
-    ::GetObjectA(m_hObject, sizeof nEntries, &nEntries);
-    return nEntries;
 }

@@ -32,10 +32,6 @@ public:
     HGDIOBJ Detach();
     // False if there was none.
     BOOL DeleteObject();
-    BOOL CreateStockObject(int nIndex);
-    // Bytes written, 0 for failure: LOGFONTA, LOGPEN, LOGBRUSH, BITMAP, or the number of colours.
-    int GetObject(int nCount, LPVOID pObject) const;
-    UINT GetObjectType() const;
 
     static CGdiObject* FromHandle(HGDIOBJ hObject);
 
@@ -90,8 +86,6 @@ public:
     CBrush(int nHatch, COLORREF colour);
     BOOL CreateSolidBrush(COLORREF colour);
     BOOL CreateHatchBrush(int nHatch, COLORREF colour);
-    BOOL CreateSysColorBrush(int nIndex);
-    int GetLogBrush(LOGBRUSH* pLogBrush) const;
 
     operator HBRUSH() const { return static_cast<HBRUSH>(GetSafeHandle()); }
     static CBrush* FromHandle(HBRUSH hBrush);
@@ -116,9 +110,6 @@ class CPalette : public CGdiObject
     DECLARE_DYNAMIC(CPalette)
 
 public:
-    BOOL CreatePalette(const LOGPALETTE* pPalette);
-    int GetEntryCount() const;
-
     operator HPALETTE() const { return static_cast<HPALETTE>(GetSafeHandle()); }
     static CPalette* FromHandle(HPALETTE hPalette);
 };

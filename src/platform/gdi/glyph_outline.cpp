@@ -1,3 +1,4 @@
+// The steps of an outline, as readers of both systems tell them.
 #include "platform/gdi/glyph_outline.h"
 
 void CGlyphOutline::MoveTo(COutlinePoint to)

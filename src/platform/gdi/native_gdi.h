@@ -16,6 +16,9 @@ HFONT CreateFaceFont(const LOGFONTA* pFont);
 // font must be made, as on a device context that records what is selected.
 bool QuickTextExtent(HDC hDC, const LOGFONTA& font, LPCSTR pszText, int nCount, SIZE* pSize);
 
+// DrawTextA; where CanDrawLetters says no, only the answer of it.
+int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat);
+
 // False where letters in the font that is selected are beyond what the system can draw; they can
 // still be measured.
 bool CanDrawLetters(HDC hDC);

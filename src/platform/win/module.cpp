@@ -4,6 +4,7 @@
 #include "platform/base/cstring.h"
 #include "platform/base/exception.h"
 
+#include <cstdio>
 #include <vector>
 
 namespace
@@ -68,14 +69,11 @@ BOOL AfxRegisterClass(const WNDCLASSA* pClass)
 
 LPCSTR AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor, HBRUSH hBackground, HICON hIcon)
 {
-    const auto number = [](const void* p)
-    {
-        return reinterpret_cast<UINT_PTR>(p);
-    };
-    CString strName;
-    strName.Format("Mivora:%x:%x:%x:%x", nClassStyle, number(hCursor), number(hBackground),
-                   number(hIcon));
-    strName = CString::Immortal(strName);
+    char szName[96];
+    std::snprintf(szName, sizeof szName, "Mivora:%x:%p:%p:%p", nClassStyle,
+                  static_cast<const void*>(hCursor), static_cast<const void*>(hBackground),
+                  static_cast<const void*>(hIcon));
+    const CString strName = CString::Immortal(szName);
     WNDCLASSA windowClass = {};
     windowClass.style = nClassStyle;
     windowClass.lpfnWndProc = ::DefWindowProcA;

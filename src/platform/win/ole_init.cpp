@@ -2,6 +2,8 @@
 
 #include "platform/win/ole_data_source.h"
 
+#include <cstdio>
+
 IMPLEMENT_DYNAMIC(COleException, CException)
 
 namespace
@@ -31,9 +33,10 @@ void AfxOleTerm()
 
 BOOL COleException::GetErrorMessage(char* pszError, UINT nMaxError, UINT* pnHelpContext) const
 {
-    CString text;
-    text.Format("An operation of OLE failed with code 0x%08lX.", static_cast<unsigned long>(m_sc));
-    return CopyText(text.View(), pszError, nMaxError, pnHelpContext);
+    char szText[64];
+    std::snprintf(szText, sizeof szText, "An operation of OLE failed with code 0x%08lX.",
+                  static_cast<unsigned long>(m_sc));
+    return CopyText(szText, pszError, nMaxError, pnHelpContext);
 }
 
 void AfxThrowOleException(SCODE sc)

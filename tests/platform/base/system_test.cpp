@@ -57,7 +57,7 @@ TEST(UserMessage, GoesThroughTheAppToTheHandler)
     {
         CLoudApp app;
         EXPECT_EQ(AfxGetApp(), &app);
-        EXPECT_EQ(AfxMessageBox("two", MB_ICONSTOP), 7);
+        EXPECT_EQ(AfxMessageBox("two", MB_ICONEXCLAMATION), 7);
         EXPECT_EQ(AfxSystemMessageBox("three", "Error", MB_ICONINFORMATION), 7);
         CArchiveException(CArchiveException::endOfFile, "x.fml", FALSE).ReportError();
     }
@@ -65,7 +65,7 @@ TEST(UserMessage, GoesThroughTheAppToTheHandler)
     AfxSetMessageBoxHandler(nullptr, nullptr);
     EXPECT_EQ(heard.texts, (std::vector<std::string>{ "one", "loud two", "loud three",
                                                       "loud The archive x.fml ends too early." }));
-    EXPECT_EQ(heard.types, (std::vector<unsigned>{ 0, 0x10, 0x40, 0 }));
+    EXPECT_EQ(heard.types, (std::vector<unsigned>{ 0, 0x30, 0x40, 0 }));
 }
 
 // A path stays what it is beside Chinese words in their own encoding.

@@ -31,7 +31,7 @@ CPlaces LinePlaces(POINT from, POINT to)
     MoveToEx(picture, from.x, from.y, nullptr);
     EXPECT_TRUE(LineTo(picture, to.x, to.y));
     POINT now{};
-    GetCurrentPositionEx(picture, &now);
+    MoveToEx(picture, 0, 0, &now);
     EXPECT_EQ(now.x, to.x);
     EXPECT_EQ(now.y, to.y);
     return DarkPlaces(picture);
@@ -136,26 +136,6 @@ TEST(BitmapFills, FollowTheRulesForInvertedRectangles)
     }
 }
 
-TEST(BitmapFills, CombineWithWhatIsThere)
-{
-    CMemoryPicture picture(4, 1);
-    SetPixel(picture, 1, 0, 0x0000FF);
-    SetPixel(picture, 2, 0, 0xFFFF00);
-    PatBlt(picture, 0, 0, 3, 1, DSTINVERT);
-    EXPECT_EQ(GetPixel(picture, 0, 0), 0x000000u);
-    EXPECT_EQ(GetPixel(picture, 1, 0), 0xFFFF00u);
-    EXPECT_EQ(picture.Lines(), CLines({ "#?r." }));
-    PatBlt(picture, 0, 0, 4, 1, BLACKNESS);
-    EXPECT_EQ(picture.Lines(), CLines({ "####" }));
-    CUseObject brush(picture, CreateSolidBrush(0x00FF00));
-    PatBlt(picture, 1, 0, 2, 1, PATINVERT);
-    PatBlt(picture, 2, 0, 1, 1, PATINVERT);
-    EXPECT_EQ(picture.Lines(), CLines({ "#g##" }));
-    // What depends on three inputs has no meaning here.
-    EXPECT_FALSE(PatBlt(picture, 0, 0, 4, 1, SRCCOPY));
-    EXPECT_EQ(picture.Lines(), CLines({ "#g##" }));
-}
-
 TEST(BitmapRectangles, HaveAnEdgeOfOnePixel)
 {
     const struct
@@ -233,7 +213,7 @@ TEST(BitmapShapes, FollowMappingAndClip)
     CDC::FromHandle(picture)->FillSolidRect(&rect, 0x0000FF);
     EXPECT_EQ(picture.Lines(), CLines({ "........", "........", "..rrrr..", "..rrrr.." }));
     IntersectClipRect(picture, 0, 1, 2, 0);
-    PatBlt(picture, 0, 2, 4, -2, BLACKNESS);
+    Fill(picture, { 0, 2, 4, 0 }, 0);
     EXPECT_EQ(picture.Lines(), CLines({ "........", "........", "####rr..", "####rr.." }));
 }
 
@@ -253,18 +233,6 @@ TEST(BitmapLines, TakePensOfAnyWidth)
     CUseObject none(picture, CreatePen(PS_NULL, 1, 0));
     EXPECT_TRUE(LineTo(picture, 0, 0));
     EXPECT_EQ(picture.Lines(), lines);
-}
-
-TEST(BitmapLines, LeaveGapsThatTheBackgroundModeFills)
-{
-    CMemoryPicture picture(14, 2);
-    CUseObject pen(picture, CreatePen(PS_DOT, 1, 0x0000FF));
-    SetBkColor(picture, 0x00FF00);
-    LineTo(picture, 14, 0);
-    SetBkMode(picture, TRANSPARENT);
-    MoveToEx(picture, 0, 1, nullptr);
-    LineTo(picture, 14, 1);
-    EXPECT_EQ(picture.Lines(), CLines({ "rrrgggrrrgggrr", "rrr...rrr...rr" }));
 }
 
 void ExpectNear(const CRect& box, const CRect& expected, const char* pszCase)
@@ -303,7 +271,7 @@ TEST(BitmapText, StandsOnTheBaseLineAtItsSize)
         CMemoryPicture picture(200, 200);
         SetBkMode(picture, TRANSPARENT);
         CUseFont font(picture, c.font);
-        EXPECT_TRUE(TextOutA(picture, 50, 20, &c.cByte, 1));
+        EXPECT_TRUE(ExtTextOutA(picture, 50, 20, 0, nullptr, &c.cByte, 1, nullptr));
         const double fScale = 100.0 / 2048;
         const int nBase = 20 + c.nAscent;
         ExpectNear(picture.Inked(),
@@ -331,8 +299,8 @@ TEST(BitmapText, TakesItsAdvancesFromTheFontOrTheCaller)
     const INT anDx[] = { 20, 30, 10 };
     ExtTextOutA(picture, 1, 2, 0, nullptr, "lll", 3, anDx);
     EXPECT_EQ(columns(), (std::set<int>{ 0, 2, 5 }));
-    PatBlt(picture, 0, 0, 60, 20, WHITENESS);
-    TextOutA(picture, 1, 2, "l l", 3);  // advances 2, 3, 2
+    picture.Clear();
+    ExtTextOutA(picture, 1, 2, 0, nullptr, "l l", 3, nullptr);  // advances 2, 3, 2
     EXPECT_EQ(columns(), (std::set<int>{ 0 }));
 }
 
@@ -345,7 +313,7 @@ TEST(BitmapText, FillsItsCellWhenOpaque)
     ASSERT_EQ(extent.cy, 17);
     SetBkColor(picture, 0x00FF00);
     SetTextColor(picture, 0x00FF00);
-    TextOutA(picture, 10, 5, "ab", 2);
+    ExtTextOutA(picture, 10, 5, 0, nullptr, "ab", 2, nullptr);
     const CRect ink = picture.Inked();
     EXPECT_EQ(ink.left, 10);
     EXPECT_EQ(ink.top, 5);
@@ -369,15 +337,15 @@ TEST(BitmapText, KeepsToItsClip)
     EXPECT_LE(ink.bottom, 25);
     EXPECT_GT(DarkPlaces(picture).size(), 20u);
 
-    PatBlt(picture, 0, 0, 60, 40, WHITENESS);
+    picture.Clear();
     SaveDC(picture);
     IntersectClipRect(picture, 0, 15, 60, 18);
-    TextOutA(picture, 5, 0, "MMM", 3);
+    ExtTextOutA(picture, 5, 0, 0, nullptr, "MMM", 3, nullptr);
     ink = picture.Inked();
     EXPECT_EQ(ink.top, 15);
     EXPECT_EQ(ink.bottom, 18);
     RestoreDC(picture, -1);
-    TextOutA(picture, 5, 0, "MMM", 3);
+    ExtTextOutA(picture, 5, 0, 0, nullptr, "MMM", 3, nullptr);
     EXPECT_LT(picture.Inked().top, 15);
 }
 
@@ -394,19 +362,18 @@ TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
             for (const int n : { 0, INT32_MAX, INT32_MIN })
             {
                 RECT rect{ n, n, n, n };
-                dc.TextOut(n, n, "\xD6(", 2);
-                dc.DrawText("\xD6(", 2, &rect, DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX);
                 dc.ExtTextOut(n, n, 0, nullptr, "\xD6(", 2, nullptr);
+                dc.DrawText("\xD6(", 2, &rect, DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX);
             }
         }
     const std::string strLong(70000, 'M');
-    dc.TextOut(-600000, 0, strLong.data(), static_cast<int>(strLong.size()));
+    dc.ExtTextOut(-600000, 0, 0, nullptr, strLong.data(), 70000, nullptr);
     const std::vector<INT> anDx(strLong.size(), INT32_MAX);
     dc.ExtTextOut(0, 0, 0, nullptr, strLong.data(), 70000, anDx.data());
 
-    PatBlt(picture, 0, 0, 40, 40, WHITENESS);
+    picture.Clear();
     CUseFont font(picture, FontOf("Times New Roman", -20));
-    dc.TextOut(5, 5, "x", 1);
+    dc.ExtTextOut(5, 5, 0, nullptr, "x", 1, nullptr);
     EXPECT_GT(DarkPlaces(picture).size(), 10u);
 }
 
@@ -431,7 +398,7 @@ TEST(BitmapShapes, ReachTheEndOfVeryWidePictures)
     const auto text = [](HDC hDC, int nLeft)
     {
         CUseFont font(hDC, FontOf("Times New Roman", -400));
-        TextOutA(hDC, nLeft, -200, "HH", 2);
+        ExtTextOutA(hDC, nLeft, -200, 0, nullptr, "HH", 2, nullptr);
     };
     for (const int nLeft : { 32500, 60000, 65300 })
     {

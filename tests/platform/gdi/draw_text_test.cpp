@@ -1,3 +1,4 @@
+// Where texts stand, and what a recorder hears of them.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/metafile_calls.h"
@@ -108,7 +109,7 @@ TEST(DrawText, HandsTheTargetWhatARecordNeeds)
         RECT box = rect;
         DrawTextA(hDC, "", 0, &box, LINE);  // no characters, no call
         DrawTextA(hDC, "\xE4\x80\x81", 3, &box, DT_SINGLELINE | DT_NOPREFIX);
-        TextOutA(hDC, 5, 6, "Wi", 2);
+        ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, nullptr);
         const INT anDx[] = { 30, -4 };
         ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, anDx);
     };
@@ -126,27 +127,8 @@ TEST(DrawText, HandsTheTargetWhatARecordNeeds)
         std::vector<std::string>{ "text 10 10 0 rect 10 10 60 40 dx 21 19 codes 61669 61537" });
 }
 
-TEST(DrawText, CountsBreaksAndMarks)
-{
-    const auto measure = [](HDC hDC)
-    {
-        RECT rect{ 10, 10, 0, 0 };
-        EXPECT_EQ(DrawTextA(hDC, "abc\r\nab", -1, &rect, DT_CALCRECT | DT_NOPREFIX), 34);
-        EXPECT_EQ(CRect(rect), CRect(10, 10, 32, 44));
-    };
-    EXPECT_EQ(TextCalls(measure), std::vector<std::string>{});
-    const auto draw = [](HDC hDC)
-    {
-        RECT rect{ 10, 10, 32, 44 };
-        DrawTextA(hDC, "a&&b&c", -1, &rect, DT_SINGLELINE);
-    };
-    const std::vector<std::string> calls = TextCalls(draw);
-    ASSERT_EQ(calls.size(), 1U);
-    EXPECT_NE(calls[0].find("codes 97 38 98 99"), std::string::npos) << calls[0];
-}
-
-// The cell of "abc", as an opaque text fills it.
-TEST(Text, AlignmentMovesTheCellOnTheDevice)
+// The cell of "abc", as an opaque text fills it; the base line is 14 below the top.
+TEST(Text, StandsOnItsTopOrItsBaseLine)
 {
     const struct
     {
@@ -154,8 +136,7 @@ TEST(Text, AlignmentMovesTheCellOnTheDevice)
         CRect cell;
     } aCases[] = {
         { TA_LEFT | TA_TOP, { 100, 50, 122, 67 } },
-        { TA_RIGHT | TA_BASELINE, { 78, 36, 100, 53 } },  // base line 14 below the top
-        { TA_CENTER | TA_BOTTOM, { 89, 33, 111, 50 } },
+        { TA_LEFT | TA_BASELINE, { 100, 36, 122, 53 } },
     };
     for (const auto& c : aCases)
     {
@@ -164,17 +145,7 @@ TEST(Text, AlignmentMovesTheCellOnTheDevice)
         SetBkColor(picture, 0x00FF00);
         SetTextColor(picture, 0x00FF00);
         SetTextAlign(picture, c.nAlign);
-        EXPECT_TRUE(TextOutA(picture, 100, 50, "abc", 3));
+        EXPECT_TRUE(ExtTextOutA(picture, 100, 50, 0, nullptr, "abc", 3, nullptr));
         EXPECT_EQ(picture.Inked(), c.cell) << c.nAlign;
     }
-}
-
-TEST(Text, MovesTheCurrentPositionWhenAskedTo)
-{
-    CClientDC dc(nullptr);
-    const CUseFont use(dc, FontOf("Times New Roman", -16));
-    dc.SetTextAlign(TA_UPDATECP);
-    dc.MoveTo(7, 8);
-    dc.TextOut(100, 50, "abc");
-    EXPECT_EQ(dc.GetCurrentPosition(), CPoint(29, 8));
 }

@@ -8,6 +8,14 @@
 #include <string>
 #include <vector>
 
+// Fills with one colour.
+inline void Fill(HDC hDC, RECT rect, COLORREF colour)
+{
+    const HBRUSH hBrush = CreateSolidBrush(colour);
+    FillRect(hDC, &rect, hBrush);
+    DeleteObject(hBrush);
+}
+
 class CMemoryPicture
 {
 public:
@@ -18,7 +26,7 @@ public:
           m_hBitmap(CreateBitmap(nWidth, nHeight, 1, nBits, nullptr)),
           m_hOld(static_cast<HBITMAP>(SelectObject(m_hDC, m_hBitmap)))
     {
-        PatBlt(m_hDC, 0, 0, nWidth, nHeight, WHITENESS);
+        Clear();
     }
     ~CMemoryPicture()
     {
@@ -28,6 +36,15 @@ public:
     }
     CMemoryPicture(const CMemoryPicture&) = delete;
     CMemoryPicture& operator=(const CMemoryPicture&) = delete;
+
+    // White everywhere, whatever mapping is set.
+    void Clear()
+    {
+        const int nSaved = SaveDC(m_hDC);
+        SetMapMode(m_hDC, MM_TEXT);
+        Fill(m_hDC, { 0, 0, m_nWidth, m_nHeight }, 0xFFFFFF);
+        RestoreDC(m_hDC, nSaved);
+    }
 
     operator HDC() const { return m_hDC; }
     HBITMAP Bitmap() const { return m_hBitmap; }

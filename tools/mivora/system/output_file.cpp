@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include "platform/base/exception.h"
 #include "platform/base/file.h"
 #include "report.h"
 #include "system/system_calls.h"
@@ -25,19 +24,8 @@ void WriteOutput(const std::string& strPath, const std::string& strBytes)
 {
     if (strPath == s_szStandardOutput)
         return WriteToStandardOutput(strBytes);
-    try
-    {
-        CMirrorFile file;
-        CFileException error;
-        if (!file.Open(strPath.c_str(), CFile::modeCreate | CFile::modeWrite, &error))
-            AfxThrowFileException(error.m_cause, error.m_lOsError, strPath.c_str());
-        file.Write(strBytes.data(), static_cast<UINT>(strBytes.size()));
-        file.Close();
-    }
-    catch (CFileException* pException)
-    {
-        const LONG nError = pException->m_lOsError;
-        pException->Delete();
+    const auto* pBytes = reinterpret_cast<const BYTE*>(strBytes.data());
+    const LONG nError = WriteWholeFile(strPath.c_str(), { { pBytes, strBytes.size() } });
+    if (nError != 0)
         throw CFailure{ "cannot write " + strPath + ": " + SystemErrorText(nError) };
-    }
 }

@@ -164,15 +164,10 @@ int native_file::Remove(const char* pszPath)
     return ErrorOf(unlink(pszPath) != 0);
 }
 
-int native_file::Rename(const char* pszOld, const char* pszNew)
-{
-    return ErrorOf(rename(pszOld, pszNew) != 0);
-}
-
 // Owner and mode were taken over when the new file was made.
 int native_file::Replace(const char* pszNew, const char* pszTarget)
 {
-    return Rename(pszNew, pszTarget);
+    return ErrorOf(rename(pszNew, pszTarget) != 0);
 }
 
 int native_file::FindTarget(const char* pszPath, CString& strTarget, bool& bReplaceable)

@@ -205,11 +205,14 @@ int native_file::Remove(const char* pszPath)
     return ErrorOf(DeleteFileW(WidePath(pszPath).c_str()));
 }
 
-int native_file::Rename(const char* pszOld, const char* pszNew)
+namespace
+{
+int MoveOver(const char* pszOld, const char* pszNew)
 {
     return ErrorOf(
         MoveFileExW(WidePath(pszOld).c_str(), WidePath(pszNew).c_str(), MOVEFILE_REPLACE_EXISTING));
 }
+}  // namespace
 
 int native_file::Replace(const char* pszNew, const char* pszTarget)
 {
@@ -217,7 +220,7 @@ int native_file::Replace(const char* pszNew, const char* pszTarget)
     const DWORD nAttributes = GetFileAttributesW(target.c_str());
     if (nAttributes == INVALID_FILE_ATTRIBUTES)
     {
-        return Rename(pszNew, pszTarget);
+        return MoveOver(pszNew, pszTarget);
     }
     // Whoever has it open keeps it. Asked first: a replacement that fails may leave the new file
     // open, and so undeleted.
@@ -233,7 +236,7 @@ int native_file::Replace(const char* pszNew, const char* pszTarget)
     if (!ReplaceFileW(target.c_str(), WidePath(pszNew).c_str(), nullptr,
                       REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr))
     {
-        const int nError = Rename(pszNew, pszTarget);
+        const int nError = MoveOver(pszNew, pszTarget);
         if (nError != 0)
         {
             return nError;

@@ -1,3 +1,4 @@
+// The bytes of a compound file as the system reads and grows them in memory.
 #include "platform/doc/win32/memory_bytes.h"
 
 #include <algorithm>

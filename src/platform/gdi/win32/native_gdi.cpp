@@ -23,8 +23,6 @@ namespace
 {
 
 constexpr char s_szOwnFace[] = "MT Extra";
-constexpr DWORD COMMENT_RECORD = 70;
-constexpr DWORD FONT_RECORD = 82;
 // Of a font record: where the LOGFONTW lies, and where the face's name begins in it.
 constexpr std::size_t FACE_OFFSET = 12 + offsetof(LOGFONTW, lfFaceName);
 constexpr std::size_t FACE_BYTES = sizeof LOGFONTW{}.lfFaceName;
@@ -118,7 +116,7 @@ void ClearBehindFace(std::span<BYTE> record)
 {
     DWORD nType;
     std::memcpy(&nType, record.data(), sizeof nType);
-    if (nType != FONT_RECORD || record.size() < FACE_OFFSET + FACE_BYTES)
+    if (nType != EMR_EXTCREATEFONTINDIRECTW || record.size() < FACE_OFFSET + FACE_BYTES)
         return;
     wchar_t szFace[FACE_BYTES / sizeof(wchar_t)];
     std::memcpy(szFace, record.data() + FACE_OFFSET, FACE_BYTES);
@@ -200,7 +198,7 @@ void AppendRecord(std::vector<BYTE>& bytes, std::span<const BYTE> record)
     bytes.insert(bytes.end(), record.begin(), record.end());
     DWORD anHead[3] = {};
     std::memcpy(anHead, record.data(), std::min(record.size(), COMMENT_HEAD));
-    if (anHead[0] != COMMENT_RECORD)
+    if (anHead[0] != EMR_GDICOMMENT)
         return;
     const std::size_t nSize = std::max(record.size(), COMMENT_HEAD);
     anHead[1] = static_cast<DWORD>(nSize);
@@ -255,20 +253,6 @@ auto WithErrors(Job job) -> decltype(job())
     return {};
 }
 
-BOOL WriteWhole(std::span<const BYTE> bytes, LPCSTR pszFile)
-{
-    CMirrorFile file;
-    CFileException error;
-    if (!file.Open(pszFile, CFile::modeCreate | CFile::modeWrite, &error))
-    {
-        SetLastError(static_cast<DWORD>(error.m_lOsError));
-        return FALSE;
-    }
-    file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-    file.Close();
-    return TRUE;
-}
-
 }  // namespace
 
 HFONT CreateFaceFont(const LOGFONTA* pFont)
@@ -300,6 +284,14 @@ bool CanDrawLetters(HDC hDC)
     return std::fabs(fWidth * fHeight) <= MOST_PIXELS;
 }
 
+int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
+{
+    if ((nFormat & DT_CALCRECT) != 0 || CanDrawLetters(hDC))
+        return DrawTextA(hDC, pszText, nCount, pRect, nFormat);
+    RECT measured = *pRect;
+    return DrawTextA(hDC, pszText, nCount, &measured, nFormat | DT_CALCRECT);
+}
+
 std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
 {
     return WithErrors(
@@ -314,7 +306,14 @@ std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
 BOOL SaveEnhMetaFile(HENHMETAFILE hMetaFile, LPCSTR pszFile)
 {
     const std::vector<BYTE> bytes = EnhMetaFileBytes(hMetaFile);
-    return !bytes.empty() && WithErrors([&] { return WriteWhole(bytes, pszFile); });
+    const auto write = [&]
+    {
+        const LONG lError = WriteWholeFile(pszFile, { bytes });
+        if (lError != 0)
+            SetLastError(static_cast<DWORD>(lError));
+        return lError == 0;
+    };
+    return !bytes.empty() && WithErrors(write);
 }
 
 HENHMETAFILE MakeEnhMetaFile(std::span<const BYTE> bytes)

@@ -1,7 +1,7 @@
 // Drawing on a host's own cairo context: images, PDF and SVG.
 #include "platform/gdi/cairo_dc.h"
 
-#include "platform/gdi/linux/cairo_handles.h"
+#include "platform/gdi/linux/bitmaps/cairo_handles.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/test_fonts.h"
 
@@ -69,10 +69,8 @@ void DrawShapes(CDC& dc)
     CBrush hatch(HS_BDIAGONAL, 0xFF0000);
     const CSelectScope brush(&dc, &hatch);
     dc.Rectangle(7, 5, 15, 14);
-    dc.PatBlt(0, 0, 2, 2, DSTINVERT);
-    dc.SetPixel(5, 0, 0x0000FF);
     dc.IntersectClipRect(CRect(12, 0, 14, 2));
-    dc.PatBlt(0, 0, 16, 16, BLACKNESS);
+    dc.FillSolidRect(CRect(0, 0, 16, 16), 0);
 }
 
 TEST(CairoDC, DrawsShapesAsOnABitmap)
@@ -111,7 +109,7 @@ TEST(CairoDC, DrawsTextAsOnABitmap)
             dc.SetBkMode(TRANSPARENT);
             dc.SetTextColor(RGB(10, 200, 120));
             CUseFont font(dc, c.font);
-            dc.TextOut(10, 5, c.pszText, 2);
+            dc.ExtTextOut(10, 5, 0, nullptr, c.pszText, 2, nullptr);
         };
         CMemoryPicture picture(SIDE, SIDE);
         draw(*CDC::FromHandle(picture));
@@ -155,7 +153,7 @@ TEST(CairoDC, LeavesTheStateOfTheHostAlone)
         CCairoDC dc(pCairo);
         DrawShapes(dc);
         CUseFont font(dc, FontOf("Times New Roman", -12));
-        dc.TextOut(1, 1, "x", 1);
+        dc.ExtTextOut(1, 1, 0, nullptr, "x", 1, nullptr);
         CMemoryPicture picture(3, 3);
         dc.BitBlt(0, 0, 3, 3, CDC::FromHandle(picture), 0, 0, SRCCOPY);
     }
@@ -213,16 +211,15 @@ TEST(CairoDC, WithoutAContextOrWithASpoiltOneDrawsNothing)
 {
     CCairoDC none(nullptr);
     EXPECT_EQ(none.GetSafeHdc(), nullptr);
-    EXPECT_FALSE(none.PatBlt(0, 0, 1, 1, BLACKNESS));
+    EXPECT_FALSE(none.LineTo(5, 5));
 
     CSurfacePtr pTooLarge(cairo_image_surface_create(CAIRO_FORMAT_RGB24, 40000, 40000));
     CCairoPtr pSpoilt(cairo_create(pTooLarge.get()));
     ASSERT_NE(cairo_status(pSpoilt.get()), CAIRO_STATUS_SUCCESS);
     CCairoDC dc(pSpoilt.get());
-    EXPECT_FALSE(dc.PatBlt(0, 0, 1, 1, BLACKNESS));
     EXPECT_FALSE(dc.LineTo(5, 5));
     EXPECT_FALSE(dc.Rectangle(0, 0, 5, 5));
-    EXPECT_FALSE(dc.TextOut(0, 0, "x", 1));
+    EXPECT_FALSE(dc.ExtTextOut(0, 0, 0, nullptr, "x", 1, nullptr));
     CMemoryPicture picture(3, 3);
     EXPECT_FALSE(dc.BitBlt(0, 0, 3, 3, CDC::FromHandle(picture), 0, 0, SRCCOPY));
 }
@@ -234,7 +231,7 @@ TEST(CairoDC, AbsurdSizesDoNotSpoilTheContext)
     for (const int nHeight : { -3000, -70000, INT32_MIN })
     {
         CUseFont font(dc, FontOf("Symbol", nHeight, 300));
-        dc.TextOut(0, 0, "\xD6", 1);
+        dc.ExtTextOut(0, 0, 0, nullptr, "\xD6", 1, nullptr);
     }
     dc.FillSolidRect(CRect(INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX), 0xFFFFFF);
     dc.MoveTo(INT32_MIN, 5);
@@ -255,7 +252,7 @@ void DrawForVector(cairo_t* pCairo)
     CCairoDC dc(pCairo, 72, 72);
     dc.SetBkMode(TRANSPARENT);
     CUseFont font(dc, FontOf("Times New Roman", -12));
-    dc.TextOut(10, 10, "ab", 2);
+    dc.ExtTextOut(10, 10, 0, nullptr, "ab", 2, nullptr);
     dc.MoveTo(10, 40);
     dc.LineTo(30, 55);
     CBrush hatch(HS_BDIAGONAL, 0xFF0000);

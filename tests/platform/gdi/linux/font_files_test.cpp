@@ -1,7 +1,7 @@
 // Where fonts come from, and how many of them are kept.
-#include "platform/gdi/linux/font_files.h"
+#include "platform/gdi/linux/fonts/font_files.h"
 #include "platform/gdi/dc.h"
-#include "platform/gdi/linux/font_cache.h"
+#include "platform/gdi/linux/fonts/font_cache.h"
 #include "platform/gdi/test_fonts.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,7 @@
 // What objects tell of themselves inside of the drawing layer.
-#include "platform/gdi/linux/gdi_object.h"
+#include "platform/gdi/linux/context/gdi_object.h"
 
 #include "platform/gdi/dc.h"
-#include "platform/gdi/linux/recording_target.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/test_fonts.h"
 
@@ -28,22 +27,6 @@ TEST(HandleObjects, RecordersHearOfDeletions)
     EXPECT_TRUE(DeleteObject(hWindow));
     EXPECT_EQ(deletions.m_deleted, std::vector<const CHandleObject*>{ ObjectFromHandle(hWindow) });
     EXPECT_EQ(ObjectFromHandle(GetStockObject(NULL_BRUSH))->StockIndex(), NULL_BRUSH);
-}
-
-// The target hears calls as they were made: signs of extents, kinds of objects, both ends of lines.
-TEST(DrawTargets, HearCallsAsTheyWereMade)
-{
-    CRecordedDC recorded;
-    const RECT rect{ 9, 5, 5, 7 };
-    ExtTextOutA(recorded.m_hDC, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
-    FillRect(recorded.m_hDC, &rect, GetSysColorBrush(COLOR_WINDOW));
-    MoveToEx(recorded.m_hDC, 1, 2, nullptr);
-    LineTo(recorded.m_hDC, 3, 4);
-    Rectangle(recorded.m_hDC, 9, 5, 5, 7);
-    EXPECT_EQ(recorded.m_calls,
-              (std::vector<std::string>{ "text 0 0 2 rect 9 5 5 7 dx codes", "select 2",
-                                         "patblt 9 5 -4 2 15728673", "select 2", "move 1 2",
-                                         "line 1 2 3 4", "rectangle 9 5 5 7" }));
 }
 
 // The interface promises nothing for what is deleted while it is selected. Here it serves on.
@@ -99,7 +82,7 @@ TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
 TEST(HandleObjects, UnknownKindsAndTooSmallBuffersAreRefused)
 {
     EXPECT_EQ(GetSysColorBrush(21), nullptr);
-    EXPECT_EQ(CreateHatchBrush(6, 0), nullptr);
+    EXPECT_EQ(CreateHatchBrush(HS_BDIAGONAL + 1, 0), nullptr);
     char chSmall = 0;
     EXPECT_EQ(GetObjectA(GetStockObject(SYSTEM_FONT), 1, &chSmall), 0);
 }

@@ -12,6 +12,6 @@ TEST(MappingLimits, ExtremeNumbersStayInRange)
     dc.SetWindowExt(1, -1);
     dc.SetViewportExt(INT_MAX, INT_MAX);
     CPoint point(INT_MAX, INT_MAX);
-    dc.LPtoDP(&point);
+    ::LPtoDP(dc, &point, 1);
     EXPECT_EQ(point, CPoint(INT_MAX, INT_MIN));
 }

@@ -1,6 +1,7 @@
 // What only our own recorder and reader do: paths that only this system has, what lies behind the
 // last record of a cut file, and how records are laid out.
 #include "platform/gdi/emf_dump.h"
+#include "platform/gdi/memory_picture.h"
 #include "platform/gdi/raw_metafile.h"
 #include "platform/gdi/test_fonts.h"
 
@@ -76,7 +77,7 @@ TEST(MetafileRecords, BoundsOfAFillThatGoesUp)
         [](HDC hDC)
         {
             SetHundredths(hDC);
-            PatBlt(hDC, 100, -100, 100, -200, PATCOPY);
+            Fill(hDC, { 100, -100, 200, -300 }, 0);
         });
     const CRecordLines lines = DumpRecords(strBytes);
     ASSERT_FALSE(lines.empty());

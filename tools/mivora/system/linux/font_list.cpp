@@ -1,6 +1,6 @@
 #include "system/font_list.h"
 
-#include "platform/gdi/linux/font_face.h"
+#include "platform/gdi/linux/fonts/font_face.h"
 
 std::vector<std::pair<std::string, std::string>> FacesAndFiles()
 {
