@@ -133,6 +133,7 @@ TEST(Archive, TextsHaveThreeFormsOfLength)
     } aCases[] = {
         { 0, "\x00"sv },
         { 1, "\x01"sv },
+        { 130, "\x82"sv },  // as long as one of the buffers
         { 254, "\xFE"sv },
         { 255, "\xFF\xFF\x00"sv },
         { 0xFFFD, "\xFF\xFD\xFF"sv },

@@ -70,4 +70,22 @@ TEST(DibLimits, RefusalsHaveAnErrorNumber)
     EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biCompression = 1; }));
 }
 
+// Four pixels on six: each takes the one under its middle.
+TEST(BlockTransfers, TakeTheSourceUnderTheMiddle)
+{
+    CMemoryPicture source(4, 1);
+    SetSigns(source, { "rgb#" });
+    CMemoryPicture picture(6, 1);
+    StretchBlt(picture, 0, 0, 6, 1, source, 0, 0, 4, 1, SRCCOPY);
+    EXPECT_EQ(picture.Lines(), CLines({ "rggb##" }));
+}
+
+TEST(BitmapLimits, ARectangleWithoutAnEdgeIsOnePixelSmaller)
+{
+    CMemoryPicture picture(5, 4);
+    CUseObject pen(picture, GetStockObject(NULL_PEN));
+    CUseObject brush(picture, GetStockObject(BLACK_BRUSH));
+    Rectangle(picture, 1, 1, 4, 4);
+    EXPECT_EQ(picture.Lines(), CLines({ ".....", ".##..", ".##..", "....." }));
+}
 }  // namespace

@@ -15,3 +15,14 @@ TEST(MappingLimits, ExtremeNumbersStayInRange)
     ::LPtoDP(dc, &point, 1);
     EXPECT_EQ(point, CPoint(INT_MAX, INT_MIN));
 }
+
+// Twice as wide as high: each axis has a factor of its own. "x" of the system font is measured.
+TEST(MappingLimits, HeightsGoByTheVerticalFactor)
+{
+    CClientDC dc(nullptr);
+    const CSize plain = dc.GetTextExtent("xx", 2);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(1, 1);
+    dc.SetViewportExt(2, 1);
+    EXPECT_EQ(dc.GetTextExtent("xx", 2), CSize(plain.cx / 2, plain.cy));
+}
