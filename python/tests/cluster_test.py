@@ -40,7 +40,7 @@ def texts_of(path):
 def kill_one_in_the_middle(client, folder):
     """When a part of the files is there."""
     pids = client.run(os.getpid)
-    until = time.monotonic() + 120
+    until = time.monotonic() + 300
     while len(os.listdir(folder)) < COUNT // 4:
         assert time.monotonic() < until, "the workers do nothing"
         time.sleep(0.02)
