@@ -87,9 +87,7 @@ void DrawBorder(CDC* pDC, const CRect& rect, COLORREF line)
 {
     CPen pen(PS_SOLID, 1, line);
     const CSelectScope selectPen(pDC, &pen);
-    CBrush hollow;
-    hollow.CreateStockObject(NULL_BRUSH);
-    const CSelectScope selectBrush(pDC, &hollow);
+    const CSelectScope selectBrush(pDC, CGdiObject::FromHandle(::GetStockObject(NULL_BRUSH)));
     pDC->Rectangle(&rect);
 }
 
