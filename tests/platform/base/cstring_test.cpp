@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstring>
 #include <string>
 
 #include "platform/base/exception.h"
@@ -120,7 +121,7 @@ TEST(CStringEditing, TextGrownStepByStepHoldsAll)
         text += expected.back();
     }
     ExpectText(text, expected);
-    text.GetBuffer(6000)[5000] = '!';
+    std::strcpy(text.GetBuffer(6000) + 5000, "!");
     text.ReleaseBuffer();
     ExpectText(text, expected + "!");
     text.ReleaseBuffer(2);
