@@ -4,9 +4,10 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "nodes/node.h"
 #include "facade/colour_name.h"
 #include "facade/formula_words.h"
+#include "nodes/node.h"
+#include "pictures/format_names.h"
 #include "platform/base/system.h"
 #include "report.h"
 #include "stored/stored_formula.h"
@@ -16,23 +17,20 @@
 
 namespace
 {
-constexpr char s_szStored[] = "fml";
 constexpr int s_nLongestFace = LF_FACESIZE - 1;
 
+// With their points.
 std::string FormatList()
 {
-    std::string strList;
-    for (const CPictureFormat& format : PictureFormats())
-    {
-        if (format.pfnMake != nullptr)
-            strList += std::string(".") + format.pszName + " ";
-    }
-    return strList + "." + s_szStored;
+    std::string strList = "." + OfferedFormats();
+    for (size_t n = strList.find(' '); n != std::string::npos; n = strList.find(' ', n + 2))
+        strList.insert(n + 1, ".");
+    return strList;
 }
 
 bool IsStored(const std::string& strExtension)
 {
-    return CString(strExtension.c_str()).CompareNoCase(s_szStored) == 0;
+    return CString(strExtension.c_str()).CompareNoCase(g_szStoredFormat) == 0;
 }
 
 // The node at the end of the letters, null if there is none.
@@ -183,7 +181,7 @@ CFileFormat CFileFormat::OfPath(const std::string& strPath)
 
 const char* CFileFormat::Extension() const
 {
-    return m_pPicture != nullptr ? m_pPicture->pszName : s_szStored;
+    return m_pPicture != nullptr ? m_pPicture->pszName : g_szStoredFormat;
 }
 
 CFileFormat FormatOf(const CArguments& arguments)

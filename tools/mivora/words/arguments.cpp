@@ -47,9 +47,9 @@ bool HasOption(const CWords& words, EOption nId)
     return words.astrValues[nId].has_value();
 }
 
-bool IsChoice(const char* pszChoices, const std::string& strValue)
+bool IsChoice(const std::string& strChoices, const std::string& strValue)
 {
-    std::istringstream stream(pszChoices);
+    std::istringstream stream(strChoices);
     return std::find(std::istream_iterator<std::string>(stream), {}, strValue) !=
            std::istream_iterator<std::string>();
 }
@@ -74,10 +74,10 @@ void CheckValue(const COption& option, const std::string& strValue)
     if (option.nValue == VALUE_NUMBER && !IsNumber(option, strValue))
         throw CUsageError{ strName + ": " + strValue + " is no whole number from " +
                            std::to_string(option.nMin) + " to " + std::to_string(option.nMax) };
-    if (option.nValue == VALUE_CHOICE && !IsChoice(option.pszChoices, strValue) &&
-        !IsChoice(option.pszRefusedChoices, strValue))
-        throw CUsageError{ strName + ": " + strValue + " not in {" + WithCommas(option.pszChoices) +
-                           "}" };
+    if (option.nValue == VALUE_CHOICE && !IsChoice(option.pfnChoices(), strValue) &&
+        !(option.pfnRefusedChoices != nullptr && IsChoice(option.pfnRefusedChoices(), strValue)))
+        throw CUsageError{ strName + ": " + strValue + " not in {" +
+                           WithCommas(option.pfnChoices()) + "}" };
     const bool bFile = option.nValue == VALUE_FILE;
     if (strValue.empty() && (bFile || option.nValue == VALUE_FOLDER))
         throw CUsageError{ strName + " needs the name of a " + (bFile ? "file" : "folder") +

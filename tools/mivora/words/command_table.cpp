@@ -3,6 +3,7 @@
 #include <cassert>
 #include <cstring>
 
+#include "pictures/format_names.h"
 #include "words/platform_texts.h"
 
 namespace
@@ -29,10 +30,10 @@ constexpr COption s_aOptions[] = {
       "With --lines: each line is a text in hexadecimal, as bytes of Windows-1252" },
     { OPT_DIRECTORY, "d", "directory", "DIR", VALUE_FOLDER, 0, 0, nullptr,
       "Put the files into DIR" },
-    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, g_szFormats,
+    { OPT_FORMAT, nullptr, "format", "FORMAT", VALUE_CHOICE, 0, 0, OfferedFormats,
       "Write this format, whatever the extension; the files of batch bear it as theirs (default "
       "wmf)",
-      g_szFormatsElsewhere },
+      FormatsElsewhere },
     { OPT_JOBS, nullptr, "jobs", "N", VALUE_NUMBER, 1, 256, nullptr,
       "Work with N processes (default 1)" },
     { OPT_FML, nullptr, "fml", "FILE", VALUE_FILE, 0, 0, nullptr,

@@ -47,7 +47,7 @@ enum EValue
     VALUE_NONE,  // a switch
     VALUE_TEXT,
     VALUE_NUMBER,  // a whole number from nMin to nMax
-    VALUE_CHOICE,  // one of the words in pszChoices
+    VALUE_CHOICE,  // one of the words of pfnChoices
     VALUE_FILE,
     VALUE_FOLDER
 };
@@ -61,10 +61,10 @@ struct COption
     EValue nValue;
     int nMin;
     int nMax;
-    const char* pszChoices;  // separated by blanks
+    std::string (*pfnChoices)();  // separated by blanks
     const char* pszHelp;
     // Choices that the command itself refuses, with its reason; help tells nothing of them.
-    const char* pszRefusedChoices = "";
+    std::string (*pfnRefusedChoices)() = nullptr;
 };
 
 // How the words that are no options are used.

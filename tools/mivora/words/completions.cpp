@@ -26,7 +26,7 @@ std::string BashValue(const COption& option)
         case VALUE_FOLDER:
             return "-d";
         case VALUE_CHOICE:
-            return std::string("-W '") + option.pszChoices + "'";
+            return "-W '" + option.pfnChoices() + "'";
         default:
             return {};
     }
@@ -106,7 +106,7 @@ std::string ZshValue(const COption& option)
     if (option.nValue == VALUE_FOLDER)
         strSpec += "_files -/";
     if (option.nValue == VALUE_CHOICE)
-        strSpec += std::string("(") + option.pszChoices + ")";
+        strSpec += "(" + option.pfnChoices() + ")";
     return strSpec;
 }
 

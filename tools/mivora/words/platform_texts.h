@@ -3,8 +3,6 @@
 
 #include "words/command_table.h"
 
-extern const char g_szFormats[];           // those that batch offers, separated by blanks
-extern const char g_szFormatsElsewhere[];  // those of other systems
 extern const char g_szDpiHelp[];
 extern const char g_szRenderDescription[];
 

@@ -1,7 +1,5 @@
 #include "words/platform_texts.h"
 
-const char g_szFormats[] = "wmf emf bmp png svg fml";
-const char g_szFormatsElsewhere[] = "pdf";
 const char g_szDpiHelp[] =
     "Resolution of a .bmp or .png in dots per inch (default 96); a .svg is enlarged in the same "
     "proportion";
