@@ -43,7 +43,7 @@ constexpr CSign s_aSymbols[] = {
     s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown,     // 88
     s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown,     // 90
     s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown, s_unknown,     // 98
-    s_unknown, { "ϒ", "\\Upsilon" }, { "′", "{'}" }, { "≤", "\\leq" },                          // A0
+    { "€", "\\text{€}" }, { "ϒ", "\\Upsilon" }, { "′", "{'}" }, { "≤", "\\leq" },                          // A0
     { "⁄", "/" }, { "∞", "\\infty" }, { "ƒ", "f" }, { "♣", "\\clubsuit" },
     { "♦", "\\diamondsuit" }, { "♥", "\\heartsuit" }, { "♠", "\\spadesuit" }, { "↔", "\\leftrightarrow" },  // A8
     { "←", "\\leftarrow" }, { "↑", "\\uparrow" }, { "→", "\\rightarrow" }, { "↓", "\\downarrow" },

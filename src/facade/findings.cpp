@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/base/code_page.h"
+
 namespace
 {
 constexpr char s_szErrorAt[] = "Error at Position ";  // as the parser begins
@@ -13,17 +15,12 @@ bool IsBlank(char ch)
     return std::strchr(" \t\n\v\f\r", ch) != nullptr && ch != '\0';
 }
 
-bool IsContinuation(char ch)
-{
-    return (static_cast<unsigned char>(ch) & 0xC0) == 0x80;
-}
-
 // Offset of the nIndex-th character (from 0); the length of the text if there is none.
 size_t OffsetOf(const std::string& strText, size_t nIndex)
 {
     for (size_t n = 0; n < strText.size(); ++n)
     {
-        if (!IsContinuation(strText[n]) && nIndex-- == 0)
+        if (!IsUtf8Tail(strText[n]) && nIndex-- == 0)
             return n;
     }
     return strText.size();
@@ -32,7 +29,7 @@ size_t OffsetOf(const std::string& strText, size_t nIndex)
 size_t CountOf(const std::string& strText)
 {
     return static_cast<size_t>(
-        std::count_if(strText.begin(), strText.end(), [](char ch) { return !IsContinuation(ch); }));
+        std::count_if(strText.begin(), strText.end(), [](char ch) { return !IsUtf8Tail(ch); }));
 }
 
 // Blanks that the parser trims in front.
@@ -60,7 +57,7 @@ std::string MarksUnder(const std::string& strLine, long nIndex,
     std::string strMarks;
     for (char ch : strLine)
     {
-        if (IsContinuation(ch))
+        if (IsUtf8Tail(ch))
             continue;
         const long nPosition = ++nIndex;
         const bool bMarked = std::any_of(places.begin(), places.end(),

@@ -8,11 +8,6 @@
 
 namespace
 {
-bool IsContinuation(char ch)
-{
-    return (static_cast<unsigned char>(ch) & 0xC0) == 0x80;
-}
-
 // What stands at an offset: a character, by its number in Unicode, or a byte out of place.
 std::string Describe(const std::string& strUtf8, size_t nOffset)
 {
@@ -40,7 +35,7 @@ CString TextFromUtf8(const std::string& strUtf8)
     {
         size_t nPosition = 1;
         for (size_t n = 0; n < nBad; ++n)
-            nPosition += IsContinuation(strUtf8[n]) ? 0 : 1;
+            nPosition += IsUtf8Tail(strUtf8[n]) ? 0 : 1;
         throw CFailure{ "position " + std::to_string(nPosition) + ": " + Describe(strUtf8, nBad),
                         nPosition };
     }

@@ -15,20 +15,6 @@ constexpr size_t s_nLongestStream = size_t{ 1 } << 24;  // of the objects of a P
 
 using CFound = std::optional<std::string>;
 
-void AppendUtf8(std::string& strText, std::uint32_t nCharacter)
-{
-    if (nCharacter < 0x80)
-    {
-        strText += static_cast<char>(nCharacter);
-        return;
-    }
-    const int nTails = nCharacter < 0x800 ? 1 : nCharacter < 0x10000 ? 2 : 3;
-    constexpr unsigned char s_aLeads[] = { 0, 0xC0, 0xE0, 0xF0 };
-    strText += static_cast<char>(s_aLeads[nTails] | (nCharacter >> 6 * nTails & 0x3F));
-    for (int n = nTails - 1; n >= 0; --n)
-        strText += static_cast<char>(0x80 | (nCharacter >> 6 * n & 0x3F));
-}
-
 // What stands before a NUL, which is taken off too; none without a NUL.
 std::optional<std::string_view> TakeText(std::string_view& rest)
 {

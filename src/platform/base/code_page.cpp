@@ -11,6 +11,7 @@ constexpr char16_t s_aUpperControls[32] = {
     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98
 };
+}  // namespace
 
 void AppendUtf8(std::string& text, char32_t n)
 {
@@ -19,18 +20,12 @@ void AppendUtf8(std::string& text, char32_t n)
         text += static_cast<char>(n);
         return;
     }
-    if (n < 0x800)
-    {
-        text += static_cast<char>(0xC0 | (n >> 6));
-    }
-    else
-    {
-        text += static_cast<char>(0xE0 | (n >> 12));
-        text += static_cast<char>(0x80 | ((n >> 6) & 0x3F));
-    }
-    text += static_cast<char>(0x80 | (n & 0x3F));
+    const int nTails = n < 0x800 ? 1 : n < 0x10000 ? 2 : 3;
+    constexpr unsigned char aLeads[] = { 0, 0xC0, 0xE0, 0xF0 };
+    text += static_cast<char>(aLeads[nTails] | (n >> 6 * nTails & 0x3F));
+    for (int i = nTails - 1; i >= 0; --i)
+        text += static_cast<char>(0x80 | (n >> 6 * i & 0x3F));
 }
-}  // namespace
 
 char32_t NextUtf8(std::string_view text, std::size_t& nPlace)
 {
@@ -48,12 +43,11 @@ char32_t NextUtf8(std::string_view text, std::size_t& nPlace)
     char32_t n = nFirst & (0x3FU >> nMore);
     for (std::size_t i = 1; i <= nMore; ++i)
     {
-        const auto nByte = static_cast<unsigned char>(text[nPlace + i]);
-        if ((nByte & 0xC0) != 0x80)
+        if (!IsUtf8Tail(text[nPlace + i]))
         {
             return NO_CHARACTER;
         }
-        n = (n << 6) | (nByte & 0x3F);
+        n = (n << 6) | (static_cast<unsigned char>(text[nPlace + i]) & 0x3F);
     }
     constexpr char32_t aSmallest[] = { 0, 0x80, 0x800, 0x10000 };
     if (n < aSmallest[nMore] || n > 0x10FFFF || (n >= 0xD800 && n < 0xE000))

@@ -23,5 +23,13 @@ constexpr char32_t NO_CHARACTER = 0xFFFFFFFF;
 // no well-formed one (overlong forms and surrogates are none).
 char32_t NextUtf8(std::string_view text, std::size_t& nPlace);
 
+// Whether a byte goes on a character of UTF-8 that another one began.
+constexpr bool IsUtf8Tail(char ch)
+{
+    return (static_cast<unsigned char>(ch) & 0xC0) == 0x80;
+}
+
+void AppendUtf8(std::string& text, char32_t nCharacter);
+
 // Text that is not code page 936 is taken as Windows-1252.
 std::string CodePage936ToUtf8(std::string_view text);

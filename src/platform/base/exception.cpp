@@ -5,6 +5,7 @@
 #include <new>
 
 #include "platform/base/app.h"
+#include "platform/base/code_page.h"
 
 IMPLEMENT_DYNAMIC(CException, CObject)
 IMPLEMENT_DYNAMIC(CSimpleException, CException)
@@ -65,7 +66,7 @@ std::size_t WholeCharacters(std::string_view text, std::size_t nMost)
     if (text.size() <= nMost)
         return text.size();
     std::size_t n = nMost;
-    while (n > 0 && nMost - n < 3 && (static_cast<unsigned char>(text[n]) & 0xC0) == 0x80)
+    while (n > 0 && nMost - n < 3 && IsUtf8Tail(text[n]))
         --n;
     return n;
 }
