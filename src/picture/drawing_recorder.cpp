@@ -2,6 +2,7 @@
 // each system.
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
 #include <string>
 #include <type_traits>
@@ -13,37 +14,15 @@
 #include "picture/failure.h"
 #include "platform/base/code_page.h"
 #include "platform/base/system.h"
+#include "platform/gdi/metafile_records.h"
 #include "platform/gdi/native_gdi.h"
 #include "service/screen_dc.h"
 #include "tree/bin_tree.h"
 
 namespace
 {
-// Types of records, and where their fields lie, as the format tells them.
-enum ERecord : DWORD
-{
-    RECORD_SETTEXTCOLOR = 24,
-    RECORD_SETBKCOLOR = 25,
-    RECORD_MOVETO = 27,
-    RECORD_SELECTOBJECT = 37,
-    RECORD_CREATEPEN = 38,
-    RECORD_CREATEBRUSH = 39,
-    RECORD_DELETEOBJECT = 40,
-    RECORD_RECTANGLE = 43,
-    RECORD_LINETO = 54,
-    RECORD_CREATEFONT = 82,
-    RECORD_TEXTOUT = 84
-};
-constexpr size_t s_nFirstField = 8;  // behind type and size
-constexpr size_t s_nPenColour = 24;
-constexpr size_t s_nFontDescription = 12;
-constexpr size_t s_nFaceName = 28;  // in the description
-constexpr size_t s_nTextReference = 36;
-constexpr size_t s_nTextLength = 44;
-constexpr size_t s_nTextOffset = 48;
-constexpr size_t s_nTextOptions = 52;
-constexpr size_t s_nTextRect = 56;
-constexpr size_t s_nTextAdvances = 72;
+constexpr size_t s_nFirstField = sizeof(EMR);
+constexpr size_t s_nFaceName = offsetof(LOGFONTW, lfFaceName);
 constexpr int s_nHatchStep = 8;  // pixels between the lines of a pattern
 constexpr double s_fLargestPattern = 65536;
 
@@ -68,7 +47,7 @@ LOGFONTA DescriptionOf(const BYTE* pRecord)
 {
     LOGFONTA font;
     std::memset(&font, 0, sizeof font);  // compared as bytes
-    const BYTE* pWide = pRecord + s_nFontDescription;
+    const BYTE* pWide = pRecord + offsetof(EMREXTCREATEFONTINDIRECTW, elfw);
     std::memcpy(&font, pWide, s_nFaceName);
     for (size_t n = 0; n + 1 < LF_FACESIZE; ++n)
     {
@@ -95,33 +74,33 @@ public:
     {
         switch (At<DWORD>(pRecord, 0))
         {
-            case RECORD_SETTEXTCOLOR:
+            case EMR_SETTEXTCOLOR:
                 m_crText = At<COLORREF>(pRecord, s_nFirstField);
                 break;
-            case RECORD_SETBKCOLOR:
+            case EMR_SETBKCOLOR:
                 m_crBack = At<COLORREF>(pRecord, s_nFirstField);
                 break;
-            case RECORD_MOVETO:
+            case EMR_MOVETOEX:
                 m_pen = At<POINT>(pRecord, s_nFirstField);
                 break;
-            case RECORD_CREATEPEN:
-            case RECORD_CREATEBRUSH:
-            case RECORD_CREATEFONT:
+            case EMR_CREATEPEN:
+            case EMR_CREATEBRUSHINDIRECT:
+            case EMR_EXTCREATEFONTINDIRECTW:
                 Object(At<DWORD>(pRecord, s_nFirstField)) = pRecord;
                 break;
-            case RECORD_DELETEOBJECT:
+            case EMR_DELETEOBJECT:
                 Object(At<DWORD>(pRecord, s_nFirstField)) = nullptr;
                 break;
-            case RECORD_SELECTOBJECT:
+            case EMR_SELECTOBJECT:
                 Select(At<DWORD>(pRecord, s_nFirstField));
                 break;
-            case RECORD_LINETO:
+            case EMR_LINETO:
                 TakeLine(At<POINT>(pRecord, s_nFirstField));
                 break;
-            case RECORD_RECTANGLE:
+            case EMR_RECTANGLE:
                 TakeHatchedBox(At<RECT>(pRecord, s_nFirstField));
                 break;
-            case RECORD_TEXTOUT:
+            case EMR_EXTTEXTOUTW:
                 TakeText(pRecord);
                 break;
             default:
@@ -144,10 +123,10 @@ private:
         if (pObject == nullptr)
             return;
         const DWORD nType = At<DWORD>(pObject, 0);
-        if (nType == RECORD_CREATEFONT)
+        if (nType == EMR_EXTCREATEFONTINDIRECTW)
             m_pFont = pObject;
-        else if (nType == RECORD_CREATEPEN)
-            m_crPen = At<COLORREF>(pObject, s_nPenColour);
+        else if (nType == EMR_CREATEPEN)
+            m_crPen = At<COLORREF>(pObject, offsetof(EMRCREATEPEN, lopn.lopnColor));
     }
 
     void AddLine(double x1, double y1, double x2, double y2)
@@ -199,11 +178,11 @@ private:
 
     void TakeText(const BYTE* pRecord)
     {
-        const auto nLength = At<DWORD>(pRecord, s_nTextLength);
-        if (nLength != 0)
-            AddText(pRecord, nLength);
-        else if ((At<DWORD>(pRecord, s_nTextOptions) & ETO_OPAQUE) != 0)
-            AddFill(CRect(At<RECT>(pRecord, s_nTextRect)));
+        const EMRTEXT text = At<EMREXTTEXTOUTW>(pRecord, 0).emrtext;
+        if (text.nChars != 0)
+            AddText(pRecord, text);
+        else if ((text.fOptions & ETO_OPAQUE) != 0)
+            AddFill(CRect(At<RECT>(pRecord, offsetof(EMREXTTEXTOUTW, emrtext.rcl))));
     }
 
     // Every node that is shown begins with the fill of its own part.
@@ -242,18 +221,18 @@ private:
         }
     }
 
-    void AddText(const BYTE* pRecord, DWORD nLength)
+    void AddText(const BYTE* pRecord, const EMRTEXT& text)
     {
         const size_t nFont = FontIndex();
-        const auto point = At<POINT>(pRecord, s_nTextReference);
         m_drawing.texts.push_back(
             { nFont, m_crText,
-              CPoint(point.x, WrapAdd(point.y, m_drawing.fonts[nFont].glyphs.m_nAscent)),
-              m_drawing.glyphs.size(), nLength, m_nNode });
-        const BYTE* pText = pRecord + At<DWORD>(pRecord, s_nTextOffset);
-        const BYTE* pAdvances = pRecord + At<DWORD>(pRecord, s_nTextAdvances);
+              CPoint(text.ptlReference.x,
+                     WrapAdd(text.ptlReference.y, m_drawing.fonts[nFont].glyphs.m_nAscent)),
+              m_drawing.glyphs.size(), text.nChars, m_nNode });
+        const BYTE* pText = pRecord + text.offString;
+        const BYTE* pAdvances = pRecord + text.offDx;
         int nOffset = 0;
-        for (DWORD n = 0; n < nLength; ++n)
+        for (DWORD n = 0; n < text.nChars; ++n)
         {
             const char ch = ByteOf(At<char16_t>(pText, n * sizeof(char16_t)));
             m_drawing.glyphs.push_back({ static_cast<BYTE>(ch), nOffset });
@@ -311,7 +290,7 @@ std::vector<BYTE> PaintedRecords(CBinTree& tree, CDC& screen)
     const CMetafilePtr pRecords(dc.CloseEnhanced());
     std::vector<BYTE> bytes = EnhMetaFileBytes(pRecords.get());
     if (bytes.empty())
-        throw CPictureFailure{ "there is no memory for the drawing" };
+        throw CPictureFailure{ "there is no memory for the drawing", true };
     return bytes;
 }
 }  // namespace

@@ -7,4 +7,5 @@
 struct CPictureFailure
 {
     std::string strReason;
+    bool bNoMemory = false;
 };

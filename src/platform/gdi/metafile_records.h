@@ -69,9 +69,7 @@ struct EMRCREATEPEN
 {
     EMR emr;
     DWORD ihPen;
-    DWORD lopnStyle;
-    POINTL lopnWidth;
-    COLORREF lopnColor;
+    LOGPEN lopn;
 };
 
 struct EMRCREATEBRUSHINDIRECT
@@ -160,6 +158,16 @@ struct EMRSTRETCHBLT
     LONG cySrc;
 };
 
+struct EMRTEXT
+{
+    POINTL ptlReference;
+    DWORD nChars;
+    DWORD offString;
+    DWORD fOptions;
+    RECTL rcl;
+    DWORD offDx;
+};
+
 // The text in UTF-16 follows, filled up to a multiple of four, then one advance for each unit.
 struct EMREXTTEXTOUTW
 {
@@ -168,12 +176,7 @@ struct EMREXTTEXTOUTW
     DWORD iGraphicsMode;
     FLOAT exScale;  // hundredths of a millimetre in a logical unit
     FLOAT eyScale;
-    POINTL ptlReference;
-    DWORD nChars;
-    DWORD offString;
-    DWORD fOptions;
-    RECTL rcl;
-    DWORD offDx;
+    EMRTEXT emrtext;
 };
 
 #endif

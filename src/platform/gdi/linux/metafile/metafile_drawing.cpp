@@ -222,12 +222,12 @@ bool CMetafileWriter::ExtTextOut(CDeviceContext& dc, const CTextRun& run)
     SIZE window = dc.Mapping().WindowExt(), viewport = dc.Mapping().ViewportExt();
     record.exScale = UnitSize(device.m_nWidthMm, device.m_nWidth, window.cx, viewport.cx);
     record.eyScale = UnitSize(device.m_nHeightMm, device.m_nHeight, window.cy, viewport.cy);
-    record.ptlReference = run.m_ptReference;
-    record.nChars = static_cast<DWORD>(nChars);
-    record.offString = sizeof record;
-    record.fOptions = run.m_nOptions;
-    record.rcl = run.m_pRect ? *run.m_pRect : RECT{ 0, 0, -1, -1 };
-    record.offDx = static_cast<DWORD>(sizeof record + nText);
+    record.emrtext.ptlReference = run.m_ptReference;
+    record.emrtext.nChars = static_cast<DWORD>(nChars);
+    record.emrtext.offString = sizeof record;
+    record.emrtext.fOptions = run.m_nOptions;
+    record.emrtext.rcl = run.m_pRect ? *run.m_pRect : RECT{ 0, 0, -1, -1 };
+    record.emrtext.offDx = static_cast<DWORD>(sizeof record + nText);
     std::memcpy(pPlace, &record, sizeof record);
     GrowBounds(record.rclBounds);
 

@@ -160,9 +160,7 @@ bool CMetafileWriter::WriteCreation(const CHandleObject& object, DWORD nNumber)
             const LOGPEN& pen = static_cast<const CPenObject&>(object).LogPen();
             auto record = MakeRecord<EMRCREATEPEN>(EMR_CREATEPEN);
             record.ihPen = nNumber;
-            record.lopnStyle = pen.lopnStyle;
-            record.lopnWidth = pen.lopnWidth;
-            record.lopnColor = pen.lopnColor;
+            record.lopn = pen;
             return Write(record);
         }
         case OBJ_BRUSH:
