@@ -8,6 +8,7 @@
 #include "facade/failure.h"
 #include "picture/failure.h"
 #include "platform/base/app.h"
+#include "platform/base/code_page.h"
 #include "platform/base/exception.h"
 #include "service/library_lock.h"
 
@@ -20,7 +21,7 @@ struct CShortText
     void Set(std::string_view text)
     {
         size_t nLength = text.size() < nSize ? text.size() : nSize - 1;
-        while (nLength < text.size() && nLength > 0 && (text[nLength] & 0xC0) == 0x80)
+        while (nLength < text.size() && nLength > 0 && IsUtf8Tail(text[nLength]))
             --nLength;  // whole characters
         sz[text.copy(sz, nLength)] = '\0';
     }
@@ -108,7 +109,7 @@ mivora_status RunAndTell(void (*pfn)(void*), void* pContext)
     }
     catch (const CPictureFailure& failure)
     {
-        return Fail(MIVORA_FAILED, failure.strReason);
+        return Fail(failure.bNoMemory ? MIVORA_OUT_OF_MEMORY : MIVORA_FAILED, failure.strReason);
     }
     catch (CException* pException)
     {

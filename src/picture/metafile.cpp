@@ -1,11 +1,13 @@
 #include "picture/metafile.h"
 
+#include <new>
 #include <span>
 #include <utility>
 #include <vector>
 
 #include "picture/failure.h"
 #include "platform/base/code_page.h"
+#include "platform/base/system.h"
 #include "platform/gdi/native_gdi.h"
 #include "service/metafile_comment.h"
 #include "service/tree_metafile.h"
@@ -42,12 +44,23 @@ CString CommentOf(const std::string& strSource)
     return CString(strText.data(), static_cast<int>(strText.size()));
 }
 
+// The system tells by null that there is no metafile, and why by its last error.
+void ThrowIfMemoryEnded()
+{
+    if (IsLastErrorOfMemory())
+        throw std::bad_alloc();
+}
+
 std::string Bytes(CBinTree& tree)
 {
+    SetLastError(0);
     const CMetafilePtr pMetafile(RecordMetafile(tree));
     const std::vector<BYTE> bytes = EnhMetaFileBytes(pMetafile.get());
     if (bytes.empty())
+    {
+        ThrowIfMemoryEnded();
         throw CPictureFailure{ "the system made no metafile" };
+    }
     return { bytes.begin(), bytes.end() };
 }
 }  // namespace
@@ -64,7 +77,10 @@ std::optional<std::string> MetafileSource(std::string_view bytes)
 {
     const CCommentScope comment(CString{});
     const std::span data(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+    SetLastError(0);
     const HENHMETAFILE hPicture = MakeEnhMetaFile(data);
+    if (hPicture == nullptr)
+        ThrowIfMemoryEnded();
     if (hPicture == nullptr || !TakeMetafileText(hPicture))
         return std::nullopt;
     return Windows1252ToUtf8(g_strMetaComment.View());

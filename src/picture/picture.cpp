@@ -168,7 +168,7 @@ CPictureFile MakePicture(CFormulaOut& formula, const CPictureFormat& format,
     }
     catch (const std::bad_alloc&)
     {
-        throw CPictureFailure{ "there is no memory for the picture" };
+        throw CPictureFailure{ "there is no memory for the picture", true };
     }
 }
 

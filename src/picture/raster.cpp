@@ -33,7 +33,8 @@ CRaster BlankRaster(const CSize& size, const CPictureOptions& options)
     catch (const std::bad_alloc&)
     {
         throw CPictureFailure{ "there is no memory for a picture of " + std::to_string(size.cx) +
-                               " by " + std::to_string(size.cy) + " pixels" };
+                                   " by " + std::to_string(size.cy) + " pixels",
+                               true };
     }
     return raster;
 }
@@ -123,6 +124,7 @@ void BlendRect(CRaster& raster, double fLeft, double fTop, double fRight, double
         }
     }
 }
+
 CRaster MakeRaster(const CDrawing& drawing, CPlacement& placement, const CPictureOptions& options)
 {
     const int nSlack = options.bExact ? 0 : s_nSlack;

@@ -10,11 +10,15 @@
 namespace
 {
 int s_nUntilFailure = -1;  // allocations that still succeed; negative: all
+bool s_bOnce = false;      // one fails, and those behind it succeed
 
 void* Allocate(std::size_t nSize)
 {
     if (s_nUntilFailure == 0)
+    {
+        s_nUntilFailure = s_bOnce ? -1 : 0;
         return nullptr;
+    }
     if (s_nUntilFailure > 0)
         s_nUntilFailure--;
     return std::malloc(nSize);
@@ -111,9 +115,11 @@ TEST(CCallsWithoutMemory, TellItAndKeepNothing)
         [&] { return write(MIVORA_FORTRAN); },
         [&] { return mivora_calculate("2*(3+4)", 7, &dValue); },
     };
-    for (size_t nCall = 0; nCall < std::size(aCalls); ++nCall)
+    for (size_t n = 0; n < 2 * std::size(aCalls); ++n)
     {
-        SCOPED_TRACE(nCall);
+        const size_t nCall = n / 2;
+        s_bOnce = n % 2 != 0;
+        SCOPED_TRACE(testing::Message() << nCall << (s_bOnce ? " once" : ""));
         ASSERT_EQ(aCalls[nCall](), MIVORA_OK);  // faces are read once in a process
         int nFailed = 0;
         for (bool bDone = false; !bDone; ++nFailed)

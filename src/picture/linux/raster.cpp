@@ -39,8 +39,8 @@ void DrawOnRaster(CRaster& raster, const CDrawing& drawing, const CPlacement& pl
         const std::vector<cairo_glyph_t> glyphs = PrepareText(pCairo.get(), drawing, text, fonts);
         cairo_show_glyphs(pCairo.get(), glyphs.data(), static_cast<int>(glyphs.size()));
     }
-    if (cairo_status(pCairo.get()) != CAIRO_STATUS_SUCCESS)
-        throw CPictureFailure{ cairo_status_to_string(cairo_status(pCairo.get())) };
+    if (const cairo_status_t nStatus = cairo_status(pCairo.get()); nStatus != CAIRO_STATUS_SUCCESS)
+        throw CPictureFailure{ cairo_status_to_string(nStatus), nStatus == CAIRO_STATUS_NO_MEMORY };
     cairo_surface_flush(pSurface.get());
     if (bTransparent)
         Divide(raster);

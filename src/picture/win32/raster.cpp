@@ -70,7 +70,7 @@ public:
         const HBITMAP hBitmap =
             CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pBits, nullptr, 0);
         if (hBitmap == nullptr)
-            throw CPictureFailure{ "there is no memory for the picture" };
+            throw CPictureFailure{ "there is no memory for the picture", true };
         m_bitmap.Attach(hBitmap);
         m_pPixels = static_cast<std::uint32_t*>(pBits);
         m_dc.CreateCompatibleDC(nullptr);

@@ -23,6 +23,9 @@ int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat);
 // still be measured.
 bool CanDrawLetters(HDC hDC);
 
+// Whether the last error says that there was no memory.
+bool IsLastErrorOfMemory();
+
 // A metafile as its file is; empty, and the last error set, if memory is short.
 std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile);
 // Writes a metafile's bytes: all of them, or the file stays as it was. FALSE, and the last error

@@ -292,6 +292,11 @@ int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
     return DrawTextA(hDC, pszText, nCount, &measured, nFormat | DT_CALCRECT);
 }
 
+bool IsLastErrorOfMemory()
+{
+    return GetLastError() == ERROR_NOT_ENOUGH_MEMORY;
+}
+
 std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
 {
     return WithErrors(

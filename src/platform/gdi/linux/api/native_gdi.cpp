@@ -1,9 +1,12 @@
 // Sizes straight from the font cache; the rest is the drawing interface as it stands.
 #include "platform/gdi/native_gdi.h"
 
+#include "platform/base/system.h"
 #include "platform/gdi/linux/context/device_context.h"
 #include "platform/gdi/linux/fonts/font_cache.h"
 #include "platform/gdi/linux/fonts/font_face.h"
+
+#include <cerrno>
 
 HFONT CreateFaceFont(const LOGFONTA* pFont)
 {
@@ -33,6 +36,11 @@ int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
 bool CanDrawLetters(HDC)
 {
     return true;
+}
+
+bool IsLastErrorOfMemory()
+{
+    return GetLastError() == ENOMEM;
 }
 
 std::vector<BYTE> EnhMetaFileBytes(HENHMETAFILE hMetaFile)
