@@ -15,9 +15,6 @@ namespace
 constexpr int s_nLongestText = 65534;  // beyond, positions have no number
 constexpr size_t s_nExcerptWidth = 72;
 constexpr int s_nGapOfStored = 2;  // of a process that has parsed nothing
-constexpr int s_nLeastPoints = 4;
-constexpr int s_nMostPoints = 400;
-constexpr int s_nLongestFace = LF_FACESIZE - 1;
 // How the message of a calculation begins that an exception stopped.
 constexpr std::string_view s_strStopped = "Error in Calculation() ";
 

@@ -78,8 +78,8 @@ CPictureOptions PaintOptions(const mivora_paint& paint, const CPictureFormat* pF
         RefuseArgument("a metafile knows no option but grayed and no_source");
     CPictureOptions options;
     if (paint.dpi != 0)
-        options.nDpi = InRange("dpi", paint.dpi, 10, 2400);
-    options.nMargin = InRange("margin", paint.margin, 0, 10000);
+        options.nDpi = InRange("dpi", paint.dpi, s_nLeastDpi, s_nMostDpi);
+    options.nMargin = InRange("margin", paint.margin, 0, s_nMostMargin);
     options.bExact = paint.exact != 0;
     options.bBoxes = paint.boxes != 0;
     TakeColours(paint, pFormat, options);

@@ -11,6 +11,14 @@
 
 constexpr int s_nScreenDpi = 96;  // of which formulas are measured
 
+// What callers may ask for.
+constexpr int s_nLeastDpi = 10;
+constexpr int s_nMostDpi = 2400;
+constexpr int s_nMostMargin = 10000;
+constexpr int s_nLeastPoints = 4;
+constexpr int s_nMostPoints = 400;
+constexpr int s_nLongestFace = LF_FACESIZE - 1;
+
 // How a formula looks, before it is measured.
 struct CFormulaLook
 {

@@ -17,8 +17,6 @@
 
 namespace
 {
-constexpr int s_nLongestFace = LF_FACESIZE - 1;
-
 // With their points.
 std::string FormatList()
 {

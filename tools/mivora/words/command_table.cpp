@@ -3,6 +3,7 @@
 #include <cassert>
 #include <cstring>
 
+#include "picture/picture.h"
 #include "pictures/format_names.h"
 #include "words/platform_texts.h"
 
@@ -12,7 +13,7 @@ namespace
 constexpr COption s_aOptions[] = {
     { OPT_OUTPUT, "o", "output", "FILE", VALUE_FILE, 0, 0, nullptr,
       "Write the picture to FILE, or to standard output for -; its extension chooses the format" },
-    { OPT_DPI, nullptr, "dpi", "N", VALUE_NUMBER, 10, 2400, nullptr, g_szDpiHelp },
+    { OPT_DPI, nullptr, "dpi", "N", VALUE_NUMBER, s_nLeastDpi, s_nMostDpi, nullptr, g_szDpiHelp },
     { OPT_BOXES, nullptr, "boxes", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Draw the rectangles of the nodes and their axes over the picture" },
     { OPT_GRAYED, nullptr, "grayed", nullptr, VALUE_NONE, 0, 0, nullptr,
@@ -47,7 +48,7 @@ constexpr COption s_aOptions[] = {
       "Size of the window in pixels (default 300x200)" },
     { OPT_READ_ONLY, nullptr, "read-only", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Begin with a control that refuses editing" },
-    { OPT_POINTS, nullptr, "size", "POINTS", VALUE_NUMBER, 4, 400, nullptr,
+    { OPT_POINTS, nullptr, "size", "POINTS", VALUE_NUMBER, s_nLeastPoints, s_nMostPoints, nullptr,
       "Size of the text in points (default 12)" },
     { OPT_FONT, nullptr, "font", "FACE", VALUE_TEXT, 0, 0, nullptr,
       "Face of letters, figures and names (default Times New Roman)" },
@@ -58,7 +59,7 @@ constexpr COption s_aOptions[] = {
       "Colour behind the formula (default white)" },
     { OPT_TRANSPARENT, nullptr, "transparent", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Put no colour behind the formula" },
-    { OPT_MARGIN, nullptr, "margin", "N", VALUE_NUMBER, 0, 10000, nullptr,
+    { OPT_MARGIN, nullptr, "margin", "N", VALUE_NUMBER, 0, s_nMostMargin, nullptr,
       "Leave N pixels free on each side (default 0)" },
     { OPT_EXACT, nullptr, "exact", nullptr, VALUE_NONE, 0, 0, nullptr,
       "Keep to the formula's rectangle, and cut what stands out of it" },
