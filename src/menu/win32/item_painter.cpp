@@ -130,11 +130,6 @@ void DrawItemIcon(CDC* pDC, const CItemView& item, CPoint at, bool bSelected, bo
 
 // ---- Flat styles
 
-CFlatColours FlatColoursOn(CDC* pDC, const CMenuSystem& system)
-{
-    return FlatColours(system, [=](COLORREF c) { return ::GetNearestColor(*pDC, c); });
-}
-
 COLORREF SelectionLine(const CMenuSystem& system)
 {
     return system.Colour(system.m_bHighContrast ? COLOR_BTNTEXT : COLOR_HIGHLIGHT);

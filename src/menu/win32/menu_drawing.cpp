@@ -62,7 +62,7 @@ void FillGradientInBands(CDC* pDC, const CRect& rect, COLORREF first, COLORREF l
     FillColour(pDC, rect, last);
     const int nLength = bVertical ? rect.Height() : rect.Width();
     const int nBands = nLength / BAND;
-    // A brush each: these colours do not come again.
+    // Without brushes that are kept: these colours do not come again.
     for (int n = 0; n < nBands; ++n)
     {
         CRect band = rect;
@@ -81,6 +81,11 @@ void FillGradient(CDC* pDC, const CRect& rect, COLORREF first, COLORREF last, bo
     const bool bUsable = system.m_version != EWindowsVersion::windows98;
     if (!bUsable || !FillGradientBySystem(pDC->GetSafeHdc(), rect, first, last, bVertical))
         FillGradientInBands(pDC, rect, first, last, bVertical);
+}
+
+CFlatColours FlatColoursOn(CDC* pDC, const CMenuSystem& system)
+{
+    return FlatColours(system, [=](COLORREF c) { return ::GetNearestColor(*pDC, c); });
 }
 
 void DrawBorder(CDC* pDC, const CRect& rect, COLORREF line)

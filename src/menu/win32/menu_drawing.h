@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "menu/menu_system.h"
+#include "menu/menu_colours.h"
 #include "platform/gdi/dc.h"
 
 // Draws off the screen in the coordinates of the target, which gets the rectangle when this ends.
@@ -51,6 +51,8 @@ void FillGradient(CDC* pDC, const CRect& rect, COLORREF first, COLORREF last, bo
                   const CMenuSystem& system);
 void FillGradientInBands(CDC* pDC, const CRect& rect, COLORREF first, COLORREF last,
                          bool bVertical);
+// As the device shows them.
+CFlatColours FlatColoursOn(CDC* pDC, const CMenuSystem& system);
 // A rectangle filled with one colour and bordered with another.
 void DrawBox(CDC* pDC, const CRect& rect, COLORREF line, COLORREF fill);
 void DrawBorder(CDC* pDC, const CRect& rect, COLORREF line);

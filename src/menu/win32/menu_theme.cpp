@@ -315,9 +315,8 @@ CGradientColours CMenuTheme::GetGradientColours()
 void CMenuThemeXP::PaintFrame(CDC* pDC, const CNewMenuHook::CMenuHookData& data)
 {
     const CMenuSystem& system = GetMenuSystem();
-    const CFlatColours flat =
-        FlatColours(system, [=](COLORREF c) { return ::GetNearestColor(*pDC, c); });
-    const CFrameColours colours = FlatFrameColours(system, flat.m_column, HasGradientFrame());
+    const CFrameColours colours =
+        FlatFrameColours(system, FlatColoursOn(pDC, system).m_column, HasGradientFrame());
     CRect frame = CalcFrameRect(CRect(CPoint(), data.m_rect.Size()));
     pDC->Draw3dRect(&frame, colours.m_outer, colours.m_outer);
     frame.DeflateRect(1, 1);

@@ -411,8 +411,7 @@ CSize MeasureTitleItem(CDC* pDC, CNewMenuItemDataTitle& title)
 }
 }  // namespace
 
-template <class M>
-void CNewMenu::MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure)
+void CNewMenu::MeasureBy(LPMEASUREITEMSTRUCT pMeasure, EMeasureStyle style)
 {
     CNewMenuItemData* pItem = CNewMenuItemData::FromMenuData(pMeasure->itemData);
     if (pItem == nullptr)
@@ -429,7 +428,7 @@ void CNewMenu::MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure)
         content.m_bSubmenu = (item.m_nFlags & MF_POPUP) != 0;
         content.m_bBar = m_bPopup == FALSE;
         content.m_bMnemonic = Mnemonic(text) != 0;
-        return measure(content, GetMenuSystem());
+        return MeasureItemIn(style, content, GetMenuSystem());
     };
     CSize size;
     if (IsTitle(*pItem))
@@ -451,20 +450,17 @@ void CNewMenu::MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure)
 
 void CNewMenu::MeasureFlatItem(LPMEASUREITEMSTRUCT pMeasure)
 {
-    MeasureBy(pMeasure, [](const CItemContent& item, const CMenuSystem& system)
-              { return MeasureItemIn(EMeasureStyle::flat, item, system); });
+    MeasureBy(pMeasure, EMeasureStyle::flat);
 }
 
 void CNewMenu::MeasurePlainItem(LPMEASUREITEMSTRUCT pMeasure)
 {
-    MeasureBy(pMeasure, [](const CItemContent& item, const CMenuSystem& system)
-              { return MeasureItemIn(EMeasureStyle::plain, item, system); });
+    MeasureBy(pMeasure, EMeasureStyle::plain);
 }
 
 void CNewMenu::MeasureShadedItem(LPMEASUREITEMSTRUCT pMeasure)
 {
-    MeasureBy(pMeasure, [](const CItemContent& item, const CMenuSystem& system)
-              { return MeasureItemIn(EMeasureStyle::shaded, item, system); });
+    MeasureBy(pMeasure, EMeasureStyle::shaded);
 }
 
 // ---- Drawing
@@ -495,8 +491,7 @@ static bool IsMouseIn(HWND hWnd, const CRect& item)
     return item.PtInRect(inside) && !CNewMenuHook::IsMouseWhereKeyWas(point);
 }
 
-template <class F>
-void CNewMenu::DrawBy(LPDRAWITEMSTRUCT pDraw, F draw)
+void CNewMenu::DrawBy(LPDRAWITEMSTRUCT pDraw, DrawFunction draw)
 {
     const CNewMenuItemData* pItem = CNewMenuItemData::FromMenuData(pDraw->itemData);
     if (pItem == nullptr)
@@ -529,6 +524,17 @@ void CNewMenu::DrawBy(LPDRAWITEMSTRUCT pDraw, F draw)
     draw(&memory, view, look);
 }
 
+namespace
+{
+template <void (*pfnDraw)(CDC*, const CItemView&, const CMenuLook&)>
+void WithBarShadow(CDC* pDC, const CItemView& item, const CMenuLook& look)
+{
+    pfnDraw(pDC, item, look);
+    if (HasBarShadow(item, look))
+        g_pMenuTheme->PaintBarShadow(pDC, item.m_rect);
+}
+}  // namespace
+
 void CNewMenu::DrawRaised(LPDRAWITEMSTRUCT pDraw)
 {
     DrawBy(pDraw, DrawRaisedItem);
@@ -536,13 +542,7 @@ void CNewMenu::DrawRaised(LPDRAWITEMSTRUCT pDraw)
 
 void CNewMenu::DrawFlat(LPDRAWITEMSTRUCT pDraw)
 {
-    DrawBy(pDraw,
-           [](CDC* pDC, const CItemView& item, const CMenuLook& look)
-           {
-               DrawFlatItem(pDC, item, look);
-               if (HasBarShadow(item, look))
-                   g_pMenuTheme->PaintBarShadow(pDC, item.m_rect);
-           });
+    DrawBy(pDraw, WithBarShadow<DrawFlatItem>);
 }
 
 void CNewMenu::DrawTextOnly(LPDRAWITEMSTRUCT pDraw)
@@ -557,13 +557,7 @@ void CNewMenu::DrawShaded(LPDRAWITEMSTRUCT pDraw)
 
 void CNewMenu::DrawGradient(LPDRAWITEMSTRUCT pDraw)
 {
-    DrawBy(pDraw,
-           [](CDC* pDC, const CItemView& item, const CMenuLook& look)
-           {
-               DrawGradientItem(pDC, item, look);
-               if (HasBarShadow(item, look))
-                   g_pMenuTheme->PaintBarShadow(pDC, item.m_rect);
-           });
+    DrawBy(pDraw, WithBarShadow<DrawGradientItem>);
 }
 
 void CNewMenu::DrawTitleItem(LPDRAWITEMSTRUCT pDraw)

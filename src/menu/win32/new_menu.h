@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "menu/menu_settings.h"
+#include "menu/menu_style.h"
 #include "menu/title_flags.h"
 #include "platform/base/geometry.h"
 #include "platform/win/menu.h"
@@ -30,6 +31,8 @@ class CDC;
 class CNewMenuIcons;
 class CNewMenuItemData;
 class CNewMenuItemDataTitle;
+struct CItemView;
+struct CMenuLook;
 
 class CNewMenu : public CMenu
 {
@@ -118,15 +121,14 @@ public:
 
 private:
     using Items = std::vector<std::unique_ptr<CNewMenuItemData>>;
+    using DrawFunction = void (*)(CDC*, const CItemView&, const CMenuLook&);
 
     void SynchroniseItem(UINT nPosition, Items& old, bool bMeasure);
     void SynchroniseSubMenus();
     void ReleaseSubMenus();
     void ForgetItems(bool bGiveBack);
-    template <class F>
-    void DrawBy(LPDRAWITEMSTRUCT pDraw, F draw);
-    template <class M>
-    void MeasureBy(LPMEASUREITEMSTRUCT pMeasure, M measure);
+    void DrawBy(LPDRAWITEMSTRUCT pDraw, DrawFunction draw);
+    void MeasureBy(LPMEASUREITEMSTRUCT pMeasure, EMeasureStyle style);
     int FindPosition(const CNewMenuItemData& item) const;
     bool IsDefault(const CNewMenuItemData& item) const;
     void CountOpen(int nMore);
