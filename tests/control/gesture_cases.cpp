@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "control/tree_texts.h"
+
 namespace
 {
 
@@ -9,10 +11,7 @@ namespace
 #define OPEN "press @L;release @L;press @L;release @L;"
 // A placeholder in the place of the left operand, selected.
 #define HOLE "press @LL;key 46;"
-#define TREE_OF(formula) "(STANDARD \"\" " formula " -)"
-#define A_PLUS(left) TREE_OF("(PLUS \"+\" " left " (VARIABLE \"b\" - -))")
-#define VARIABLE(name) "(VARIABLE \"" name "\" - -)"
-#define PLACE "(PLACEHOLDER \"\" - -)"
+#define A_PLUS(left) PLUS(left, NAME("b"))
 
 constexpr CGestureCase s_aMouse[] = {
     { "a press selects the node alone", "a+b", "press @LL", SELECTION, "/LL:1" },
@@ -32,7 +31,7 @@ constexpr CGestureCase s_aMouse[] = {
     { "an operator has no editor", "a+b", "press @L;release @L;press @L;release @L", EDITOR, "-" },
     { "a click left over opens the next editor at once", "a+b",
       "press @L;press @L;release @L;press @LL;release @LL;char 88;char 13", TREE,
-      A_PLUS(VARIABLE("X")) },
+      A_PLUS(NAME("X")) },
     { "hover follows the mouse", "a+b", "move @LR", HOVER, "/LR" },
     { "hover ends with a paint", "a+b", "move @LR;paint", HOVER, "-" },
     { "off all nodes the root is hovered", "a+b", "move @LR;move 250 150", HOVER, "/" },
@@ -86,16 +85,16 @@ constexpr CGestureCase s_aKeys[] = {
     { "delete on a read-only control", "a+b", "press @LL;readonly 1;key 46", COUNTS,
       "undo 0 changed 0" },
     { "a letter on a placeholder", "a+b", HOLE "key 65", EDITOR, "/LL \"A\" 1 1 -9 0 34 21" },
-    { "makes it a variable", "a+b", HOLE "key 65", TREE, A_PLUS(VARIABLE("A")) },
+    { "makes it a variable", "a+b", HOLE "key 65", TREE, A_PLUS(NAME("A")) },
     { "which is told when the edit ends", "a+b", HOLE "key 65", COUNTS, "undo 0 changed 1" },
-    { "a letter and Escape", "a+b", HOLE "key 65;char 27", TREE, A_PLUS(VARIABLE("var")) },
-    { "a letter on a variable", "a+b", "press @LL;key 88;char 13", TREE, A_PLUS(VARIABLE("X")) },
+    { "a letter and Escape", "a+b", HOLE "key 65;char 27", TREE, A_PLUS(NAME("var")) },
+    { "a letter on a variable", "a+b", "press @LL;key 88;char 13", TREE, A_PLUS(NAME("X")) },
     { "a letter on an operator", "a+b", "press @L;key 65", EDITOR, "-" },
-    { "a digit with Shift", "a+b", "press @LL;key 55 shift;char 13", TREE, A_PLUS(VARIABLE("7")) },
-    { "1 on the number pad", "a+b", "press @LL;key 97;char 13", TREE, A_PLUS(VARIABLE("a")) },
-    { "plus on the number pad", "a+b", "press @LL;key 107;char 13", TREE, A_PLUS(VARIABLE("k")) },
-    { "F1", "a+b", "press @LL;key 112;char 13", TREE, A_PLUS(VARIABLE("p")) },
-    { "F11", "a+b", "press @LL;key 122;char 13", TREE, A_PLUS(VARIABLE("z")) },
+    { "a digit with Shift", "a+b", "press @LL;key 55 shift;char 13", TREE, A_PLUS(NAME("7")) },
+    { "1 on the number pad", "a+b", "press @LL;key 97;char 13", TREE, A_PLUS(NAME("a")) },
+    { "plus on the number pad", "a+b", "press @LL;key 107;char 13", TREE, A_PLUS(NAME("k")) },
+    { "F1", "a+b", "press @LL;key 112;char 13", TREE, A_PLUS(NAME("p")) },
+    { "F11", "a+b", "press @LL;key 122;char 13", TREE, A_PLUS(NAME("z")) },
     { "F12", "a+b", "press @LL;key 123", EDITOR, "-" },
     { "0 on the number pad", "a+b", "press @LL;key 96", EDITOR, "-" },
     { "Control and C on a read-only control types", "a+b", "press @LL;readonly 1;key 67 ctrl",
@@ -138,16 +137,16 @@ constexpr CGestureCase s_aEditor[] = {
     { "deleted under the editor", "a+b", "press @LL;key 88;char 89;delete", TREE, A_PLUS(PLACE) },
     { "the edit ends first", "a+b", "press @LL;key 88;char 89;delete", COUNTS, "undo 1 changed 1" },
     { "cut with its text", "a+b", "press @LL;key 88;char 89;cut;all;key 37;key 37;paste", TREE,
-      A_PLUS(VARIABLE("XY")) },
+      A_PLUS(NAME("XY")) },
     { "copied with its sign", "a+b",
       "press @LL;key 88;copy;char 13;press @LR;key 46;paste;press @LR;key 65;char 27", TREE,
-      TREE_OF("(PLUS \"+\" " VARIABLE("X") " " VARIABLE("X") ")") },
+      TREE_OF("(PLUS \"+\" " NAME("X") " " NAME("X") ")") },
     { "all is the box's ride", "a+b", "press @LL;key 88;all", SELECTION, "/:2" },
     { "keys go to the editor", "a+b", "press @LL;key 88;key 46;key 32;key 65", TREE,
-      A_PLUS(VARIABLE("X")) },
+      A_PLUS(NAME("X")) },
     { "characters without an editor", "a+b", "press @LL;char 65;blur", EDITOR, "-" },
     { "a letter on a deleted root's placeholder", "2", "press @L;key 46;key 65;char 13", TREE,
-      TREE_OF(VARIABLE("A")) },
+      TREE_OF(NAME("A")) },
 };
 
 constexpr CGestureCase s_aTransfer[] = {
@@ -158,9 +157,9 @@ constexpr CGestureCase s_aTransfer[] = {
     { "and deletes nothing", "2", "all;cut", TREE, TREE_OF("(NUMBER \"2\" - -)") },
     { "cut of nothing", "a+b", "cut", COUNTS, "undo 0 changed 0" },
     { "read-only cuts nothing", "a+b", "press @LL;readonly 1;cut", COUNTS, "undo 0 changed 0" },
-    { "copy and paste", "a+b", "press @LR;copy;" HOLE "paste", TREE, A_PLUS(VARIABLE("b")) },
+    { "copy and paste", "a+b", "press @LR;copy;" HOLE "paste", TREE, A_PLUS(NAME("b")) },
     { "copied is the whole subtree in either mode", "a+b", "press @L;copy;" HOLE "paste", TREE,
-      A_PLUS("(PLUS \"+\" " VARIABLE("a") " " VARIABLE("b") ")") },
+      A_PLUS("(PLUS \"+\" " NAME("a") " " NAME("b") ")") },
     { "a paste takes a step and the selection", "a+b", "press @LR;copy;" HOLE "paste", COUNTS,
       "undo 1 changed 1" },
     { "a paste of nothing too", "a+b", HOLE "paste", COUNTS, "undo 1 changed 1" },
@@ -168,10 +167,10 @@ constexpr CGestureCase s_aTransfer[] = {
     { "a paste on anything else does nothing", "a+b", "press @LR;copy;press @LL;paste", COUNTS,
       "undo 0 changed 0" },
     { "a read-only control pastes", "a+b", "press @LR;copy;" HOLE "readonly 1;paste", TREE,
-      A_PLUS(VARIABLE("b")) },
+      A_PLUS(NAME("b")) },
     { "keys of the clipboard", "a+b",
       "press @LR;key 45 ctrl;press @LL;key 88 ctrl;all;key 37;key 37;key 45 shift", TREE,
-      A_PLUS(VARIABLE("a")) },
+      A_PLUS(NAME("a")) },
     { "the root is pasted as a node", "2", "all;copy;press @L;key 46;paste", TREE,
       TREE_OF(TREE_OF("(NUMBER \"2\" - -)")) },
     { "damaged data", "a+b", HOLE "clip 00;paste", TREE, A_PLUS(PLACE) },
@@ -194,7 +193,7 @@ constexpr CGestureCase s_aDrops[] = {
     { "over with foreign data", "a+b", HOLE "enter @LL;over @LL", ANSWER, "0" },
     { "read-only refuses", "a+b", "press @LR;copy;" HOLE "readonly 1;over @LL", ANSWER, "0" },
     { "read-only lets foreign data enter", "a+b", HOLE "readonly 1;enter @LL", ANSWER, "2" },
-    { "a drop", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", TREE, A_PLUS(VARIABLE("b")) },
+    { "a drop", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", TREE, A_PLUS(NAME("b")) },
     { "is taken", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", ANSWER, "TRUE" },
     { "with a step", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", COUNTS,
       "undo 1 changed 1" },
@@ -205,14 +204,14 @@ constexpr CGestureCase s_aDrops[] = {
       ANSWER, "FALSE" },
     { "foreign data dropped", "a+b", HOLE "enter @LL;drop @LL", ANSWER, "FALSE" },
     { "a drag of the own moves", "a+b", HOLE "press @LR;move @LL left;over @LL;drop @LL", TREE,
-      TREE_OF("(PLUS \"+\" " VARIABLE("b") " " PLACE ")") },
+      TREE_OF("(PLUS \"+\" " NAME("b") " " PLACE ")") },
     { "and tells so", "a+b", HOLE "press @LR;move @LL left;over @LL;drop @LL", ANSWER, "TRUE 2" },
     { "the new placeholder is selected, mode 2", "a+b",
       HOLE "press @LR;move @LL left;over @LL;drop @LL", SELECTION, "/LR:2" },
     { "one step", "a+b", HOLE "press @LR;move @LL left;over @LL;drop @LL", COUNTS,
       "undo 1 changed 1" },
     { "with Control it copies", "a+b", HOLE "press @LR;move @LL left;over @LL ctrl;drop @LL", TREE,
-      A_PLUS(VARIABLE("b")) },
+      A_PLUS(NAME("b")) },
     { "and the source is selected, mode 2", "a+b",
       HOLE "press @LR;move @LL left;over @LL ctrl;drop @LL", SELECTION, "/LR:2" },
     { "a drop where nothing can be", "a+b", "press @LR;move @LL left;over @LL;drop @LL", ANSWER,

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "control/in_place_edit.h"
+#include "control/tree_texts.h"
 #include "control/win32/input_desk.h"
 #include "nodes/node.h"
 #include "platform/base/app.h"
@@ -16,10 +17,6 @@
 namespace
 {
 
-#define TREE_OF(formula) "(STANDARD \"\" " formula " -)"
-#define PLUS(left, right) TREE_OF("(PLUS \"+\" " left " " right ")")
-#define NAME(name) "(VARIABLE \"" name "\" - -)"
-#define PLACE "(PLACEHOLDER \"\" - -)"
 #define NUMBER(digits) TREE_OF("(NUMBER \"" digits "\" - -)")
 
 // A placeholder in the place of the left operand.

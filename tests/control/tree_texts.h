@@ -1,0 +1,7 @@
+// Trees of small formulas, in the form that tests compare.
+#pragma once
+
+#define TREE_OF(formula) "(STANDARD \"\" " formula " -)"
+#define PLUS(left, right) TREE_OF("(PLUS \"+\" " left " " right ")")
+#define NAME(name) "(VARIABLE \"" name "\" - -)"
+#define PLACE "(PLACEHOLDER \"\" - -)"
