@@ -1,10 +1,10 @@
 // Time per formula, stage by stage, over the shared formulas: from the parse to a file on disk.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include "exchange/latex.h"
@@ -36,16 +36,17 @@ CFormulaList FormedFormulas()
 class CScratchFolder
 {
 public:
-    CScratchFolder()
+    CScratchFolder() { std::filesystem::create_directory(m_path); }
+    ~CScratchFolder()
     {
-        if (mkdtemp(m_szPath) == nullptr)
-            std::abort();
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
     }
-    ~CScratchFolder() { rmdir(m_szPath); }
-    std::string File(const char* pszName) const { return std::string(m_szPath) + "/" + pszName; }
+    std::string File(const char* pszName) const { return (m_path / pszName).string(); }
 
 private:
-    char m_szPath[32] = "/tmp/mivora-bench-XXXXXX";
+    std::filesystem::path m_path =
+        std::filesystem::temp_directory_path() / ("mivora-bench-" + std::to_string(getpid()));
 };
 
 // Reports the time of one formula beside the time of a whole round.
@@ -185,7 +186,8 @@ BENCHMARK_CAPTURE(PictureInMemory, Svg, "svg");
 BENCHMARK_CAPTURE(PictureInMemory, Png, "png");
 BENCHMARK_CAPTURE(PictureInMemory, Pdf, "pdf");
 
-// From the text to a picture: in C++, and by the C interface. bench/python_bench.py has the same rows.
+// From the text to a picture: in C++, and by the C interface. bench/python_bench.py has the same
+// rows.
 void FormAndDraw(benchmark::State& state, const char* name)
 {
     const CPictureFormat& format = *FindPictureFormat(name);
