@@ -221,9 +221,7 @@ void FormAndDrawInC(benchmark::State& state, const char* name)
                     MIVORA_OK ||
                 mivora_formula_picture(pFormula, name, nullptr, &pBytes, &nSize, nullptr) !=
                     MIVORA_OK)
-            {
                 state.SkipWithError("a call failed");
-            }
             mivora_free(pBytes);
             mivora_formula_free(pFormula);
         }

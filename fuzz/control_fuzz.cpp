@@ -12,9 +12,9 @@
 
 namespace
 {
-constexpr size_t MAX_TEXT = 300;
-constexpr int MAX_EVENTS = 200;
-constexpr int MAX_SIDE = 400;  // larger windows are the same, and slower
+constexpr size_t s_nMaxText = 300;
+constexpr int s_nMaxEvents = 200;
+constexpr int s_nMaxSide = 400;  // larger windows are the same, and slower
 
 std::string_view TakeLine(std::string_view& strLines)
 {
@@ -30,7 +30,7 @@ std::optional<CScriptEvent> NextEvent(std::string_view& strLines)
     {
         const auto event = ParseScriptEvent(TakeLine(strLines));
         if (event && (event->nType != EVENT_SIZE ||
-                      (event->nFirst <= MAX_SIDE && event->nSecond <= MAX_SIDE)))
+                      (event->nFirst <= s_nMaxSide && event->nSecond <= s_nMaxSide)))
             return event;
     }
     return std::nullopt;
@@ -43,7 +43,7 @@ void Play(const std::string& strText, std::string_view strScript)
     CScriptPlayer(
         driver.m_Scripted,
         [&]() -> std::optional<CScriptEvent>
-        { return nEvents++ < MAX_EVENTS ? NextEvent(strScript) : std::nullopt; },
+        { return nEvents++ < s_nMaxEvents ? NextEvent(strScript) : std::nullopt; },
         [&](const std::string& strState)
         {
             const std::string strBroken = BrokenRule(driver);
@@ -61,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     BeQuiet();
     std::string_view strLines(reinterpret_cast<const char*>(pData), nSize);
     std::string_view strHead = TakeLine(strLines);
-    if (strHead.empty() || strHead.size() > MAX_TEXT)
+    if (strHead.empty() || strHead.size() > s_nMaxText)
         return 0;
     std::optional<CBoxedPlaceholders> boxed;
     if (strHead[0] & 1)

@@ -18,19 +18,19 @@ void CFileKinds::Add(const CString& strName, const CString& strExtension)
 
 namespace
 {
-constexpr DWORD MAX_PATH_UNITS = 32768;  // the longest that the system has
+constexpr DWORD s_nMaxPathUnits = 32768;  // the longest that the system has
 
 std::optional<CString> Ask(BOOL(WINAPI* pfnAsk)(LPOPENFILENAMEW), CWnd* pOwner,
                            const CFileKinds& kinds, const CString& strName, DWORD dwFlags)
 {
-    std::vector<wchar_t> path(MAX_PATH_UNITS, L'\0');
-    ToWide(strName).copy(path.data(), MAX_PATH_UNITS - 1);
+    std::vector<wchar_t> path(s_nMaxPathUnits, L'\0');
+    ToWide(strName).copy(path.data(), s_nMaxPathUnits - 1);
     OPENFILENAMEW question = {};
     question.lStructSize = sizeof question;
     question.hwndOwner = pOwner->GetSafeHwnd();
     question.lpstrFilter = kinds.Filter();
     question.lpstrFile = path.data();
-    question.nMaxFile = MAX_PATH_UNITS;
+    question.nMaxFile = s_nMaxPathUnits;
     question.lpstrDefExt = kinds.FirstExtension();
     question.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | dwFlags;
     if (!pfnAsk(&question))

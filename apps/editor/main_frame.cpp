@@ -58,15 +58,15 @@ int CMainFrame::OnCreate(LPCREATESTRUCTA pCreate)
     metrics.lfMessageFont.lfHeight = metrics.lfMessageFont.lfHeight * 3 / 2;
     m_textFont.CreateFontIndirect(&metrics.lfMessageFont);
 
-    constexpr DWORD CHILD = WS_CHILD | WS_VISIBLE;
-    constexpr int MOST_CHARACTERS = 65534;  // what a formula may have
-    if (!m_text.Create(CHILD | WS_TABSTOP | ES_AUTOHSCROLL, CRect(), this, IDC_TEXT_LINE) ||
-        !m_rule.Create("Static", "", CHILD | SS_ETCHEDHORZ, CRect(), this, IDC_RULE) ||
-        !m_formula.Create(this, CRect(), IDC_FORMULA, CHILD | WS_TABSTOP) ||
+    constexpr DWORD nChild = WS_CHILD | WS_VISIBLE;
+    constexpr int nMostCharacters = 65534;  // what a formula may have
+    if (!m_text.Create(nChild | WS_TABSTOP | ES_AUTOHSCROLL, CRect(), this, IDC_TEXT_LINE) ||
+        !m_rule.Create("Static", "", nChild | SS_ETCHEDHORZ, CRect(), this, IDC_RULE) ||
+        !m_formula.Create(this, CRect(), IDC_FORMULA, nChild | WS_TABSTOP) ||
         !m_status.Create(this, &m_statusFont))
         return -1;
     m_text.SetFont(&m_textFont);
-    m_text.LimitText(MOST_CHARACTERS);
+    m_text.LimitText(nMostCharacters);
     m_formula.SetTree(&m_pDocument->Tree());
     SetActiveView(&m_formula);
     m_hFocus = m_text;
@@ -76,14 +76,14 @@ int CMainFrame::OnCreate(LPCREATESTRUCTA pCreate)
 
 void CMainFrame::RecalcLayout()
 {
-    constexpr int MARGIN = 6;
+    constexpr int nMargin = 6;
     CRect rect;
     GetClientRect(&rect);
     LOGFONTA lf;
     m_textFont.GetLogFont(&lf);
     const int nText = std::abs(lf.lfHeight) * 3 / 2;
-    m_text.MoveWindow(MARGIN, MARGIN, rect.right - 2 * MARGIN, nText);
-    const int nTop = nText + 2 * MARGIN;
+    m_text.MoveWindow(nMargin, nMargin, rect.right - 2 * nMargin, nText);
+    const int nTop = nText + 2 * nMargin;
     const int nBottom = std::max<int>(rect.bottom - m_status.Height(), nTop + 2);
     m_rule.MoveWindow(0, nTop, rect.right, 2);
     m_formula.MoveWindow(0, nTop + 2, rect.right, nBottom - nTop - 2);
@@ -261,11 +261,13 @@ void CMainFrame::OnHelpKeys()
 // Once the bar is the menu code's: icons for what has one, and a heading over the styles.
 void CMainFrame::DressMenus()
 {
-    constexpr int VIEW = 2;  // its place in the bar
+    constexpr int nView = 2;  // its place in the bar
     CNewMenu& bar = GetNewMenu();
-    if (CNewMenu* pView = bar.GetNewSubMenu(VIEW))
+    if (CNewMenu* pView = bar.GetNewSubMenu(nView))
+    {
         if (CNewMenu* pStyles = pView->GetNewSubMenu(0))
             pStyles->InsertTitle(0, L"Style of menus", TITLE_GRADIENT);
+    }
     bar.LoadToolBar(IDR_ICONS);
 }
 

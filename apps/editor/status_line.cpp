@@ -34,11 +34,11 @@ CSize LetterSize(CWnd* pWnd, CFont* pFont)
 bool CStatusLine::Create(CWnd* pFrame, CFont* pFont)
 {
     static_assert(std::size(s_aPanes) == PANES);
-    constexpr DWORD STYLE = WS_CHILD | WS_VISIBLE | SS_SUNKEN | SS_LEFTNOWORDWRAP | SS_NOPREFIX |
-                            SS_CENTERIMAGE | SS_ENDELLIPSIS;
+    constexpr DWORD nStyle = WS_CHILD | WS_VISIBLE | SS_SUNKEN | SS_LEFTNOWORDWRAP | SS_NOPREFIX |
+                             SS_CENTERIMAGE | SS_ENDELLIPSIS;
     for (int n = 0; n < PANES; ++n)
     {
-        if (!m_aPanes[n].Create("Static", "", STYLE, CRect(), pFrame, s_aPanes[n].nID))
+        if (!m_aPanes[n].Create("Static", "", nStyle, CRect(), pFrame, s_aPanes[n].nID))
             return false;
         m_aPanes[n].SetFont(pFont);
     }
@@ -49,7 +49,7 @@ bool CStatusLine::Create(CWnd* pFrame, CFont* pFont)
 // From the right; a narrow window leaves nothing for the first.
 void CStatusLine::Place(const CRect& rect)
 {
-    constexpr int GAP = 2;
+    constexpr int nGap = 2;
     const int nLetter = LetterSize(&m_aPanes[0], m_aPanes[0].GetFont()).cx;
     int nRight = rect.right;
     for (int n = PANES - 1; n >= 0; --n)
@@ -57,6 +57,6 @@ void CStatusLine::Place(const CRect& rect)
         const int nWidth = s_aPanes[n].nLetters * nLetter;
         const int nLeft = nWidth != 0 ? nRight - nWidth : std::min<int>(rect.left, nRight);
         m_aPanes[n].MoveWindow(nLeft, rect.top, nRight - nLeft, rect.Height());
-        nRight = nLeft - GAP;
+        nRight = nLeft - nGap;
     }
 }

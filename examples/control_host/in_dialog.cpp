@@ -9,8 +9,8 @@
 
 namespace
 {
-constexpr UINT WM_LOOK = WM_APP;
-constexpr int NOT_PAINTED = -1;
+constexpr UINT s_nWmLook = WM_APP;
+constexpr int s_nNotPainted = -1;
 
 class CFormulaDialog : public CDialog
 {
@@ -27,7 +27,7 @@ protected:
         m_control.SetTree(&m_formula.m_Tree);  // before the first paint
         m_control.SubclassDlgItem(IDC_FORMULA, this);
         if (IsForOnce())
-            PostMessage(WM_LOOK);
+            PostMessage(s_nWmLook);
         return TRUE;
     }
 
@@ -37,7 +37,7 @@ protected:
     LRESULT OnLook(WPARAM, LPARAM)
     {
         ShowWindow(SW_SHOW);  // else it would wait until there are no messages
-        EndDialog(HasPainted(m_control) ? IDOK : NOT_PAINTED);
+        EndDialog(HasPainted(m_control) ? IDOK : s_nNotPainted);
         return 0;
     }
 
@@ -48,12 +48,12 @@ private:
 };
 
 BEGIN_MESSAGE_MAP(CFormulaDialog, CDialog)
-ON_MESSAGE(WM_LOOK, OnLook)
+ON_MESSAGE(s_nWmLook, OnLook)
 ON_NOTIFY(FCN_CHANGED, IDC_FORMULA, OnFormulaChanged)
 END_MESSAGE_MAP()
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
-    return CFormulaDialog().DoModal() == NOT_PAINTED ? 1 : 0;
+    return CFormulaDialog().DoModal() == s_nNotPainted ? 1 : 0;
 }

@@ -21,8 +21,12 @@ inline bool HasPainted(CFormulaCtrl& control)
     int nInside = 0;
     int nBehind = 0;
     for (int y = 0; y < rect.bottom; ++y)
+    {
         for (int x = 0; x < rect.right + 10; ++x)
+        {
             if (::GetPixel(dc.GetSafeHdc(), x, y) != ::GetSysColor(COLOR_WINDOW))
                 ++(x < rect.right ? nInside : nBehind);
+        }
+    }
     return nInside > 50 && nBehind == 0;
 }

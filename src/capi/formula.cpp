@@ -21,13 +21,13 @@ constexpr std::string_view s_strStopped = "Error in Calculation() ";
 CFormulaLook LookOf(const mivora_look& look)
 {
     CFormulaLook result;
-    if (look.points != 0 && (look.points < s_nLeastPoints || look.points > s_nMostPoints))
+    if (look.points != 0 && (look.points < LEAST_POINTS || look.points > MOST_POINTS))
         RefuseArgument("points is 4 to 400, or 0, not " + std::to_string(look.points));
     result.nPoints = look.points;
     if (look.face == nullptr)
         return result;
     const CString strFace = TextFromUtf8(look.face);
-    if (strFace.IsEmpty() || strFace.GetLength() > s_nLongestFace)
+    if (strFace.IsEmpty() || strFace.GetLength() > LONGEST_FACE)
         RefuseArgument("face is a name of 1 to 31 characters");
     result.strFace = strFace.View();
     return result;

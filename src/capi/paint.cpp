@@ -22,9 +22,7 @@ COLORREF ColourOf(const char* pszField, const char* pszName)
 {
     const std::optional<COLORREF> colour = FindColour(pszName);
     if (!colour)
-    {
         RefuseArgument(std::string(pszField) + " is a name, #rgb or #rrggbb, not " + pszName);
-    }
     return *colour;
 }
 
@@ -78,8 +76,8 @@ CPictureOptions PaintOptions(const mivora_paint& paint, const CPictureFormat* pF
         RefuseArgument("a metafile knows no option but grayed and no_source");
     CPictureOptions options;
     if (paint.dpi != 0)
-        options.nDpi = InRange("dpi", paint.dpi, s_nLeastDpi, s_nMostDpi);
-    options.nMargin = InRange("margin", paint.margin, 0, s_nMostMargin);
+        options.nDpi = InRange("dpi", paint.dpi, LEAST_DPI, MOST_DPI);
+    options.nMargin = InRange("margin", paint.margin, 0, MOST_MARGIN);
     options.bExact = paint.exact != 0;
     options.bBoxes = paint.boxes != 0;
     TakeColours(paint, pFormat, options);

@@ -11,8 +11,8 @@ namespace
 {
 
 // Room for the frame and the caret around the node's sign, pixels.
-constexpr int MARGIN_X = 10;
-constexpr int MARGIN_Y = 2;
+constexpr int s_nMarginX = 10;
+constexpr int s_nMarginY = 2;
 
 // What the box shows first, by the first character; the first row that holds it counts.
 struct COpening
@@ -56,7 +56,7 @@ CInPlaceEdit::CInPlaceEdit(CEditBox& box, CNode* pNode, CString strInitial, UINT
 
 void CInPlaceEdit::Open(CRect rect)
 {
-    rect.InflateRect(MARGIN_X, MARGIN_Y);
+    rect.InflateRect(s_nMarginX, s_nMarginY);
     if (!m_Box.Create(rect, *m_pNode->GetLogFont()))
         return;
     m_Box.SetText(m_strInitial);
@@ -71,7 +71,7 @@ void CInPlaceEdit::Open(CRect rect)
 // the beginning on.
 void CInPlaceEdit::Reposition(CRect rect)
 {
-    rect.InflateRect(MARGIN_X, MARGIN_Y);
+    rect.InflateRect(s_nMarginX, s_nMarginY);
     m_Box.MoveWindow(rect);
     int nStart = 0;
     int nEnd = 0;

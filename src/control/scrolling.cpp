@@ -8,12 +8,12 @@
 namespace
 {
 
-constexpr int LINE_STEP = 10;  // pixels
+constexpr int s_nLineStep = 10;  // pixels
 
 // Decisions about the bars that come to an end need at most 9 calls within each other, and 2 in a
 // row. Not many more: systems stop sending messages within messages at some depth.
-constexpr int RECALC_DEPTH = 16;
-constexpr int RESTLESS_LIMIT = 8;
+constexpr int s_nRecalcDepth = 16;
+constexpr int s_nRestlessLimit = 8;
 
 constexpr int s_anBars[] = { SB_HORZ, SB_VERT };
 
@@ -67,12 +67,12 @@ void CFormulaControl::ShowBar(int nBar, BOOL bShow)
 void CFormulaControl::RecalcScrollBars()
 {
     const bool bTired =
-        m_nRestless > RESTLESS_LIMIT || (m_nRestless == RESTLESS_LIMIT && m_nScrollBars != 0);
+        m_nRestless > s_nRestlessLimit || (m_nRestless == s_nRestlessLimit && m_nScrollBars != 0);
     if (!m_Window.IsWindow() || m_bRecalcStopped || bTired)
         return;
     const bool bOutermost = m_nRecalcDepth == 0;
     m_bSwitched = !bOutermost;
-    m_bRecalcStopped = m_nRecalcDepth >= RECALC_DEPTH;
+    m_bRecalcStopped = m_nRecalcDepth >= s_nRecalcDepth;
     if (m_bRecalcStopped)
         return;
     m_nRecalcDepth++;
@@ -146,12 +146,12 @@ void CFormulaControl::Scroll(int nBar, UINT nCode, int nMax, int nPage)
         { SB_LINEUP,
           [](const CBar& bar) -> CTarget
           {
-              return bar.nPos > LINE_STEP ? bar.nPos - LINE_STEP : 0;
+              return bar.nPos > s_nLineStep ? bar.nPos - s_nLineStep : 0;
           } },
         { SB_LINEDOWN,
           [](const CBar& bar) -> CTarget
           {
-              return bar.nPos < bar.nMax - LINE_STEP ? bar.nPos + LINE_STEP : bar.nMax;
+              return bar.nPos < bar.nMax - s_nLineStep ? bar.nPos + s_nLineStep : bar.nMax;
           } },
         { SB_PAGEUP,
           [](const CBar& bar) -> CTarget

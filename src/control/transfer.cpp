@@ -14,9 +14,9 @@
 namespace
 {
 
-constexpr UINT TRANSFER_MEMORY = GMEM_MOVEABLE | GMEM_ZEROINIT | GMEM_DDESHARE;
-constexpr UINT TRANSFER_STEP = 4096;  // bytes by which a block grows
-constexpr int ARCHIVE_BUFFER = 4096;  // bytes
+constexpr UINT s_nTransferMemory = GMEM_MOVEABLE | GMEM_ZEROINIT | GMEM_DDESHARE;
+constexpr UINT s_nTransferStep = 4096;  // bytes by which a block grows
+constexpr int s_nArchiveBuffer = 4096;  // bytes
 
 // A tree that is lent its root: what it holds at its end it does not delete.
 class CLentTree : public CBinTree
@@ -69,7 +69,7 @@ private:
 // The length of the archive; the file holds a block that may be longer.
 UINT StoreSubtree(CNode* pTop, CSharedFile& file)
 {
-    CArchive ar(&file, CArchive::store | CArchive::bNoFlushOnDelete, ARCHIVE_BUFFER);
+    CArchive ar(&file, CArchive::store | CArchive::bNoFlushOnDelete, s_nArchiveBuffer);
     CLentTree tree;
     tree.SetRootNode(pTop);
     tree.Serialize(ar);
@@ -85,12 +85,12 @@ HGLOBAL CFormulaControl::StoreSelection()
     const CShownNode shown(m_pInPlaceEdit != nullptr ? m_pInPlaceEdit->GetNode() : nullptr);
     try
     {
-        CSharedFile file(TRANSFER_MEMORY, TRANSFER_STEP);
+        CSharedFile file(s_nTransferMemory, s_nTransferStep);
         const UINT nLength = StoreSubtree(m_pTree->GetSelection(), file);
         const HGLOBAL hData = file.Detach();
         if (hData == nullptr)
             return nullptr;
-        const HGLOBAL hExact = GlobalReAlloc(hData, nLength, TRANSFER_MEMORY);
+        const HGLOBAL hExact = GlobalReAlloc(hData, nLength, s_nTransferMemory);
         if (hExact == nullptr)
             GlobalFree(hData);
         return hExact;
@@ -124,7 +124,7 @@ bool CFormulaControl::PasteArchive(CNode* pTarget, HGLOBAL hData)
     if (block.GetBytes() == nullptr)
         return false;
     CMemFile file(block.GetBytes(), static_cast<UINT>(GlobalSize(hData)));
-    CArchive ar(&file, CArchive::load, ARCHIVE_BUFFER);
+    CArchive ar(&file, CArchive::load, s_nArchiveBuffer);
     CBinTree tree;
     tree.Serialize(ar);
     if (tree.GetRootNode() == nullptr)

@@ -15,12 +15,8 @@ CWriterMemory::~CWriterMemory()
 {
     m_open.clear();
     if (m_open.capacity() * sizeof(COpenForm) > s_nKept)
-    {
         m_open.shrink_to_fit();
-    }
     m_text.clear();
     if (m_text.capacity() > s_nKept)
-    {
         m_text.shrink_to_fit();
-    }
 }

@@ -75,9 +75,7 @@ consteval bool RowsAreForms(const CFormRow (&aRows)[N])
     for (std::size_t i = 0; i < N; ++i)
     {
         if (aRows[i].nForm != i)
-        {
             return false;
-        }
     }
     return N == FORM_COUNT;
 }
@@ -153,9 +151,7 @@ private:
             const CFormRow& row = m_dialect.RowOf(reading);
             const bool bGroup = row.nRank < nNeeded;
             if (bGroup)
-            {
                 m_dialect.OpenGroup();
-            }
             const CPiece* pNext = row.text.Pieces();
             const int nOperand = WriteToOperand(reading, pNext);
             if (nOperand == s_nEnd)
@@ -177,14 +173,10 @@ private:
             const CPiece& piece = *pNext;
             m_dialect.AppendText(piece.Text());
             if (piece.chCode == 0)
-            {
                 return s_nEnd;
-            }
             ++pNext;
             if (piece.chCode <= '9')
-            {
                 return piece.chCode - '1';
-            }
             m_dialect.AppendOwn(reading, piece.chCode);
         }
     }
@@ -192,9 +184,7 @@ private:
     void EndGroup(bool bGroup)
     {
         if (bGroup)
-        {
             m_dialect.CloseGroup();
-        }
     }
 
     CDialect& m_dialect;

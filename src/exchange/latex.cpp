@@ -125,27 +125,19 @@ public:
     void AppendNothing(ERank nNeeded)
     {
         if (nNeeded >= RANK_CLOSED)
-        {
             AppendText("{}");
-        }
     }
 
     // A blank keeps a command from what follows it.
     void AppendText(std::string_view text)
     {
         if (text.empty())
-        {
             return;
-        }
         if (m_out.size() == m_nCommandEnd && IsLetter(text.front()))
-        {
             m_out += ' ';
-        }
         m_out.append(text);
         if (IsLetter(text.back()))
-        {
             MarkCommandEnd(text);
-        }
     }
 
     void AppendOwn(const CReading& reading, char chCode)
@@ -183,21 +175,15 @@ private:
     {
         std::size_t n = text.size();
         while (n > 0 && IsLetter(text[n - 1]))
-        {
             --n;
-        }
         if (n > 0 && text[n - 1] == '\\')
-        {
             m_nCommandEnd = m_out.size();
-        }
     }
 
     void AppendSigns(const CShownText& shown)
     {
         for (const char ch : shown.text)
-        {
             AppendText(SignOf(shown.nFace, static_cast<unsigned char>(ch)).latex);
-        }
     }
 
     void AppendIn(std::string_view open, const CShownText& shown)
@@ -211,17 +197,11 @@ private:
     bool AppendOtherFace(const CShownText& shown)
     {
         if (shown.nFace == FACE_TEXT)
-        {
             return false;
-        }
         if (shown.text.size() == 1)
-        {
             AppendSigns(shown);
-        }
         else
-        {
             AppendIn("{", shown);
-        }
         return true;
     }
 
@@ -229,30 +209,18 @@ private:
     {
         std::string_view name = shown.text;
         while (!name.empty() && name.back() == '\'')
-        {
             name.remove_suffix(1);
-        }
         if (AppendOtherFace(shown))
-        {
             return;
-        }
         if (name.empty() || !IsPlain(name))
-        {
             return AppendIn("\\textit{", shown);
-        }
         const bool bPrimes = name.size() < shown.text.size();
         if (bPrimes)
-        {
             AppendText("{");
-        }
         if (name.size() == 1 && IsLetter(name.front()))
-        {
             AppendText(name);
-        }
         else
-        {
             AppendIn("\\mathit{", { name, shown.nFace });
-        }
         if (bPrimes)
         {
             AppendText(shown.text.substr(name.size()));
@@ -267,25 +235,17 @@ private:
             return IsPlain(ch) || ch == '.' || ch == '%';
         };
         if (AppendOtherFace(shown))
-        {
             return;
-        }
         if (std::all_of(shown.text.begin(), shown.text.end(), isDigit))
-        {
             AppendSigns(shown);
-        }
         else
-        {
             AppendIn("\\text{", shown);
-        }
     }
 
     void AppendUpright(const CShownText& shown)
     {
         if (!AppendOtherFace(shown))
-        {
             AppendIn(IsPlain(shown.text) ? "\\mathrm{" : "\\text{", shown);
-        }
     }
 
     void AppendFunctionName(const CShownText& shown)
@@ -312,13 +272,9 @@ private:
     void AppendOperatorText(const CShownText& shown)
     {
         if (shown.nFace != FACE_TEXT || IsPlain(shown.text))
-        {
             AppendSigns(shown);
-        }
         else
-        {
             AppendIn("\\text{", shown);
-        }
     }
 
     void AppendOperator(const CShownText& shown)
@@ -326,17 +282,11 @@ private:
         constexpr std::string_view plain = "!+-=*/,.;:?()<>|";
         const bool bPlain = shown.text.size() == 1 && plain.find(shown.text[0]) != plain.npos;
         if (shown.nFace != FACE_TEXT)
-        {
             AppendSigns(shown);
-        }
         else if (bPlain)
-        {
             AppendText(shown.text);
-        }
         else
-        {
             AppendUpright(shown);
-        }
     }
 
     // Signs that LaTeX does not take for relations get the room of one.
@@ -378,9 +328,7 @@ private:
         const char chBracket = shown.text.empty() ? ' ' : shown.text[0];
         const char* pszDelimiter = DelimiterOf(shown, chBracket);
         if (pszDelimiter == nullptr && chBracket != ' ')
-        {
             AppendOperator({ shown.text.substr(0, 1), shown.nFace });
-        }
         AppendText("\\left");
         AppendText(pszDelimiter != nullptr ? pszDelimiter : ".");
     }
@@ -392,9 +340,7 @@ private:
         AppendText("\\right");
         AppendText(pszDelimiter != nullptr ? pszDelimiter : ".");
         if (pszDelimiter == nullptr && chBracket != ' ')
-        {
             AppendOperator({ shown.text.substr(1, 1), shown.nFace });
-        }
     }
 
     // Null for what is no delimiter of LaTeX.
@@ -404,9 +350,7 @@ private:
         {
             if (delimiter.chCode == chBracket &&
                 (shown.nFace == FACE_SYMBOL || static_cast<unsigned char>(chBracket) < 0x80))
-            {
                 return delimiter.pszText;
-            }
         }
         return nullptr;
     }
@@ -417,13 +361,9 @@ private:
         const auto* pTyped = dynamic_cast<const CTypedNode*>(reading.pNode);
         const int nKind = pTyped != nullptr ? pTyped->GetKind() : 0;
         if (nKind >= 3 && nKind <= 5)
-        {
             AppendText(text);
-        }
         if (nKind == 4)
-        {
             AppendText(text);
-        }
     }
 
     std::string& m_out;

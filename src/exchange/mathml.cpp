@@ -128,9 +128,7 @@ public:
     void AppendNothing(ERank nNeeded)
     {
         if (nNeeded >= RANK_CLOSED)
-        {
             m_out += "<mrow></mrow>";
-        }
     }
 
     void AppendOwn(const CReading& reading, char chCode)
@@ -167,9 +165,7 @@ private:
     void AppendSigns(const CShownText& shown)
     {
         for (const char ch : shown.text)
-        {
             m_out.append(SignOf(shown.nFace, static_cast<unsigned char>(ch)).mathML);
-        }
     }
 
     // Browsers slant a single letter and leave longer names upright.
@@ -190,9 +186,7 @@ private:
     void AppendMeaning(const CReading& reading, const CShownText& shown)
     {
         if (shown.text != s_unknownSign.text || shown.nFace != s_unknownSign.nFace)
-        {
             return;
-        }
         for (const CMeaning& meaning : s_aMeanings)
         {
             if (meaning.nType == reading.nType)
@@ -209,17 +203,11 @@ private:
     {
         m_out += "<mo";
         if (IsNothing(reading.Operand(0)))
-        {
             m_out += " form=\"prefix\"";
-        }
         else if (IsNothing(reading.Operand(1)))
-        {
             m_out += " form=\"postfix\"";
-        }
         if (reading.nForm == FORM_ARROW)
-        {
             m_out += " stretchy=\"false\"";
-        }
         AppendMeaning(reading, shown);
         m_out += '>';
         AppendSigns(shown);
@@ -234,9 +222,7 @@ private:
         const bool bGap =
             reading.nForm == FORM_PRODUCT ? nNext == FORM_FUNCTION : nNext != FORM_BRACE;
         if (bGap)
-        {
             m_out += " rspace=\"0.17em\"";
-        }
     }
 
     // A sign of several characters is a row: only single ones grow.
@@ -246,9 +232,7 @@ private:
         const bool bDouble = shown.nFace == two.nFace && shown.text.starts_with(two.text);
         const bool bRow = shown.text.size() != (bDouble ? 2 : 1);
         if (bRow)
-        {
             OpenGroup();
-        }
         for (std::size_t i = 0; i < shown.text.size(); ++i)
         {
             m_out += "<mo movablelimits=\"false\"";
@@ -266,9 +250,7 @@ private:
             m_out += "</mo>";
         }
         if (bRow)
-        {
             CloseGroup();
-        }
     }
 
     void AppendBracket(const CShownText& shown, std::size_t nSide, const char* pszOpen)
@@ -301,9 +283,7 @@ private:
         }
         m_out += '>';
         for (int nLine = 0; nLine < mark.nLines; ++nLine)
-        {
             m_out += "<mover accent=\"true\">";
-        }
         m_out += mark.pszIntent != nullptr ? "<mrow arg=\"x\">" : "<mrow>";
     }
 
@@ -312,9 +292,7 @@ private:
         const CMark mark = MarkOf(reading);
         m_out += "</mrow>";
         for (int nLine = 0; nLine < mark.nLines; ++nLine)
-        {
             m_out += "<mo stretchy=\"true\">¯</mo></mover>";
-        }
         m_out += "<mo stretchy=\"false\">";
         AppendSigns(shown);
         m_out += "</mo></mover>";

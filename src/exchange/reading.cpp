@@ -68,17 +68,11 @@ const CNode* SkipWrappers(const CNode* pNode)
     while (IsOfType(pNode, NTI_STANDARD) && ShownTextOf(*pNode, NTI_STANDARD).text.empty())
     {
         if (IsEmptyLeaf(pNode->GetRight()))
-        {
             pNode = pNode->GetLeft();
-        }
         else if (IsEmptyLeaf(pNode->GetLeft()))
-        {
             pNode = pNode->GetRight();
-        }
         else
-        {
             break;
-        }
     }
     return pNode;
 }
@@ -100,13 +94,9 @@ CReading ReadIndex(const CPart& base, const CNode& index)
     const bool bUpper = !IsNothing(upper);
     const bool bLower = !IsNothing(lower);
     if (bUpper && bLower)
-    {
         return Reading(FORM_SUB_SUPER, NTI_INDEX, &index, base, lower, upper);
-    }
     if (!bUpper && !bLower)
-    {
         return ReadPart(base);
-    }
     return Reading(bUpper ? FORM_SUPER : FORM_SUB, NTI_INDEX, &index, base, bUpper ? upper : lower);
 }
 
@@ -126,13 +116,9 @@ std::optional<CReading> ReadSurroundings(const CNode& node, unsigned nView, bool
                        { &node, nView | VIEW_WITHOUT_LEFT });
     }
     if ((nView & VIEW_WITHOUT_RIGHT) != 0 || IsNothing(Right(node)))
-    {
         return std::nullopt;
-    }
     if (IsOfType(node.GetRight(), NTI_INDEX))
-    {
         return ReadIndex({ &node, nBare }, *node.GetRight());
-    }
     return Reading(FORM_FOLLOWED, NTI_STANDARD, &node, { &node, nBare }, Right(node));
 }
 
@@ -146,9 +132,7 @@ CReading ReadLeaf(const CNode& node, const CTypeRow& row, unsigned nView)
     const CNode* pRight = (nView & VIEW_WITHOUT_RIGHT) != 0 ? nullptr : node.GetRight();
     const bool bLeft = (nView & VIEW_WITHOUT_LEFT) == 0 && !IsNothing(Left(node));
     if (bLeft && row.nType == NTI_VARIABLE && ShownTextOf(node, row.nType).text == ",")
-    {
         return Reading(FORM_LIST, row.nType, &node, Left(node), { pRight, 0 });
-    }
     if (!bLeft && IsBrace(pRight))
     {
         return Reading(FORM_CALL, row.nType, &node,
@@ -157,9 +141,7 @@ CReading ReadLeaf(const CNode& node, const CTypeRow& row, unsigned nView)
     if (bLeft || pRight != nullptr)
     {
         if (const auto reading = ReadSurroundings(node, nView, false))
-        {
             return *reading;
-        }
     }
     const bool bEmpty = row.nForm != FORM_PLACEHOLDER && ShownTextOf(node, row.nType).text.empty();
     return bEmpty ? Nothing() : Reading(row.nForm, row.nType, &node);
@@ -173,9 +155,7 @@ CReading ReadPrefix(const CNode& node, const CTypeRow& row, unsigned nView)
     if (bLeft || (bRight && IsOfType(node.GetRight(), NTI_INDEX)))
     {
         if (const auto reading = ReadSurroundings(node, nView, false))
-        {
             return *reading;
-        }
     }
     const CPart bare = { &node, VIEW_WITHOUT_LEFT | VIEW_WITHOUT_RIGHT };
     return bRight ? Reading(row.nOtherForm, row.nType, &node, bare, Right(node))
@@ -202,18 +182,14 @@ CReading ReadStandard(const CNode& node, const CTypeRow& row, unsigned nView)
     const bool bRight = (nView & VIEW_WITHOUT_RIGHT) == 0 && !IsNothing(Right(node));
     const std::string_view sign = ShownTextOf(node, row.nType).text;
     if (sign.empty())
-    {
         return Reading(FORM_FOLLOWED, row.nType, &node, Left(node), Right(node));
-    }
     if (bRight)
     {
         return Reading(FORM_FOLLOWED, row.nType, &node, { &node, nView | VIEW_WITHOUT_RIGHT },
                        Right(node));
     }
     if (bLeft && sign == "!")
-    {
         return Reading(FORM_FACTORIAL, row.nType, &node, Left(node));
-    }
     return bLeft ? Reading(FORM_FOLLOWED, row.nType, &node, Left(node),
                            { &node, nView | VIEW_WITHOUT_LEFT })
                  : Reading(FORM_SIGN, row.nType, &node);
@@ -252,9 +228,7 @@ CReading ReadEnclosing(const CNode& node, const CTypeRow& row, unsigned nView)
     if (node.GetRight() != nullptr)
     {
         if (const auto reading = ReadSurroundings(node, nView, true))
-        {
             return *reading;
-        }
     }
     return Reading(row.nForm, row.nType, &node, Left(node));
 }
@@ -262,9 +236,7 @@ CReading ReadEnclosing(const CNode& node, const CTypeRow& row, unsigned nView)
 CReading ReadBig(const CNode& node, const CTypeRow& row, unsigned nView)
 {
     if ((nView & VIEW_BIG_SIGN) != 0)
-    {
         return Reading(FORM_BIG_SIGN, row.nType, &node);
-    }
     const CNode* pRange = node.GetLeft();
     const bool bRange = IsOfType(pRange, NTI_RANGE);
     const CPart lower = bRange ? Right(*pRange) : Left(node);
@@ -273,9 +245,7 @@ CReading ReadBig(const CNode& node, const CTypeRow& row, unsigned nView)
     const bool bUpper = !IsNothing(upper);
     const CPart sign = { &node, VIEW_BIG_SIGN };
     if (bLower && bUpper)
-    {
         return Reading(FORM_BIG_BOTH, row.nType, &node, sign, Right(node), lower, upper);
-    }
     return Reading(bLower   ? FORM_BIG_LOWER
                    : bUpper ? FORM_BIG_UPPER
                             : FORM_BIG,
@@ -303,17 +273,13 @@ bool HasColumns(const CNode& matrix, ENodeType nType)
         if (step.bEnd)
         {
             if (nColumns != 0 && nColumns != nCells)
-            {
                 return false;
-            }
             nColumns = std::exchange(nCells, 0);
         }
         else if (IsOfType(step.pNode, NTI_ELEMENT))
         {
             if (!step.bInRow)
-            {
                 steps.push_back({ nullptr, false, true });
-            }
             steps.push_back({ step.pNode->GetRight(), true, false });
             steps.push_back({ step.pNode->GetLeft(), true, false });
         }
@@ -326,9 +292,7 @@ bool HasColumns(const CNode& matrix, ENodeType nType)
         {
             ++nCells;
             if (!step.bInRow)
-            {
                 steps.push_back({ nullptr, false, true });
-            }
         }
     }
     return nColumns > 1;
@@ -340,9 +304,7 @@ CReading ReadRows(EForm nForm, const CNode& node, ENodeType nType, unsigned nVie
     CPart upper = { node.GetLeft(), nView };
     CPart lower = { node.GetRight(), nView };
     if (nType == NTI_LINE)
-    {
         std::swap(upper, lower);
-    }
     return Reading(nForm, nType, &node, upper, lower);
 }
 
@@ -359,9 +321,7 @@ CReading ReadTablePart(const CPart& part)
     {
         const ENodeType nRows = (part.nView & VIEW_LINES) != 0 ? NTI_LINE : NTI_MATRIX;
         if (IsOfType(part.pNode, nRows))
-        {
             return ReadRows(FORM_ROWS, *part.pNode, nRows, part.nView);
-        }
         const unsigned nCells = VIEW_CELLS | (part.nView & VIEW_UNCUT);
         return Reading(FORM_ROW, nRows, part.pNode, { part.pNode, nCells });
     }
@@ -424,9 +384,7 @@ constexpr bool IsInOrder()
     for (int i = 0; i < NTI_COUNT; ++i)
     {
         if (s_aRows[i].nType != i)
-        {
             return false;
-        }
     }
     return std::size(s_aRows) == NTI_COUNT;
 }
@@ -441,14 +399,10 @@ bool IsNothing(const CPart& part)
 CReading ReadPart(const CPart& part)
 {
     if ((part.nView & (VIEW_ROWS | VIEW_CELLS)) != 0)
-    {
         return ReadTablePart(part);
-    }
     const CNode* pNode = part.nView == 0 ? SkipWrappers(part.pNode) : part.pNode;
     if (pNode == nullptr)
-    {
         return Nothing();
-    }
     const CTypeRow& row = s_aRows[TypeOf(*pNode)];
     return row.pfnRead(*pNode, row, part.nView);
 }

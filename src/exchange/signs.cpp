@@ -155,15 +155,11 @@ static_assert(std::size(s_aTexts) == 256);
 bool IsFace(const char* pszFace, std::string_view usual, std::string_view lowerCase)
 {
     if (usual == pszFace)
-    {
         return true;
-    }
     for (const char ch : lowerCase)
     {
         if (std::tolower(static_cast<unsigned char>(*pszFace++)) != ch)
-        {
             return false;
-        }
     }
     return *pszFace == 0;
 }
@@ -171,13 +167,9 @@ bool IsFace(const char* pszFace, std::string_view usual, std::string_view lowerC
 std::string_view WithoutEndBlanks(std::string_view text)
 {
     while (!text.empty() && text.back() == ' ')
-    {
         text.remove_suffix(1);
-    }
     while (!text.empty() && text.front() == ' ')
-    {
         text.remove_prefix(1);
-    }
     return text;
 }
 
@@ -207,19 +199,13 @@ EFace FaceFromName(const char* pszFace)
 const CSign& SignOf(EFace nFace, unsigned char nCode)
 {
     if (nFace == FACE_TEXT)
-    {
         return s_aTexts[nCode];
-    }
     if (nFace == FACE_SYMBOL)
-    {
         return nCode < s_nFirstSymbol ? s_unknown : s_aSymbols[nCode - s_nFirstSymbol];
-    }
     for (const CExtraSign& extra : s_aExtras)
     {
         if (extra.nCode == nCode)
-        {
             return extra.sign;
-        }
     }
     return s_unknown;
 }

@@ -83,29 +83,21 @@ public:
     explicit CWordList(const CSpokenLanguage& language)
     {
         for (int i = 0; i < FORM_COUNT; ++i)
-        {
             AddTemplate(language.pRows[i].text);
-        }
         for (int i = 0; i < SHORT_COUNT; ++i)
-        {
             AddTemplate(language.pShortRows[i].text);
-        }
         for (const auto& aNames :
              { language.aFunctions, language.aExtras, language.aPunctuation, language.aBrackets })
         {
             for (const CSpokenName& name : aNames)
-            {
                 Add(name.words);
-            }
         }
         for (const auto& aWords : { language.aSymbols, language.aOrdinals, language.aMarks })
         {
             std::for_each(aWords.begin(), aWords.end(), [this](auto words) { Add(words); });
         }
         for (const CSpokenMeaning& meaning : language.aMeanings)
-        {
             Add(meaning.words);
-        }
         for (const std::string_view words : { language.strNothing,
                                               language.strOpenGroup,
                                               language.strCloseGroup,
@@ -149,9 +141,7 @@ private:
     {
         const CPiece* pPiece = text.Pieces();
         while (pPiece->chCode != 0)
-        {
             Add((pPiece++)->Text());
-        }
         Add(pPiece->Text());
     }
 
@@ -185,9 +175,7 @@ public:
     {
         m_out.append(text);
         if (!text.empty() && !text.starts_with(m_language.strEnd))
-        {
             m_nEnd = m_out.size();
-        }
     }
     void AppendNothing(ERank) { AppendText(m_language.strNothing); }
     void OpenGroup() { AppendText(m_language.strOpenGroup); }
@@ -280,9 +268,7 @@ private:
         {
             const std::string_view text = TextOf(reading).text;
             if (text == "2" || text == "3")
-            {
                 return text == "2" ? SHORT_SQUARED : SHORT_CUBED;
-            }
         }
         return IsLeafForm(reading.nForm) ? SHORT_TO_THE : SHORT_COUNT;
     }
@@ -292,9 +278,7 @@ private:
         const CReading brackets = ReadPart(reading.Operand(1));
         if (brackets.nForm != FORM_BRACE || !IsSymbol(TextOf(brackets), "()") ||
             !IsLeaf(brackets.Operand(0)))
-        {
             return SHORT_COUNT;
-        }
         reading.apOperands[1] = brackets.apOperands[0];
         reading.anViews[1] = brackets.anViews[0];
         return SHORT_CALL;
@@ -308,9 +292,7 @@ private:
         };
         if (!isShort(reading.Operand(2)) ||
             (reading.nForm == FORM_BIG_BOTH && !isShort(reading.Operand(3))))
-        {
             return SHORT_COUNT;
-        }
         return reading.nForm == FORM_BIG_LOWER   ? SHORT_BIG_LOWER
                : reading.nForm == FORM_BIG_UPPER ? SHORT_BIG_UPPER
                                                  : SHORT_BIG_BOTH;
@@ -321,16 +303,12 @@ private:
     {
         const CReading reading = ReadPart(degree);
         if (reading.nForm != FORM_NUMBER)
-        {
             return nullptr;
-        }
         std::size_t nDegree = 0;
         for (const char ch : TextOf(reading).text)
         {
             if (ch < '0' || ch > '9' || nDegree > 99)
-            {
                 return nullptr;
-            }
             nDegree = 10 * nDegree + static_cast<std::size_t>(ch - '0');
         }
         return nDegree >= 2 && nDegree - 2 < m_language.aOrdinals.size()
@@ -371,9 +349,7 @@ private:
             const bool bInWord = shown.nFace == FACE_TEXT && i > 0 &&
                                  IsWordPart(shown.text[i - 1]) && IsWordPart(shown.text[i]);
             if (i > 0 && !bInWord)
-            {
                 m_out += ' ';
-            }
             AppendCharacter(shown.text[i], shown.nFace);
         }
     }
@@ -388,31 +364,21 @@ private:
         const CShownText shown = TextOf(reading);
         const std::string_view meaning = MeaningOf(reading, shown);
         if (!meaning.empty())
-        {
             m_out += meaning;
-        }
         else if (shown.nFace == FACE_TEXT)
-        {
             AppendTextName(shown);
-        }
         else
-        {
             AppendSignName(shown);
-        }
     }
 
     void AppendTextName(const CShownText& shown)
     {
         std::string_view name = shown.text;
         while (name.size() > 1 && name.back() == '\'')
-        {
             name.remove_suffix(1);
-        }
         const std::size_t nPrimes = shown.text.size() - name.size();
         if (!std::all_of(name.begin(), name.end(), IsLetter))
-        {
             return AppendQuoted(shown);
-        }
         if (name.size() == 1)
         {
             AppendLetter(name.front());
@@ -420,15 +386,11 @@ private:
         else
         {
             if (CWordList::Of(m_language).Has(name))
-            {
                 m_out += m_language.strName;
-            }
             AppendCharacters({ name, shown.nFace });
         }
         for (std::size_t i = 0; i < nPrimes; ++i)
-        {
             m_out += m_language.strPrime;
-        }
     }
 
     void AppendLetter(char ch)
@@ -452,13 +414,9 @@ private:
             return shown.nFace == FACE_EXTRA ? ch == 'h' || ch == 'D' : IsLetter(ch);
         };
         if (std::all_of(shown.text.begin(), shown.text.end(), isLetter))
-        {
             AppendCharacters(shown);
-        }
         else
-        {
             AppendQuoted(shown);
-        }
     }
 
     void AppendQuoted(const CShownText& shown)
@@ -467,9 +425,7 @@ private:
         m_out += bSingle ? m_language.strSign : m_language.strText;
         AppendCharacters(shown);
         if (!bSingle)
-        {
             m_out += m_language.strEndText;
-        }
     }
 
     // Digits and points as they stand.
@@ -481,18 +437,12 @@ private:
             const char ch = shown.text[i];
             const bool bDigit = (ch >= '0' && ch <= '9') || ch == '.';
             if (i > 0 && !(bDigit && bAfterDigit))
-            {
                 m_out += ' ';
-            }
             bAfterDigit = bDigit;
             if (bDigit)
-            {
                 m_out += ch;
-            }
             else
-            {
                 AppendCharacter(ch, shown.nFace);
-            }
         }
     }
 
@@ -515,19 +465,13 @@ private:
     std::string_view MeaningOf(const CReading& reading, const CShownText& shown) const
     {
         if (reading.nType == NTI_LAPLACE && IsSymbol(shown, "D"))
-        {
             return m_language.strLaplacian;
-        }
         if (!IsSymbol(shown, "?"))
-        {
             return {};
-        }
         for (const CSpokenMeaning& meaning : m_language.aMeanings)
         {
             if (meaning.nType == reading.nType)
-            {
                 return meaning.words;
-            }
         }
         return {};
     }
@@ -537,13 +481,9 @@ private:
         const CShownText shown = TextOf(reading);
         const std::string_view meaning = MeaningOf(reading, shown);
         if (!meaning.empty())
-        {
             m_out += meaning;
-        }
         else
-        {
             AppendCharacters(shown);
-        }
     }
 
     void AppendBigSign(const CReading& reading)
@@ -586,9 +526,7 @@ private:
             }
         }
         if (nType != NTI_INTEGRAL || shown.nFace != FACE_SYMBOL)
-        {
             return m_language.strOperator;
-        }
         const std::size_t nSigns = std::min<std::size_t>(
             3, std::min(shown.text.find_first_not_of('\xF2'), shown.text.size()));
         shown.text.remove_prefix(nSigns);
@@ -601,13 +539,9 @@ private:
     {
         const int nKind = KindOf(*reading.pNode);
         if (nKind >= 0 && nKind < static_cast<int>(m_language.aMarks.size()))
-        {
             m_out += m_language.aMarks[static_cast<std::size_t>(nKind)];
-        }
         else
-        {
             AppendQuoted(TextOf(reading));
-        }
     }
 
     void AppendBracket(const CReading& reading, std::size_t nSide)

@@ -153,7 +153,9 @@ std::string Joined(const std::vector<CFinding>& findings)
 {
     std::string strText;
     for (const CFinding& finding : findings)
+    {
         strText += (strText.empty() ? "" : "; ") + finding.strText;
+    }
     return strText;
 }
 

@@ -34,9 +34,7 @@ std::string FieldsOf(const CNode& node)
     strFields += ",\"height\":" + std::to_string(node.m_logFont.lfHeight);
     if (std::find(std::begin(s_aTextless), std::end(s_aTextless), node.m_strType.View()) ==
         std::end(s_aTextless))
-    {
         strFields += ",\"extent\":" + JsonPair(node.GetSignExtent());
-    }
     strFields += ",\"own\":" + JsonPair(node.GetMeasuredOwn());
     strFields += ",\"size\":" + JsonPair(node.GetMeasuredSize());
     strFields += ",\"axis\":" + std::to_string(node.GetMeasuredBaseline());

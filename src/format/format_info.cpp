@@ -33,11 +33,7 @@ void CFormatInfoOb::Assign(const CFormatInfoOb& other)
 void CFormatInfoOb::Serialize(CArchive& ar)
 {
     if (ar.IsStoring())
-    {
         ar << m_strFontName << m_crColour << m_Style[0] << m_Style[1] << m_nCharSet;
-    }
     else
-    {
         ar >> m_strFontName >> m_crColour >> m_Style[0] >> m_Style[1] >> m_nCharSet;
-    }
 }

@@ -26,7 +26,7 @@ struct CRecordRow
 };
 
 // In the order of the archive, which leaves out the last one.
-constexpr int c_nStoredRecords = 7;
+constexpr int s_nStoredRecords = 7;
 // clang-format off
 const CRecordRow s_aRecords[] = {
     // slot                        face            window text bold italic charset
@@ -131,9 +131,7 @@ CBinTreeFormat::CBinTreeFormat() : m_TypeMap(10)
     std::transform(std::begin(s_anSizes), std::end(s_anSizes), m_nSizes,
                    [nStep](int nSize) { return nSize - nStep; });
     for (const CTypeRow& row : s_aTypes)
-    {
         m_TypeMap.SetAt(CString::Immortal(row.pszType), this->*row.slot);
-    }
     for (auto& pRecord : aRecords)
         pRecord.release();
 }
@@ -141,9 +139,7 @@ CBinTreeFormat::CBinTreeFormat() : m_TypeMap(10)
 CBinTreeFormat::~CBinTreeFormat()
 {
     for (const CRecordRow& row : s_aRecords)
-    {
         delete (this->*row.slot);
-    }
 }
 
 int CBinTreeFormat::GetHeight(int nLevel) const
@@ -166,38 +162,28 @@ CFormatInfoOb* CBinTreeFormat::FindRecord(const CString& strType) const
 void CBinTreeFormat::CopyFormat(const CBinTreeFormat& other)
 {
     for (const CRecordRow& row : s_aRecords)
-    {
         (this->*row.slot)->Assign(*(other.*row.slot));
-    }
     std::copy(std::begin(other.m_nSizes), std::end(other.m_nSizes), m_nSizes);
 }
 
 // What is loaded takes effect as a whole: an archive that ends early leaves the table as it was.
 void CBinTreeFormat::Serialize(CArchive& ar)
 {
-    CFormatInfoOb aLoaded[c_nStoredRecords];
+    CFormatInfoOb aLoaded[s_nStoredRecords];
     int anSizes[std::size(s_anSizes)];
-    for (int i = 0; i < c_nStoredRecords; ++i)
-    {
+    for (int i = 0; i < s_nStoredRecords; ++i)
         (ar.IsStoring() ? *(this->*s_aRecords[i].slot) : aLoaded[i]).Serialize(ar);
-    }
     for (std::size_t i = 0; i < std::size(anSizes); ++i)
     {
         if (ar.IsStoring())
-        {
             ar << m_nSizes[i];
-        }
         else
-        {
             ar >> anSizes[i];
-        }
     }
     if (ar.IsLoading())
     {
-        for (int i = 0; i < c_nStoredRecords; ++i)
-        {
+        for (int i = 0; i < s_nStoredRecords; ++i)
             (this->*s_aRecords[i].slot)->Assign(aLoaded[i]);
-        }
         std::copy(std::begin(anSizes), std::end(anSizes), m_nSizes);
     }
 }

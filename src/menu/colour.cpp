@@ -58,18 +58,18 @@ COLORREF GreyColour(COLORREF colour)
 
 COLORREF DimColour(COLORREF colour)
 {
-    constexpr int MORE_BLUE = 55;
+    constexpr int nMoreBlue = 55;
     const auto dim = [](int c)
     {
         return static_cast<BYTE>(MulDiv(c, 7, 10));
     };
-    return RGB(dim(GetRValue(colour)), dim(GetGValue(colour)), dim(GetBValue(colour) + MORE_BLUE));
+    return RGB(dim(GetRValue(colour)), dim(GetGValue(colour)), dim(GetBValue(colour) + nMoreBlue));
 }
 
 bool IsBright(COLORREF colour)
 {
-    constexpr int MIDDLE = 384;  // of the three channels together
-    return GetRValue(colour) + GetGValue(colour) + GetBValue(colour) > MIDDLE;
+    constexpr int nMiddle = 384;  // of the three channels together
+    return GetRValue(colour) + GetGValue(colour) + GetBValue(colour) > nMiddle;
 }
 
 COLORREF BandColour(COLORREF first, COLORREF last, int nBand, int nBands)

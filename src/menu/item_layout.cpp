@@ -11,8 +11,10 @@ CSize MeasureFlat(const CItemContent& item, const CMenuSystem& system)
     if (item.m_bSeparator)
         return { 3, 3 };
     if (item.m_bBar)
+    {
         return { item.m_text.cx - (item.m_bMnemonic ? 6 : 0),
                  std::max<int>(nMenu, item.m_icon.cy + 2) };
+    }
     // Not the same number twice: where the menu's height is too little by one, it does.
     const int nHeight = nMenu > item.m_icon.cy + 8 ? nMenu : item.m_icon.cy + 7;
     return { item.m_icon.cx + item.m_text.cx + 6 + (item.m_bSubmenu ? nMenu : nMenu / 2), nHeight };
@@ -22,13 +24,13 @@ CSize MeasureFlat(const CItemContent& item, const CMenuSystem& system)
 // gap. Shaded styles have 2 more on each side.
 CSize MeasurePlain(const CItemContent& item, const CMenuSystem& system)
 {
-    constexpr int GAP = 4;
+    constexpr int nGap = 4;
     if (item.m_bSeparator)
         return { 3, system.m_nMenuHeight / 2 };
     if (item.m_bBar)
-        return { item.m_text.cx, std::max<int>(system.m_nMenuHeight, item.m_text.cy + GAP) };
-    return { item.m_text.cx + item.m_icon.cx + 3 * GAP,
-             std::max(item.m_text.cy, item.m_icon.cy) + GAP };
+        return { item.m_text.cx, std::max<int>(system.m_nMenuHeight, item.m_text.cy + nGap) };
+    return { item.m_text.cx + item.m_icon.cx + 3 * nGap,
+             std::max(item.m_text.cy, item.m_icon.cy) + nGap };
 }
 
 CSize MeasureShaded(const CItemContent& item, const CMenuSystem& system)
@@ -73,8 +75,8 @@ CSize SystemItemSize(CSize own, int nNextWidth, const CMenuSystem& system)
 
 CItemLayout LayOutFlatItem(const CRect& item, CSize icon, bool bRight)
 {
-    constexpr int BEFORE_TEXT = 15;  // from the column to the text
-    constexpr int BEHIND_TEXT = 4;
+    constexpr int nBeforeText = 15;  // from the column to the text
+    constexpr int nBehindText = 4;
     const int nColumn = icon.cx + 8;
     CItemLayout layout;
     layout.m_column = layout.m_body = layout.m_text = item;
@@ -82,13 +84,13 @@ CItemLayout LayOutFlatItem(const CRect& item, CSize icon, bool bRight)
     {
         layout.m_column.left = layout.m_body.right = item.right - nColumn;
         layout.m_text = layout.m_body;
-        layout.m_text.DeflateRect(BEHIND_TEXT, 0, BEFORE_TEXT, 0);
+        layout.m_text.DeflateRect(nBehindText, 0, nBeforeText, 0);
     }
     else
     {
         layout.m_column.right = layout.m_body.left = item.left + nColumn;
         layout.m_text = layout.m_body;
-        layout.m_text.DeflateRect(BEFORE_TEXT, 0, BEHIND_TEXT, 0);
+        layout.m_text.DeflateRect(nBeforeText, 0, nBehindText, 0);
     }
     layout.m_separator = layout.m_text;
     layout.m_icon = Centred(layout.m_column, icon);
@@ -98,14 +100,14 @@ CItemLayout LayOutFlatItem(const CRect& item, CSize icon, bool bRight)
 
 CItemLayout LayOutPlainItem(const CRect& item, CSize icon)
 {
-    constexpr int GAP = 4;
+    constexpr int nGap = 4;
     CItemLayout layout;
     layout.m_body = layout.m_text = layout.m_separator = item;
     layout.m_icon =
-        Centred(CRect(item.left + GAP, item.top, item.left + GAP + icon.cx, item.bottom), icon);
+        Centred(CRect(item.left + nGap, item.top, item.left + nGap + icon.cx, item.bottom), icon);
     layout.m_check = CheckBox(item, layout.m_icon);
-    layout.m_text.left = layout.m_icon.right + GAP;
-    layout.m_text.right -= GAP;
+    layout.m_text.left = layout.m_icon.right + nGap;
+    layout.m_text.right -= nGap;
     return layout;
 }
 
@@ -120,9 +122,9 @@ int BarShadowDarkness(int nColumn, int nRow)
 
 namespace
 {
-constexpr int TITLE_GAP = 2;
-constexpr int ICON_MORE = 4;  // icons of titles have some room around
-constexpr int LINE_EDGE = 5;
+constexpr int s_nTitleGap = 2;
+constexpr int s_nIconMore = 4;  // icons of titles have some room around
+constexpr int s_nLineEdge = 5;
 
 bool HasIcon(CSize icon)
 {
@@ -133,9 +135,9 @@ bool HasIcon(CSize icon)
 CSize MeasureTitle(CSize text, CSize icon, UINT nFlags)
 {
     const bool bVertical = (nFlags & TITLE_VERTICAL) != 0;
-    const CSize room = HasIcon(icon) ? icon + CSize(ICON_MORE, ICON_MORE) : CSize();
-    const int nAlong = text.cx + (bVertical ? room.cy : room.cx) + 4 * TITLE_GAP;
-    const int nAcross = std::max(text.cy, bVertical ? room.cx : room.cy) + 2 * TITLE_GAP;
+    const CSize room = HasIcon(icon) ? icon + CSize(s_nIconMore, s_nIconMore) : CSize();
+    const int nAlong = text.cx + (bVertical ? room.cy : room.cx) + 4 * s_nTitleGap;
+    const int nAcross = std::max(text.cy, bVertical ? room.cx : room.cy) + 2 * s_nTitleGap;
     return bVertical ? CSize(nAcross, nAlong) : CSize(nAlong, nAcross);
 }
 
@@ -145,22 +147,24 @@ CTitleLayout LayOutHorizontal(const CRect& rect, CSize text, CSize room, UINT nF
 {
     CTitleLayout layout;
     const int nIcon = HasIcon(room) ? room.cx : 0;
-    const int nFree = std::max<int>(rect.Width() - nIcon - TITLE_GAP - text.cx, 0);
-    int nLeft = rect.left + nIcon + TITLE_GAP;
+    const int nFree = std::max<int>(rect.Width() - nIcon - s_nTitleGap - text.cx, 0);
+    int nLeft = rect.left + nIcon + s_nTitleGap;
     if ((nFlags & TITLE_ROUNDED) != 0)
         nLeft += std::min(10, nFree / 2);
     else if ((nFlags & TITLE_CENTRED) != 0)
         nLeft += nFree / 2;
     if (nIcon != 0)
-        layout.m_icon =
-            Centred(CRect(nLeft - TITLE_GAP - room.cx, rect.top, nLeft - TITLE_GAP, rect.bottom),
-                    room - CSize(ICON_MORE, ICON_MORE));
+    {
+        layout.m_icon = Centred(
+            CRect(nLeft - s_nTitleGap - room.cx, rect.top, nLeft - s_nTitleGap, rect.bottom),
+            room - CSize(s_nIconMore, s_nIconMore));
+    }
     layout.m_text = { nLeft, rect.top + (rect.Height() - static_cast<int>(text.cy)) / 2 };
     const int nMiddle = rect.CenterPoint().y;
-    layout.m_line[0] = { rect.left + LINE_EDGE, nMiddle - 1, nLeft - TITLE_GAP - nIcon - LINE_EDGE,
-                         nMiddle + 1 };
-    layout.m_line[1] = { nLeft + static_cast<int>(text.cx) + LINE_EDGE, nMiddle - 1,
-                         rect.right - LINE_EDGE, nMiddle + 1 };
+    layout.m_line[0] = { rect.left + s_nLineEdge, nMiddle - 1,
+                         nLeft - s_nTitleGap - nIcon - s_nLineEdge, nMiddle + 1 };
+    layout.m_line[1] = { nLeft + static_cast<int>(text.cx) + s_nLineEdge, nMiddle - 1,
+                         rect.right - s_nLineEdge, nMiddle + 1 };
     return layout;
 }
 
@@ -169,34 +173,38 @@ CTitleLayout LayOutVertical(const CRect& rect, CSize text, CSize room, UINT nFla
 {
     CTitleLayout layout;
     const int nIcon = HasIcon(room) ? room.cy : 0;
-    const int nFree = std::max<int>(rect.Height() - nIcon - TITLE_GAP - text.cx, 0);
-    int nBottom = rect.bottom - nIcon - TITLE_GAP;
+    const int nFree = std::max<int>(rect.Height() - nIcon - s_nTitleGap - text.cx, 0);
+    int nBottom = rect.bottom - nIcon - s_nTitleGap;
     if ((nFlags & TITLE_ROUNDED) != 0)
         nBottom -= std::min(10, nFree / 2);
     else if ((nFlags & TITLE_CENTRED) != 0)
         nBottom -= nFree / 2;
     if (nIcon != 0)
-        layout.m_icon =
-            Centred(CRect(rect.left, nBottom + TITLE_GAP, rect.right, nBottom + TITLE_GAP + nIcon),
-                    room - CSize(ICON_MORE, ICON_MORE));
+    {
+        layout.m_icon = Centred(
+            CRect(rect.left, nBottom + s_nTitleGap, rect.right, nBottom + s_nTitleGap + nIcon),
+            room - CSize(s_nIconMore, s_nIconMore));
+    }
     layout.m_text = { rect.left + (rect.Width() - static_cast<int>(text.cy)) / 2, nBottom };
     const int nMiddle = rect.CenterPoint().x;
-    layout.m_line[0] = { nMiddle - 1, nBottom + TITLE_GAP + nIcon + LINE_EDGE, nMiddle + 1,
-                         rect.bottom - LINE_EDGE };
-    layout.m_line[1] = { nMiddle - 1, rect.top + LINE_EDGE, nMiddle + 1,
-                         nBottom - static_cast<int>(text.cx) - LINE_EDGE };
+    layout.m_line[0] = { nMiddle - 1, nBottom + s_nTitleGap + nIcon + s_nLineEdge, nMiddle + 1,
+                         rect.bottom - s_nLineEdge };
+    layout.m_line[1] = { nMiddle - 1, rect.top + s_nLineEdge, nMiddle + 1,
+                         nBottom - static_cast<int>(text.cx) - s_nLineEdge };
     return layout;
 }
 }  // namespace
 
 CTitleLayout LayOutTitle(const CRect& rect, CSize text, CSize icon, UINT nFlags)
 {
-    const CSize room = HasIcon(icon) ? icon + CSize(ICON_MORE, ICON_MORE) : CSize();
+    const CSize room = HasIcon(icon) ? icon + CSize(s_nIconMore, s_nIconMore) : CSize();
     CTitleLayout layout = (nFlags & TITLE_VERTICAL) != 0
                               ? LayOutVertical(rect, text, room, nFlags)
                               : LayOutHorizontal(rect, text, room, nFlags);
     for (CRect& line : layout.m_line)
+    {
         if (line.IsRectEmpty())
             line.SetRectEmpty();
+    }
     return layout;
 }

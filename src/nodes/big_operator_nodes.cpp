@@ -49,9 +49,7 @@ void ArrangeBigOperator(CNode& node, CRect& rect, CRect& left, CRect& right, CRe
 
     nGap = Sum(nGap, nSignDown);
     if (pRange != nullptr)
-    {
         pRange->m_nBaseline = nGap;
-    }
 
     int x = rect.left;
     Place(own, x, Sum(rect.top, nGap));

@@ -22,8 +22,8 @@ inline int H(const CRect& r)
 // Cuts towards zero; what 32 bits cannot hold gives the smallest number, as the processor does.
 constexpr int TruncToInt(double d)
 {
-    constexpr double c_dLimit = 2147483648.0;
-    return d > -c_dLimit - 1.0 && d < c_dLimit ? static_cast<int>(d) : -2147483647 - 1;
+    constexpr double fLimit = 2147483648.0;
+    return d > -fLimit - 1.0 && d < fLimit ? static_cast<int>(d) : -2147483647 - 1;
 }
 
 // Adds (x, y): puts a rectangle that stands at (0, 0) with its top left corner there.

@@ -44,7 +44,7 @@ const CKindTable& BraceKinds()
     return s_table;
 }
 
-constexpr UINT c_nGlyphFormat = SIGN_FORMAT | DT_BOTTOM | DT_EXTERNALLEADING;
+constexpr UINT s_nGlyphFormat = SIGN_FORMAT | DT_BOTTOM | DT_EXTERNALLEADING;
 
 // Of one bracket around content of this height.
 int BracketWidth(int nHeight)
@@ -62,9 +62,7 @@ int BracketFontHeight(int nHeight)
 void DrawBracket(CDC* pDC, char chGlyph, CRect rect, UINT nFormat)
 {
     if (chGlyph != '\0')
-    {
         pDC->DrawText(&chGlyph, 1, &rect, nFormat);
-    }
 }
 }  // namespace
 
@@ -104,10 +102,10 @@ void CBraceNode::PaintOwn(CDC* pDC, CRect rect, UINT)
 
     const CFontScope font(pDC, m_logFont);
     DrawBracket(pDC, m_strSymbol[0],
-                CRect(rect.left, rect.top, Sum(rect.left, nWidth), rect.bottom), c_nGlyphFormat);
+                CRect(rect.left, rect.top, Sum(rect.left, nWidth), rect.bottom), s_nGlyphFormat);
     DrawBracket(pDC, m_strSymbol[1],
                 CRect(WrapSub(rect.right, nWidth), rect.top, rect.right, rect.bottom),
-                c_nGlyphFormat | DT_RIGHT);
+                s_nGlyphFormat | DT_RIGHT);
 }
 
 CPoisonNode::CPoisonNode() : CBraceNode(NTI_POISON) {}

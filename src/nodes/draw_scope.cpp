@@ -10,9 +10,7 @@ CFontScope::CFontScope(CDC* pDC, const LOGFONTA& lf) : m_pDC(pDC)
 CFontScope::~CFontScope()
 {
     if (m_pOld != nullptr)
-    {
         m_pDC->SelectObject(m_pOld);
-    }
     m_font.DeleteObject();
 }
 
@@ -25,8 +23,6 @@ CPenScope::CPenScope(CDC* pDC, COLORREF colour) : m_pDC(pDC)
 CPenScope::~CPenScope()
 {
     if (m_pOld != nullptr)
-    {
         m_pDC->SelectObject(m_pOld);
-    }
     m_pen.DeleteObject();
 }

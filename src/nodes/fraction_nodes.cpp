@@ -12,9 +12,9 @@ enum EDivisionKind
     DIV_SLASH = 1
 };
 
-constexpr int c_nBarStrip = 5;   // height of the strip that holds the bar
-constexpr int c_nBarOffset = 2;  // from the top of the strip to the bar
-constexpr int c_nOverhang = 4;   // of the bar over the wider part, both sides together
+constexpr int s_nBarStrip = 5;   // height of the strip that holds the bar
+constexpr int s_nBarOffset = 2;  // from the top of the strip to the bar
+constexpr int s_nOverhang = 4;   // of the bar over the wider part, both sides together
 
 void ArrangeAroundBar(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
@@ -22,7 +22,7 @@ void ArrangeAroundBar(CRect& rect, CRect& left, CRect& right, CRect& own)
     StackDown(left, rect.left, y);
     StackDown(own, rect.left, y);
     StackDown(right, rect.left, y);
-    rect.right = Sum(rect.left, WidestOf(left, own, right), c_nOverhang);
+    rect.right = Sum(rect.left, WidestOf(left, own, right), s_nOverhang);
     rect.bottom = y;
     own.right = Sum(own.right, W(rect));
     CentreHorizontally(left, rect);
@@ -47,7 +47,7 @@ void CDivisionNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
     if (m_nKind == DIV_BAR)
     {
         ArrangeAroundBar(rect, left, right, own);
-        m_nBaseline = Sum(WrapSub(own.top, rect.top), c_nBarOffset);
+        m_nBaseline = Sum(WrapSub(own.top, rect.top), s_nBarOffset);
     }
     else if (m_nKind == DIV_SLASH)
     {
@@ -58,14 +58,14 @@ void CDivisionNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 
 CRect CDivisionNode::GetOwnSize(CDC*)
 {
-    return CRect(0, 0, 0, m_nKind == DIV_BAR ? c_nBarStrip : 0);
+    return CRect(0, 0, 0, m_nKind == DIV_BAR ? s_nBarStrip : 0);
 }
 
 void CDivisionNode::PaintOwn(CDC* pDC, CRect rect, UINT)
 {
     if (m_nKind == DIV_BAR)
     {
-        const int y = Sum(rect.top, c_nBarOffset);
+        const int y = Sum(rect.top, s_nBarOffset);
         DrawLine(pDC, CPoint(rect.left, y), CPoint(rect.right, y));
     }
     else if (m_nKind == DIV_SLASH)

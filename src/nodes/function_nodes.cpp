@@ -6,9 +6,9 @@
 
 namespace
 {
-constexpr int c_nNamedRows = 20;  // rows 0 to 19 follow the format's face for functions
-constexpr int c_nGammaRow = 20;
-constexpr int c_nNoKind = -1;
+constexpr int s_nNamedRows = 20;  // rows 0 to 19 follow the format's face for functions
+constexpr int s_nGammaRow = 20;
+constexpr int s_nNoKind = -1;
 
 // Kinds are stored in archives: a row keeps its number.
 constexpr CKindRow s_aFunctions[] = {
@@ -55,31 +55,23 @@ void CFuncNode::ApplyFormat(CBinTreeFormat* pFormat)
     CFunctionNode::ApplyFormat(pFormat);
     const CFormatInfoOb* pRecord = pFormat->FindRecord(m_strType);
     if (pRecord == nullptr)
-    {
         return;
-    }
-    for (int nRow = 0; nRow < c_nNamedRows; ++nRow)
-    {
+    for (int nRow = 0; nRow < s_nNamedRows; ++nRow)
         m_saFonts.SetAt(nRow, pRecord->m_strFontName);
-    }
-    m_saFonts.SetAt(c_nGammaRow, FunctionKinds().m_saFonts[c_nGammaRow]);
+    m_saFonts.SetAt(s_nGammaRow, FunctionKinds().m_saFonts[s_nGammaRow]);
 }
 
 CRect CFuncNode::GetOwnSize(CDC* pDC)
 {
-    if (m_nKind != c_nNoKind)
-    {
+    if (m_nKind != s_nNoKind)
         SelectKind();
-    }
     return CFunctionNode::GetOwnSize(pDC);
 }
 
 void CFuncNode::PaintOwn(CDC* pDC, CRect rect, UINT)
 {
-    if (m_nKind != c_nNoKind)
-    {
+    if (m_nKind != s_nNoKind)
         SelectKind();
-    }
     DrawSign(pDC, rect, SIGN_FORMAT | DT_BOTTOM);
 }
 

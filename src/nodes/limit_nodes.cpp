@@ -7,8 +7,8 @@
 
 namespace
 {
-constexpr int c_nBarOffset = 2;    // from the upper symbol of a derivative to its bar
-constexpr int c_nLowerOffset = 5;  // from the upper symbol to the space of the lower one
+constexpr int s_nBarOffset = 2;    // from the upper symbol of a derivative to its bar
+constexpr int s_nLowerOffset = 5;  // from the upper symbol to the space of the lower one
 }  // namespace
 
 CLimesNode::CLimesNode() : CNode(NTI_LIMES) {}
@@ -39,7 +39,7 @@ CDerivativeNode::CDerivativeNode() : CPartialDerivativeNode(NTI_DERIVE) {}
 // own comes as one symbol and leaves as the whole small fraction, with room for the variable.
 void CPartialDerivativeNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
-    const int nBar = Sum(H(own), c_nBarOffset);
+    const int nBar = Sum(H(own), s_nBarOffset);
     const int nAxisRight = AxisOf(m_pRight, right);
 
     int x = rect.left;
@@ -60,9 +60,9 @@ void CPartialDerivativeNode::PaintOwn(CDC* pDC, CRect rect, UINT)
     const CFontScope font(pDC, m_logFont);
     pDC->DrawText(m_strSymbol, &rect, SIGN_FORMAT | DT_CENTER);
 
-    const int yBar = Sum(rect.top, nSymbol, c_nBarOffset);
+    const int yBar = Sum(rect.top, nSymbol, s_nBarOffset);
     DrawLine(pDC, CPoint(rect.left, yBar), CPoint(rect.right, yBar));
 
-    rect.top = Sum(rect.top, nSymbol, c_nLowerOffset);
+    rect.top = Sum(rect.top, nSymbol, s_nLowerOffset);
     pDC->DrawText(m_strSymbol, &rect, SIGN_FORMAT | DT_VCENTER);
 }

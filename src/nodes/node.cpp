@@ -124,9 +124,7 @@ void CNode::ApplyRecord(CBinTreeFormat* pFormat)
 {
     const CFormatInfoOb* pRecord = pFormat->FindRecord(m_strType);
     if (pRecord == nullptr)
-    {
         return;
-    }
     SetFontName(pRecord->m_strFontName);
     m_colour = pRecord->m_crColour;
     SetBold(pRecord->m_Style[0]);
@@ -139,18 +137,14 @@ void CNode::SetLeft(CNode* p)
 {
     LinkLeft(p);
     if (p != nullptr)
-    {
         p->ApplyFormat(&g_DefaultFormat);
-    }
 }
 
 void CNode::SetRight(CNode* p)
 {
     LinkRight(p);
     if (p != nullptr)
-    {
         p->ApplyFormat(&g_DefaultFormat);
-    }
 }
 
 void CNode::LinkLeft(CNode* p)
@@ -196,21 +190,15 @@ bool CNode::IsWithin(const CNode* pTop) const
 CNode* CNode::FindParentOf(const CNode* p)
 {
     if (p == nullptr)
-    {
         return nullptr;
-    }
     return Descend(
         [&]() -> CNode*
         {
             if (m_pLeft == p || m_pRight == p)
-            {
                 return this;
-            }
             CNode* pFound = m_pLeft != nullptr ? m_pLeft->FindParentOf(p) : nullptr;
             if (pFound == nullptr && m_pRight != nullptr)
-            {
                 pFound = m_pRight->FindParentOf(p);
-            }
             return pFound;
         });
 }

@@ -73,9 +73,7 @@ constexpr bool IsInOrder()
     for (int i = 0; i < NTI_COUNT; ++i)
     {
         if (s_aRows[i].nType != i)
-        {
             return false;
-        }
     }
     return true;
 }

@@ -43,14 +43,10 @@ CNode::CParts CNode::MeasureParts(CDC* pDC)
 {
     CParts parts;
     if (m_pLeft != nullptr)
-    {
         parts.left = m_pLeft->Measure(pDC);
-    }
     parts.own = GetOwnSize(pDC);
     if (m_pRight != nullptr)
-    {
         parts.right = m_pRight->Measure(pDC);
-    }
     return parts;
 }
 
@@ -98,23 +94,17 @@ CNode* CNode::HitTest(CDC* pDC, CRect& rect, CPoint point)
                 CNode* pFound = m_pLeft->HitTest(pDC, parts.left, point);
                 rect = parts.left;
                 if (pFound != nullptr)
-                {
                     return pFound;
-                }
             }
             if (m_pRight != nullptr && parts.right.PtInRect(point))
             {
                 CNode* pFound = m_pRight->HitTest(pDC, parts.right, point);
                 rect = parts.right;
                 if (pFound != nullptr)
-                {
                     return pFound;
-                }
             }
             if (parts.own.PtInRect(point))
-            {
                 rect = parts.own;
-            }
             return this;
         });
 }

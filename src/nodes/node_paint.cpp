@@ -16,20 +16,14 @@ void CNode::Paint(CDC* pDC, CRect& rect, CNode* pSelected, UINT nFlags)
             Arrange(rect, parts.left, parts.right, parts.own);
             m_rect = parts.own;
             if ((m_nFlags & NF_HIDDEN) == 0)
-            {
                 PaintPart(pDC, parts.own, this == pSelected, nFlags);
-            }
             // The children paint over this node's fill. A selected parent hands its selection on
             // by naming each child as the selected node.
             const bool bSpread = this == pSelected && (nFlags & PF_SUBTREE) != 0;
             if (m_pLeft != nullptr)
-            {
                 m_pLeft->Paint(pDC, parts.left, bSpread ? m_pLeft : pSelected, nFlags);
-            }
             if (m_pRight != nullptr)
-            {
                 m_pRight->Paint(pDC, parts.right, bSpread ? m_pRight : pSelected, nFlags);
-            }
         });
 }
 
@@ -44,9 +38,7 @@ void CNode::PaintPart(CDC* pDC, const CRect& own, bool bSelected, UINT nFlags)
                           : bSelected ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                       : m_colour;
     if (bMarked || (nFlags & PF_NO_FILL) == 0)
-    {
         pDC->FillSolidRect(own, back);
-    }
     pDC->SetTextColor(fore);
     pDC->SetBkColor(back);
     const CPenScope pen(pDC, fore);

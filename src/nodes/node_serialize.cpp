@@ -12,7 +12,7 @@
 namespace
 {
 // No text makes a deeper tree.
-constexpr int c_nMaxLevels = 65535;
+constexpr int s_nMaxLevels = 65535;
 
 int s_nLevel = 0;    // records around the one that is being loaded
 int s_nFormats = 0;  // of them those that format it when they link it
@@ -31,10 +31,8 @@ private:
 
 void LoadBelow(CNode& node, CArchive& ar, CBinTree* pTree)
 {
-    if (s_nLevel == c_nMaxLevels)
-    {
+    if (s_nLevel == s_nMaxLevels)
         AfxThrowArchiveLimitException();
-    }
     const CCountScope level(s_nLevel);
     Descend([&] { node.SerializeNode(ar, pTree); });
 }
@@ -45,14 +43,10 @@ std::unique_ptr<CNode> LoadChild(CArchive& ar, CBinTree* pTree)
     CString strType;
     ar >> strType;
     if (strType.IsEmpty())
-    {
         return nullptr;
-    }
     std::unique_ptr<CNode> pChild(pTree->CreateStoredNode(strType));
     if (CNode::s_bPlainRecursion)
-    {
         pChild->ApplyFormat(&g_DefaultFormat);
-    }
     const CCountScope format(s_nFormats);
     LoadBelow(*pChild, ar, pTree);
     return pChild;
@@ -102,25 +96,17 @@ void CNode::SerializeBigOperator(CArchive& ar, CBinTree* pTree, int* pKind)
         StoreChildren(ar, pTree);
         StoreCommon(ar);
         if (pKind != nullptr)
-        {
             ar << *pKind;
-        }
         return;
     }
     if (m_pLeft == nullptr)
-    {
         LinkLoadedLeft(LoadChild(ar, pTree));
-    }
     else
-    {
         LoadRange(ar, pTree);
-    }
     std::unique_ptr<CNode> pRight = LoadChild(ar, pTree);
     LoadCommon(ar);
     if (pKind != nullptr)
-    {
         ar >> *pKind;
-    }
     LinkLoadedRight(std::move(pRight));
 }
 
@@ -131,9 +117,7 @@ void CNode::LoadRange(CArchive& ar, CBinTree* pTree)
     CString strType;
     ar >> strType;
     if (!strType.IsEmpty())
-    {
         LoadBelow(*m_pLeft, ar, pTree);
-    }
 }
 
 void CNode::StoreChildren(CArchive& ar, CBinTree* pTree) const
@@ -156,9 +140,7 @@ void CNode::LoadCommon(CArchive& ar)
     ar >> strType;
     const std::optional<ENodeType> nType = NodeTypeFromName(strType);
     if (!nType)
-    {
         AfxThrowArchiveException(CArchiveException::badClass);
-    }
     m_strType = NodeTypeName(*nType);
     ar >> m_strSymbol >> m_strDescription >> m_colour;
     ar >> m_rect.left >> m_rect.top >> m_rect.right >> m_rect.bottom >> m_nBaseline;
@@ -183,9 +165,7 @@ void CNode::LinkLoadedLeft(std::unique_ptr<CNode> pLeft)
     m_pLeft = nullptr;
     LinkLeft(pLeft.release());
     if (m_pLeft != nullptr && (s_nFormats == 0 || s_bPlainRecursion))
-    {
         m_pLeft->ApplyFormat(&g_DefaultFormat);
-    }
 }
 
 void CNode::LinkLoadedRight(std::unique_ptr<CNode> pRight)
@@ -194,7 +174,5 @@ void CNode::LinkLoadedRight(std::unique_ptr<CNode> pRight)
     m_pRight = nullptr;
     LinkRight(pRight.release());
     if (m_pRight != nullptr && (s_nFormats == 0 || s_bPlainRecursion))
-    {
         m_pRight->ApplyFormat(&g_DefaultFormat);
-    }
 }

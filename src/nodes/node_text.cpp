@@ -27,9 +27,7 @@ void CNode::AppendText(CString& strText, int nForm)
                 const std::string_view literal = rest.substr(0, nPlace);
                 strText.Append(literal.data(), static_cast<int>(literal.size()));
                 if (nPlace == std::string_view::npos)
-                {
                     return;
-                }
                 AppendArgument(strText, nForm, nArg);
                 rest.remove_prefix(nPlace + 2);
             }
@@ -40,13 +38,9 @@ void CNode::AppendText(CString& strText, int nForm)
 void CNode::AppendArgument(CString& strText, int nForm, int nArg)
 {
     if (nArg == 1)
-    {
         strText += m_strTextOwn[nForm].IsEmpty() ? m_strSymbol : m_strTextOwn[nForm];
-    }
     else if (CNode* pChild = nArg == 0 ? m_pLeft : nArg == 2 ? m_pRight : nullptr)
-    {
         pChild->AppendText(strText, nForm);
-    }
 }
 
 void CNode::SelectText(int /*nForm*/) {}

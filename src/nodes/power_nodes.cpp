@@ -7,11 +7,11 @@ CPowerToNode::CPowerToNode() : CNode(NTI_POWERTO) {}
 
 void CPowerToNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
-    constexpr int c_nOverlap = 2;  // of the exponent over the base, sideways
-    constexpr int c_nDrop = 8;     // of the exponent below the top
+    constexpr int nOverlap = 2;  // of the exponent over the base, sideways
+    constexpr int nDrop = 8;     // of the exponent below the top
 
     int x = rect.left;
-    Place(right, -c_nOverlap, c_nDrop);
+    Place(right, -nOverlap, nDrop);
     Place(left, x, rect.top);
     x = Sum(x, W(left));
     PlaceInRow(right, x, rect.top);

@@ -8,7 +8,7 @@
 
 namespace
 {
-constexpr COLORREF c_crPlaceHolder = RGB(0, 0, 128);
+constexpr COLORREF s_crPlaceHolder = RGB(0, 0, 128);
 }  // namespace
 
 CNablaNode::CNablaNode() : CNode(NTI_NABLA)
@@ -48,7 +48,7 @@ CRect CPlaceHolderNode::GetOwnSize(CDC*)
 
 void CPlaceHolderNode::PaintOwn(CDC* pDC, CRect rect, UINT nFlags)
 {
-    const COLORREF colour = nFlags != 0 ? GetSysColor(COLOR_HIGHLIGHTTEXT) : c_crPlaceHolder;
+    const COLORREF colour = nFlags != 0 ? GetSysColor(COLOR_HIGHLIGHTTEXT) : s_crPlaceHolder;
     const CPenScope pen(pDC, colour);
     CBrush brush(HS_BDIAGONAL, colour);
     const CSelectScope select(pDC, &brush);

@@ -32,21 +32,19 @@ public:
     // The slot that holds the name, or the free one where it would be.
     ENodeType* FindSlot(const CString& strName)
     {
-        unsigned nSlot = strName.GetHash() % c_nSlots;
+        unsigned nSlot = strName.GetHash() % s_nSlots;
         while (m_aSlots[nSlot] != NTI_COUNT && m_aNames[m_aSlots[nSlot]] != strName)
-        {
-            nSlot = (nSlot + 1) % c_nSlots;
-        }
+            nSlot = (nSlot + 1) % s_nSlots;
         return &m_aSlots[nSlot];
     }
 
     const CString& GetName(ENodeType nType) const { return m_aNames[nType]; }
 
 private:
-    static constexpr unsigned c_nSlots = 256;
+    static constexpr unsigned s_nSlots = 256;
 
     std::array<CString, NTI_COUNT> m_aNames;
-    std::array<ENodeType, c_nSlots> m_aSlots;
+    std::array<ENodeType, s_nSlots> m_aSlots;
 };
 
 CNameTable& NameTable()

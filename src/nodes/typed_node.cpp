@@ -10,9 +10,7 @@ CKindTable::CKindTable(std::span<const CKindRow> rows)
         m_saSymbols.Add(CString::Immortal(row.pszSymbol));
         m_saFonts.Add(CString::Immortal(row.pszFont));
         if (row.pszText != nullptr)
-        {
             m_saTextOwn.Add(CString::Immortal(row.pszText));
-        }
     }
     m_saSymbols.MakeImmortal();
     m_saFonts.MakeImmortal();
@@ -28,22 +26,16 @@ void CTypedNode::CopyAttributes(CNode* pSource)
     CNode::CopyAttributes(pSource);
     // A loaded node can bear the type name of another class.
     if (const auto* pTyped = dynamic_cast<const CTypedNode*>(pSource))
-    {
         m_nKind = pTyped->m_nKind;
-    }
 }
 
 void CTypedNode::SerializeNode(CArchive& ar, CBinTree* pTree)
 {
     CNode::SerializeNode(ar, pTree);
     if (ar.IsStoring())
-    {
         ar << m_nKind;
-    }
     else
-    {
         ar >> m_nKind;
-    }
 }
 
 void CTypedNode::TakeKinds(const CKindTable& table)
@@ -62,13 +54,9 @@ void CTypedNode::SelectKind()
 void CTypedNode::SelectText(int nForm)
 {
     if (m_saTextOwn[nForm].IsEmpty())
-    {
         return;
-    }
     if (!m_saTextFormat[nForm].IsEmpty())
-    {
         m_strTextFormat[nForm] = m_saTextFormat[nForm][m_nKind];
-    }
     m_strTextOwn[nForm] = m_saTextOwn[nForm][m_nKind];
 }
 

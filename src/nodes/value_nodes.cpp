@@ -29,22 +29,16 @@ void CValueNode::ApplyFormat(CBinTreeFormat* pFormat)
     const bool bGreek = std::strcmp(m_logFont.lfFaceName, "Symbol") == 0;
     CNode::ApplyFormat(pFormat);
     if (bGreek)
-    {
         SetFontName(CString::Immortal("Symbol"));
-    }
 }
 
 void CValueNode::SerializeNode(CArchive& ar, CBinTree* pTree)
 {
     CNode::SerializeNode(ar, pTree);
     if (ar.IsStoring())
-    {
         ar << m_dValue << m_nValueAttrA << m_nValueAttrB;
-    }
     else
-    {
         ar >> m_dValue >> m_nValueAttrA >> m_nValueAttrB;
-    }
 }
 
 CVariableNode::CVariableNode() : CValueNode(NTI_VARIABLE) {}

@@ -34,8 +34,8 @@ const CKindTable& MarkKinds()
     return s_table;
 }
 
-constexpr int c_nFirstLine = 1;  // below the middle of the mark's rectangle
-constexpr int c_nSecondLine = 5;
+constexpr int s_nFirstLine = 1;  // below the middle of the mark's rectangle
+constexpr int s_nSecondLine = 5;
 }  // namespace
 
 CVectorNode::CVectorNode() : COpNode(NTI_VECTOR)
@@ -77,13 +77,13 @@ void CVectorNode::PaintOwn(CDC* pDC, CRect rect, UINT)
     if (bLined)
     {
         // With heights of negative sign the line runs beyond the right edge.
-        const int y = Sum(yMiddle, c_nFirstLine);
+        const int y = Sum(yMiddle, s_nFirstLine);
         DrawLine(pDC, CPoint(rect.left, y),
                  CPoint(WrapSub(rect.right, m_logFont.lfHeight / 10), y));
     }
     if (m_nKind == VEC_NORM)
     {
-        const int y = Sum(yMiddle, c_nSecondLine);
+        const int y = Sum(yMiddle, s_nSecondLine);
         DrawLine(pDC, CPoint(rect.left, y), CPoint(Sum(rect.right, 1), y));
     }
 }

@@ -18,8 +18,8 @@ namespace
 
 constexpr const char* s_pszDivisionByZero = " (Division durch Null)";
 constexpr const char* s_pszNoRoot = " (keine Wurzel aus neg. Zahl)";
-constexpr double NO_ARGUMENT = 1e-99;  // stands for an argument of zero
-constexpr int FUNCT_CONSTS = 10;       // number 0 is never set
+constexpr double s_fNoArgument = 1e-99;  // stands for an argument of zero
+constexpr int s_nFunctConsts = 10;       // number 0 is never set
 
 // The value of the digits that a text begins with. The decimal sign is a point whatever the
 // locale; what comes behind the number is left alone, and a text without digits is 0.
@@ -49,7 +49,7 @@ bool IsPowerRefused(double dBase, double dExponent)
 
 void CFormulaParser::SetFunctConst(int nIndex, double dValue)
 {
-    if (nIndex < 1 || nIndex >= FUNCT_CONSTS)
+    if (nIndex < 1 || nIndex >= s_nFunctConsts)
     {
         AfxMessageBox("ProgrammError in SetFunctConst()");
         return;
@@ -60,7 +60,7 @@ void CFormulaParser::SetFunctConst(int nIndex, double dValue)
 double CFormulaParser::Calculation(CString strText, double x, WORD* pErrorPos, CString* pMessage)
 {
     m_strError.Empty();
-    m_dArgument = x == 0.0 ? NO_ARGUMENT : x;
+    m_dArgument = x == 0.0 ? s_fNoArgument : x;
     double dValue = 0.0;
     RunAndReport(pMessage, [&] { dValue = CalculateText(strText, pErrorPos, pMessage); });
     return dValue;

@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr double PI = 3.141592653589793;
+constexpr double s_fPi = 3.141592653589793;
 
 struct CFunction
 {
@@ -47,8 +47,8 @@ constexpr CFunction s_aFunctions[] = {
     { KW_ARCSIN, accurate::asin,  [](double x) { return std::fabs(x) >= 1.0; } },
     { KW_ARCCOS, accurate::acos,  [](double x) { return std::fabs(x) > 1.0; } },
     { KW_INT,    [](double x) { return static_cast<double>(TruncateTo32Bits(x)); }, RefusesNothing },
-    { KW_RAD,    [](double x) { return x * PI / 180.0; }, RefusesNothing },
-    { KW_DEG,    [](double x) { return x * 180.0 / PI; }, RefusesNothing },
+    { KW_RAD,    [](double x) { return x * s_fPi / 180.0; }, RefusesNothing },
+    { KW_DEG,    [](double x) { return x * 180.0 / s_fPi; }, RefusesNothing },
     { KW_ARSINH, [](double x) { return accurate::log(x + std::sqrt(x * x + 1.0)); }, RefusesNothing },
     { KW_ARCOSH, [](double x) { return accurate::log(x + std::sqrt(x * x - 1.0)); },
                  [](double x) { return std::fabs(x) < 1.0; } },

@@ -11,7 +11,7 @@ namespace
 {
 
 // A list of nodes that has grown beyond this is given back after the parse.
-constexpr std::size_t KEPT_NODES = 64 * 1024;
+constexpr std::size_t s_nKeptNodes = 64 * 1024;
 
 using CNodes = std::vector<CNode*>;
 
@@ -26,7 +26,7 @@ template <class T>
 void GiveBackIfHuge(std::vector<T>& list)
 {
     list.clear();
-    if (list.capacity() > KEPT_NODES)
+    if (list.capacity() > s_nKeptNodes)
         list.shrink_to_fit();
 }
 

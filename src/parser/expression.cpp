@@ -8,8 +8,8 @@
 namespace
 {
 
-constexpr int GAP_WITH_SIGN = 2;
-constexpr int GAP_WITHOUT_SIGN = -5;
+constexpr int s_nGapWithSign = 2;
+constexpr int s_nGapWithoutSign = -5;
 
 struct CRelation
 {
@@ -97,13 +97,13 @@ CNode* CFormulaParser::ParseTerm(WORD* pPos, CString* pToken)
         CNode* pTimes = NewNode(NTI_TIMES);
         if (IsToken(pToken, '*'))
         {
-            g_nTimesGap = GAP_WITH_SIGN;
+            g_nTimesGap = s_nGapWithSign;
             NextChar(pPos, pToken);
         }
         else
         {
             pTimes->SetSymbol(CString());
-            g_nTimesGap = GAP_WITHOUT_SIGN;
+            g_nTimesGap = s_nGapWithoutSign;
         }
         pTimes->LinkLeft(Wrapped(pResult));
         pTimes->LinkRight(Wrapped(ParsePower(pPos, pToken)));

@@ -8,11 +8,11 @@ namespace
 {
 
 constexpr const char* s_pszStopped = "Error in Calculation() weil ";
-constexpr int MAX_REASON = 255;  // characters
+constexpr int s_nMaxReason = 255;  // characters
 
 CString MakeNoMemoryText()
 {
-    char szReason[MAX_REASON + 1] = "";
+    char szReason[s_nMaxReason + 1] = "";
     CMemoryException().GetErrorMessage(szReason, sizeof szReason);
     return CString::Immortal(CString(s_pszStopped) + szReason);
 }
@@ -24,7 +24,7 @@ const CString s_strNoMemory = MakeNoMemoryText();
 
 CString DescribeFailure(CException* pException)
 {
-    char szReason[MAX_REASON + 1] = "";
+    char szReason[s_nMaxReason + 1] = "";
     pException->GetErrorMessage(szReason, sizeof szReason);
     try
     {

@@ -57,10 +57,10 @@ constexpr char ToLower(char ch)
 
 // The keywords with the same first letter, in the order of the table: s_anFirst by letter, then
 // s_anNext by keyword, 0 at the end.
-constexpr int LETTERS = 26;
+constexpr int s_nLetters = 26;
 struct CKeywordIndex
 {
-    std::array<BYTE, LETTERS> anFirst{};
+    std::array<BYTE, s_nLetters> anFirst{};
     std::array<BYTE, KW_COUNT> anNext{};
 };
 
@@ -103,7 +103,7 @@ int CKeyword::GetLength() const
 const CKeyword* FindKeyword(const char* pszText)
 {
     const int nLetter = ToLower(*pszText) - 'a';
-    if (nLetter < 0 || nLetter >= LETTERS)
+    if (nLetter < 0 || nLetter >= s_nLetters)
         return nullptr;
     for (BYTE n = s_index.anFirst[nLetter]; n != 0; n = s_index.anNext[n])
     {

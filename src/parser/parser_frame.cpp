@@ -15,12 +15,12 @@
 namespace
 {
 
-constexpr int MAX_POSITION = 0xFFFF;
-constexpr int GAP_WIDE = 2;
-constexpr int GAP_AT_START = -6;
+constexpr int s_nMaxPosition = 0xFFFF;
+constexpr int s_nGapWide = 2;
+constexpr int s_nGapAtStart = -6;
 
-constexpr std::size_t FIRST_NODES = 256;
-constexpr std::size_t NODES_AT_ONCE = 3;  // a node, and the children that its constructor makes
+constexpr std::size_t s_nFirstNodes = 256;
+constexpr std::size_t s_nNodesAtOnce = 3;  // a node, and the children that its constructor makes
 
 struct CBracketPair
 {
@@ -66,7 +66,7 @@ int CFormulaParser::Parse(CString strText, WORD* pErrorPos, CString* pMessage)
     m_bEnded = false;
     m_apBrackets.clear();
     m_aDropped.clear();
-    g_nTimesGap = m_bWideTimes != 0 ? GAP_WIDE : GAP_AT_START;
+    g_nTimesGap = m_bWideTimes != 0 ? s_nGapWide : s_nGapAtStart;
 
     if (RunAndReport(pMessage, [&] { ParseText(strText, pErrorPos, pMessage); }))
         return 1;
@@ -97,7 +97,7 @@ void CFormulaParser::SetText(CString strText, WORD* pPos, CString* pToken)
 {
     strText.TrimLeft();
     strText.TrimRight();
-    if (strText.GetLength() >= MAX_POSITION)
+    if (strText.GetLength() >= s_nMaxPosition)
         AfxThrowTextTooLongException();
     m_strText = strText + CharStr('\0');
     *pPos = 0;
@@ -113,7 +113,7 @@ void CFormulaParser::NextChar(WORD* pPos, CString* pToken)
     char ch;
     do
     {
-        if (*pPos < MAX_POSITION)
+        if (*pPos < s_nMaxPosition)
             ++*pPos;
         ch = *pPos > nLength ? '\0' : pszText[*pPos - 1];
     } while (ch == ' ');
@@ -152,8 +152,8 @@ int CFormulaParser::BracketType(CString strLeft, CString strRight)
 
 CNode* CFormulaParser::NewNode(ENodeType nType, CSpan span)
 {
-    if (m_aMade.capacity() - m_aMade.size() < NODES_AT_ONCE)
-        m_aMade.reserve(std::max(FIRST_NODES, 2 * m_aMade.capacity()));
+    if (m_aMade.capacity() - m_aMade.size() < s_nNodesAtOnce)
+        m_aMade.reserve(std::max(s_nFirstNodes, 2 * m_aMade.capacity()));
     CNode* pNode = m_pTree->CreateBareNode(nType);
     m_aMade.push_back({ pNode, span });
     if (pNode->GetLeft() != nullptr)

@@ -33,7 +33,7 @@ constexpr std::string_view s_strPngSignature = "\x89PNG\r\n\x1A\n";
 // Programs that write a picture anew turn one kind of text into another.
 CFound TextOfChunk(std::string_view type, std::string_view data)
 {
-    if (TakeText(data) != s_szCarriedName)
+    if (TakeText(data) != CARRIED_NAME)
         return std::nullopt;
     if (type == "tEXt")
         return Windows1252ToUtf8(data);
@@ -140,7 +140,7 @@ CFound ElementText(std::string_view svg, size_t nTag)
 // The element of our namespace, with or without a prefix, wherever the prefix is declared.
 CFound FindInSvg(std::string_view svg)
 {
-    const std::string strUrn = std::string("urn:") + s_szCarriedName;
+    const std::string strUrn = std::string("urn:") + CARRIED_NAME;
     const size_t nUrn = std::min(svg.find('"' + strUrn + '"'), svg.find('\'' + strUrn + '\''));
     const size_t nName = nUrn == svg.npos ? svg.npos : svg.rfind("xmlns", nUrn);
     if (nName == svg.npos)
@@ -339,11 +339,9 @@ CFound FindInDictionaries(std::string_view text)
     for (size_t n = text.find("<<"); n != text.npos && nBudget > 0; n = text.find("<<", n + 1))
     {
         CPdfDictionary dictionary(text.substr(n + 2), nBudget);
-        if (dictionary.Read() && dictionary.Creator() == s_szCarriedName &&
+        if (dictionary.Read() && dictionary.Creator() == CARRIED_NAME &&
             !dictionary.Subject().empty())
-        {
             return dictionary.Subject();
-        }
     }
     return std::nullopt;
 }
@@ -363,9 +361,7 @@ CFound FindInStreams(std::string_view bytes)
         nData += s_strStream.size();
         nData = std::min(bytes.find_first_not_of("\r\n", nData), bytes.size());
         if (const CFound found = FindInDictionaries(Inflate(bytes.substr(nData), s_nLongestStream)))
-        {
             return found;
-        }
         n = bytes.find(s_strMark, nData);
     }
     return std::nullopt;

@@ -101,7 +101,7 @@ std::string SvgCarriedText(const std::string& strSource, const std::string& strT
         strXml += "<title>" + XmlText(strTitle) + "</title>\n";
     if (!strSource.empty())
     {
-        strXml += std::string("<metadata><source xmlns=\"urn:") + s_szCarriedName +
+        strXml += std::string("<metadata><source xmlns=\"urn:") + CARRIED_NAME +
                   "\" xml:space=\"preserve\">" + XmlText(EscapeCarried(strSource)) +
                   "</source></metadata>\n";
     }

@@ -13,8 +13,8 @@ std::string EscapeCarried(std::string_view utf8);
 std::string UnescapeCarried(std::string_view text);
 
 // How a source is known in each format.
-inline constexpr char s_szCarriedName[] = "mivora";  // keyword of PNG, creator of PDF, urn of SVG
-inline constexpr char s_szDescriptionName[] = "Description";
+inline constexpr char CARRIED_NAME[] = "mivora";  // keyword of PNG, creator of PDF, urn of SVG
+inline constexpr char DESCRIPTION_NAME[] = "Description";
 
 // The elements of an SVG that hold a source and a title, as far as they are not empty.
 std::string SvgCarriedText(const std::string& strSource, const std::string& strTitle);

@@ -61,11 +61,15 @@ private:
             return static_cast<int>(std::floor(f));
         };
         if (line.IsHorizontal())
+        {
             return Fill(CRect(whole(line.x1), whole(line.y1), whole(line.x2), whole(line.y1) + 1),
                         line.colour);
+        }
         if (line.IsVertical())
+        {
             return Fill(CRect(whole(line.x1), whole(line.y1), whole(line.x1) + 1, whole(line.y2)),
                         line.colour);
+        }
         CPen pen;
         pen.CreatePen(PS_SOLID, 1, line.colour);
         const CSelectScope select(&m_dc, &pen);

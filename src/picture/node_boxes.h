@@ -34,8 +34,8 @@ struct CBoxColour
 constexpr CBoxColour s_subtreeColour = { 0.4, 0.4, 0.4, 0.5 };
 constexpr CBoxColour s_ownColour = { 0, 0.2, 1, 0.8 };
 constexpr CBoxColour s_axisColour = { 1, 0, 0, 0.6 };
-constexpr double s_fBoxLine = 0.5;     // width
-constexpr double s_fAxisOverhang = 2;  // on both sides of the subtree
+constexpr double BOX_LINE = 0.5;     // width
+constexpr double AXIS_OVERHANG = 2;  // on both sides of the subtree
 
 // Calls fill(left, top, right, bottom, colour) for the bars that the boxes are drawn with.
 template <class Fill>
@@ -47,22 +47,22 @@ void DrawBoxes(const std::vector<CNodeBox>& boxes, Fill fill)
         const double t = rect.top;
         const double r = rect.right;
         const double b = rect.bottom;
-        if (r - l <= 2 * s_fBoxLine || b - t <= 2 * s_fBoxLine)  // too small for an inside
+        if (r - l <= 2 * BOX_LINE || b - t <= 2 * BOX_LINE)  // too small for an inside
         {
-            fill(l, t, r < l + s_fBoxLine ? l + s_fBoxLine : r,
-                 b < t + s_fBoxLine ? t + s_fBoxLine : b, colour);
+            fill(l, t, r < l + BOX_LINE ? l + BOX_LINE : r, b < t + BOX_LINE ? t + BOX_LINE : b,
+                 colour);
             return;
         }
-        fill(l, t, r, t + s_fBoxLine, colour);
-        fill(l, b - s_fBoxLine, r, b, colour);
-        fill(l, t + s_fBoxLine, l + s_fBoxLine, b - s_fBoxLine, colour);
-        fill(r - s_fBoxLine, t + s_fBoxLine, r, b - s_fBoxLine, colour);
+        fill(l, t, r, t + BOX_LINE, colour);
+        fill(l, b - BOX_LINE, r, b, colour);
+        fill(l, t + BOX_LINE, l + BOX_LINE, b - BOX_LINE, colour);
+        fill(r - BOX_LINE, t + BOX_LINE, r, b - BOX_LINE, colour);
     };
     for (const CNodeBox& box : boxes)
     {
         frame(box.subtree, s_subtreeColour);
         frame(box.own, s_ownColour);
-        fill(box.subtree.left - s_fAxisOverhang, box.nAxis - s_fBoxLine / 2,
-             box.subtree.right + s_fAxisOverhang, box.nAxis + s_fBoxLine / 2, s_axisColour);
+        fill(box.subtree.left - AXIS_OVERHANG, box.nAxis - BOX_LINE / 2,
+             box.subtree.right + AXIS_OVERHANG, box.nAxis + BOX_LINE / 2, s_axisColour);
     }
 }

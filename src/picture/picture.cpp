@@ -150,9 +150,7 @@ const CPictureFormat* FindPictureFormat(const std::string& strName)
         if (std::equal(strName.begin(), strName.end(), format.pszName,
                        format.pszName + std::char_traits<char>::length(format.pszName),
                        [&](char a, char b) { return lower(a) == b; }))
-        {
             return &format;
-        }
     }
     return nullptr;
 }

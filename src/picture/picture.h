@@ -9,15 +9,15 @@
 #include "platform/base/types.h"
 #include "service/formula_out.h"
 
-constexpr int s_nScreenDpi = 96;  // of which formulas are measured
+constexpr int SCREEN_DPI = 96;  // of which formulas are measured
 
 // What callers may ask for.
-constexpr int s_nLeastDpi = 10;
-constexpr int s_nMostDpi = 2400;
-constexpr int s_nMostMargin = 10000;
-constexpr int s_nLeastPoints = 4;
-constexpr int s_nMostPoints = 400;
-constexpr int s_nLongestFace = LF_FACESIZE - 1;
+constexpr int LEAST_DPI = 10;
+constexpr int MOST_DPI = 2400;
+constexpr int MOST_MARGIN = 10000;
+constexpr int LEAST_POINTS = 4;
+constexpr int MOST_POINTS = 400;
+constexpr int LONGEST_FACE = LF_FACESIZE - 1;
 
 // How a formula looks, before it is measured.
 struct CFormulaLook
@@ -31,7 +31,7 @@ void ApplyLook(CFormulaOut& formula, const CFormulaLook& look);
 
 struct CPictureOptions
 {
-    int nDpi = s_nScreenDpi;
+    int nDpi = SCREEN_DPI;
     int nMargin = 0;      // pixels on each side
     bool bExact = false;  // the formula's rectangle, whatever stands out of it
     bool bBoxes = false;  // rectangles and axes of the nodes over the picture

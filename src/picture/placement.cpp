@@ -68,7 +68,7 @@ COLORREF BackgroundOf(const CPictureOptions& options)
 }
 
 CPlacement::CPlacement(const CDrawing& drawing, const CPictureOptions& options, CTextLine line)
-    : m_fScale(static_cast<double>(options.nDpi) / s_nScreenDpi),
+    : m_fScale(static_cast<double>(options.nDpi) / SCREEN_DPI),
       m_origin(0, 0),
       m_size(std::max(End(drawing.size.cx * m_fScale), 1),
              std::max(End(drawing.size.cy * m_fScale), 1)),

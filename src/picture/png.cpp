@@ -118,8 +118,8 @@ std::string PngBytes(const CRaster& raster, const CPictureOptions& options)
     std::string strBytes(s_szSignature, sizeof s_szSignature - 1);
     AppendChunk(strBytes, "IHDR", Head(raster, form));
     AppendChunk(strBytes, "pHYs", Resolution(options.nDpi));
-    AppendText(strBytes, s_szCarriedName, EscapeCarried(options.strSource));
-    AppendText(strBytes, s_szDescriptionName, options.strTitle);
+    AppendText(strBytes, CARRIED_NAME, EscapeCarried(options.strSource));
+    AppendText(strBytes, DESCRIPTION_NAME, options.strTitle);
     AppendChunk(strBytes, "IDAT", Deflate(Rows(raster, form)));
     AppendChunk(strBytes, "IEND", {});
     return strBytes;

@@ -46,9 +46,7 @@ bool IsBlank(const CRaster& raster, int nLeft, int nTop, int nRight, int nBottom
         const std::uint32_t* pRow = raster.Row(y);
         if (!std::all_of(pRow + nLeft, pRow + nRight,
                          [&](std::uint32_t nPixel) { return nPixel == raster.nBlank; }))
-        {
             return false;
-        }
     }
     return true;
 }
@@ -129,7 +127,7 @@ CRaster MakeRaster(const CDrawing& drawing, CPlacement& placement, const CPictur
 {
     const int nSlack = options.bExact ? 0 : s_nSlack;
     placement.Grow(nSlack, nSlack, nSlack, nSlack);
-    placement.CheckSides(s_nLargestSide);
+    placement.CheckSides(LARGEST_SIDE);
     CRaster raster = BlankRaster(placement.Size(), options);
     DrawOnRaster(raster, drawing, placement, options.bTransparent);
     if (nSlack == 0)

@@ -7,7 +7,7 @@
 #include "picture/node_boxes.h"
 #include "picture/placement.h"
 
-constexpr int s_nLargestSide = 32767;  // pixels of an image that both systems can draw on
+constexpr int LARGEST_SIDE = 32767;  // pixels of an image that both systems can draw on
 
 // Blue, green, red and opacity from the low byte on, not multiplied; rows without gaps, from the
 // top down.

@@ -107,7 +107,9 @@ private:
         const std::string strHeight = std::to_string(size.nHeight);
         m_strSvg += "<svg xmlns=\"http://www.w3.org/2000/svg\"";
         if (m_bNames)
+        {
             m_strSvg += " xmlns:xlink=\"http://www.w3.org/1999/xlink\"";
+        }
         m_strSvg += " width=\"" + strWidth + "\" height=\"" + strHeight + "\" viewBox=\"0 0 " +
                     strWidth + ' ' + strHeight +
                     "\" role=\"img\" style=\"vertical-align:" + Number(-size.fDepth / size.fEm) +

@@ -40,9 +40,7 @@ int ParseUnguarded(CFormulaOut& formula, const CString& strText, CParseReport& r
     formula.m_Parser.SetFormula(strText);
     if (!formula.m_Parser.Parse(formula.m_Parser.GetFormula(), &report.nPosition,
                                 &report.strMessage))
-    {
         return 0;
-    }
     std::unique_ptr<CNode> pFormula(formula.m_Parser.m_pResult);
     report.dropped = formula.m_Parser.GetDropped();
     CNode* pRoot = formula.m_Tree.CreateRootNode("NT_STANDARD");

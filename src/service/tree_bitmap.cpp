@@ -37,9 +37,7 @@ public:
         m_rect = tree.MeasureTree(&m_dc);
         if (!m_bitmap.CreateBitmap(m_rect.Width(), m_rect.Height(), 1,
                                    static_cast<UINT>(m_dc.GetDeviceCaps(BITSPIXEL)), nullptr))
-        {
             return;
-        }
         m_pOld = m_dc.SelectObject(&m_bitmap);
         m_dc.SetWindowOrg(m_rect.left, m_rect.top);
         m_dc.FillSolidRect(&m_rect, s_crWhite);
@@ -134,9 +132,7 @@ CGlobalPtr PackedDib(HDC hDC, HBITMAP hBitmap, BITMAPINFOHEADER header)
     pInfo = static_cast<BITMAPINFO*>(hGrown);
     if (!GetDIBits(hDC, hBitmap, 0, nLines, static_cast<BYTE*>(hGrown) + nHead, pInfo,
                    DIB_RGB_COLORS))
-    {
         return nullptr;
-    }
     return pBlock;
 }
 

@@ -14,26 +14,26 @@
 namespace
 {
 
-constexpr int UNDO_LEVELS = 4;
-constexpr int UNDO_GROW_SIZE = 32768;  // bytes
+constexpr int s_nUndoLevels = 4;
+constexpr int s_nUndoGrowSize = 32768;  // bytes
 
 // FORTRAN lines: six columns ahead of the text, and a mark in the sixth of a continuation line.
 constexpr const char* s_pszFirstLine = "      ";
 constexpr const char* s_pszNextLine = "\r\n     +";
-constexpr int FIRST_LINE = 60;  // characters, with the six columns
-constexpr int NEXT_LINE = 59;   // characters behind the mark
-constexpr int FORM_FORTRAN = 0;
+constexpr int s_nFirstLine = 60;  // characters, with the six columns
+constexpr int s_nNextLine = 59;   // characters behind the mark
+constexpr int s_nFormFortran = 0;
 
 CString BreakLines(const CString& strText)
 {
     const int nLength = strText.GetLength();
-    if (nLength <= FIRST_LINE)
+    if (nLength <= s_nFirstLine)
         return strText;
-    CString strLines = strText.Left(FIRST_LINE);
-    for (int i = FIRST_LINE; i < nLength; i += NEXT_LINE)
+    CString strLines = strText.Left(s_nFirstLine);
+    for (int i = s_nFirstLine; i < nLength; i += s_nNextLine)
     {
         strLines += s_pszNextLine;
-        strLines.Append(strText.GetString() + i, std::min(NEXT_LINE, nLength - i));
+        strLines.Append(strText.GetString() + i, std::min(s_nNextLine, nLength - i));
     }
     return strLines;
 }
@@ -74,7 +74,7 @@ std::unique_ptr<CNode> CopyNodes(CNode* pNode, bool bDeep)
 IMPLEMENT_SERIAL(CBinTree, CObject, 1)
 
 CBinTree::CBinTree()
-    : CUndo(UNDO_LEVELS, UNDO_GROW_SIZE),
+    : CUndo(s_nUndoLevels, s_nUndoGrowSize),
       m_rectFormula(0, 0, 50, 20),
       m_pRoot(nullptr),
       m_pSelected(nullptr),
@@ -189,5 +189,5 @@ CString CBinTree::GetFormulaText(int nForm)
     CString strText(s_pszFirstLine);
     if (m_pRoot != nullptr)
         strText += m_pRoot->MakeText(nForm);
-    return nForm == FORM_FORTRAN ? BreakLines(strText) : strText;
+    return nForm == s_nFormFortran ? BreakLines(strText) : strText;
 }

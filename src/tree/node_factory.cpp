@@ -22,7 +22,7 @@ namespace
 
 // The base class marks a new node as replaceable; the root of a formula and the empty places in
 // it are not.
-constexpr UINT STANDARD_FLAGS = NF_TEXTEDIT;
+constexpr UINT s_nStandardFlags = NF_TEXTEDIT;
 
 template <class T>
 CNode* Make()
@@ -39,7 +39,7 @@ CNode* MakeUnowned()
 CNode* MakeStandard()
 {
     CNode* pNode = new CNode;
-    pNode->SetFlags(pNode->GetFlags() & STANDARD_FLAGS);
+    pNode->SetFlags(pNode->GetFlags() & s_nStandardFlags);
     return pNode;
 }
 

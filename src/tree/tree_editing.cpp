@@ -11,8 +11,8 @@
 namespace
 {
 
-constexpr int SIDE_LEFT = 1;
-constexpr int SIDE_RIGHT = 2;
+constexpr int s_nSideLeft = 1;
+constexpr int s_nSideRight = 2;
 
 bool BindsMoreLoosely(CNode* pChild, CNode* pNode)
 {
@@ -87,9 +87,9 @@ CNode* CBinTree::InsertNodeAbove(CNode* pParent, CNode* pChild, CString strType,
 {
     CNode* pNew = CreateNode(strType);
     ReplaceChild(pParent, pChild, pNew);
-    if (nSide == SIDE_LEFT)
+    if (nSide == s_nSideLeft)
         GiveLeft(pNew, pChild);
-    else if (nSide == SIDE_RIGHT)
+    else if (nSide == s_nSideRight)
         GiveRight(pNew, pChild);
     return pNew;
 }

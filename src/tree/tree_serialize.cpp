@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr LONG EMPTY_MARK = 0;  // stands in the place of type and record
+constexpr LONG s_nEmptyMark = 0;  // stands in the place of type and record
 
 void StoreRect(CArchive& ar, const CRect& rect)
 {
@@ -38,7 +38,7 @@ void CBinTree::Serialize(CArchive& ar)
     ar << m_strName;
     if (m_pRoot == nullptr)
     {
-        ar << EMPTY_MARK;
+        ar << s_nEmptyMark;
         return;
     }
     ar << m_pRoot->m_strType;
@@ -46,7 +46,8 @@ void CBinTree::Serialize(CArchive& ar)
 }
 
 // A load that fails half way is rolled back whole: all is read into new objects, and the tree's own
-// rectangle, name and nodes are replaced only when nothing can fail any more. The empty type name of an empty tree is the first byte of its mark; the other three stay unread.
+// rectangle, name and nodes are replaced only when nothing can fail any more. The empty type name
+// of an empty tree is the first byte of its mark; the other three stay unread.
 void CBinTree::LoadTree(CArchive& ar)
 {
     const CRect rect = LoadRect(ar);

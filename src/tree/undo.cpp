@@ -9,8 +9,8 @@
 namespace
 {
 
-constexpr int LIST_BLOCK = 10;
-constexpr int ARCHIVE_BUFFER = 4096;  // bytes
+constexpr int s_nListBlock = 10;
+constexpr int s_nArchiveBuffer = 4096;  // bytes
 
 void DeleteFiles(CObList& list)
 {
@@ -21,8 +21,8 @@ void DeleteFiles(CObList& list)
 }  // namespace
 
 CUndo::CUndo(long nLevels, long nGrowSize)
-    : m_UndoList(LIST_BLOCK),
-      m_RedoList(LIST_BLOCK),
+    : m_UndoList(s_nListBlock),
+      m_RedoList(s_nListBlock),
       m_nGrowSize(static_cast<int>(nGrowSize)),
       m_nUndoLevels(static_cast<int>(nLevels)),
       m_nCheckPointLock(0)
@@ -57,7 +57,7 @@ void CUndo::AddUndo(CMemFile* pFile)
 void CUndo::StoreState(CMemFile* pFile)
 {
     pFile->SeekToBegin();
-    CArchive ar(pFile, CArchive::store, ARCHIVE_BUFFER);
+    CArchive ar(pFile, CArchive::store, s_nArchiveBuffer);
     Serialize(ar);
     ar.Close();
 }

@@ -27,7 +27,7 @@
 
 namespace
 {
-constexpr DWORD PATIENCE = 10000;  // milliseconds
+constexpr DWORD s_nPatience = 10000;  // milliseconds
 
 HANDLE s_hProcess = nullptr;
 DWORD s_nProcess = 0;
@@ -40,7 +40,7 @@ std::string Until(const std::function<std::string()>& ask)
 {
     const DWORD nBegin = GetTickCount();
     std::string strAnswer = ask();
-    while (strAnswer != YES && GetTickCount() - nBegin < PATIENCE)
+    while (strAnswer != YES && GetTickCount() - nBegin < s_nPatience)
     {
         Sleep(5);
         strAnswer = ask();
@@ -62,7 +62,7 @@ std::string TextOf(HWND hWnd)
     char szText[4096] = "";
     DWORD_PTR nLength = 0;
     SendMessageTimeoutA(hWnd, WM_GETTEXT, sizeof szText, reinterpret_cast<LPARAM>(szText),
-                        SMTO_ABORTIFHUNG, PATIENCE, &nLength);
+                        SMTO_ABORTIFHUNG, s_nPatience, &nLength);
     return szText;
 }
 
@@ -143,7 +143,7 @@ std::string AwaitFocus(const std::string& strClass)
 
 std::string AwaitEnd()
 {
-    if (WaitForSingleObject(s_hProcess, PATIENCE) != WAIT_OBJECT_0)
+    if (WaitForSingleObject(s_hProcess, s_nPatience) != WAIT_OBJECT_0)
         return "no: it runs";
     DWORD nCode = 0;
     GetExitCodeProcess(s_hProcess, &nCode);
@@ -184,8 +184,10 @@ constexpr std::pair<const char*, WORD> s_aKeys[] = {
 WORD KeyOf(const std::string& strName)
 {
     for (const auto& [pszName, nKey] : s_aKeys)
+    {
         if (strName == pszName)
             return nKey;
+    }
     return static_cast<WORD>(std::toupper(static_cast<BYTE>(strName[0])));
 }
 
@@ -261,8 +263,10 @@ std::string Obey(const std::string& strLine)
     std::string strCommand;
     words >> strCommand;
     for (const CGesture& gesture : s_aGestures)
+    {
         if (strCommand == gesture.pszName)
             return Gesture(gesture, words);
+    }
     const std::string strRest = strLine.substr(std::min(strLine.size(), strCommand.size() + 1));
     if (strCommand == "type")
         return Type(strRest);
@@ -274,13 +278,19 @@ std::string Obey(const std::string& strLine)
         return AwaitText([=] { return GetDlgItem(s_hMain, nID); }, strText);
     }
     if (strCommand == "title")
+    {
         return AwaitText([] { return s_hMain; }, strRest);
+    }
     if (strCommand == "focus")
         return AwaitFocus(strRest);
     if (strCommand == "dialog")
+    {
         return AwaitTop(strRest == YES, [](HWND hWnd) { return ClassOf(hWnd) == "#32770"; });
+    }
     if (strCommand == "menu")
+    {
         return AwaitTop(strRest == YES, [](HWND hWnd) { return ClassOf(hWnd) == "#32768"; });
+    }
     if (strCommand == "gone")
         return AwaitEnd();
     if (strCommand != "key")

@@ -15,8 +15,8 @@
 
 namespace
 {
-constexpr int THREADS = 4;
-constexpr int ROUNDS = 20;
+constexpr int s_nThreads = 4;
+constexpr int s_nRounds = 20;
 const std::string s_astrTexts[] = { "sqr(x)+greek p", "2**3", "2*x*y", "sum(i,i=1,n)", "a^", "" };
 
 std::string All(const std::string& strText)
@@ -35,14 +35,14 @@ TEST(CThreads, GetWhatOneAloneGets)
     std::vector<std::string> expected;
     for (const std::string& strText : s_astrTexts)
         expected.push_back(All(strText));
-    std::array<int, THREADS> anWrong{};
+    std::array<int, s_nThreads> anWrong{};
     std::vector<std::thread> threads;
-    for (size_t nThread = 0; nThread < THREADS; ++nThread)
+    for (size_t nThread = 0; nThread < s_nThreads; ++nThread)
     {
         threads.emplace_back(
             [&, nThread]
             {
-                for (size_t i = 0; i < ROUNDS * std::size(s_astrTexts); ++i)
+                for (size_t i = 0; i < s_nRounds * std::size(s_astrTexts); ++i)
                 {
                     const size_t n = (i + nThread) % std::size(s_astrTexts);
                     anWrong[nThread] += All(s_astrTexts[n]) != expected[n];
@@ -51,7 +51,7 @@ TEST(CThreads, GetWhatOneAloneGets)
     }
     for (std::thread& thread : threads)
         thread.join();
-    EXPECT_EQ(anWrong, (std::array<int, THREADS>{}));
+    EXPECT_EQ(anWrong, (std::array<int, s_nThreads>{}));
 }
 
 #if !defined(_WIN32) && !defined(__SANITIZE_THREAD__)

@@ -11,7 +11,7 @@
 namespace
 {
 
-constexpr unsigned SCRIPTS = 4000;
+constexpr unsigned s_nScripts = 4000;
 
 // What the script breaks, or nothing.
 std::string BreaksRule(const CRandomScript& script)
@@ -57,7 +57,7 @@ void CutDown(CRandomScript& script)
 
 TEST(RandomScripts, KeepTheRules)
 {
-    for (unsigned nSeed = 0; nSeed < SCRIPTS; nSeed++)
+    for (unsigned nSeed = 0; nSeed < s_nScripts; nSeed++)
     {
         CRandomScript script = MakeRandomScript(nSeed);
         if (BreaksRule(script).empty())

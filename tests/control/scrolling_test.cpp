@@ -30,8 +30,8 @@ constexpr CBarCase s_aBarCases[] = {
     { { 60, 91 }, "2 0 0 0 0 91 91 43x91" },    // too low by one
     { { 43, 91 }, "2 0 0 0 0 91 91 26x91" },    // the bar leaves just the width
     { { 25, 150 }, "1 0 25 25 0 0 0 25x133" },  // too narrow by one
-    { { 26, 91 }, "3 0 25 9 0 91 74 9x74" },        // the vertical bar makes the other one needed
-    { { 25, 108 }, "3 0 25 25 0 91 91 8x91" },      // and this one gets no room kept for it
+    { { 26, 91 }, "3 0 25 9 0 91 74 9x74" },    // the vertical bar makes the other one needed
+    { { 25, 108 }, "3 0 25 25 0 91 91 8x91" },  // and this one gets no room kept for it
     { { 30, 30 }, "3 0 25 14 0 91 14 13x13" },  // a bar counts 18 pixels once it is on
     { { 0, 0 }, "0 0 0 0 0 0 0 0x0" },         { { 0, 50 }, "0 0 0 0 0 0 0 0x50" },
 };

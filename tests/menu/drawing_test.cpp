@@ -18,7 +18,7 @@
 namespace
 {
 constexpr CSize ITEM(140, 22);
-constexpr UINT COMMAND = 700;
+constexpr UINT s_nCommand = 700;
 
 const std::map<std::string, CPoint> s_points = {
     { "edge", { 0, 0 } },           { "far edge", { 139, 21 } },  { "column", { 3, 18 } },
@@ -41,7 +41,7 @@ public:
         SetMenuSystem(&s_system);
         CNewMenu::SetStyle(nStyle);
         m_menu.CreatePopupMenu();
-        m_menu.AppendMenu(MF_STRING, COMMAND, "");
+        m_menu.AppendMenu(MF_STRING, s_nCommand, "");
         m_menu.AppendMenu(MF_SEPARATOR);
         m_menu.Synchronise();
     }
@@ -60,7 +60,7 @@ public:
         const RECT all = { 0, 0, 16, 15 };
         ::FillRect(red, &all, brush);
         const auto pIcons = std::make_shared<CNewMenuBitmaps>();
-        ASSERT_TRUE(pIcons->AddBitmap(COMMAND, red.Bitmap(), RGB(0, 0, 0)));
+        ASSERT_TRUE(pIcons->AddBitmap(s_nCommand, red.Bitmap(), RGB(0, 0, 0)));
         m_menu.SetIcons(pIcons);
     }
 
@@ -91,20 +91,20 @@ public:
 // Gradients of the system are not exact to the bit.
 bool IsNear(COLORREF a, COLORREF b)
 {
-    constexpr int MOST = 9;
-    return std::abs(GetRValue(a) - GetRValue(b)) <= MOST &&
-           std::abs(GetGValue(a) - GetGValue(b)) <= MOST &&
-           std::abs(GetBValue(a) - GetBValue(b)) <= MOST;
+    constexpr int nMost = 9;
+    return std::abs(GetRValue(a) - GetRValue(b)) <= nMost &&
+           std::abs(GetGValue(a) - GetGValue(b)) <= nMost &&
+           std::abs(GetBValue(a) - GetBValue(b)) <= nMost;
 }
 
 // The styles that a row holds for, as bits.
-constexpr UINT RAISED = 0x003;
-constexpr UINT FLAT = 0x00C;
-constexpr UINT TEXT_ONLY = 0x030;
-constexpr UINT SHADED = 0x0C0;
-constexpr UINT GRADIENT = 0xF00;
-constexpr UINT NO_ICON = 0x10000;  // pseudo states
-constexpr UINT LINE = 0x20000;
+constexpr UINT s_nRaised = 0x003;
+constexpr UINT s_nFlat = 0x00C;
+constexpr UINT s_nTextOnly = 0x030;
+constexpr UINT s_nShaded = 0x0C0;
+constexpr UINT s_nGradient = 0xF00;
+constexpr UINT s_nNoIcon = 0x10000;  // pseudo states
+constexpr UINT s_nLine = 0x20000;
 
 struct CCase
 {
@@ -122,103 +122,110 @@ CMenuSystem BrightHighlight()
 }
 
 const CCase s_aCases[] = {
-    { FLAT,
+    { s_nFlat,
       ClassicSystem,
       0,
       { { "column", 0xD0D7DA }, { "body", 0xF7F8F9 }, { "icon", 0x0000CD } } },
-    { FLAT | GRADIENT,
+    { s_nFlat | s_nGradient,
       ClassicSystem,
       ODS_SELECTED,
       { { "edge", 0xD77800 },
         { "column", 0xF4D7B3 },
         { "body", 0xF4D7B3 },
         { "icon", 0x0000FF } } },
-    { FLAT | GRADIENT,
+    { s_nFlat | s_nGradient,
       BrightHighlight,
       ODS_SELECTED,
       { { "edge", 0x00FFFF }, { "body", 0xDBFFFF } } },
-    { FLAT | GRADIENT,
+    { s_nFlat | s_nGradient,
       ClassicSystem,
       ODS_DISABLED,
       { { "body", 0xF7F8F9 }, { "icon", 0xAAAAAA } } },
-    { FLAT | GRADIENT, ClassicSystem, ODS_CHECKED | NO_ICON, { { "check", 0xD77800 } } },
-    { FLAT | GRADIENT,
+    { s_nFlat | s_nGradient, ClassicSystem, ODS_CHECKED | s_nNoIcon, { { "check", 0xD77800 } } },
+    { s_nFlat | s_nGradient,
       ClassicSystem,
-      LINE,
+      s_nLine,
       { { "line", 0x6D6D6D },
         { "line end", 0x6D6D6D },
         { "before line", 0xF7F8F9 },
         { "behind line", 0xF7F8F9 } } },
-    { GRADIENT,
+    { s_nGradient,
       ClassicSystem,
-      NO_ICON,
+      s_nNoIcon,
       { { "edge", 0xFFFFFF },
         { "middle", 0xE8EBED },
         { "column end", 0xC8D0D4 },
         { "body", 0xF7F8F9 } } },
-    { GRADIENT,
+    { s_nGradient,
       Themed,
-      NO_ICON,
+      s_nNoIcon,
       { { "edge", 0xFEECDD }, { "middle", 0xF9DBC4 }, { "column end", 0xE2A981 } } },
-    { FLAT | GRADIENT, WithFewColours, NO_ICON, { { "column", 0xC8D0D4 }, { "body", 0xF7F8F9 } } },
-    { FLAT | GRADIENT,
+    { s_nFlat | s_nGradient,
+      WithFewColours,
+      s_nNoIcon,
+      { { "column", 0xC8D0D4 }, { "body", 0xF7F8F9 } } },
+    { s_nFlat | s_nGradient,
       WithFewColours,
       ODS_SELECTED,
       { { "edge", 0xD77800 }, { "body", 0xFFFFFF } } },
-    { FLAT, HighContrastBlack, NO_ICON, { { "column", 0 }, { "body", 0 } } },
-    { FLAT | GRADIENT,
+    { s_nFlat, HighContrastBlack, s_nNoIcon, { { "column", 0 }, { "body", 0 } } },
+    { s_nFlat | s_nGradient,
       HighContrastBlack,
       ODS_SELECTED,
       { { "edge", 0xFFFFFF }, { "body", 0x800080 } } },
-    { FLAT | GRADIENT, HighContrastWhite, ODS_SELECTED, { { "edge", 0 }, { "body", 0 } } },
-    { RAISED | TEXT_ONLY | SHADED,
+    { s_nFlat | s_nGradient, HighContrastWhite, ODS_SELECTED, { { "edge", 0 }, { "body", 0 } } },
+    { s_nRaised | s_nTextOnly | s_nShaded,
       ClassicSystem,
-      NO_ICON,
+      s_nNoIcon,
       { { "edge", 0xC8D0D4 }, { "body", 0xC8D0D4 } } },
-    { RAISED | SHADED, ClassicSystem, 0, { { "icon", 0x0000CD } } },
-    { TEXT_ONLY, ClassicSystem, 0, { { "icon", 0xC8D0D4 } } },
-    { RAISED,
+    { s_nRaised | s_nShaded, ClassicSystem, 0, { { "icon", 0x0000CD } } },
+    { s_nTextOnly, ClassicSystem, 0, { { "icon", 0xC8D0D4 } } },
+    { s_nRaised,
       ClassicSystem,
       ODS_SELECTED,
       { { "edge", 0xFFFFFF },
         { "far edge", 0x808080 },
         { "body", 0xC8D0D4 },
         { "icon", 0x0000FF } } },
-    { SHADED,
+    { s_nShaded,
       ClassicSystem,
       ODS_SELECTED,
       { { "edge", 0xFFFFFF },
         { "far edge", 0x808080 },
         { "column", 0xF4D7B3 },
         { "body", 0xCBD0D2 } } },
-    { TEXT_ONLY, ClassicSystem, ODS_SELECTED, { { "edge", 0xD77800 }, { "body", 0xD77800 } } },
-    { RAISED | TEXT_ONLY | SHADED,
+    { s_nTextOnly, ClassicSystem, ODS_SELECTED, { { "edge", 0xD77800 }, { "body", 0xD77800 } } },
+    { s_nRaised | s_nTextOnly | s_nShaded,
       ClassicSystem,
-      LINE,
+      s_nLine,
       { { "body", 0xC8D0D4 }, { "line", 0xFFFFFF } } },
 };
 
 TEST(MenuDrawing, EveryStyleShowsItsItems)
 {
     for (const CCase& row : s_aCases)
+    {
         for (DWORD nStyle = 0; nStyle < 12; ++nStyle)
         {
             if ((row.nStyles & (1U << nStyle)) == 0)
                 continue;
             CDrawing drawing(nStyle, row.pfnSystem());
-            if ((row.nState & (NO_ICON | LINE)) == 0)
+            if ((row.nState & (s_nNoIcon | s_nLine)) == 0)
                 drawing.AddIcon();
-            drawing.Draw(row.nState & 0xFFFF, (row.nState & LINE) != 0);
+            drawing.Draw(row.nState & 0xFFFF, (row.nState & s_nLine) != 0);
             for (const auto& [point, colour] : row.points)
+            {
                 EXPECT_PRED2(IsNear, drawing.At(point), colour)
                     << "row " << &row - s_aCases << ", style " << nStyle << ", " << point;
+            }
         }
+    }
 }
 
 TEST(MenuDrawing, SettingsChangeIconsAndDisabledItems)
 {
-    constexpr DWORD FLAT_STYLE = 2;
-    CDrawing drawing(FLAT_STYLE, ClassicSystem());
+    constexpr DWORD nFlatStyle = 2;
+    CDrawing drawing(nFlatStyle, ClassicSystem());
     drawing.AddIcon();
     EXPECT_TRUE(CNewMenu::SetDarkenedIcons(FALSE));
     drawing.Draw(0);
@@ -246,9 +253,9 @@ TEST(MenuDrawing, TextsAreShownAsTheItemSays)
     {
         CDrawing drawing(2, ClassicSystem());
         CNewMenu::SetShortcutTexts(bShortcuts);
-        drawing.m_menu.ModifyMenu(COMMAND, MF_BYCOMMAND | MF_STRING, COMMAND, pszText);
+        drawing.m_menu.ModifyMenu(s_nCommand, MF_BYCOMMAND | MF_STRING, s_nCommand, pszText);
         if (bDefault)
-            drawing.m_menu.SetDefaultItem(COMMAND);
+            drawing.m_menu.SetDefaultItem(s_nCommand);
         drawing.m_menu.Synchronise();
         drawing.Draw(0);
         return drawing.m_picture.Colours();
@@ -277,8 +284,10 @@ TEST(MenuDrawing, BarItemsThatAreOpenHaveAShadow)
         { { 20, 35 }, 0xFFFFFF },  // nothing of the shadow
     };
     for (const auto& row : aCases)
+    {
         EXPECT_EQ(::GetPixel(picture, row.at.x, row.at.y), row.colour)
             << row.at.x << ' ' << row.at.y;
+    }
     DrawBarShadow(pDC, CRect(0, 0, 60, 40), WithFewColours());
     EXPECT_EQ(::GetPixel(picture, 58, 20), 0x808080U);
     EXPECT_EQ(::GetPixel(picture, 20, 39), 0x808080U);

@@ -26,9 +26,9 @@ void PrintTo(const CSize& size, std::ostream* pStream)
 
 namespace
 {
-constexpr COLORREF MENU = 0xC8D0D4;
-constexpr COLORREF WINDOW = 0xFFFFFF;
-constexpr COLORREF BLUE = 0xD77800;
+constexpr COLORREF s_crMenu = 0xC8D0D4;
+constexpr COLORREF s_crWindow = 0xFFFFFF;
+constexpr COLORREF s_crBlue = 0xD77800;
 
 COLORREF Exactly(COLORREF colour)
 {
@@ -42,24 +42,24 @@ TEST(MenuColours, ArithmeticRoundsAndStaysInItsRange)
         COLORREF result;
         COLORREF expected;
     } aCases[] = {
-        { DarkenColour(MENU, 128), 0x64686A },
+        { DarkenColour(s_crMenu, 128), 0x64686A },
         { DarkenColour(0x646464, 1), 0x646464 },
         { DarkenColour(0x010203, 255), 0 },
-        { LightenColour(MENU, 128), 0xE4E8EA },
+        { LightenColour(s_crMenu, 128), 0xE4E8EA },
         { LightenColour(0x123456, 0), 0x123456 },
-        { LightenColour(0x123456, 255), WINDOW },
+        { LightenColour(0x123456, 255), s_crWindow },
         { AddToColour(0x20F07F, 0x10), 0x30FF8F },
-        { TintColour(MENU, WINDOW), 0xD0D7DA },
-        { TintColour(WINDOW, MENU), 0xF7F8F9 },
-        { TintColour(WINDOW, WINDOW), WINDOW },
-        { MixColours(WINDOW, BLUE), 0xF4D7B3 },
+        { TintColour(s_crMenu, s_crWindow), 0xD0D7DA },
+        { TintColour(s_crWindow, s_crMenu), 0xF7F8F9 },
+        { TintColour(s_crWindow, s_crWindow), s_crWindow },
+        { MixColours(s_crWindow, s_crBlue), 0xF4D7B3 },
         { MixColours(0x0F0F0F, 0x050505), 0x0D0D0D },
-        { BlendColours(WINDOW, MENU, 100), 0xE8EBED },
-        { BlendColours(0, WINDOW, 255), 0xFEFEFE },
+        { BlendColours(s_crWindow, s_crMenu, 100), 0xE8EBED },
+        { BlendColours(0, s_crWindow, 255), 0xFEFEFE },
         { GreyColour(0x000105), 0x020202 },
         { GreyColour(0x0000FF), 0x555555 },
-        { DimColour(BLUE), 0xBD5400 },
-        { DimColour(WINDOW), 0xD9B3B3 },
+        { DimColour(s_crBlue), 0xBD5400 },
+        { DimColour(s_crWindow), 0xD9B3B3 },
         { BandColour(0x0000FF, 0xFF0000, 0, 4), 0x0000FF },
         { BandColour(0x0000FF, 0xFF0000, 1, 4), 0x4000BF },
         { BandColour(0x0000FF, 0xFF0000, 4, 4), 0xFF0000 },
@@ -93,10 +93,10 @@ TEST(MenuColours, DependOnTheSystem)
         { ClassicSystem(), 0xF4D7B3, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
         { bright, 0xDBFFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
         { brightThemed, 0xB3FFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
-        { WithFewColours(), WINDOW, 0xC8D0D4, 0xF7F8F9, 0x64686A, 0, 0 },
-        { HighContrastBlack(), 0x800080, 0, 0, WINDOW, WINDOW, WINDOW },
-        { contrastInFewColours, 0x800080, 0, 0, WINDOW, WINDOW, WINDOW },
-        { HighContrastWhite(), 0, WINDOW, WINDOW, 0, WINDOW, 0 },
+        { WithFewColours(), s_crWindow, 0xC8D0D4, 0xF7F8F9, 0x64686A, 0, 0 },
+        { HighContrastBlack(), 0x800080, 0, 0, s_crWindow, s_crWindow, s_crWindow },
+        { contrastInFewColours, 0x800080, 0, 0, s_crWindow, s_crWindow, s_crWindow },
+        { HighContrastWhite(), 0, s_crWindow, s_crWindow, 0, s_crWindow, 0 },
     };
     for (const auto& row : aCases)
     {
@@ -118,8 +118,8 @@ TEST(MenuColours, DependOnTheSystem)
     // A device that shows both as one colour gets the plain ones.
     const CFlatColours coarse =
         FlatColours(ClassicSystem(), [](COLORREF c) { return c & 0x808080; });
-    EXPECT_EQ(coarse.m_column, MENU);
-    EXPECT_EQ(coarse.m_body, WINDOW);
+    EXPECT_EQ(coarse.m_column, s_crMenu);
+    EXPECT_EQ(coarse.m_body, s_crWindow);
 }
 
 TEST(MenuColours, GradientsComeFromTheThemeOrFromTwoColours)
@@ -140,19 +140,19 @@ TEST(MenuColours, GradientsComeFromTheThemeOrFromTwoColours)
         system.m_crTheme = row.base;
         EXPECT_EQ(GradientColours(system, 1, 2), row.colours) << std::hex << row.base;
     }
-    EXPECT_EQ(GradientColours(ClassicSystem(), WINDOW, MENU),
-              (CGradientColours{ WINDOW, 0xE8EBED, MENU, 0xA1A7AA }));
+    EXPECT_EQ(GradientColours(ClassicSystem(), s_crWindow, s_crMenu),
+              (CGradientColours{ s_crWindow, 0xE8EBED, s_crMenu, 0xA1A7AA }));
 }
 
 TEST(MenuColours, TitlesTakeTheirOwnOrTheSystems)
 {
-    constexpr COLORREF NONE = NO_TITLE_COLOUR;
+    constexpr COLORREF crNone = NO_TITLE_COLOUR;
     const CTitleColours own = TitleColours(ClassicSystem(), { 1, 2, 3 });
     EXPECT_EQ(own.m_start + own.m_end * 10 + own.m_text * 100, 321U);
-    const CTitleColours systems = TitleColours(ClassicSystem(), { NONE, NONE, NONE });
+    const CTitleColours systems = TitleColours(ClassicSystem(), { crNone, crNone, crNone });
     EXPECT_EQ(systems.m_start, 0x6A240AU);
     EXPECT_EQ(systems.m_end, 0xF7F8F9U);
-    EXPECT_EQ(systems.m_text, WINDOW);
+    EXPECT_EQ(systems.m_text, s_crWindow);
 }
 
 TEST(MenuStyles, OddOnesLeaveTheFrameToTheSystem)
@@ -185,8 +185,10 @@ TEST(MenuStyles, SystemsAreTold)
         { true, 6, 0, 7 },   { true, 10, 0, 7 },
     };
     for (const auto& row : aCases)
+    {
         EXPECT_EQ(static_cast<int>(ClassifyWindows(row.bNT, row.nMajor, row.nMinor)), row.nClass)
             << row.nMajor << '.' << row.nMinor;
+    }
 }
 
 // Fields: text, icon, separator, submenu, bar, mnemonic.
@@ -312,11 +314,11 @@ TEST(MenuFrames, ShadowsFade)
 TEST(MenuTitles, TextIconAndLines)
 {
     constexpr CSize LABEL(60, 16);
-    constexpr CSize NONE;
+    constexpr CSize crNone;
     constexpr CSize ICON(16, 15);
-    EXPECT_EQ(MeasureTitle(LABEL, NONE, 0), CSize(68, 20));
+    EXPECT_EQ(MeasureTitle(LABEL, crNone, 0), CSize(68, 20));
     EXPECT_EQ(MeasureTitle(LABEL, ICON, 0), CSize(88, 23));
-    EXPECT_EQ(MeasureTitle(LABEL, NONE, TITLE_VERTICAL), CSize(20, 68));
+    EXPECT_EQ(MeasureTitle(LABEL, crNone, TITLE_VERTICAL), CSize(20, 68));
     const struct
     {
         CRect rect;
@@ -326,17 +328,17 @@ TEST(MenuTitles, TextIconAndLines)
         CRect iconPlace;
         CRect line[2];
     } aCases[] = {
-        { { 0, 0, 200, 24 }, NONE, 0, { 2, 4 }, {}, { {}, { 67, 11, 195, 13 } } },
+        { { 0, 0, 200, 24 }, crNone, 0, { 2, 4 }, {}, { {}, { 67, 11, 195, 13 } } },
         { { 0, 0, 200, 24 }, ICON, 0, { 22, 4 }, { 2, 4, 18, 19 }, { {}, { 87, 11, 195, 13 } } },
-        { { 0, 0, 200, 24 }, NONE, TITLE_ROUNDED, { 12, 4 }, {}, { {}, { 77, 11, 195, 13 } } },
-        { { 0, 0, 70, 24 }, NONE, TITLE_ROUNDED, { 6, 4 }, {}, {} },
+        { { 0, 0, 200, 24 }, crNone, TITLE_ROUNDED, { 12, 4 }, {}, { {}, { 77, 11, 195, 13 } } },
+        { { 0, 0, 70, 24 }, crNone, TITLE_ROUNDED, { 6, 4 }, {}, {} },
         { { 0, 0, 200, 24 },
-          NONE,
+          crNone,
           TITLE_CENTRED,
           { 71, 4 },
           {},
           { { 5, 11, 64, 13 }, { 136, 11, 195, 13 } } },
-        { { 0, 0, 24, 200 }, NONE, TITLE_VERTICAL, { 4, 198 }, {}, { {}, { 11, 5, 13, 133 } } },
+        { { 0, 0, 24, 200 }, crNone, TITLE_VERTICAL, { 4, 198 }, {}, { {}, { 11, 5, 13, 133 } } },
         { { 0, 0, 24, 200 },
           ICON,
           TITLE_VERTICAL | TITLE_CENTRED,
@@ -356,11 +358,11 @@ TEST(MenuTitles, TextIconAndLines)
 
 TEST(MenuIcons, AreShadedBesideTheirMask)
 {
-    constexpr COLORREF MASK = 0xC0C0C0;
-    const CIconImage strip{ { 4, 1 }, { MASK, 0x0000FF, 0xFFFFFF, 0x000000 } };
+    constexpr COLORREF crMask = 0xC0C0C0;
+    const CIconImage strip{ { 4, 1 }, { crMask, 0x0000FF, 0xFFFFFF, 0x000000 } };
     using P = std::vector<COLORREF>;
     EXPECT_EQ(IconOfStrip(strip, { 2, 1 }, 1).m_pixels, (P{ 0xFFFFFF, 0x000000 }));
-    EXPECT_EQ(DarkenedIcon(strip, MASK, 50).m_pixels, (P{ MASK, 0x0000CD, 0xCDCDCD, 0 }));
-    EXPECT_EQ(DisabledIcon(strip, MASK).m_pixels, (P{ MASK, 0xAAAAAA, 0xFFFFFF, 0x808080 }));
+    EXPECT_EQ(DarkenedIcon(strip, crMask, 50).m_pixels, (P{ crMask, 0x0000CD, 0xCDCDCD, 0 }));
+    EXPECT_EQ(DisabledIcon(strip, crMask).m_pixels, (P{ crMask, 0xAAAAAA, 0xFFFFFF, 0x808080 }));
 }
 }  // namespace

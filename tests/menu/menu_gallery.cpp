@@ -13,13 +13,13 @@
 
 namespace
 {
-constexpr UINT NEW = 700;
-constexpr UINT OPEN = 701;
-constexpr UINT GRID = 702;
-constexpr UINT SAVE = 703;
+constexpr UINT s_nNew = 700;
+constexpr UINT s_nOpen = 701;
+constexpr UINT s_nGrid = 702;
+constexpr UINT s_nSave = 703;
 constexpr CSize PICTURE(300, 190);
 constexpr CPoint CORNER(100, 100);  // of the menu, and of the picture less a margin
-constexpr int MARGIN = 6;
+constexpr int s_nMargin = 6;
 
 void WriteBitmap(const CMemoryPicture& picture, const std::string& path)
 {
@@ -72,8 +72,10 @@ protected:
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
     {
         if (nMessage == WM_INITMENUPOPUP && OpenMenus().empty())
+        {
             for (const WPARAM nKey : { VK_UP, VK_RIGHT })
                 ::PostMessageA(m_hWnd, WM_KEYDOWN, nKey, 0);
+        }
         if (nMessage == WM_ENTERIDLE && OpenMenus().size() > 1)
         {
             TakePicture();
@@ -92,7 +94,7 @@ private:
         {
             CRect rect;
             ::GetWindowRect(*hWnd, &rect);
-            rect.OffsetRect(MARGIN - CORNER.x, MARGIN - CORNER.y);
+            rect.OffsetRect(s_nMargin - CORNER.x, s_nMargin - CORNER.y);
             const HDC hDC = ::GetWindowDC(*hWnd);
             ::BitBlt(picture, rect.left, rect.top, rect.Width(), rect.Height(), hDC, 0, 0, SRCCOPY);
             ::ReleaseDC(*hWnd, hDC);
@@ -109,9 +111,9 @@ std::shared_ptr<CNewMenuBitmaps> Icons()
         UINT nID;
         COLORREF paper;
         COLORREF mark;
-    } aIcons[] = { { NEW, RGB(255, 255, 255), RGB(0, 0, 160) },
-                   { OPEN, RGB(250, 210, 90), RGB(150, 100, 0) },
-                   { SAVE, RGB(90, 130, 220), RGB(20, 40, 110) } };
+    } aIcons[] = { { s_nNew, RGB(255, 255, 255), RGB(0, 0, 160) },
+                   { s_nOpen, RGB(250, 210, 90), RGB(150, 100, 0) },
+                   { s_nSave, RGB(90, 130, 220), RGB(20, 40, 110) } };
     for (const auto& icon : aIcons)
     {
         CMemoryPicture picture(16, 15);
@@ -129,17 +131,17 @@ std::shared_ptr<CNewMenuBitmaps> Icons()
 void Fill(CNewMenu& menu)
 {
     menu.CreatePopupMenu();
-    menu.AppendMenu(MF_STRING, NEW, "&New\tCtrl+N");
-    menu.AppendMenu(MF_STRING, OPEN, "&Open...\tCtrl+O");
-    menu.AppendMenu(MF_STRING | MF_CHECKED, GRID, "&Grid");
+    menu.AppendMenu(MF_STRING, s_nNew, "&New\tCtrl+N");
+    menu.AppendMenu(MF_STRING, s_nOpen, "&Open...\tCtrl+O");
+    menu.AppendMenu(MF_STRING | MF_CHECKED, s_nGrid, "&Grid");
     menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_STRING | MF_GRAYED, SAVE, "&Save\tCtrl+S");
+    menu.AppendMenu(MF_STRING | MF_GRAYED, s_nSave, "&Save\tCtrl+S");
     CMenu sub;
     sub.CreatePopupMenu();
-    sub.AppendMenu(MF_STRING, OPEN, "A &metafile");
+    sub.AppendMenu(MF_STRING, s_nOpen, "A &metafile");
     sub.AppendMenu(MF_STRING, 704, "A &picture");
     menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(sub.Detach()), "&Export");
-    menu.SetDefaultItem(NEW);
+    menu.SetDefaultItem(s_nNew);
     menu.InsertTitle(0, L"Formula", TITLE_GRADIENT);
     menu.SetIcons(Icons());
 }

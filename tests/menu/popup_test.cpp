@@ -20,10 +20,10 @@
 
 namespace
 {
-constexpr UINT FIRST = 800;
-constexpr UINT CHECKED = 801;
-constexpr UINT GREY = 802;
-constexpr UINT IN_SUBMENU = 803;
+constexpr UINT s_nFirst = 800;
+constexpr UINT s_nChecked = 801;
+constexpr UINT s_nGrey = 802;
+constexpr UINT s_nInSubmenu = 803;
 
 // The owner of menus: it looks at each that is open when nothing else happens, and ends it.
 class COwner : public CNewFrameWnd
@@ -53,15 +53,15 @@ protected:
 void Fill(CNewMenu& menu)
 {
     menu.CreatePopupMenu();
-    menu.AppendMenu(MF_STRING, FIRST, "&First\tCtrl+F");
-    menu.AppendMenu(MF_STRING | MF_CHECKED, CHECKED, "&Checked");
+    menu.AppendMenu(MF_STRING, s_nFirst, "&First\tCtrl+F");
+    menu.AppendMenu(MF_STRING | MF_CHECKED, s_nChecked, "&Checked");
     menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_STRING | MF_GRAYED, GREY, "&Disabled");
+    menu.AppendMenu(MF_STRING | MF_GRAYED, s_nGrey, "&Disabled");
     CMenu sub;
     sub.CreatePopupMenu();
-    sub.AppendMenu(MF_STRING, IN_SUBMENU, "Inside");
+    sub.AppendMenu(MF_STRING, s_nInSubmenu, "Inside");
     menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(sub.Detach()), "&More");
-    menu.SetDefaultItem(FIRST);
+    menu.SetDefaultItem(s_nFirst);
 }
 
 class MenuPopup : public testing::Test
@@ -113,7 +113,7 @@ COLORREF PixelOf(HWND hWnd, CPoint point, bool bFrame)
 
 TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
 {
-    constexpr COLORREF MENU = 0xC8D0D4;
+    constexpr COLORREF crMenu = 0xC8D0D4;
     const struct
     {
         DWORD nStyle;
@@ -121,10 +121,10 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
         COLORREF innerLeft;  // the second column
         COLORREF body;       // of the first item
     } aCases[] = {
-        { 0, MENU, 0xFFFFFF, MENU },          { 1, 0, 0, MENU },
+        { 0, crMenu, 0xFFFFFF, crMenu },      { 1, 0, 0, crMenu },
         { 2, 0x64686A, 0xD0D7DA, 0xF7F8F9 },  { 3, 0, 0, 0xF7F8F9 },
-        { 4, MENU, 0xFFFFFF, MENU },          { 5, 0, 0, MENU },
-        { 6, MENU, 0xFFFFFF, MENU },          { 7, 0, 0, MENU },
+        { 4, crMenu, 0xFFFFFF, crMenu },      { 5, 0, 0, crMenu },
+        { 6, crMenu, 0xFFFFFF, crMenu },      { 7, 0, 0, crMenu },
         { 8, 0x64686A, 0xFFFFFF, 0xF7F8F9 },  { 9, 0, 0, 0xF7F8F9 },
         { 10, 0x64686A, 0xD0D7DA, 0xF7F8F9 }, { 11, 0, 0, 0xF7F8F9 },
     };
@@ -158,7 +158,7 @@ TEST_F(MenuPopup, TheProcedureComesAndGoes)
     Fill(menu);
     CMenu plain;
     plain.CreatePopupMenu();
-    plain.AppendMenu(MF_STRING, FIRST, "plain");
+    plain.AppendMenu(MF_STRING, s_nFirst, "plain");
     for (const bool bAny : { true, false })
     {
         CNewMenu::SetAnyMenu(bAny);
@@ -330,16 +330,20 @@ TEST_F(MenuPopup, CommandsComeToTheOwnerOrToItsStandIn)
                 if (nMessage == WM_COMMAND)
                     s_nCommand = LOWORD(wParam);
                 if (nMessage == WM_INITMENUPOPUP)
+                {
                     for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
+                    {
                         ::PostMessageA(::GetActiveWindow() != nullptr ? ::GetActiveWindow() : hWnd,
                                        WM_KEYDOWN, nKey, 0);
+                    }
+                }
                 return ::CallWindowProcA(s_pfnOld, hWnd, nMessage, wParam, lParam);
             }))));
     CNewMenu menu;
     Fill(menu);
     CWnd* pStatic = CWnd::FromHandle(hStatic);
     EXPECT_TRUE(menu.TrackPopupMenu(0, 200, 200, pStatic));
-    EXPECT_TRUE(PumpUntil([] { return s_nCommand == FIRST; }, 2000));
+    EXPECT_TRUE(PumpUntil([] { return s_nCommand == s_nFirst; }, 2000));
     ::DestroyWindow(hStatic);
 }
 
@@ -363,18 +367,18 @@ TEST_F(MenuPopup, RecordsFollowTheSystemsMenu)
     CNewMenu menu;
     Fill(menu);
     menu.Synchronise();
-    CNewMenuItemData* pFirst = menu.FindItem(FIRST);
+    CNewMenuItemData* pFirst = menu.FindItem(s_nFirst);
     ASSERT_NE(pFirst, nullptr);
-    menu.ModifyMenu(FIRST, MF_BYCOMMAND | MF_STRING, FIRST, "Other");
-    menu.DeleteMenu(GREY, MF_BYCOMMAND);
+    menu.ModifyMenu(s_nFirst, MF_BYCOMMAND | MF_STRING, s_nFirst, "Other");
+    menu.DeleteMenu(s_nGrey, MF_BYCOMMAND);
     menu.AppendMenu(MF_STRING, 900, "New");
     menu.Synchronise();
-    EXPECT_EQ(menu.FindItem(FIRST), pFirst) << "with its icon";
+    EXPECT_EQ(menu.FindItem(s_nFirst), pFirst) << "with its icon";
     EXPECT_STREQ(pFirst->m_strText, "Other");
-    EXPECT_EQ(menu.FindItem(GREY), nullptr);
+    EXPECT_EQ(menu.FindItem(s_nGrey), nullptr);
     ASSERT_NE(menu.FindItem(900), nullptr);
     ASSERT_NE(menu.GetNewSubMenu(3), nullptr);
-    EXPECT_NE(menu.GetNewSubMenu(3)->FindItem(IN_SUBMENU), nullptr);
+    EXPECT_NE(menu.GetNewSubMenu(3)->FindItem(s_nInSubmenu), nullptr);
 
     const HMENU hMenu = menu.DetachMenu();
     EXPECT_EQ(::GetMenuState(hMenu, 0, MF_BYPOSITION) & MF_OWNERDRAW, 0U) << "as it was";
@@ -507,12 +511,12 @@ TEST_F(MenuPopup, ResourcesGiveItemsAndIcons)
 
 TEST_F(MenuPopup, KeysOfCommandsHaveNames)
 {
-    ACCEL aKeys[] = { { FVIRTKEY | FCONTROL, 'S', FIRST }, { FVIRTKEY, VK_F1, CHECKED } };
+    ACCEL aKeys[] = { { FVIRTKEY | FCONTROL, 'S', s_nFirst }, { FVIRTKEY, VK_F1, s_nChecked } };
     const HACCEL hKeys = ::CreateAcceleratorTableA(aKeys, 2);
-    const std::wstring control = AcceleratorText(hKeys, FIRST);  // as the keyboard calls it
+    const std::wstring control = AcceleratorText(hKeys, s_nFirst);  // as the keyboard calls it
     EXPECT_TRUE(control == L"\tCtrl+S" || control == L"\tControl+S");
-    EXPECT_EQ(AcceleratorText(hKeys, CHECKED), L"\tF1");
-    EXPECT_EQ(AcceleratorText(hKeys, GREY), L"");
+    EXPECT_EQ(AcceleratorText(hKeys, s_nChecked), L"\tF1");
+    EXPECT_EQ(AcceleratorText(hKeys, s_nGrey), L"");
     ::DestroyAcceleratorTable(hKeys);
 }
 
@@ -524,7 +528,7 @@ TEST_F(MenuPopup, ABarIsDrawnByItsFrame)
     bar.CreateMenu();
     CMenu popup;
     popup.CreatePopupMenu();
-    popup.AppendMenu(MF_STRING, FIRST, "&First");
+    popup.AppendMenu(MF_STRING, s_nFirst, "&First");
     bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "&File");
     m_system.m_bFlatBar = false;
     SetMenuSystem(&m_system);
@@ -566,10 +570,10 @@ TEST_F(MenuPopup, ADialogDrawsItsBarToo)
     ASSERT_TRUE(dialog.CreateIndirect(&form.head, &m_owner));
     CMenu bar;
     bar.CreateMenu();
-    bar.AppendMenu(MF_STRING, FIRST, "&First");
+    bar.AppendMenu(MF_STRING, s_nFirst, "&First");
     dialog.SetMenu(&bar);
     dialog.AttachBar();
-    EXPECT_NE(dialog.GetNewMenu().FindItem(FIRST), nullptr);
+    EXPECT_NE(dialog.GetNewMenu().FindItem(s_nFirst), nullptr);
     dialog.DestroyWindow();
     bar.Detach();
 }

@@ -34,9 +34,7 @@ inline void HangPart(CNode& node, bool bLeft, const CPart& part)
 {
     CNode*& pChild = bLeft ? node.m_pLeft : node.m_pRight;
     if (!part.bNode)
-    {
         return;
-    }
     if (pChild == nullptr)
     {
         pChild = new CNode;
@@ -50,9 +48,7 @@ inline void ExpectArranged(const char* pszType, const CArrangeCase& row)
     SCOPED_TRACE(testing::Message() << pszType << ": " << row.pszName);
     const CNodePtr pNode = Node(pszType);
     if (auto* pTyped = dynamic_cast<CTypedNode*>(pNode.get()))
-    {
         pTyped->SetKind(row.nKind);
-    }
     HangPart(*pNode, true, row.left);
     HangPart(*pNode, false, row.right);
     const CArranged result = ArrangeParts(*pNode, row.origin, CSize(row.left.cx, row.left.cy),
@@ -68,9 +64,7 @@ template <std::size_t N>
 void ExpectAllArranged(const char* pszType, const CArrangeCase (&aRows)[N])
 {
     for (const CArrangeCase& row : aRows)
-    {
         ExpectArranged(pszType, row);
-    }
 }
 
 // A point of a painted formula, and the node that a click there finds.

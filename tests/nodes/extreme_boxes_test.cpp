@@ -15,15 +15,11 @@ CNodePtr Extreme(ENodeType nType, int nKind, int n)
 {
     CNodePtr pNode = Node(NodeTypeName(nType).GetString());
     if (auto* pTyped = dynamic_cast<CTypedNode*>(pNode.get()))
-    {
         pTyped->SetKind(nKind);
-    }
     for (CNode** ppChild : { &pNode->m_pLeft, &pNode->m_pRight })
     {
         if (*ppChild == nullptr)
-        {
             *ppChild = new CNode;
-        }
         (*ppChild)->m_nBaseline = n;
     }
     return pNode;

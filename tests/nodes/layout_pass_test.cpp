@@ -100,12 +100,10 @@ private:
                 return;
             case deleteObject:
                 if (m_fonts.erase(nHandle) != 0)
-                {
                     return;
-                }
                 break;
             case selectObject:
-                if (m_fonts.count(nHandle) != 0 || nHandle == c_nSystemFont)
+                if (m_fonts.count(nHandle) != 0 || nHandle == s_nSystemFont)
                 {
                     m_nFont = nHandle;
                     return;
@@ -126,18 +124,16 @@ private:
         for (std::size_t i = nFace; i < strFont.size(); i += 2)
         {
             if (strFont[i] == 0 && strFont[i + 1] == 0)
-            {
                 strFont.resize(i);
-            }
         }
         return strFont;
     }
 
-    static constexpr DWORD c_nSystemFont = 0x8000000D;
+    static constexpr DWORD s_nSystemFont = 0x8000000D;
 
     std::string m_strPainted;
     std::map<DWORD, std::string> m_fonts;
-    DWORD m_nFont = c_nSystemFont;
+    DWORD m_nFont = s_nSystemFont;
 };
 
 // A tree and what was seen of it in a series of operations that the seed decides.
@@ -152,9 +148,7 @@ public:
         {
             Operate(m_tree.Below(4));
             for (const CNode* pNode : m_tree.GetNodes())
-            {
                 m_seen.push_back(StateOf(*pNode));
-            }
         }
         m_seen.push_back(ArchiveOf(*m_tree.GetRoot()));
     }
@@ -167,9 +161,7 @@ private:
     void Operate(int nOperation)
     {
         if (nOperation == 0)
-        {
             m_tree.GetRoot()->ApplyFormat(&m_tree.GetFormat());
-        }
         CMetaFileDC dc;
         CClientDC screen(nullptr);
         CRect frame(0, 0, 20000, 10000);
@@ -257,9 +249,7 @@ void ExpectSame(unsigned nSeed, const CRandomTree::COptions& options)
     const CObserved passes(nSeed, options, false);
     ASSERT_EQ(plain.GetSeen().size(), passes.GetSeen().size()) << "seed " << nSeed;
     for (std::size_t i = 0; i < plain.GetSeen().size(); ++i)
-    {
         ASSERT_EQ(plain.GetSeen()[i], passes.GetSeen()[i]) << "seed " << nSeed << " item " << i;
-    }
 }
 
 // Counts how often text is measured.
@@ -294,17 +284,13 @@ CNodePtr Tower(const char* pszType, int nLevels)
 TEST(LayoutPass, GivesWhatThePlainRecursionGives)
 {
     for (unsigned nSeed = 0; nSeed < 2000 * TEST_EFFORT / 100; ++nSeed)
-    {
         ASSERT_NO_FATAL_FAILURE(ExpectSame(nSeed, {}));
-    }
 }
 
 TEST(LayoutPass, GivesTheSameForNumbersAtTheEndOfTheirRange)
 {
     for (unsigned nSeed = 0; nSeed < 500 * TEST_EFFORT / 100; ++nSeed)
-    {
         ASSERT_NO_FATAL_FAILURE(ExpectSame(nSeed, { 20, true }));
-    }
 }
 
 // A bracket grows its font when it is painted, and the ranges below it see that in their turn.

@@ -113,17 +113,11 @@ std::string RecordBytes(const CRow& row, const std::string& strChildren)
                            ShortText(row.pszSymbol) + ShortText(row.pszDescription) + Number(0) +
                            std::string(16, '\0') + Number(0);
     if (row.pszFace != nullptr)
-    {
         strBytes += ShortText(row.pszFace) + Number(row.nItalic) + Number(row.nBold);
-    }
     if (row.eAddition == CRow::kind)
-    {
         strBytes += Number(0);
-    }
     else if (row.eAddition == CRow::value)
-    {
         strBytes += std::string(8, '\0') + Number(1) + Number(1);
-    }
     return strBytes;
 }
 
@@ -191,9 +185,7 @@ void AppendState(CNode* pNode, std::string& strState)
     if (auto* pTyped = dynamic_cast<CTypedNode*>(pNode))
     {
         for (int i = 0; i < pTyped->m_saFonts.GetSize(); ++i)
-        {
             strState += pTyped->m_saFonts[i].GetString();
-        }
     }
     for (CNode* pChild : { pNode->GetLeft(), pNode->GetRight() })
     {

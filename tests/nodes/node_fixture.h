@@ -44,9 +44,7 @@ public:
         CFont* pOld = CDC::SelectObject(pFont);
         LOGFONT lf{};
         if (GetCurrentFont()->GetLogFont(&lf) != 0)
-        {
             m_nHeight = std::abs(lf.lfHeight);
-        }
         return pOld;
     }
 

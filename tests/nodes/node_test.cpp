@@ -16,7 +16,7 @@
 
 namespace
 {
-constexpr CPoint c_origin(100, 200);
+constexpr CPoint s_origin(100, 200);
 
 // A fraction plus a letter. The fraction is 17 wide and 40 high, its bar's axis at 19; the sign
 // and the letter have their axes at 8 and are pushed down by 11.
@@ -84,7 +84,7 @@ TEST(NodeLayout, StandsInARowOnTheHighestAxis)
     EXPECT_EQ(tree.pPlus->Measure(&dc), CRect(0, 0, 43, 40));
     EXPECT_EQ(tree.pPlus->m_nBaseline, 19);
 
-    CRect rect(c_origin, c_origin);
+    CRect rect(s_origin, s_origin);
     tree.pPlus->Paint(&dc, rect, nullptr, 0);
     EXPECT_EQ(rect, CRect(100, 200, 143, 240));
     EXPECT_EQ(tree.pPlus->m_rect, CRect(118, 211, 128, 227));
@@ -129,7 +129,7 @@ TEST(NodeLayout, FindsTheDeepestNodeAtAPoint)
     };
     for (const auto& test : aCases)
     {
-        CRect rect(c_origin, c_origin);
+        CRect rect(s_origin, s_origin);
         EXPECT_EQ(tree.pPlus->HitTest(&dc, rect, test.point), test.pFound)
             << test.point.x << "," << test.point.y;
         EXPECT_EQ(rect, test.rect) << test.point.x << "," << test.point.y;
@@ -144,9 +144,7 @@ TEST(NodePaint, MarksSelectionAndGrey)
     root.GetRight()->SetLeft(new CNotingNode("c"));
     CNode* pB = root.GetRight();
     for (CNode* p : std::initializer_list<CNode*>{ &root, root.GetLeft(), pB, pB->GetLeft() })
-    {
         p->SetColour(RGB(1, 2, 3));
-    }
     const struct
     {
         CNode* pSelected;
@@ -289,9 +287,7 @@ TEST(NodeText, FollowsTheTemplateOfTheType)
     };
     static_assert(std::size(aCases) == NTI_COUNT);
     for (const auto& test : aCases)
-    {
         EXPECT_EQ(FormText(test.pszType), test.pszText) << test.pszType;
-    }
 
     CNodePtr pPercent = Node("NT_PLUS", Text("100%s"), Text("%d"));
     EXPECT_EQ(pPercent->MakeText(0), "100%s + %d");
@@ -301,7 +297,7 @@ TEST(NodeText, FollowsTheTemplateOfTheType)
 // Trees deeper than any stack, in the three shapes that differ to walk.
 TEST(NodeDepth, NothingOverflows)
 {
-    constexpr int c_nLevels = 65000;
+    constexpr int nLevels = 65000;
     using CLink = void (CNode::*)(CNode*);
     const std::vector<CLink> aLinks[] = { { &CNode::LinkLeft },
                                           { &CNode::LinkRight },
@@ -310,7 +306,7 @@ TEST(NodeDepth, NothingOverflows)
     {
         CNodePtr pTop = Text("x");
         const CNode* pDeepest = pTop.get();
-        for (int i = 0; i < c_nLevels; ++i)
+        for (int i = 0; i < nLevels; ++i)
         {
             CNodePtr pNode(new CVariableNode);
             pNode->m_strType = NodeTypeName(NTI_VARIABLE);
@@ -320,13 +316,13 @@ TEST(NodeDepth, NothingOverflows)
         }
         pTop->ApplyFormat(&g_DefaultFormat);
         EXPECT_EQ(pTop->FindParentOf(pDeepest), pDeepest->GetParent());
-        EXPECT_EQ(pTop->MakeText(0).GetLength(), c_nLevels + 1);
+        EXPECT_EQ(pTop->MakeText(0).GetLength(), nLevels + 1);
 
         CTestDC dc;
         CRect rect(0, 0, 0, 0);
-        EXPECT_EQ(pTop->Measure(&dc), CRect(0, 0, 13 * (c_nLevels + 1), 16));
+        EXPECT_EQ(pTop->Measure(&dc), CRect(0, 0, 13 * (nLevels + 1), 16));
         pTop->Paint(&dc, rect, nullptr, 0);
-        EXPECT_EQ(rect.right, 13 * (c_nLevels + 1));
+        EXPECT_EQ(rect.right, 13 * (nLevels + 1));
         const CPoint point(pDeepest->m_rect.left, 0);
         rect = CRect(0, 0, 0, 0);
         EXPECT_EQ(pTop->HitTest(&dc, rect, point), pDeepest);

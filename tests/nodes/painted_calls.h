@@ -59,9 +59,9 @@ private:
     // Names and numbers of the records that count; the rest is state.
     void AddRecord(const ENHMETARECORD& record)
     {
-        constexpr DWORD c_nText = 84;
-        constexpr int c_nLength = 9;     // number of characters
-        constexpr int c_nFillRect = 12;  // rectangle of the text's fill
+        constexpr DWORD nText = 84;
+        constexpr int nLength = 9;     // number of characters
+        constexpr int nFillRect = 12;  // rectangle of the text's fill
         static const struct
         {
             DWORD nType;
@@ -70,8 +70,8 @@ private:
             int nCount;
         } s_aRecords[] = { { 27, "move", 0, 2 },  { 38, "pen", 4, 1 },
                            { 39, "hatch", 2, 2 }, { 43, "rectangle", 0, 4 },
-                           { 54, "line", 0, 2 },  { c_nText, "fill", c_nFillRect, 4 } };
-        if (record.iType == c_nText && record.dParm[c_nLength] != 0)
+                           { 54, "line", 0, 2 },  { nText, "fill", nFillRect, 4 } };
+        if (record.iType == nText && record.dParm[nLength] != 0)
         {
             m_calls.push_back(m_nTexts < m_texts.size() ? m_texts[m_nTexts] : "unknown text");
             ++m_nTexts;
@@ -83,9 +83,7 @@ private:
             {
                 m_calls.emplace_back(row.pszName);
                 for (int i = row.nFirst; i < row.nFirst + row.nCount; ++i)
-                {
                     m_calls.back() += ' ' + std::to_string(static_cast<int>(record.dParm[i]));
-                }
             }
         }
     }
@@ -122,9 +120,7 @@ void ExpectPainted(const CPaintCase (&aRows)[N])
         SCOPED_TRACE(testing::Message() << row.pszType << " " << row.nKind);
         const CNodePtr pNode = Node(row.pszType);
         if (auto* pTyped = dynamic_cast<CTypedNode*>(pNode.get()))
-        {
             pTyped->SetKind(row.nKind);
-        }
         CPaintDC dc;
         pNode->GetOwnSize(&dc);
         pNode->PaintOwn(&dc, row.rect, 0);

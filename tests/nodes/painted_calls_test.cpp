@@ -77,9 +77,7 @@ TEST(PaintOwn, DrawsNothingForArrangements)
     const CRect rect(100, 200, 150, 226);
     for (const char* pszType : { "NT_POWERTO", "NT_INDEX", "NT_RANGE", "NT_BINOMIAL", "NT_MATRIX",
                                  "NT_LINE", "NT_ELEMENT" })
-    {
         ExpectPainted({ { pszType, 0, rect, {} } });
-    }
 }
 
 // The bar stands two units below the upper symbol, which is 16 high, the lower one three further.

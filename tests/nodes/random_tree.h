@@ -30,16 +30,12 @@ public:
         m_pRoot.reset(MakeNode(NTI_COUNT, 1 + Below(options.nMostNodes)));
         Collect(m_pRoot.get());
         for (CNode* pNode : m_nodes)
-        {
             Disturb(*pNode);
-        }
         ChangeFormat();
         m_pRoot->SetLevel(Chance(30) ? Pick({ -1, 1, 2, 3, 7 }) : 0);
         m_pRoot->ApplyFormat(&m_format);
         for (CNode* pNode : m_nodes)
-        {
             ChangeFont(*pNode);
-        }
     }
 
     CNode* GetRoot() const { return m_pRoot.get(); }
@@ -59,9 +55,7 @@ private:
     ENodeType PickType(ENodeType nParent)
     {
         if (nParent == NTI_RANGE && Chance(40))
-        {
             return NTI_RANGE;
-        }
         return Chance(12) ? Pick({ NTI_RANGE, NTI_BRACE, NTI_SUM, NTI_ROOT, NTI_VECTOR })
                           : static_cast<ENodeType>(Below(NTI_COUNT));
     }
@@ -74,30 +68,20 @@ private:
         const int nRight = nNodes - 1 - nLeft;
         const bool bOperator = pNode->GetLeft() != nullptr;
         if (bOperator)
-        {
             FillRange(*pNode->GetLeft(), nLeft);
-        }
         else if (nLeft > 0)
-        {
             pNode->SetLeft(MakeNode(nType, nLeft));
-        }
         if (nRight > 0)
-        {
             pNode->SetRight(MakeNode(nType, nRight));
-        }
         return pNode;
     }
 
     void FillRange(CNode& range, int nNodes)
     {
         if (nNodes > 0)
-        {
             range.SetLeft(MakeNode(NTI_RANGE, (nNodes + 1) / 2));
-        }
         if (nNodes > 1)
-        {
             range.SetRight(MakeNode(NTI_RANGE, nNodes / 2));
-        }
     }
 
     void Collect(CNode* pNode)
@@ -117,23 +101,17 @@ private:
             const int nKinds = static_cast<int>(pTyped->m_saSymbols.GetSize());
             pTyped->SetKind(Below(nKinds > 0 ? nKinds : 3));
             if (node.GetTypeName() == "NT_FUNC" && Chance(10))
-            {
                 pTyped->SetKind(-1);
-            }
         }
         if (Chance(50))
-        {
             node.SetSymbol(Pick({ "", "a", "xy", "0", "Wi gf", "\xE5", "(", "?" }));
-        }
         if (Chance(10))
         {
             node.m_nLeftLevelStep = Number({ -2, -1, 0, 1, 2 });
             node.m_nRightLevelStep = Number({ -2, -1, 0, 1, 2 });
         }
         if (Chance(10))
-        {
             node.SetFlags(node.GetFlags() | NF_HIDDEN);
-        }
         if (Chance(20))
         {
             node.m_nBaseline = Number({ -7, -1, 1, 5, 20, 90 });

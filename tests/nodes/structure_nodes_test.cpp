@@ -135,9 +135,7 @@ TEST(StructureNodes, HangByTheBaseLineThatTheyHave)
         const CNode* pUpper = pRoot->GetRight()->GetLeft();
         const CNode* pLower = pRoot->GetRight()->GetRight();
         if (CString(pszType) == "NT_LINE")
-        {
             std::swap(pUpper, pLower);
-        }
         EXPECT_EQ(pUpper->m_rect, CRect(36, 28, 46, 44));
 
         pRoot->GetRight()->m_nBaseline = 5;

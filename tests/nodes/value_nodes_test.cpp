@@ -31,9 +31,7 @@ TEST(ValueNodes, KeepOnlyTheFaceSymbol)
     {
         CNodePtr pNode = Node(test.pszType);
         if (test.pszFaceBefore != nullptr)
-        {
             pNode->SetFontName(test.pszFaceBefore);
-        }
         pNode->ApplyFormat(&format);
         EXPECT_EQ(pNode->GetFontName(), test.pszFaceAfter) << test.pszType;
         EXPECT_EQ(pNode->GetLogFont()->lfHeight, -200);

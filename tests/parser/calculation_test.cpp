@@ -11,8 +11,8 @@
 namespace
 {
 
-constexpr double INFINITELY = std::numeric_limits<double>::infinity();
-constexpr double NO_NUMBER = std::numeric_limits<double>::quiet_NaN();
+constexpr double s_fInfinitely = std::numeric_limits<double>::infinity();
+constexpr double s_fNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr const char* DIVISION_BY_ZERO = " (Division durch Null)";
 constexpr const char* NO_ROOT = " (keine Wurzel aus neg. Zahl)";
 
@@ -39,9 +39,13 @@ void ExpectValue(const CCalcCase& calc)
     CString strMessage = "untouched";
     const double dValue = parser.Calculation(calc.pszText, 0.0, &nErrorPos, &strMessage);
     if (std::isnan(calc.dValue))
+    {
         EXPECT_TRUE(std::isnan(dValue)) << dValue;
+    }
     else
+    {
         EXPECT_DOUBLE_EQ(dValue, calc.dValue);
+    }
     EXPECT_EQ(nErrorPos, calc.nErrorPos);
     EXPECT_STREQ(strMessage.GetString(), calc.pszMessage);
 }
@@ -111,7 +115,7 @@ TEST(Calculation, KnowsTheFunctionsAndWhatTheyRefuse)
         { "tanh(1)", 0.7615941559557649 },
         { "arctan(1)", 0.7853981633974483 },
         { "ln(2)", 0.6931471805599453 },
-        { "ln(0)", -INFINITELY },
+        { "ln(0)", -s_fInfinitely },
         { "ln(-1)", -1.0 },
         { "log 1000", 3.0 },
         { "log(-1)", -1.0 },
@@ -139,7 +143,7 @@ TEST(Calculation, KnowsTheFunctionsAndWhatTheyRefuse)
         { "arcosh(0.5)", 0.5 },
         { "arcosh(-2)", std::log(-2.0 + std::sqrt(3.0)) },
         { "artanh(0.5)", 0.5493061443340549 },
-        { "artanh(1)", INFINITELY },
+        { "artanh(1)", s_fInfinitely },
         { "artanh(2)", 2.0 },
         { "cot(1)", 1.0 },
         { "coth 7", 7.0 },
@@ -157,10 +161,10 @@ TEST(Calculation, ReadsNumbersBeyondTheRangeOfADouble)
     const std::string strHuge(400, '9');
     const std::string strTiny = "0." + std::string(400, '0') + "1";
     const std::string strMixed = "000" + strHuge + ".5";
-    ExpectValue({ strHuge.c_str(), INFINITELY });
-    ExpectValue({ strMixed.c_str(), INFINITELY });
+    ExpectValue({ strHuge.c_str(), s_fInfinitely });
+    ExpectValue({ strMixed.c_str(), s_fInfinitely });
     ExpectValue({ strTiny.c_str(), 0.0 });
-    ExpectValue({ (strHuge + "-" + strHuge).c_str(), NO_NUMBER });
+    ExpectValue({ (strHuge + "-" + strHuge).c_str(), s_fNoNumber });
 }
 
 TEST(Calculation, StoresArgumentAndConstants)

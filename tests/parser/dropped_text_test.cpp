@@ -76,9 +76,7 @@ TEST(DroppedText, IsNoneInASoundFormula)
            "greek f(a,b)", "str(a, b\\)c)=x", "a-(b+c)", "a^(b^c)", "x +1", "1 2", "-a^-b",
            // What the position of an error tells
            "2x", "a)", "sum", "sum(a,b", "2+mark(a,b", "sin int x", "brace([,],sum x)" })
-    {
         EXPECT_EQ(DroppedOf(pszText), "") << pszText;
-    }
 }
 
 TEST(DroppedText, IsThatOfTheLastParse)

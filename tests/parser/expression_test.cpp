@@ -7,16 +7,16 @@
 namespace
 {
 
-constexpr int GAP_START = -6;
-constexpr int GAP_BARE = -5;
-constexpr int GAP_SIGN = 2;
+constexpr int s_nGapStart = -6;
+constexpr int s_nGapBare = -5;
+constexpr int s_nGapSign = 2;
 
 struct CParseCase
 {
     const char* pszText;
     const char* pszForm;
     int nErrorPos = 0;
-    int nGap = GAP_START;
+    int nGap = s_nGapStart;
 };
 
 void ExpectParses(const CParseCase& parse)
@@ -40,12 +40,12 @@ TEST(Expression, BuildsTheLevels)
         { "", "_" },
         { " \t\r\n\v\f ", "_" },
         { "  a ", "'a'" },
-        { "a+b*c", R"((PLUS "+" 'a' (TIMES "" 'b' 'c')))", 0, GAP_BARE },
-        { "a**b", R"((TIMES "\xB4" 'a' 'b'))", 0, GAP_SIGN },
-        { "a*b**c", R"((TIMES "\xB4" (TIMES "" 'a' 'b') 'c'))", 0, GAP_SIGN },
-        { "a**b*c", R"((TIMES "" (TIMES "\xB4" 'a' 'b') 'c'))", 0, GAP_BARE },
-        { "a*", R"((TIMES "" 'a' _))", 0, GAP_BARE },
-        { "*", R"((TIMES "" _ _))", 0, GAP_BARE },
+        { "a+b*c", R"((PLUS "+" 'a' (TIMES "" 'b' 'c')))", 0, s_nGapBare },
+        { "a**b", R"((TIMES "\xB4" 'a' 'b'))", 0, s_nGapSign },
+        { "a*b**c", R"((TIMES "\xB4" (TIMES "" 'a' 'b') 'c'))", 0, s_nGapSign },
+        { "a**b*c", R"((TIMES "" (TIMES "\xB4" 'a' 'b') 'c'))", 0, s_nGapBare },
+        { "a*", R"((TIMES "" 'a' _))", 0, s_nGapBare },
+        { "*", R"((TIMES "" _ _))", 0, s_nGapBare },
         { "a+", R"((PLUS "+" 'a' _))" },
         { "+a", R"((PLUS "+" _ 'a'))" },
         { "a=b+c", R"((PLUS "+" (EQUATION[0] "" 'a' 'b') 'c'))" },
@@ -64,7 +64,7 @@ TEST(Expression, BuildsTheLevels)
         { "a/b/c", R"((DIVISION[0] "/" (DIVISION[0] "/" 'a' 'b') 'c'))" },
         { "2x", "#2", 2 },
         { "  2x", "#2", 2 },
-        { "2*x", R"((TIMES "" #2 'x'))", 0, GAP_BARE },
+        { "2*x", R"((TIMES "" #2 'x'))", 0, s_nGapBare },
     };
     for (const CParseCase& parse : aCases)
         ExpectParses(parse);
@@ -75,11 +75,11 @@ TEST(Expression, BracketsOfTheTextMakeNoNode)
     const CParseCase aCases[] = {
         { "(a)", "'a'" },
         { "((a", "'a'" },
-        { "(a+b)*c", R"((TIMES "" (BRACE[0] "" (PLUS "+" 'a' 'b') -) 'c'))", 0, GAP_BARE },
-        { "a*(b-c)", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" 'b' 'c') -)))", 0, GAP_BARE },
-        { "a*-b", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" _ 'b') -)))", 0, GAP_BARE },
+        { "(a+b)*c", R"((TIMES "" (BRACE[0] "" (PLUS "+" 'a' 'b') -) 'c'))", 0, s_nGapBare },
+        { "a*(b-c)", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" 'b' 'c') -)))", 0, s_nGapBare },
+        { "a*-b", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" _ 'b') -)))", 0, s_nGapBare },
         { "(a+b)/(c+d)", R"((DIVISION[0] "/" (PLUS "+" 'a' 'b') (PLUS "+" 'c' 'd')))" },
-        { "(a=b)*c", R"((TIMES "" (EQUATION[0] "" 'a' 'b') 'c'))", 0, GAP_BARE },
+        { "(a=b)*c", R"((TIMES "" (EQUATION[0] "" 'a' 'b') 'c'))", 0, s_nGapBare },
         { "a-(b+c)", R"((MINUS "-" 'a' (PLUS "+" 'b' 'c')))" },
         { "a)", "'a'", 2 },
         { "a,b", "'a'", 2 },
@@ -95,7 +95,7 @@ TEST(Expression, PowersStartAnewFromTheBase)
 {
     const CParseCase aCases[] = {
         { "(a+b)^2", R"((POWERTO "^" (BRACE[0] "" (PLUS "+" 'a' 'b') -) #2))" },
-        { "(a*b)^2", R"((POWERTO "^" (BRACE[0] "" (TIMES "" 'a' 'b') -) #2))", 0, GAP_BARE },
+        { "(a*b)^2", R"((POWERTO "^" (BRACE[0] "" (TIMES "" 'a' 'b') -) #2))", 0, s_nGapBare },
         { "(a+b)~2", R"((POWERTO "^" (PLUS "+" 'a' 'b') #2))" },
         { "a^(b+c)", R"((POWERTO "^" 'a' (PLUS "+" 'b' 'c')))" },
         { "a^b^c", R"((POWERTO "^" 'a' 'c'))" },

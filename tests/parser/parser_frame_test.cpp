@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr int LONGEST_TEXT = 65534;
+constexpr int s_nLongestText = 65534;
 
 std::string Repeat(std::string_view strPart, int nTimes)
 {
@@ -76,8 +76,8 @@ TEST(ParserFrame, ReadsAnyDepthOnASmallStack)
         { "a sum", Repeat("a+", 30000) + "a", 60001, 0 },
         { "a list", "f(" + Repeat("a,", 30000), 60003, 0 },
         { "powers that drop out", Repeat("a^", 30000) + "b", 3, 0 },
-        { "minus signs", Repeat("-", LONGEST_TEXT), 2 * LONGEST_TEXT + 1, 0 },
-        { "a name", Repeat("a", LONGEST_TEXT), 1, 0 },
+        { "minus signs", Repeat("-", s_nLongestText), 2 * s_nLongestText + 1, 0 },
+        { "a name", Repeat("a", s_nLongestText), 1, 0 },
     };
     for (const CDeepCase& deep : aCases)
     {
@@ -111,7 +111,7 @@ TEST(ParserFrame, CalculatesAnyDepthOnASmallStack)
 
 TEST(ParserFrame, RefusesWhatAPositionCannotAddress)
 {
-    const CParsed tooLong(std::string(LONGEST_TEXT + 1, 'a'));
+    const CParsed tooLong(std::string(s_nLongestText + 1, 'a'));
     EXPECT_EQ(tooLong.nResult, 0);
     EXPECT_EQ(tooLong.pTop, nullptr);
     EXPECT_EQ(tooLong.nErrorPos, 4711);

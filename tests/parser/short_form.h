@@ -36,9 +36,13 @@ inline std::string Long(std::string_view strShort)
             i = nEnd - 1;
         }
         else if (!bQuoted && ch == '_')
+        {
             strLong += "(STANDARD \"\" - -)";
+        }
         else
+        {
             strLong += ch;
+        }
     }
     return strLong;
 }

@@ -143,9 +143,13 @@ TEST_F(CPictureTest, TooLargeIsAReason)
             return MakePicture(formula, Format(length.pszFormat), options);
         };
         if (length.bMade)
-            EXPECT_EQ(make().size.nWidth / length.nLetters, 8 * length.nDpi / s_nScreenDpi);
+        {
+            EXPECT_EQ(make().size.nWidth / length.nLetters, 8 * length.nDpi / SCREEN_DPI);
+        }
         else
+        {
             EXPECT_THROW(make(), CPictureFailure) << length.pszFormat << ' ' << length.nLetters;
+        }
     }
     formula.FormTree(CString('a', 60000));
     CPictureOptions fine;

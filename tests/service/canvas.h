@@ -52,8 +52,10 @@ public:
     {
         std::vector<COLORREF> pixels;
         for (int y = 0; y < m_rect.bottom; ++y)
+        {
             for (int x = 0; x < m_rect.right; ++x)
                 pixels.push_back(m_dc.GetPixel(x, y));
+        }
         return pixels;
     }
 

@@ -158,12 +158,12 @@ TEST_F(CFormulaOutTest, MetafilesNeedTheirExtension)
         const CString strPath = *c.pszName == '\0' ? CString() : File(c.pszName);
         EXPECT_EQ(formula.WriteFormulaToWMF(strPath), c.bTaken ? 1 : 0);
         EXPECT_EQ(std::filesystem::exists(strPath.GetString()), c.bTaken);
-        EXPECT_EQ(TakeMessages(), c.bTaken ? Messages{} : Messages{ s_szWrongExtension });
+        EXPECT_EQ(TakeMessages(), c.bTaken ? Messages{} : Messages{ WRONG_EXTENSION });
         EXPECT_EQ(formula.ReadFormulaFromWMF(strPath), c.bTaken ? 1 : 0);
-        EXPECT_EQ(TakeMessages(), c.bTaken ? Messages{} : Messages{ s_szWrongExtension });
+        EXPECT_EQ(TakeMessages(), c.bTaken ? Messages{} : Messages{ WRONG_EXTENSION });
     }
     EXPECT_EQ(formula.WriteFormulaToWMF("mf"), 0);
-    EXPECT_EQ(TakeMessages(), Messages{ s_szWrongExtension });
+    EXPECT_EQ(TakeMessages(), Messages{ WRONG_EXTENSION });
 }
 
 TEST_F(CFormulaOutTest, TheCFunctionGives22TimesThePixels)
@@ -185,7 +185,7 @@ TEST_F(CFormulaOutTest, TheCFunctionSucceedsWhateverHappens)
     float fWidth = -1;
     float fHeight = -1;
     EXPECT_EQ(StringToEMFFormula("a", File("x.emf"), &fWidth, &fHeight), 1);
-    EXPECT_EQ(TakeMessages(), Messages{ s_szWrongExtension });
+    EXPECT_EQ(TakeMessages(), Messages{ WRONG_EXTENSION });
     EXPECT_FALSE(std::filesystem::exists(Folder() / "x.emf"));
     EXPECT_GT(fWidth, 0);
 

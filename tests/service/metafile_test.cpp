@@ -112,7 +112,7 @@ TEST_F(CMetafileTest, ReadsTheLastCommentUpToItsNul)
         EXPECT_EQ(g_strMetaComment, c.pszLeft);
         EXPECT_EQ(formula.m_strFormula, c.pszText != nullptr ? c.pszText : "z");
         EXPECT_EQ(formula.m_Tree.GetRootNode(), pRoot);
-        EXPECT_EQ(TakeMessages(), c.pszText != nullptr ? Messages{} : Messages{ s_szCannotRead });
+        EXPECT_EQ(TakeMessages(), c.pszText != nullptr ? Messages{} : Messages{ CANNOT_READ });
     }
 }
 
@@ -126,7 +126,7 @@ TEST_F(CMetafileTest, WhatIsNoMetafileIsRefusedUnlessTheCommentHasTheTag)
         SCOPED_TRACE(pszName);
         g_strMetaComment = "kept";
         EXPECT_EQ(tree.ReadMetafile(File(pszName)), 0);
-        EXPECT_EQ(TakeMessages(), Messages{ s_szCannotRead });
+        EXPECT_EQ(TakeMessages(), Messages{ CANNOT_READ });
         EXPECT_EQ(g_strMetaComment, "kept");
     }
     g_strMetaComment = "qvmrzleft over";

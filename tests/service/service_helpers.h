@@ -19,9 +19,8 @@
 #include "test_folder.h"
 
 // "不能解析该文件!" and "文件扩展名错误，不是wmf!" in code page 936.
-inline constexpr char s_szCannotRead[] =
-    "\xB2\xBB\xC4\xDC\xBD\xE2\xCE\xF6\xB8\xC3\xCE\xC4\xBC\xFE!";
-inline constexpr char s_szWrongExtension[] =
+inline constexpr char CANNOT_READ[] = "\xB2\xBB\xC4\xDC\xBD\xE2\xCE\xF6\xB8\xC3\xCE\xC4\xBC\xFE!";
+inline constexpr char WRONG_EXTENSION[] =
     "\xCE\xC4\xBC\xFE\xC0\xA9\xD5\xB9\xC3\xFB\xB4\xED\xCE\xF3\xA3\xAC\xB2\xBB\xCA\xC7wmf!";
 
 // Each test starts without a comment, and has the message boxes it caused in m_messages.

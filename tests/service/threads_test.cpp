@@ -14,8 +14,8 @@
 
 namespace
 {
-constexpr int THREADS = 4;
-constexpr int ROUNDS = 25;
+constexpr int s_nThreads = 4;
+constexpr int s_nRounds = 25;
 
 struct CPicture
 {
@@ -67,22 +67,22 @@ TEST(Threads, DrawTheSameAsOneAlone)
         expected.push_back(Draw(strText, folder.File("alone.wmf")));
     EXPECT_GT(expected[0].strBytes.size(), 500U);
 
-    std::array<int, THREADS> anWrong{};
+    std::array<int, s_nThreads> anWrong{};
     const auto draw = [&](int nThread)
     {
         const std::string strPath = folder.File(std::to_string(nThread) + ".wmf");
-        for (int i = 0; i < ROUNDS * static_cast<int>(Texts().size()); ++i)
+        for (int i = 0; i < s_nRounds * static_cast<int>(Texts().size()); ++i)
         {
             const auto n = static_cast<std::size_t>(i + nThread) % Texts().size();
             anWrong[static_cast<std::size_t>(nThread)] += Draw(Texts()[n], strPath) != expected[n];
         }
     };
     std::vector<std::thread> threads;
-    for (int n = 0; n < THREADS; ++n)
+    for (int n = 0; n < s_nThreads; ++n)
         threads.emplace_back(draw, n);
     for (std::thread& thread : threads)
         thread.join();
-    EXPECT_EQ(anWrong, (std::array<int, THREADS>{}));
+    EXPECT_EQ(anWrong, (std::array<int, s_nThreads>{}));
 }
 
 TEST(Threads, TellTheirMessagesOneByOne)
@@ -91,17 +91,17 @@ TEST(Threads, TellTheirMessagesOneByOne)
     int nMessages = 0;
     AfxSetMessageBoxHandler(CountMessage, &nMessages);
     std::vector<std::thread> threads;
-    for (int n = 0; n < THREADS; ++n)
+    for (int n = 0; n < s_nThreads; ++n)
     {
         threads.emplace_back(
             [&]
             {
-                for (int i = 0; i < ROUNDS; ++i)
+                for (int i = 0; i < s_nRounds; ++i)
                     EXPECT_GT(Draw("a", folder.File("x.txt")).fWidth, 0);
             });
     }
     for (std::thread& thread : threads)
         thread.join();
     AfxSetMessageBoxHandler(nullptr, nullptr);
-    EXPECT_EQ(nMessages, THREADS * ROUNDS);
+    EXPECT_EQ(nMessages, s_nThreads * s_nRounds);
 }

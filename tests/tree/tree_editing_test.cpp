@@ -121,8 +121,12 @@ TEST(TreeEditing, InsertsANodeAboveAnother)
         EXPECT_EQ(pPlus->GetRight(), pNew);
         EXPECT_EQ(tree.GetSelection(), pChild);
         if (insert.nSide == 3)
+        {
             tree.DeleteSubtree(pChild);
+        }
         else
+        {
             EXPECT_EQ(pChild->GetParent(), pNew);
+        }
     }
 }

@@ -59,7 +59,9 @@ size_t Distance(const std::string& strA, const std::string& strB)
 CUsageError UnknownCommand(const std::string& strName)
 {
     if (strName.starts_with("-"))
+    {
         return { "unknown option " + strName + "; see mivora --help" };
+    }
     constexpr size_t nLongest = 20;  // no command's name is near a longer word
     const CCommand* pNearest = nullptr;
     size_t nNearest = 3;  // more letters are another word

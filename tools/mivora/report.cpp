@@ -14,7 +14,9 @@ std::string s_strMessages;
 int KeepMessage(const char* pszText, unsigned, void*)
 {
     if (!s_strMessages.empty())
+    {
         s_strMessages += "; ";
+    }
     s_strMessages += AfxGetMessageCodePage() == 936 ? CodePage936ToUtf8(pszText) : pszText;
     return IDOK;
 }

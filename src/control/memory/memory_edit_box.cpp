@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr UINT CHAR_DELETE = 127;  // Control with the backspace key: nothing in one line of text
+constexpr UINT s_nCharDelete = 127;  // Control with the backspace key: nothing in one line of text
 
 }  // namespace
 
@@ -78,7 +78,7 @@ void CMemoryEditBox::TypeChar(UINT nChar)
     GetSel(nStart, nEnd);
     if (nChar == VK_BACK)
         Replace(nStart == nEnd ? nStart - 1 : nStart, nEnd, "");
-    else if (nChar >= ' ' && nChar != CHAR_DELETE)
+    else if (nChar >= ' ' && nChar != s_nCharDelete)
         Replace(nStart, nEnd, std::string(1, static_cast<char>(nChar)));
 }
 

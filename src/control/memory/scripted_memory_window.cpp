@@ -7,7 +7,7 @@
 namespace
 {
 
-constexpr int MAX_SIDE = 32767;  // coordinates of messages have 16 bits
+constexpr int s_nMaxSide = 32767;  // coordinates of messages have 16 bits
 
 CBarState StateOf(const CMemoryScrollBar& bar)
 {
@@ -50,8 +50,8 @@ void CScriptedMemoryWindow::Send(const CScriptEvent& event)
     switch (event.nType)
     {
         case EVENT_SIZE:
-            m_Window.Resize(CSize(std::clamp(event.nFirst, 0, MAX_SIDE),
-                                  std::clamp(event.nSecond, 0, MAX_SIDE)));
+            m_Window.Resize(CSize(std::clamp(event.nFirst, 0, s_nMaxSide),
+                                  std::clamp(event.nSecond, 0, s_nMaxSide)));
             break;
         case EVENT_PAINT:
             m_Window.Invalidate(true);

@@ -8,9 +8,9 @@ namespace
 {
 
 // The words that an event can have behind its numbers.
-constexpr unsigned WORD_LEFT = 1;
-constexpr unsigned WORD_CTRL = 2;
-constexpr unsigned WORD_SHIFT = 4;
+constexpr unsigned s_nWordLeft = 1;
+constexpr unsigned s_nWordCtrl = 2;
+constexpr unsigned s_nWordShift = 4;
 
 struct CEventRow
 {
@@ -23,11 +23,11 @@ struct CEventRow
 constexpr CEventRow s_aEvents[] = {
     { EVENT_SIZE, "size", 2, 2, 0 },
     { EVENT_PAINT, "paint", 0, 0, 0 },
-    { EVENT_MOVE, "move", 2, 2, WORD_LEFT },
+    { EVENT_MOVE, "move", 2, 2, s_nWordLeft },
     { EVENT_PRESS, "press", 2, 2, 0 },
     { EVENT_RELEASE, "release", 2, 2, 0 },
     { EVENT_DOUBLE, "double", 2, 2, 0 },
-    { EVENT_KEY, "key", 1, 1, WORD_CTRL | WORD_SHIFT },
+    { EVENT_KEY, "key", 1, 1, s_nWordCtrl | s_nWordShift },
     { EVENT_CHAR, "char", 1, 1, 0 },
     { EVENT_BLUR, "blur", 0, 0, 0 },
     { EVENT_HSCROLL, "hscroll", 1, 2, 0 },
@@ -40,8 +40,8 @@ constexpr CEventRow s_aEvents[] = {
     { EVENT_DELETE, "delete", 0, 0, 0 },
     { EVENT_READONLY, "readonly", 1, 1, 0 },
     { EVENT_CLIP, "clip", 0, 0, 0 },  // has a word of its own
-    { EVENT_ENTER, "enter", 2, 2, WORD_CTRL },
-    { EVENT_OVER, "over", 2, 2, WORD_CTRL },
+    { EVENT_ENTER, "enter", 2, 2, s_nWordCtrl },
+    { EVENT_OVER, "over", 2, 2, s_nWordCtrl },
     { EVENT_LEAVE, "leave", 0, 0, 0 },
     { EVENT_DROP, "drop", 2, 2, 0 },
 };
@@ -54,9 +54,9 @@ struct CFlagRow
     bool CScriptEvent::*pFlag;
 };
 constexpr CFlagRow s_aFlags[] = {
-    { WORD_LEFT, "left", &CScriptEvent::bLeft },
-    { WORD_CTRL, "ctrl", &CScriptEvent::bControl },
-    { WORD_SHIFT, "shift", &CScriptEvent::bShift },
+    { s_nWordLeft, "left", &CScriptEvent::bLeft },
+    { s_nWordCtrl, "ctrl", &CScriptEvent::bControl },
+    { s_nWordShift, "shift", &CScriptEvent::bShift },
 };
 
 constexpr std::string_view s_strBlanks = " \t\r";

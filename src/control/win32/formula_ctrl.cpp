@@ -42,9 +42,11 @@ CFormulaCtrl::CFormulaCtrl() : m_nClipboardFormat(0)
 {
     RegisterWindowClass();
     if (!AfxOleIsInitialized() && !AfxOleInit())
+    {
         AfxMessageBox(
             "OLE initialization failed. Make sure that the OLE libraries are the correct "
             "version");
+    }
     m_nClipboardFormat = ::RegisterClipboardFormatA(FORMULA_CLASS);
     m_pRules = std::make_unique<CRules>(*this);
 }

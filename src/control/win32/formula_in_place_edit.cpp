@@ -25,8 +25,8 @@ CFormulaInPlaceEdit::CFormulaInPlaceEdit(CWnd* pParent, CRect& rect, DWORD dwSty
 
 bool CFormulaInPlaceEdit::Create(const CRect& rect, const LOGFONTA& lf)
 {
-    constexpr DWORD BOX_STYLE = WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL;
-    if (!CEdit::Create(m_dwStyle | BOX_STYLE, rect, m_pControl, m_nID))
+    constexpr DWORD nBoxStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL;
+    if (!CEdit::Create(m_dwStyle | nBoxStyle, rect, m_pControl, m_nID))
         return false;
     m_Font.CreatePointFontIndirect(&lf, nullptr);
     SetFont(&m_Font, TRUE);
@@ -141,11 +141,13 @@ void CFormulaInPlaceEdit::NotifyAndClose()
     const HWND hWnd = m_hWnd;
     NMHDR header{ hWnd, static_cast<UINT_PTR>(GetDlgCtrlID()), static_cast<UINT>(FCN_CHANGED) };
     if (CWnd* pReceiver = GetOwner())
+    {
         GuardCallback<LRESULT>(0,
                                [&] {
                                    return pReceiver->SendMessage(WM_NOTIFY, header.idFrom,
                                                                  reinterpret_cast<LPARAM>(&header));
                                });
+    }
     if (::IsWindow(hWnd))
         ::SendMessageA(hWnd, WM_CLOSE, 0, 0);
 }

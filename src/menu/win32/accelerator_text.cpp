@@ -33,8 +33,10 @@ std::wstring Name(const ACCEL& accelerator)
                                         { FSHIFT, VK_SHIFT } };
     std::wstring name;
     for (const CModifier& modifier : MODIFIERS)
+    {
         if ((accelerator.fVirt & modifier.nFlag) != 0)
             name += KeyName(modifier.nKey) + L"+";
+    }
     return name + KeyName(accelerator.key);
 }
 }  // namespace

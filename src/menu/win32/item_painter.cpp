@@ -105,19 +105,21 @@ void DrawMark(CDC* pDC, const CItemView& item, const CRect& box, COLORREF colour
 void DrawItemIcon(CDC* pDC, const CItemView& item, CPoint at, bool bSelected, bool bLifted,
                   COLORREF behind, const CMenuLook& look)
 {
-    constexpr int DARKENED = 1;
-    constexpr int DISABLED = 2;
+    constexpr int nDarkened = 1;
+    constexpr int nDisabled = 2;
     const CNewMenuIcons& icons = *item.m_pIcons;
     const bool bDarkened = look.m_settings.m_bDarkenedIcons;
     if (IsDisabled(item))
     {
         if (bDarkened)
-            icons.Draw(pDC, item.m_nIcon + DISABLED, at);
+            icons.Draw(pDC, item.m_nIcon + nDisabled, at);
         else
             icons.DrawMono(pDC, item.m_nIcon, at, DarkenColour(behind, 70));
     }
     else if (!bSelected)
-        icons.Draw(pDC, item.m_nIcon + (bDarkened ? DARKENED : 0), at);
+    {
+        icons.Draw(pDC, item.m_nIcon + (bDarkened ? nDarkened : 0), at);
+    }
     else if (bLifted && !IsOn(item, ODS_CHECKED))
     {
         icons.DrawMono(pDC, item.m_nIcon, at + CSize(1, 1),
@@ -125,7 +127,9 @@ void DrawItemIcon(CDC* pDC, const CItemView& item, CPoint at, bool bSelected, bo
         icons.Draw(pDC, item.m_nIcon, at - CSize(1, 1));
     }
     else
+    {
         icons.Draw(pDC, item.m_nIcon, at);
+    }
 }
 
 // ---- Flat styles
@@ -150,7 +154,9 @@ void DrawFlatBarItem(CDC* pDC, const CItemView& item, const CMenuLook& look, boo
         DrawBorder(pDC, box, look.m_gradient.m_frame);
     }
     else if (bSelected)
+    {
         DrawBox(pDC, box, SelectionLine(system), HighlightColour(system));
+    }
     const bool bGrey = IsDisabled(item) || IsOn(item, ODS_INACTIVE);
     DrawItemText(pDC, item, item.m_rect, ItemTextColour(system, bSelected, bGrey), look);
 }
@@ -237,11 +243,15 @@ void DrawPlainItem(CDC* pDC, const CItemView& item, const CItemLayout& layout, C
         DrawItemIcon(pDC, item, layout.m_icon.TopLeft(), bSelected, false,
                      system.Colour(COLOR_MENU), look);
         if (IsOn(item, ODS_CHECKED))
+        {
             pDC->Draw3dRect(layout.m_check, system.Colour(COLOR_BTNSHADOW),
                             system.Colour(COLOR_BTNHIGHLIGHT));
+        }
     }
     else if (IsOn(item, ODS_CHECKED))
+    {
         DrawMark(pDC, item, layout.m_check, colour);
+    }
     DrawItemText(pDC, item, layout.m_text, colour, look);
 }
 
@@ -323,7 +333,9 @@ void DrawShadedItem(CDC* pDC, const CItemView& item, const CMenuLook& look)
         DrawRaisedBorder(pDC, item, item.m_bOpen, system);
     }
     else if (IsOnlyOutlined(item, look.m_settings))
+    {
         DrawRaisedBorder(pDC, item, false, system);
+    }
     const bool bSelected = IsSelected(item, look.m_settings);
     DrawPlainItem(pDC, item, LayOutPlainItem(item.m_rect, item.m_iconSize),
                   ItemTextColour(system, bSelected, IsDisabled(item)), true, look);
@@ -333,12 +345,13 @@ void DrawBarShadow(CDC* pDC, const CRect& rect, const CMenuSystem& system)
 {
     if (system.HasFewColours())
     {
-        constexpr int SOLID = 2;
+        constexpr int nSolid = 2;
         const COLORREF shadow = system.Colour(COLOR_BTNSHADOW);
-        FillColour(pDC, CRect(rect.right - SOLID, rect.top + SHADOW_WIDTH, rect.right, rect.bottom),
+        FillColour(pDC,
+                   CRect(rect.right - nSolid, rect.top + SHADOW_WIDTH, rect.right, rect.bottom),
                    shadow);
         FillColour(pDC,
-                   CRect(rect.left + SHADOW_WIDTH, rect.bottom - SOLID, rect.right, rect.bottom),
+                   CRect(rect.left + SHADOW_WIDTH, rect.bottom - nSolid, rect.right, rect.bottom),
                    shadow);
         return;
     }
@@ -346,11 +359,15 @@ void DrawBarShadow(CDC* pDC, const CRect& rect, const CMenuSystem& system)
     for (int nLine = 1; nLine <= SHADOW_WIDTH; ++nLine)
     {
         for (int y = rect.top; y < rect.bottom - nLine + 1; ++y)
+        {
             pDC->SetPixel(rect.right - nLine, y,
                           DarkenColour(menu, BarShadowDarkness(nLine, y - rect.top)));
+        }
         for (int x = rect.left; x < rect.right - nLine; ++x)
+        {
             pDC->SetPixel(x, rect.bottom - nLine,
                           DarkenColour(menu, BarShadowDarkness(nLine, x - rect.left)));
+        }
     }
 }
 

@@ -58,18 +58,18 @@ void FillColour(CDC* pDC, const CRect& rect, COLORREF colour)
 
 void FillGradientInBands(CDC* pDC, const CRect& rect, COLORREF first, COLORREF last, bool bVertical)
 {
-    constexpr int BAND = 2;
+    constexpr int nBand = 2;
     FillColour(pDC, rect, last);
     const int nLength = bVertical ? rect.Height() : rect.Width();
-    const int nBands = nLength / BAND;
+    const int nBands = nLength / nBand;
     // Without brushes that are kept: these colours do not come again.
     for (int n = 0; n < nBands; ++n)
     {
         CRect band = rect;
         if (bVertical)
-            band.bottom = (band.top += n * BAND) + BAND;
+            band.bottom = (band.top += n * nBand) + nBand;
         else
-            band.right = (band.left += n * BAND) + BAND;
+            band.right = (band.left += n * nBand) + nBand;
         pDC->FillSolidRect(&band, BandColour(first, last, n, nBands));
     }
 }

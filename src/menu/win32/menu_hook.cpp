@@ -159,9 +159,11 @@ void CNewMenuThreadHook::EndAll()
 LRESULT CALLBACK CNewMenuThreadHook::HookProc(int nCode, WPARAM wParam, LPARAM lParam)
 {
     if (nCode == HC_ACTION)
+    {
         GuardCallback(
             0,
             [=] { return CNewMenuHook::OnHooked(*reinterpret_cast<const CWPSTRUCT*>(lParam)), 0; });
+    }
     return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
 }
 
@@ -225,8 +227,10 @@ void CNewMenuHook::TakeOver(HWND hWnd)
 CMenuHookData* CNewMenuHook::Find(HWND hWnd)
 {
     for (const auto& pData : OpenWindows())
+    {
         if (pData->m_hWnd == hWnd)
             return pData.get();
+    }
     return nullptr;
 }
 

@@ -13,7 +13,7 @@ IMPLEMENT_DYNAMIC(CNewMenuBitmaps, CNewMenuIcons)
 namespace
 {
 // The background of toolbars.
-constexpr COLORREF TOOLBAR_MASK = RGB(192, 192, 192);
+constexpr COLORREF s_crToolbarMask = RGB(192, 192, 192);
 
 struct CToolBarResource
 {
@@ -120,9 +120,11 @@ std::shared_ptr<CNewMenuIcons> CNewMenuIcons::FromToolBar(HINSTANCE hInstance, L
     auto& lists = SharedLists();
     std::erase_if(lists, [](const auto& pList) { return pList.expired(); });
     for (const auto& pShared : lists)
+    {
         if (const auto pList = pShared.lock();
             pList->m_hInstance == hInstance && pList->m_pszName == pszName)
             return pList;
+    }
     struct CMake : CNewMenuIcons
     {
     };
@@ -158,8 +160,10 @@ BOOL CNewMenuIcons::LoadToolBar(HINSTANCE hInstance, LPCSTR pszName)
     const auto* pCommands = reinterpret_cast<const WORD*>(pToolBar + 1);
     int nImage = 0;
     for (int n = 0; n < pToolBar->wItems && (nImage + 1) * size.cx <= strip.m_size.cx; ++n)
+    {
         if (pCommands[n] != 0)
-            Add(pCommands[n], IconOfStrip(strip, size, nImage++), TOOLBAR_MASK);
+            Add(pCommands[n], IconOfStrip(strip, size, nImage++), s_crToolbarMask);
+    }
     MakeImages();
     return TRUE;
 }
@@ -179,10 +183,12 @@ void CNewMenuIcons::MakeImages()
     m_hImages = ::ImageList_Create(size.cx, size.cy, ILC_COLOR24 | ILC_MASK,
                                    static_cast<int>(m_entries.size()) * IMAGES_OF_ICON, 1);
     for (const CEntry& entry : m_entries)
+    {
         for (const CIconImage& image :
              { entry.image, DarkenedIcon(entry.image, entry.mask, m_nDarkening),
                DisabledIcon(entry.image, entry.mask) })
             AddImage(m_hImages, image, entry.image, entry.mask);
+    }
 }
 
 int CNewMenuIcons::FindIndex(UINT nID) const
@@ -230,9 +236,9 @@ void CNewMenuIcons::CheckState()
 
 void CNewMenuIcons::CheckAllStates()
 {
-    constexpr DWORD PAUSE = 2000;  // milliseconds
-    static DWORD s_nLast = ::GetTickCount() - PAUSE;
-    if (::GetTickCount() - s_nLast < PAUSE)
+    constexpr DWORD nPause = 2000;  // milliseconds
+    static DWORD s_nLast = ::GetTickCount() - nPause;
+    if (::GetTickCount() - s_nLast < nPause)
         return;
     s_nLast = ::GetTickCount();
     for (CNewMenuIcons* pList : AllLists())

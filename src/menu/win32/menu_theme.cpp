@@ -13,7 +13,7 @@
 
 namespace
 {
-constexpr DWORD OWN_FRAME = 1;  // of m_nFlags
+constexpr DWORD s_nOwnFrame = 1;  // of m_nFlags
 
 MeasureOperation MeasureOf(EMeasureStyle style)
 {
@@ -69,8 +69,10 @@ public:
     CMenuTheme* Find(DWORD nId) const
     {
         for (const auto& pTheme : m_themes)
+        {
             if (pTheme->m_nId == nId)
                 return pTheme.get();
+        }
         return nullptr;
     }
     void Refresh(const CMenuSystem& system) const
@@ -174,7 +176,7 @@ DWORD GetMenuStyle()
 
 CMenuTheme::CMenuTheme(const CMenuStyle& style)
     : m_nId(style.m_nId),
-      m_nFlags(style.m_bFrame ? OWN_FRAME : 0),
+      m_nFlags(style.m_bFrame ? s_nOwnFrame : 0),
       m_pfnMeasureItem(MeasureOf(style.m_measure)),
       m_pfnDrawItem(DrawOf(style.m_item)),
       m_pfnDrawTitle(&CNewMenu::DrawTitleItem)
@@ -183,7 +185,7 @@ CMenuTheme::CMenuTheme(const CMenuStyle& style)
 
 bool CMenuTheme::HasFrame() const
 {
-    return (m_nFlags & OWN_FRAME) != 0;
+    return (m_nFlags & s_nOwnFrame) != 0;
 }
 
 void CMenuTheme::RefreshColours(const CMenuSystem& system)
@@ -275,12 +277,13 @@ void CMenuTheme::PaintWindowShadow(CDC* pDC, const CNewMenuHook::CMenuHookData& 
     const CRect window(CPoint(), data.m_rect.Size());
     if (system.HasFewColours())
     {
-        constexpr int SOLID = 2;
+        constexpr int nSolid = 2;
         const CRect frame = CalcFrameRect(window);
         data.m_screen.Restore(pDC);
-        FillColour(pDC, CRect(frame.right, SHADOW_WIDTH, frame.right + SOLID, frame.bottom + SOLID),
+        FillColour(pDC,
+                   CRect(frame.right, SHADOW_WIDTH, frame.right + nSolid, frame.bottom + nSolid),
                    m_crBtnShadow);
-        FillColour(pDC, CRect(SHADOW_WIDTH, frame.bottom, frame.right, frame.bottom + SOLID),
+        FillColour(pDC, CRect(SHADOW_WIDTH, frame.bottom, frame.right, frame.bottom + nSolid),
                    m_crBtnShadow);
         return;
     }
@@ -290,13 +293,17 @@ void CMenuTheme::PaintWindowShadow(CDC* pDC, const CNewMenuHook::CMenuHookData& 
         const int y = window.bottom - nLine;
         // Each line of the right side ends where that of the lower side begins.
         for (int n = 0; n <= y; ++n)
+        {
             pDC->SetPixel(
                 x, n,
                 DarkenColour(data.m_screen.Pixel(x, n), WindowShadowDarkness(nLine, n, y + 1)));
+        }
         for (int n = 0; n < x; ++n)
+        {
             pDC->SetPixel(
                 n, y,
                 DarkenColour(data.m_screen.Pixel(n, y), WindowShadowDarkness(nLine, n, x + 1)));
+        }
     }
 }
 

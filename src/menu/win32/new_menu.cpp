@@ -122,11 +122,13 @@ HMENU CNewMenu::DetachMenu()
 void CNewMenu::ReleaseSubMenus()
 {
     for (const HMENU hSub : std::exchange(m_subMenus, {}))
+    {
         if (auto* pSub = dynamic_cast<CNewMenu*>(FromHandlePermanent(hSub)))
         {
             pSub->DetachMenu();
             delete pSub;
         }
+    }
 }
 
 // Unless the menu ends as well, the system has to draw its items again.
@@ -224,8 +226,10 @@ int CNewMenu::FindPosition(const CNewMenuItemData& item) const
 {
     const int nItems = ::GetMenuItemCount(m_hMenu);
     for (int n = 0; n < nItems; ++n)
+    {
         if (ItemInfo(m_hMenu, static_cast<UINT>(n), MIIM_DATA).dwItemData == item.GetMenuData())
             return n;
+    }
     return -1;
 }
 
@@ -304,16 +308,20 @@ void CNewMenu::SetIcons(const std::shared_ptr<CNewMenuIcons>& pIcons)
         m_nIconHeight = std::max<int>(m_nIconHeight, size.cy);
     }
     for (const HMENU hSub : m_subMenus)
+    {
         if (auto* pSub = dynamic_cast<CNewMenu*>(FromHandlePermanent(hSub)))
             pSub->SetIcons(pIcons);
+    }
 }
 
 void CNewMenu::SetAccelerators(HACCEL hAccelerators)
 {
     m_hAccelerators = hAccelerators;
     for (const HMENU hSub : m_subMenus)
+    {
         if (auto* pSub = dynamic_cast<CNewMenu*>(FromHandlePermanent(hSub)))
             pSub->SetAccelerators(hAccelerators);
+    }
 }
 
 // ---- Opening

@@ -84,9 +84,9 @@ BOOL FillGradientBySystem(HDC hDC, const RECT& rect, COLORREF first, COLORREF la
 
 bool ReadVisualTheme(COLORREF* pColour)
 {
-    constexpr int CAPTION = 1;
-    constexpr int ACTIVE = 1;
-    constexpr int FILL_COLOUR_HINT = 3821;
+    constexpr int nCaption = 1;
+    constexpr int nActive = 1;
+    constexpr int nFillColourHint = 3821;
     static const CUxTheme s_library;
     if (!s_library.IsActive())
         return false;
@@ -98,7 +98,7 @@ bool ReadVisualTheme(COLORREF* pColour)
     if (const HANDLE hTheme = s_library.pfnOpenThemeData(nullptr, L"Window"))
     {
         COLORREF colour = 0;
-        if (s_library.pfnGetThemeColor(hTheme, CAPTION, ACTIVE, FILL_COLOUR_HINT, &colour) == S_OK)
+        if (s_library.pfnGetThemeColor(hTheme, nCaption, nActive, nFillColourHint, &colour) == S_OK)
             *pColour = colour;
         s_library.pfnCloseThemeData(hTheme);
     }

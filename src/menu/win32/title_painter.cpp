@@ -14,11 +14,11 @@ CSize TitleTextExtent(CDC* pDC, const CTitleView& title)
 
 void FillRounded(CDC* pDC, const CRect& rect, COLORREF colour)
 {
-    constexpr int RADIUS = 10;
+    constexpr int nRadius = 10;
     const CSelectScope selectBrush(pDC, CNewBrushList::Brush(colour));
     CPen pen(PS_SOLID, 1, colour);
     const CSelectScope selectPen(pDC, &pen);
-    ::RoundRect(*pDC, rect.left, rect.top, rect.right, rect.bottom, RADIUS, RADIUS);
+    ::RoundRect(*pDC, rect.left, rect.top, rect.right, rect.bottom, nRadius, nRadius);
 }
 
 void DrawTitleGround(CDC* pDC, const CTitleView& title, const CMenuSystem& system)
@@ -39,7 +39,9 @@ void DrawTitleGround(CDC* pDC, const CTitleView& title, const CMenuSystem& syste
         FillRounded(pDC, rect, title.m_colours.m_start);
     }
     else
+    {
         FillColour(pDC, rect, title.m_colours.m_start);
+    }
     if ((title.m_nFlags & TITLE_RAISED) != 0)
         pDC->Draw3dRect(&rect, system.Colour(COLOR_BTNHIGHLIGHT), system.Colour(COLOR_BTNSHADOW));
 }
@@ -64,7 +66,11 @@ void DrawMenuTitle(CDC* pDC, const CTitleView& title, const CMenuSystem& system)
     if ((title.m_nFlags & TITLE_LINE) == 0)
         return;
     for (const CRect& line : layout.m_line)
+    {
         if (!line.IsRectEmpty())
+        {
             pDC->Draw3dRect(&line, system.Colour(COLOR_BTNHIGHLIGHT),
                             system.Colour(COLOR_BTNSHADOW));
+        }
+    }
 }

@@ -7,10 +7,10 @@ namespace
 {
 EWindowsVersion ReadVersion()
 {
-    constexpr DWORD NOT_NT = 0x80000000;
+    constexpr DWORD nNotNt = 0x80000000;
     OSVERSIONINFOA info = {};
     info.dwOSVersionInfoSize = sizeof info;
-    const bool bNT = (::GetVersion() & NOT_NT) == 0;
+    const bool bNT = (::GetVersion() & nNotNt) == 0;
     if (!::GetVersionExA(&info))
         return EWindowsVersion::old;
     return ClassifyWindows(bNT, static_cast<int>(info.dwMajorVersion),

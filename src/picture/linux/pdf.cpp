@@ -109,7 +109,7 @@ std::string PdfBytes(const CDrawing& drawing, const CPlacement& placement,
 {
     placement.CheckSides(s_nLargestSide);
     std::string strBytes;
-    const double fPoints = s_fPointsPerInch / s_nScreenDpi;  // in a pixel of the picture
+    const double fPoints = s_fPointsPerInch / SCREEN_DPI;  // in a pixel of the picture
     const CSize& size = placement.Size();
     const CSurfacePtr pSurface(cairo_pdf_surface_create_for_stream(
         Append, &strBytes, size.cx * fPoints, size.cy * fPoints));
@@ -117,7 +117,7 @@ std::string PdfBytes(const CDrawing& drawing, const CPlacement& placement,
     SetMetadata(pSurface.get(), CAIRO_PDF_METADATA_CREATE_DATE, s_szDate);
     SetMetadata(pSurface.get(), CAIRO_PDF_METADATA_TITLE, options.strTitle);
     SetMetadata(pSurface.get(), CAIRO_PDF_METADATA_SUBJECT, EscapeCarried(options.strSource));
-    SetMetadata(pSurface.get(), CAIRO_PDF_METADATA_CREATOR, s_szCarriedName);
+    SetMetadata(pSurface.get(), CAIRO_PDF_METADATA_CREATOR, CARRIED_NAME);
     const CCairoPtr pCairo(cairo_create(pSurface.get()));
     cairo_scale(pCairo.get(), fPoints, fPoints);
     Paint(pCairo.get(), drawing, placement, options, boxes);

@@ -43,7 +43,9 @@ void DrawOnRaster(CRaster& raster, const CDrawing& drawing, const CPlacement& pl
         throw CPictureFailure{ cairo_status_to_string(nStatus), nStatus == CAIRO_STATUS_NO_MEMORY };
     cairo_surface_flush(pSurface.get());
     if (bTransparent)
+    {
         Divide(raster);
+    }
     else
     {
         for (std::uint32_t& nPixel : raster.pixels)

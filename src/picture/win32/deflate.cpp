@@ -19,9 +19,7 @@ public:
     {
         if (deflateInit2(&m_stream, s_nLevel, Z_DEFLATED, MAX_WBITS, s_nMemory,
                          Z_DEFAULT_STRATEGY) != Z_OK)
-        {
             throw std::bad_alloc();
-        }
     }
     CDeflater(const CDeflater&) = delete;
     CDeflater& operator=(const CDeflater&) = delete;

@@ -20,9 +20,7 @@ constinit CMessageLook g_look;
 int ShowMessage(const char* pszText, UINT nType)
 {
     if (g_pfnHandler != nullptr)
-    {
         return g_pfnHandler(pszText, nType, g_pHandlerContext);
-    }
     return ShowNativeMessage(pszText, g_look, nType);
 }
 
@@ -73,13 +71,9 @@ CWinApp::~CWinApp()
 {
     CWinApp** pp = &g_pApp;
     while (*pp != nullptr && *pp != this)
-    {
         pp = &(*pp)->m_pOuter;
-    }
     if (*pp != nullptr)
-    {
         *pp = m_pOuter;
-    }
 }
 
 int CWinApp::DoMessageBox(const char* pszText, UINT nType, UINT)

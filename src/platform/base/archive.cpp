@@ -31,9 +31,7 @@ CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize, void* pBuffer)
         m_nBufferSize = std::max(m_nBufferSize, nSmallestBuffer);
         m_ownBuffer.reset(new (std::nothrow) BYTE[m_nBufferSize]);
         if (m_ownBuffer == nullptr)
-        {
             AfxThrowMemoryException();
-        }
         pBuffer = m_ownBuffer.get();
     }
     m_pStart = static_cast<BYTE*>(pBuffer);
@@ -44,13 +42,9 @@ CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize, void* pBuffer)
 CArchive::~CArchive() noexcept(false)
 {
     if (m_bFailed || (m_nMode & bNoFlushOnDelete) != 0 || std::uncaught_exceptions() > m_nUncaught)
-    {
         Abort();
-    }
     else
-    {
         Close();
-    }
 }
 
 void CArchive::ThrowCause(bool bWantsToRead) const
@@ -68,9 +62,7 @@ void CArchive::ThrowEndOfFile() const
 CFile& CArchive::OpenFile() const
 {
     if (m_pFile == nullptr)
-    {
         AfxThrowArchiveException(CArchiveException::genericException);
-    }
     return *m_pFile;
 }
 
@@ -83,9 +75,7 @@ void CArchive::FillBuffer(UINT nNeeded)
     m_pEnd = m_pStart + nLeft;
     m_pEnd += OpenFile().Read(m_pEnd, m_nBufferSize - nLeft);
     if (static_cast<UINT>(m_pEnd - m_pCurrent) < nNeeded)
-    {
         ThrowEndOfFile();
-    }
 }
 
 UINT CArchive::Read(void* pBuffer, UINT nCount)
@@ -111,9 +101,7 @@ UINT CArchive::Read(void* pBuffer, UINT nCount)
         {
             FillBuffer(0);
             if (m_pCurrent == m_pEnd)
-            {
                 break;
-            }
         }
     }
     return nDone;
@@ -122,9 +110,7 @@ UINT CArchive::Read(void* pBuffer, UINT nCount)
 void CArchive::EnsureRead(void* pBuffer, UINT nCount)
 {
     if (Read(pBuffer, nCount) != nCount)
-    {
         ThrowEndOfFile();
-    }
 }
 
 void CArchive::Write(const void* pBuffer, UINT nCount)
@@ -153,9 +139,7 @@ void CArchive::Flush()
     if (IsLoading())
     {
         if (m_pCurrent != m_pEnd)
-        {
             OpenFile().Seek(-static_cast<LONGLONG>(m_pEnd - m_pCurrent), CFile::current);
-        }
         m_pCurrent = m_pStart;
         m_pEnd = m_pStart;
         return;
@@ -233,9 +217,7 @@ CString CArchive::LoadBytes(UINT nLength)
         const auto nDone = static_cast<UINT>(text.GetLength());
         const UINT nStep = std::min(nLength, std::max(nTextPiece, nDone));
         if (nStep > INT_MAX - nDone)
-        {
             AfxThrowMemoryException();
-        }
         const auto nNew = static_cast<int>(nDone + nStep);
         EnsureRead(text.GetBuffer(nNew) + nDone, nStep);
         text.ReleaseBuffer(nNew);
@@ -267,21 +249,13 @@ CString CArchive::LoadTwoByteText(UINT nLength)
 void AfxWriteStringLength(CArchive& ar, UINT nLength, BOOL bTwoBytes)
 {
     if (bTwoBytes)
-    {
         ar << nWordFollows << nTwoByteMark;
-    }
     if (nLength < nWordFollows)
-    {
         ar << static_cast<BYTE>(nLength);
-    }
     else if (nLength < nTwoByteMark)
-    {
         ar << nWordFollows << static_cast<WORD>(nLength);
-    }
     else
-    {
         ar << nWordFollows << nLongFollows << static_cast<DWORD>(nLength);
-    }
 }
 
 UINT AfxReadStringLength(CArchive& ar, int& nCharacterSize)
@@ -292,9 +266,7 @@ UINT AfxReadStringLength(CArchive& ar, int& nCharacterSize)
         BYTE nByte = 0;
         ar >> nByte;
         if (nByte != nWordFollows)
-        {
             return nByte;
-        }
         WORD nWord = 0;
         ar >> nWord;
         if (nWord == nTwoByteMark && nCharacterSize == 1)
@@ -303,19 +275,13 @@ UINT AfxReadStringLength(CArchive& ar, int& nCharacterSize)
             continue;
         }
         if (nWord < nTwoByteMark)
-        {
             return nWord;
-        }
         DWORD nLong = 0;
         if (nWord == nLongFollows)
-        {
             ar >> nLong;
-        }
         // A second mark, or the announcement of an even longer form, is in no sound file.
         if (nWord == nTwoByteMark || nLong == UINT_MAX)
-        {
             AfxThrowArchiveLimitException();
-        }
         return nLong;
     }
 }

@@ -55,9 +55,7 @@ public:
     {
         RequireStoring();
         if (m_pEnd - m_pCurrent < static_cast<std::ptrdiff_t>(sizeof(T)))
-        {
             Flush();
-        }
         BYTE aBytes[sizeof(T)];
         std::memcpy(aBytes, &value, sizeof(T));
         ToLittleEndian(aBytes);
@@ -71,20 +69,14 @@ public:
     {
         RequireLoading();
         if (m_pEnd - m_pCurrent < static_cast<std::ptrdiff_t>(sizeof(T)))
-        {
             FillBuffer(sizeof(T));
-        }
         BYTE aBytes[sizeof(T)];
         std::memcpy(aBytes, m_pCurrent, sizeof(T));
         ToLittleEndian(aBytes);
         if constexpr (std::is_same_v<T, bool>)
-        {
             value = aBytes[0] != 0;
-        }
         else
-        {
             std::memcpy(&value, aBytes, sizeof(T));
-        }
         m_pCurrent += sizeof(T);
         return *this;
     }
@@ -103,24 +95,18 @@ private:
         if constexpr (std::endian::native == std::endian::big)
         {
             for (std::size_t i = 0; i < N / 2; ++i)
-            {
                 std::swap(aBytes[i], aBytes[N - 1 - i]);
-            }
         }
     }
     void RequireStoring() const
     {
         if (IsLoading())
-        {
             ThrowCause(false);
-        }
     }
     void RequireLoading() const
     {
         if (IsStoring())
-        {
             ThrowCause(true);
-        }
     }
     [[noreturn]] void ThrowCause(bool bWantsToRead) const;
     [[noreturn]] void ThrowEndOfFile() const;

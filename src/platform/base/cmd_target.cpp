@@ -23,9 +23,7 @@ const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* pMap, UINT nMessag
         for (const AFX_MSGMAP_ENTRY* p = pMap->lpEntries; p->nSig != AfxSig_end; ++p)
         {
             if (p->nMessage == nMessage && p->nCode == nCode && p->nID <= nID && nID <= p->nLastID)
-            {
                 return p;
-            }
         }
     }
     return nullptr;
@@ -38,16 +36,12 @@ BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO*
     if (nCode != CN_UPDATE_COMMAND_UI)
     {
         if (nRowCode >> 16 != 0)
-        {
             nMessage = nRowCode >> 16;
-        }
         nRowCode &= 0xFFFF;
     }
     const AFX_MSGMAP_ENTRY* pEntry = AfxFindMessageEntry(GetMessageMap(), nMessage, nRowCode, nID);
     if (pEntry == nullptr)
-    {
         return FALSE;
-    }
     if (pHandlerInfo != nullptr)
     {
         *pHandlerInfo = { this, pEntry->pfn };
@@ -111,9 +105,7 @@ void CCmdUI::SetText(const char*) {}
 BOOL CCmdUI::DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHandler)
 {
     if (m_nID == 0 || static_cast<WORD>(m_nID) == 0xFFFF)
-    {
         return TRUE;  // a separator, a text or a submenu
-    }
     m_bEnableChanged = FALSE;
     const BOOL bHandled = pTarget->OnCmdMsg(m_nID, CN_UPDATE_COMMAND_UI, this, nullptr);
     if (bDisableIfNoHandler && !m_bEnableChanged)

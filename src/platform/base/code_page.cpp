@@ -37,23 +37,17 @@ char32_t NextUtf8(std::string_view text, std::size_t& nPlace)
     }
     const std::size_t nMore = nFirst >= 0xF0 ? 3 : nFirst >= 0xE0 ? 2 : 1;
     if (nFirst < 0xC2 || nFirst > 0xF4 || text.size() - nPlace <= nMore)
-    {
         return NO_CHARACTER;
-    }
     char32_t n = nFirst & (0x3FU >> nMore);
     for (std::size_t i = 1; i <= nMore; ++i)
     {
         if (!IsUtf8Tail(text[nPlace + i]))
-        {
             return NO_CHARACTER;
-        }
         n = (n << 6) | (static_cast<unsigned char>(text[nPlace + i]) & 0x3F);
     }
     constexpr char32_t aSmallest[] = { 0, 0x80, 0x800, 0x10000 };
     if (n < aSmallest[nMore] || n > 0x10FFFF || (n >= 0xD800 && n < 0xE000))
-    {
         return NO_CHARACTER;
-    }
     nPlace += nMore + 1;
     return n;
 }
@@ -66,15 +60,11 @@ char32_t Windows1252ToUnicode(unsigned char nCode)
 int UnicodeToWindows1252(char32_t nCharacter)
 {
     if (nCharacter < 0x80 || (nCharacter >= 0xA0 && nCharacter < 0x100))
-    {
         return static_cast<int>(nCharacter);
-    }
     for (int i = 0; i < 32; ++i)
     {
         if (s_aUpperControls[i] == nCharacter)
-        {
             return 0x80 + i;
-        }
     }
     return -1;
 }
@@ -84,9 +74,7 @@ std::string Windows1252ToUtf8(std::string_view text)
     std::string utf8;
     utf8.reserve(text.size());
     for (const char ch : text)
-    {
         AppendUtf8(utf8, Windows1252ToUnicode(static_cast<unsigned char>(ch)));
-    }
     return utf8;
 }
 
@@ -101,9 +89,7 @@ bool Utf8ToWindows1252(std::string_view utf8, std::string* pText, std::size_t* p
         if (nCode < 0)
         {
             if (pnBadOffset != nullptr)
-            {
                 *pnBadOffset = nStart;
-            }
             return false;
         }
         *pText += static_cast<char>(nCode);

@@ -13,9 +13,7 @@ namespace
 void Require(bool bCondition)
 {
     if (!bCondition)
-    {
         AfxThrowInvalidArgException();
-    }
 }
 
 // Memory that the standard library misses is missed as a platform exception.
@@ -53,28 +51,20 @@ CStringArray& CStringArray::operator=(const CStringArray& array) noexcept
 void CStringArray::AddRef() const noexcept
 {
     if (m_pBuffer == nullptr)
-    {
         return;
-    }
     std::atomic_ref<int> refs(m_pBuffer->nRefs);
     if (refs.load(std::memory_order_relaxed) >= 0)
-    {
         refs.fetch_add(1, std::memory_order_relaxed);
-    }
 }
 
 void CStringArray::Release() noexcept
 {
     if (m_pBuffer == nullptr)
-    {
         return;
-    }
     std::atomic_ref<int> refs(m_pBuffer->nRefs);
     const int nRefs = refs.load(std::memory_order_acquire);
     if (nRefs == 0 || (nRefs > 0 && refs.fetch_sub(1, std::memory_order_acq_rel) == 0))
-    {
         delete m_pBuffer;
-    }
     m_pBuffer = nullptr;
 }
 
@@ -102,9 +92,7 @@ void CStringArray::Change(F&& change)
 void CStringArray::SetAt(INT_PTR nIndex, const CString& str)
 {
     if (GetAt(nIndex).IsIdentical(str))
-    {
         return;
-    }
     const CString copy(str);  // it may lie in the buffer that Change gives up
     Change([&](auto& items) { items[static_cast<std::size_t>(nIndex)] = copy; });
 }
@@ -243,24 +231,18 @@ void CMapStringToOb::Rehash(std::size_t nBuckets)
 CMapStringToOb::CEntry* CMapStringToOb::FindEntry(const char* pszKey) const
 {
     if (m_nCount == 0)
-    {
         return nullptr;
-    }
     const unsigned nHash = CString::HashText(pszKey, std::strlen(pszKey));
     CEntry* p = m_buckets[Bucket(nHash)];
     while (p != nullptr && (p->nHash != nHash || p->strKey != pszKey))
-    {
         p = p->pNextInBucket;
-    }
     return p;
 }
 
 CMapStringToOb::CEntry* CMapStringToOb::AddEntry(const CString& strKey)
 {
     if (static_cast<std::size_t>(m_nCount) >= m_buckets.size())
-    {
         Rehash(std::max<std::size_t>(m_buckets.size() * 2, 16));
-    }
     auto* p = WithMemory([] { return new CEntry; });
     p->strKey = strKey;
     p->nHash = strKey.GetHash();

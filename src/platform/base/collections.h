@@ -41,9 +41,7 @@ public:
     const CString& GetAt(INT_PTR nIndex) const
     {
         if (nIndex < 0 || nIndex >= GetSize())
-        {
             AfxThrowInvalidArgException();
-        }
         return m_pBuffer->items[static_cast<std::size_t>(nIndex)];
     }
     const CString& operator[](INT_PTR nIndex) const { return GetAt(nIndex); }
@@ -112,9 +110,7 @@ private:
     static void Require(bool bCondition)
     {
         if (!bCondition)
-        {
             AfxThrowInvalidArgException();
-        }
     }
     std::size_t Index(INT_PTR nIndex) const
     {
@@ -232,9 +228,7 @@ private:
     static BOOL Found(const CEntry* pEntry, CObject*& pValue)
     {
         if (pEntry == nullptr)
-        {
             return FALSE;
-        }
         pValue = pEntry->pValue;
         return TRUE;
     }
@@ -242,15 +236,11 @@ private:
     CEntry* FindEntry(const CString& strKey) const
     {
         if (m_nCount == 0)
-        {
             return nullptr;
-        }
         const unsigned nHash = strKey.GetHash();
         CEntry* p = m_buckets[Bucket(nHash)];
         while (p != nullptr && (p->nHash != nHash || p->strKey != strKey))
-        {
             p = p->pNextInBucket;
-        }
         return p;
     }
     CEntry* FindEntry(const char* pszKey) const;
@@ -307,9 +297,7 @@ private:
     {
         CObject* pValue = nullptr;
         if (!BASE_CLASS::Lookup(key, pValue))
-        {
             return FALSE;
-        }
         value = static_cast<VALUE>(pValue);
         return TRUE;
     }

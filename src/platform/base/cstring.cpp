@@ -24,14 +24,10 @@ constexpr std::array<CStringCharacter, 256> MakeCharacters(std::index_sequence<n
 CStringData* NewData(int nCapacity)
 {
     if (nCapacity < 0 || nCapacity > nMaxLength)
-    {
         AfxThrowMemoryException();
-    }
     void* p = std::malloc(sizeof(CStringData) + static_cast<std::size_t>(nCapacity) + 1);
     if (p == nullptr)
-    {
         AfxThrowMemoryException();
-    }
     return ::new (p) CStringData{ 0, 0, nCapacity, 0 };
 }
 
@@ -39,9 +35,7 @@ CStringData* NewData(int nCapacity)
 int CheckedLength(long long nLength)
 {
     if (nLength > nMaxLength)
-    {
         AfxThrowMemoryException();
-    }
     return static_cast<int>(nLength);
 }
 
@@ -114,9 +108,7 @@ void CString::ReleaseCounted() noexcept
     // A sole owner needs no atomic step: nobody else can become one.
     if (refs.load(std::memory_order_acquire) == 0 ||
         refs.fetch_sub(1, std::memory_order_acq_rel) == 0)
-    {
         std::free(Data());
-    }
 }
 
 bool CString::IsOwn() const
@@ -128,9 +120,7 @@ bool CString::IsOwn() const
 void CString::Reserve(int nLength)
 {
     if (IsOwn() && Data()->nCapacity >= nLength)
-    {
         return;
-    }
     CStringData* pNew = NewData(nLength);
     pNew->nLength = std::min(GetLength(), nLength);
     std::memcpy(pNew->Text(), m_pszText, static_cast<std::size_t>(pNew->nLength));
@@ -148,9 +138,7 @@ void CString::SetLength(int nLength)
 CString& CString::AppendBytes(const char* pchText, int nLength)
 {
     if (nLength <= 0)
-    {
         return *this;
-    }
     const int nOld = GetLength();
     const int nNew = CheckedLength(static_cast<long long>(nOld) + nLength);
     CString old;  // keeps the buffer in which pchText may lie
@@ -183,9 +171,7 @@ CString CString::Joined(std::string_view first, std::string_view second)
 void CString::SetAt(int nIndex, char ch)
 {
     if (nIndex < 0 || nIndex >= GetLength())
-    {
         AfxThrowInvalidArgException();
-    }
     GetBuffer()[nIndex] = ch;
 }
 
@@ -198,18 +184,12 @@ char* CString::GetBuffer(int nMinLength)
 void CString::ReleaseBuffer(int nNewLength)
 {
     if (!IsOwn())
-    {
         return;  // no buffer was taken
-    }
     const int nCapacity = Data()->nCapacity;
     if (nNewLength < 0)
-    {
         nNewLength = static_cast<int>(strnlen(m_pszText, static_cast<std::size_t>(nCapacity)));
-    }
     if (nNewLength > nCapacity)
-    {
         AfxThrowInvalidArgException();
-    }
     SetLength(nNewLength);
 }
 
@@ -224,9 +204,7 @@ CString CString::Mid(int nFirst, int nCount) const
     nFirst = std::clamp(nFirst, 0, nLength);
     nCount = std::clamp(nCount, 0, nLength - nFirst);
     if (nCount == nLength)
-    {
         return *this;
-    }
     return nCount == 1 ? FromChar(m_pszText[nFirst]) : CString(m_pszText + nFirst, nCount);
 }
 
@@ -266,13 +244,9 @@ CString& CString::MakeUpper()
 CString& CString::KeepPart(int nFirst, int nCount)
 {
     if (nCount == GetLength())
-    {
         return *this;
-    }
     if (nCount == 0 || !IsOwn())
-    {
         return *this = Mid(nFirst, nCount);
-    }
     std::memmove(m_pszText, m_pszText + nFirst, static_cast<std::size_t>(nCount));
     SetLength(nCount);
     return *this;
@@ -312,9 +286,7 @@ int CString::Find(char ch, int nStart) const
 int CString::Find(const char* pszPart, int nStart) const
 {
     if (nStart < 0 || pszPart == nullptr)
-    {
         return -1;
-    }
     return IndexOf(View().find(pszPart, static_cast<std::size_t>(nStart)));
 }
 

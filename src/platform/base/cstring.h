@@ -109,9 +109,7 @@ public:
     char GetAt(int nIndex) const
     {
         if (static_cast<unsigned>(nIndex) > static_cast<unsigned>(GetLength()))
-        {
             AfxThrowInvalidArgException();
-        }
         return m_pszText[nIndex];
     }
     char operator[](int nIndex) const { return GetAt(nIndex); }
@@ -240,16 +238,12 @@ private:
     {
         std::atomic_ref<int> refs(Data()->nRefs);
         if (refs.load(std::memory_order_relaxed) >= 0)
-        {
             refs.fetch_add(1, std::memory_order_relaxed);
-        }
     }
     void Release() noexcept
     {
         if (std::atomic_ref<int>(Data()->nRefs).load(std::memory_order_relaxed) >= 0)
-        {
             ReleaseCounted();
-        }
     }
     void ReleaseCounted() noexcept;
     bool IsOwn() const;
@@ -286,9 +280,7 @@ constexpr unsigned long long LoadHashWord(const char* pch, std::size_t nCount)
     else
     {
         for (std::size_t i = 0; i < nCount; ++i)
-        {
             nWord |= static_cast<unsigned long long>(static_cast<unsigned char>(pch[i])) << (8 * i);
-        }
     }
     return nWord;
 }

@@ -33,9 +33,7 @@ struct CSpares
     ~CSpares()
     {
         while (nStacks > 0)
-        {
             delete apStacks[--nStacks];
-        }
     }
 };
 CSpares g_spares;
@@ -45,13 +43,9 @@ struct CGiveBack
     void operator()(CNativeStack* pStack) const
     {
         if (g_spares.nStacks < CSpares::nMost)
-        {
             g_spares.apStacks[g_spares.nStacks++] = pStack;
-        }
         else
-        {
             delete pStack;
-        }
     }
 };
 using CStackPtr = std::unique_ptr<CNativeStack, CGiveBack>;
@@ -59,14 +53,10 @@ using CStackPtr = std::unique_ptr<CNativeStack, CGiveBack>;
 CStackPtr TakeStack()
 {
     if (g_spares.nStacks > 0)
-    {
         return CStackPtr(g_spares.apStacks[--g_spares.nStacks]);
-    }
     auto* pStack = new (std::nothrow) CNativeStack(nStackBytes);
     if (pStack == nullptr)
-    {
         AfxThrowMemoryException();
-    }
     return CStackPtr(pStack);
 }
 
@@ -114,7 +104,5 @@ void deep_call::RunOnFreshStack(void (*pfn)(void*), void* pContext)
         TakeStack()->Call(RunCrossing, &crossing);
     }
     if (crossing.pThrown != nullptr)
-    {
         std::rethrow_exception(crossing.pThrown);
-    }
 }

@@ -63,8 +63,6 @@ inline auto Descend(F&& f) -> std::invoke_result_t<F&>
 {
     const deep_call::CLevel level;
     if (deep_call::g_nLevel <= deep_call::g_nLimit) [[likely]]
-    {
         return f();
-    }
     return deep_call::RunElsewhere(f);
 }

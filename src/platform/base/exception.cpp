@@ -84,22 +84,16 @@ T* StaticException(Args... args)
 void CException::Delete()
 {
     if (m_bAutoDelete)
-    {
         delete this;
-    }
 }
 
 BOOL CException::CopyText(std::string_view text, char* pszError, UINT nMaxError,
                           UINT* pnHelpContext)
 {
     if (pnHelpContext != nullptr)
-    {
         *pnHelpContext = 0;
-    }
     if (pszError == nullptr || nMaxError == 0)
-    {
         return FALSE;
-    }
     pszError[text.copy(pszError, WholeCharacters(text, nMaxError - 1))] = '\0';
     return !text.empty();
 }

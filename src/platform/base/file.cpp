@@ -23,9 +23,7 @@ int AskFault(EFileOperation eOperation, const CString& strPath)
 void Check(int nError, const CString& strPath)
 {
     if (nError != 0)
-    {
         AfxThrowFileException(native_file::CauseOf(nError, strPath), nError, strPath);
-    }
 }
 
 BOOL Opened(int nError, const char* pszPath, CFileException* pError)
@@ -46,9 +44,7 @@ CFile::CFile(const char* pszPath, UINT nOpenFlags)
 {
     CFileException error;
     if (!CFile::Open(pszPath, nOpenFlags, &error))
-    {
         AfxThrowFileException(error.m_cause, error.m_lOsError, pszPath);
-    }
 }
 
 CFile::~CFile()
@@ -62,9 +58,7 @@ BOOL CFile::Open(const char* pszPath, UINT nOpenFlags, CFileException* pError)
     m_strPath = pszPath;
     int nError = AskFault(fileOpOpen, m_strPath);
     if (nError == 0)
-    {
         nError = native_file::Open(pszPath, nOpenFlags, m_hFile);
-    }
     return Opened(nError, pszPath, pError);
 }
 
@@ -106,9 +100,7 @@ UINT CFile::Read(void* pBuffer, UINT nCount)
 void CFile::Write(const void* pBuffer, UINT nCount)
 {
     if (nCount == 0)
-    {
         return;
-    }
     Check(AskFault(fileOpWrite, m_strPath), m_strPath);
     Check(native_file::Write(m_hFile, pBuffer, nCount), m_strPath);
 }
@@ -117,17 +109,13 @@ void CFile::Write(const void* pBuffer, UINT nCount)
 void CFile::Flush()
 {
     if (m_hFile != s_hNone)
-    {
         Check(AskFault(fileOpFlush, m_strPath), m_strPath);
-    }
 }
 
 void CFile::Close()
 {
     if (m_hFile == s_hNone)
-    {
         return;
-    }
     const int nFault = AskFault(fileOpClose, m_strPath);
     const int nError = native_file::Close(m_hFile);
     m_hFile = s_hNone;
@@ -173,9 +161,7 @@ BOOL CMirrorFile::Open(const char* pszPath, UINT nOpenFlags, CFileException* pEr
         ++g_nReplacing;
         nError = native_file::CreateBeside(m_strTarget, m_strTemporary, m_hFile);
         if (nError != 0)
-        {
             --g_nReplacing;
-        }
     }
     return Opened(nError, pszPath, pError);
 }
@@ -189,9 +175,7 @@ void CMirrorFile::Close()
         {
             int nError = AskFault(fileOpRename, m_strTarget);
             if (nError == 0)
-            {
                 nError = native_file::Replace(m_strTemporary, m_strTarget);
-            }
             Check(nError, m_strTemporary);
             m_strTemporary.Empty();
             --g_nReplacing;
@@ -225,15 +209,11 @@ LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const B
     CMirrorFile file;
     CFileException error;
     if (!file.Open(pszPath, CFile::modeCreate | CFile::modeWrite, &error))
-    {
         return error.m_lOsError;
-    }
     try
     {
         for (const std::span<const BYTE> part : parts)
-        {
             file.Write(part.data(), static_cast<UINT>(part.size()));
-        }
         file.Close();
         return 0;
     }

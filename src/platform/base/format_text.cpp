@@ -38,9 +38,7 @@ void CString::FormatArgs(const char* pszFormat, const CFormatArg* pArgs, std::si
         result.Append(p, static_cast<int>(nPlain));
         p += nPlain;
         if (*p == '\0')
-        {
             break;
-        }
         const char chKind = p[1];
         if (chKind == '\0' || std::strchr("sduc", chKind) == nullptr)
         {
@@ -49,9 +47,7 @@ void CString::FormatArgs(const char* pszFormat, const CFormatArg* pArgs, std::si
             continue;
         }
         if (nNext < nArgs)
-        {
             PutArgument(result, chKind, pArgs[nNext++]);
-        }
         p += 2;
     }
     Swap(result);

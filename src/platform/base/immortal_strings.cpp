@@ -64,13 +64,9 @@ CString CString::Immortal(const char* pszText)
 CString CString::Immortal(const char* pchText, int nLength)
 {
     if (nLength <= 0)
-    {
         return {};
-    }
     if (nLength == 1)
-    {
         return FromChar(*pchText);
-    }
     // Never destroyed: texts of static objects are used until the very end.
     static CImmortalPool& pool = *new CImmortalPool;
     try

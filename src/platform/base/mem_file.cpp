@@ -67,9 +67,7 @@ ULONGLONG CMemFile::Seek(LONGLONG nOffset, UINT nFrom)
     const ULONGLONG nBase = nFrom == current ? m_nPosition : nFrom == end ? m_nFileSize : 0;
     const auto nPosition = static_cast<LONGLONG>(nBase + static_cast<ULONGLONG>(nOffset));
     if (nFrom > end || nPosition < 0)
-    {
         AfxThrowFileException(CFileException::badSeek, EINVAL);
-    }
     m_nPosition = static_cast<ULONGLONG>(nPosition);
     return m_nPosition;
 }
@@ -90,9 +88,7 @@ ULONGLONG CMemFile::GetLength() const
 UINT CMemFile::Read(void* pBuffer, UINT nCount)
 {
     if (m_nPosition >= m_nFileSize)
-    {
         return 0;
-    }
     nCount = static_cast<UINT>(std::min<ULONGLONG>(nCount, m_nFileSize - m_nPosition));
     if (nCount > 0)
     {
@@ -105,9 +101,7 @@ UINT CMemFile::Read(void* pBuffer, UINT nCount)
 void CMemFile::Write(const void* pBuffer, UINT nCount)
 {
     if (nCount == 0)
-    {
         return;
-    }
     const ULONGLONG nEnd = m_nPosition + nCount;
     GrowFile(nEnd);
     ClearUpTo(m_nPosition);
@@ -119,9 +113,7 @@ void CMemFile::Write(const void* pBuffer, UINT nCount)
 void CMemFile::Close()
 {
     if (m_bAutoDelete && m_pBuffer != nullptr)
-    {
         Free(m_pBuffer);
-    }
     Reset();
 }
 
@@ -146,18 +138,14 @@ void CMemFile::GrowFile(ULONGLONG nNewLength)
     if (nNewLength > m_nBufferSize)
     {
         if (m_nGrowBytes == 0 || nNewLength > static_cast<ULONGLONG>(PTRDIFF_MAX) / 2)
-        {
             AfxThrowMemoryException();
-        }
         // Steps alone would copy a long file as often as it has steps.
         const SIZE_T nWanted =
             std::max(static_cast<SIZE_T>(nNewLength), m_nBufferSize + m_nBufferSize / 8);
         const SIZE_T nSize = (nWanted + m_nGrowBytes - 1) / m_nGrowBytes * m_nGrowBytes;
         BYTE* p = m_pBuffer == nullptr ? Alloc(nSize) : Realloc(m_pBuffer, nSize);
         if (p == nullptr)
-        {
             AfxThrowMemoryException();
-        }
         m_pBuffer = p;
         m_nBufferSize = nSize;
     }
@@ -167,9 +155,7 @@ void CMemFile::GrowFile(ULONGLONG nNewLength)
 void CMemFile::ClearUpTo(ULONGLONG nEnd)
 {
     if (nEnd > m_nFileSize)
-    {
         std::memset(m_pBuffer + m_nFileSize, 0, static_cast<SIZE_T>(nEnd) - m_nFileSize);
-    }
 }
 
 // ---- CSharedFile ----
@@ -200,18 +186,14 @@ HGLOBAL CSharedFile::Detach()
 void CSharedFile::SetHandle(HGLOBAL hMemory, BOOL bAllowGrow)
 {
     if (hMemory == nullptr)
-    {
         AfxThrowInvalidArgException();
-    }
     Close();
     m_hMemory = hMemory;
     m_pBuffer = static_cast<BYTE*>(GlobalLock(hMemory));
     m_nBufferSize = GlobalSize(hMemory);
     m_nFileSize = m_nBufferSize;
     if (!bAllowGrow)
-    {
         m_nGrowBytes = 0;
-    }
 }
 
 BYTE* CSharedFile::Alloc(SIZE_T nBytes)
@@ -225,9 +207,7 @@ BYTE* CSharedFile::Realloc(BYTE*, SIZE_T nBytes)
     GlobalUnlock(m_hMemory);
     HGLOBAL hMemory = GlobalReAlloc(m_hMemory, nBytes, m_nAllocFlags);
     if (hMemory != nullptr)
-    {
         m_hMemory = hMemory;
-    }
     auto* p = static_cast<BYTE*>(GlobalLock(m_hMemory));  // again, also after a failure
     return hMemory != nullptr ? p : nullptr;
 }

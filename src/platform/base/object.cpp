@@ -25,9 +25,7 @@ BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* pBaseClass) const
          p = p->m_pfnGetBaseClass != nullptr ? p->m_pfnGetBaseClass() : nullptr)
     {
         if (p == pBaseClass)
-        {
             return TRUE;
-        }
     }
     return FALSE;
 }
@@ -36,9 +34,7 @@ CRuntimeClass* CRuntimeClass::FromName(const char* pszClassName)
 {
     CRuntimeClass* p = g_pNamedClasses;
     while (p != nullptr && std::strcmp(p->m_lpszClassName, pszClassName) != 0)
-    {
         p = p->m_pNextClass;
-    }
     return p;
 }
 
@@ -58,13 +54,9 @@ CRuntimeClassEntry::~CRuntimeClassEntry()
 {
     CRuntimeClass** pp = &g_pNamedClasses;
     while (*pp != nullptr && *pp != m_pClass)
-    {
         pp = &(*pp)->m_pNextClass;
-    }
     if (*pp != nullptr)
-    {
         *pp = m_pClass->m_pNextClass;
-    }
 }
 
 CObject::~CObject() = default;
@@ -90,9 +82,7 @@ void* CObject::operator new(std::size_t nSize)
 {
     void* p = std::malloc(nSize);
     if (p == nullptr)
-    {
         AfxThrowMemoryException();
-    }
     return p;
 }
 

@@ -92,7 +92,9 @@ BOOL CDC::RestoreDC(int nSaved)
 {
     // The two need not have saved equally often: only a relative number serves both.
     if (m_hDC == m_hAttribDC || nSaved < 0)
+    {
         return OnBoth([=](HDC hDC) { return ::RestoreDC(hDC, nSaved); });
+    }
     return ::RestoreDC(m_hDC, nSaved);
 }
 

@@ -12,8 +12,10 @@ public:
     static T* Find(H handle)
     {
         for (T* p = Slot(handle); p; p = p->m_pNextInMap)
+        {
             if (p->MapKey() == handle)
                 return p;
+        }
         return nullptr;
     }
     static void Insert(T* pWrapper)

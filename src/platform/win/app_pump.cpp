@@ -9,7 +9,7 @@ IMPLEMENT_DYNAMIC(CWindowApp, CWinApp)
 
 namespace
 {
-constexpr UINT CARET_TIMER_MESSAGE = 0x118;
+constexpr UINT s_nCaretTimerMessage = 0x118;
 
 constinit thread_local int t_nQuitCode = 0;
 
@@ -75,7 +75,9 @@ int AfxWinMain()
     if (EndingExceptions(FALSE, [=] { return pApp->InitInstance(); }))
         return pApp->Run();
     if (pApp->m_pMainWnd != nullptr)
+    {
         EndingExceptions(FALSE, [=] { return pApp->m_pMainWnd->DestroyWindow(); });
+    }
     return pApp->ExitInstance();
 }
 
@@ -137,7 +139,7 @@ BOOL CWindowApp::PreTranslateMessage(MSG* pMsg)
 
 BOOL CWindowApp::IsIdleMessage(MSG* pMsg)
 {
-    return pMsg->message != WM_PAINT && pMsg->message != CARET_TIMER_MESSAGE &&
+    return pMsg->message != WM_PAINT && pMsg->message != s_nCaretTimerMessage &&
            pMsg->message != WM_MOUSEMOVE && pMsg->message != WM_NCMOUSEMOVE;
 }
 
@@ -164,7 +166,9 @@ int CWindowApp::Run()
     for (;;)
     {
         while (bIdle && !IsMessageWaiting())
+        {
             bIdle = EndingExceptions(FALSE, [&] { return OnIdle(lIdle++); });
+        }
         if (!PumpMessage())
             return ExitInstance();
         if (IsIdleMessage(&m_msgCur))

@@ -6,7 +6,7 @@
 
 namespace
 {
-constexpr UINT FIRST_SYSTEM_COMMAND = 0xF000;
+constexpr UINT s_nFirstSystemCommand = 0xF000;
 
 bool Is(HWND hWnd, LRESULT nDialogCodes)
 {
@@ -49,7 +49,7 @@ void AfxUpdateMenu(CMenu* pPopup, CCmdTarget* pTarget, BOOL bDisableIfNoHandler)
     {
         state.m_nIndexMax = pPopup->GetMenuItemCount();
         state.m_nID = pPopup->GetMenuItemID(static_cast<int>(state.m_nIndex));
-        state.DoUpdate(pTarget, bDisableIfNoHandler && state.m_nID < FIRST_SYSTEM_COMMAND);
+        state.DoUpdate(pTarget, bDisableIfNoHandler && state.m_nID < s_nFirstSystemCommand);
     }
 }
 
@@ -57,15 +57,19 @@ void CWindowCmdUI::Enable(BOOL bOn)
 {
     CCmdUI::Enable(bOn);
     if (!bOn && ::GetFocus() == m_hWnd)  // the keyboard must not stay in a window without input
+    {
         CallSystem([this] { ::SendMessageA(::GetParent(m_hWnd), WM_NEXTDLGCTL, 0, FALSE); });
+    }
     CallSystem([=, this] { return ::EnableWindow(m_hWnd, bOn); });
 }
 
 void CWindowCmdUI::SetCheck(int nCheck)
 {
     if (Is(m_hWnd, DLGC_BUTTON))
+    {
         CallSystem([=, this]
                    { ::SendMessageA(m_hWnd, BM_SETCHECK, static_cast<WPARAM>(nCheck), 0); });
+    }
 }
 
 // The same text again would only flicker.

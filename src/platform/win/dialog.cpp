@@ -18,8 +18,8 @@ END_MESSAGE_MAP()
 namespace
 {
 // Commands of this program, not those of dialogs and windows.
-constexpr UINT FIRST_COMMAND = 0x8000;
-constexpr UINT LAST_COMMAND = 0xEFFF;
+constexpr UINT s_nFirstCommand = 0x8000;
+constexpr UINT s_nLastCommand = 0xEFFF;
 
 // Null if there is none.
 const DLGTEMPLATE* FindTemplate(LPCSTR pszName)
@@ -116,7 +116,9 @@ INT_PTR CDialog::DoModal()
     const HWND hParent = ModalParent(ParentOf(m_pParent));
     const bool bEnableParent = hParent != nullptr && ::IsWindowEnabled(hParent);
     if (bEnableParent)
+    {
         CallSystem([=] { return ::EnableWindow(hParent, FALSE); });
+    }
     m_nModalResult = -1;
     m_bModal = true;
     try
@@ -138,14 +140,20 @@ void CDialog::EndModal(HWND hParent, bool bEnableParent)
 {
     m_bModal = false;
     if (m_hWnd != nullptr)
+    {
         SetWindowPos(nullptr, 0, 0, 0, 0,
                      SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    }
     if (bEnableParent)
+    {
         CallSystem([=] { return ::EnableWindow(hParent, TRUE); });
+    }
     if (m_hWnd == nullptr)
         return;
     if (hParent != nullptr && ::GetActiveWindow() == m_hWnd)
+    {
         CallSystem([=] { return ::SetActiveWindow(hParent); });
+    }
     DestroyWindow();
 }
 
@@ -227,7 +235,7 @@ BOOL CDialog::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pH
     if (CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo))
         return TRUE;
     const bool bCommand = nCode == CN_COMMAND || nCode == CN_UPDATE_COMMAND_UI;
-    if (!bCommand || nID < FIRST_COMMAND || nID > LAST_COMMAND)
+    if (!bCommand || nID < s_nFirstCommand || nID > s_nLastCommand)
         return FALSE;
     CWnd* pParent = GetParent();
     if (pParent != nullptr && pParent->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo))

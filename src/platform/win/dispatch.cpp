@@ -139,9 +139,13 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
         nCode = CN_COMMAND;
     }
     else if (ReflectToChild(hControl, WM_COMMAND, wParam, lParam, nullptr))
+    {
         return TRUE;
+    }
     else if (nID == 0)
+    {
         return FALSE;
+    }
     return OnCmdMsg(nID, nCode, nullptr, nullptr);
 }
 
@@ -167,8 +171,10 @@ BOOL CWnd::ReflectToChild(HWND hChild, UINT nMessage, WPARAM wParam, LPARAM lPar
 BOOL CWnd::OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     if (nMessage == WM_COMMAND)
+    {
         return OnCmdMsg(0, MAKELONG(HIWORD(wParam), WM_REFLECT_BASE + WM_COMMAND), nullptr,
                         nullptr);
+    }
     if (nMessage != WM_NOTIFY)
         return FALSE;
     auto* pHeader = PointerOf<NMHDR>(lParam);

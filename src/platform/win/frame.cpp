@@ -24,12 +24,12 @@ const LPCSTR s_pszMenuType = MAKEINTRESOURCEA(4);
 const LPCSTR s_pszAcceleratorType = MAKEINTRESOURCEA(9);
 const LPCSTR s_pszIconType = MAKEINTRESOURCEA(14);
 const LPCSTR s_pszStringType = MAKEINTRESOURCEA(6);
-constexpr UINT STRINGS_IN_BLOCK = 16;
+constexpr UINT s_nStringsInBlock = 16;
 
 CString LoadText(UINT nID)
 {
     char szText[256];
-    const LPCSTR pszBlock = MAKEINTRESOURCEA(nID / STRINGS_IN_BLOCK + 1);
+    const LPCSTR pszBlock = MAKEINTRESOURCEA(nID / s_nStringsInBlock + 1);
     const int nLength = ::LoadStringA(AfxFindResourceHandle(pszBlock, s_pszStringType), nID, szText,
                                       sizeof(szText));
     return { szText, nLength };
@@ -41,8 +41,10 @@ CString LoadText(UINT nID)
 BOOL CFrameWnd::PreCreateWindow(CREATESTRUCTA& cs)
 {
     if (cs.lpszClass == nullptr)
+    {
         cs.lpszClass = AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW),
                                            reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1), m_hIcon);
+    }
     return CWnd::PreCreateWindow(cs);
 }
 

@@ -50,7 +50,9 @@ HMENU FindMenuOf(HMENU hMenu, UINT nID)
                 return hFound;
         }
         else if (::GetMenuItemID(hMenu, n) == nID)
+        {
             return hMenu;
+        }
     }
     return nullptr;
 }

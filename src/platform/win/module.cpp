@@ -55,8 +55,10 @@ HINSTANCE AfxFindResourceHandle(LPCSTR pszName, LPCSTR pszType)
     if (has(AfxGetResourceHandle()))
         return AfxGetResourceHandle();
     for (const HINSTANCE hModule : FurtherModules())
+    {
         if (has(hModule))
             return hModule;
+    }
     return has(AfxGetInstanceHandle()) ? AfxGetInstanceHandle() : AfxGetResourceHandle();
 }
 

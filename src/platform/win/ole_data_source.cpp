@@ -164,11 +164,17 @@ HRESULT COleDataSource::CContent::Find(const FORMATETC* pFormat, const CEntry** 
         if (entry.format.cfFormat != pFormat->cfFormat)
             continue;
         if ((entry.format.dwAspect & pFormat->dwAspect) == 0)
+        {
             nResult = DV_E_DVASPECT;
+        }
         else if (entry.format.lindex != pFormat->lindex)
+        {
             nResult = DV_E_LINDEX;
+        }
         else if ((entry.format.tymed & pFormat->tymed) == 0)
+        {
             nResult = DV_E_TYMED;
+        }
         else
         {
             *ppEntry = &entry;

@@ -71,8 +71,10 @@ EStart ReadInput(const CRect& rectStart)
 {
     MSG message;
     while (PeekMessageA(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE))
+    {
         if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE)
             return EStart::givenUp;
+    }
     while (PeekMessageA(&message, nullptr, WM_MOUSEMOVE, WM_MBUTTONDBLCLK, PM_NOREMOVE))
     {
         if (message.message != WM_MOUSEMOVE)

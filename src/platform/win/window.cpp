@@ -142,8 +142,10 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCSTR pszClassName, LPCSTR pszWindowName, 
 BOOL CWnd::PreCreateWindow(CREATESTRUCTA& cs)
 {
     if (cs.lpszClass == nullptr)
+    {
         cs.lpszClass = AfxRegisterWndClass(CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW,
                                            ::LoadCursor(nullptr, IDC_ARROW));
+    }
     return TRUE;
 }
 
@@ -422,8 +424,10 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nPosFlags)
         return FALSE;
     On(m_hWnd, [=](HWND hWnd) { ::SetWindowLongA(hWnd, GWL_STYLE, static_cast<LONG>(dwNew)); });
     if (nPosFlags != 0)
+    {
         SetWindowPos(nullptr, 0, 0, 0, 0,
                      SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | nPosFlags);
+    }
     return TRUE;
 }
 

@@ -140,8 +140,10 @@ HWND CWnd::UnsubclassWindow()
 {
     ASSERT(::IsWindow(m_hWnd));
     if (m_pfnSuper != nullptr)
+    {
         ::SetWindowLongPtrA(m_hWnd, GWLP_WNDPROC,
                             reinterpret_cast<LONG_PTR>(std::exchange(m_pfnSuper, nullptr)));
+    }
     return Detach();
 }
 
@@ -173,7 +175,9 @@ LRESULT CWnd::Default()
 void CWnd::OnNcDestroy()
 {
     if (g_pfnRevokeDropTarget != nullptr)
+    {
         GuardCallback(0, [this] { return g_pfnRevokeDropTarget(m_hWnd), 0; });
+    }
     AfxMainWindowEnds(this);
     const LONG_PTR nProc = ::GetWindowLongPtrA(m_hWnd, GWLP_WNDPROC);
     GuardCallback(LRESULT{}, [this] { return Default(); });  // the handle goes, whatever happens

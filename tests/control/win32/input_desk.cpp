@@ -15,20 +15,20 @@
 namespace
 {
 
-constexpr UINT ID_TEXT = 21;
-constexpr UINT ID_FIRST = 22;
-constexpr UINT ID_SECOND = 23;
-constexpr UINT WM_PLACE = WM_APP;  // lParam: the word; gives the place
-constexpr UINT WM_LOCK = WM_APP + 1;
-constexpr UINT WM_EFFECT = WM_APP + 2;  // gives that of the last drag
-constexpr UINT WM_HOLE = WM_APP + 3;
-constexpr DWORD PATIENCE = 4000;  // milliseconds
+constexpr UINT s_nIdText = 21;
+constexpr UINT s_nIdFirst = 22;
+constexpr UINT s_nIdSecond = 23;
+constexpr UINT s_nWmPlace = WM_APP;  // lParam: the word; gives the place
+constexpr UINT s_nWmLock = WM_APP + 1;
+constexpr UINT s_nWmEffect = WM_APP + 2;  // gives that of the last drag
+constexpr UINT s_nWmHole = WM_APP + 3;
+constexpr DWORD s_nPatience = 4000;  // milliseconds
 
 // The last mark that came out of the queue. Marks are keys that nobody has a use for: what was put
 // into the queue before one has been handled when it comes, also where a loop of the system's own
 // takes the messages.
 std::atomic<BYTE> s_nMark = 0;
-constexpr WORD MARK_KEY = VK_F24;
+constexpr WORD s_nMarkKey = VK_F24;
 BYTE s_nNextMark = 0;
 
 LRESULT CALLBACK WatchMarks(int nCode, WPARAM wParam, LPARAM lParam)
@@ -36,7 +36,7 @@ LRESULT CALLBACK WatchMarks(int nCode, WPARAM wParam, LPARAM lParam)
     const MSG& message = *reinterpret_cast<const MSG*>(lParam);
     if (nCode != HC_ACTION || wParam != PM_REMOVE)
         return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
-    if (message.wParam == MARK_KEY &&
+    if (message.wParam == s_nMarkKey &&
         (message.message == WM_KEYUP || message.message == WM_SYSKEYUP))
         s_nMark = LOBYTE(HIWORD(message.lParam));
     return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
@@ -123,9 +123,9 @@ CInputDialog::CInputDialog(CPoint place, const char* pszText, const char* pszSec
     : m_First(pszText), m_Second(pszSecond)
 {
     CDialogTemplate form(WS_POPUP | WS_CAPTION | WS_SYSMENU);
-    form.AddItem(WS_TABSTOP | WS_BORDER, ID_TEXT, "Edit", "");
-    form.AddItem(WS_TABSTOP, ID_FIRST, FORMULA_CLASS, "");
-    form.AddItem(WS_TABSTOP, ID_SECOND, FORMULA_CLASS, "");
+    form.AddItem(WS_TABSTOP | WS_BORDER, s_nIdText, "Edit", "");
+    form.AddItem(WS_TABSTOP, s_nIdFirst, FORMULA_CLASS, "");
+    form.AddItem(WS_TABSTOP, s_nIdSecond, FORMULA_CLASS, "");
     form.AddItem(WS_TABSTOP | BS_DEFPUSHBUTTON, IDOK, "Button", "&A");
     CreateIndirect(form.Get());
     SetWindowPos(nullptr, place.x, place.y, 480, 200, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -140,13 +140,13 @@ BOOL CInputDialog::OnInitDialog()
         UINT nID;
         CRect rect;
     } aPlaces[] = {
-        { ID_TEXT, { 10, 10, 110, 30 } },
-        { ID_FIRST, { 10, 40, 230, 140 } },
-        { ID_SECOND, { 240, 40, 460, 140 } },
+        { s_nIdText, { 10, 10, 110, 30 } },
+        { s_nIdFirst, { 10, 40, 230, 140 } },
+        { s_nIdSecond, { 240, 40, 460, 140 } },
         { IDOK, { 120, 10, 180, 30 } },
     };
-    m_First.SubclassDlgItem(ID_FIRST, this);
-    m_Second.SubclassDlgItem(ID_SECOND, this);
+    m_First.SubclassDlgItem(s_nIdFirst, this);
+    m_Second.SubclassDlgItem(s_nIdSecond, this);
     for (const auto& place : aPlaces)
         GetDlgItem(static_cast<int>(place.nID))->MoveWindow(&place.rect);
     return CDialog::OnInitDialog();
@@ -165,13 +165,13 @@ BOOL CInputDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 
 LRESULT CInputDialog::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (nMessage == WM_LOCK)
+    if (nMessage == s_nWmLock)
         m_Second.SetReadOnly(TRUE);
-    if (nMessage == WM_HOLE)
+    if (nMessage == s_nWmHole)
         m_First.MakeHole("LL");
-    if (nMessage == WM_EFFECT)
+    if (nMessage == s_nWmEffect)
         return static_cast<LRESULT>(m_First.m_nEffect);
-    if (nMessage != WM_PLACE)
+    if (nMessage != s_nWmPlace)
         return CDialog::WindowProc(nMessage, wParam, lParam);
     const CPoint place = PlaceOf(*reinterpret_cast<const std::string*>(lParam));
     return MAKELONG(place.x, place.y);
@@ -197,11 +197,11 @@ std::string CInputDialog::FocusName() const
         return "nothing";
     switch (::GetDlgCtrlID(hFocus))
     {
-        case ID_TEXT:
+        case s_nIdText:
             return "text";
-        case ID_FIRST:
+        case s_nIdFirst:
             return "first";
-        case ID_SECOND:
+        case s_nIdSecond:
             return "second";
         case FORMULA_EDIT_ID:
             return "box";
@@ -261,26 +261,38 @@ void CInputHand::Run(const std::string& strScript)
 void CInputHand::Do(const std::string& strWord)
 {
     if (strWord == "down" || strWord == "up")
+    {
         SendMouse(strWord == "down" ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
+    }
     else if (strWord == "click" || strWord == "double")
+    {
         for (int i = strWord == "click" ? 1 : 0; i < 2; i++)
         {
             SendMouse(MOUSEEVENTF_LEFTDOWN);
             SendMouse(MOUSEEVENTF_LEFTUP);
         }
+    }
     else if (strWord == "lock")
-        Ask(m_Dialog, WM_LOCK, strWord);
+    {
+        Ask(m_Dialog, s_nWmLock, strWord);
+    }
     else if (strWord == "hole")
-        Ask(m_Dialog, WM_HOLE, strWord);
+    {
+        Ask(m_Dialog, s_nWmHole, strWord);
+    }
     else if (strWord[0] == '=' || strWord[0] == '?')
+    {
         WaitForEffect(strWord[0] == '=' ? m_Dialog : m_Dialog.m_hPartner,
                       std::stoul(strWord.substr(1)));
+    }
     else if (std::string("@#$").find(strWord[0]) == std::string::npos && strWord != "free" &&
              strWord != "off")
+    {
         Press(strWord);
+    }
     else
     {
-        const LRESULT lPlace = Ask(m_Dialog, WM_PLACE, strWord);
+        const LRESULT lPlace = Ask(m_Dialog, s_nWmPlace, strWord);
         Move(CPoint(LOWORD(lPlace), HIWORD(lPlace)));
     }
 }
@@ -306,7 +318,7 @@ LRESULT CInputHand::Ask(HWND hDialog, UINT nMessage, const std::string& strWord)
 {
     DWORD_PTR nAnswer = 0;
     if (!::SendMessageTimeoutA(hDialog, nMessage, 0, reinterpret_cast<LPARAM>(&strWord),
-                               SMTO_NORMAL, PATIENCE, &nAnswer))
+                               SMTO_NORMAL, s_nPatience, &nAnswer))
         m_bGaveUp = true;
     return static_cast<LRESULT>(nAnswer);
 }
@@ -338,7 +350,7 @@ void CInputHand::Press(const std::string& strKeys)
 
 void CInputHand::WaitForEffect(HWND hDialog, DROPEFFECT nEffect)
 {
-    WaitFor([&] { return Ask(hDialog, WM_EFFECT, {}) == static_cast<LRESULT>(nEffect); });
+    WaitFor([&] { return Ask(hDialog, s_nWmEffect, {}) == static_cast<LRESULT>(nEffect); });
 }
 
 // While another process has the keyboard its queue cannot be watched.
@@ -351,10 +363,10 @@ void CInputHand::WaitUntilHandled()
         ::GetWindowThreadProcessId(::GetForegroundWindow(), &nProcess);
         if (nProcess != ::GetCurrentProcessId())
             return ::Sleep(50);
-        SendKey(MARK_KEY, false, nMark);
+        SendKey(s_nMarkKey, false, nMark);
         for (int i = 0; i < 50 && s_nMark != nMark; i++)
             ::Sleep(1);
-        m_bGaveUp = ::GetTickCount() - nBegin > PATIENCE;
+        m_bGaveUp = ::GetTickCount() - nBegin > s_nPatience;
     }
 }
 
@@ -364,11 +376,11 @@ void CInputHand::EndDrag()
     const DWORD nThread = ::GetWindowThreadProcessId(m_Dialog, nullptr);
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
-    for (DWORD nBegin = ::GetTickCount(); ::GetTickCount() - nBegin < 2 * PATIENCE; ::Sleep(10))
+    for (DWORD nBegin = ::GetTickCount(); ::GetTickCount() - nBegin < 2 * s_nPatience; ::Sleep(10))
     {
         if (!::GetGUIThreadInfo(nThread, &info) || info.hwndCapture == nullptr)
             return;
-        m_bGaveUp = m_bGaveUp || ::GetTickCount() - nBegin > PATIENCE;
+        m_bGaveUp = m_bGaveUp || ::GetTickCount() - nBegin > s_nPatience;
         if (m_bGaveUp)
             ::PostMessageA(info.hwndCapture, WM_KEYDOWN, VK_ESCAPE, 1);
     }

@@ -51,8 +51,10 @@ void ExpectState(CInputDialog& dialog, int nField, const std::string& strExpecte
         return strField.starts_with(strExpected);
     };
     if (!PumpUntil(isThere, 4000))
+    {
         ADD_FAILURE() << strField << "\n  instead of " << strExpected << "\nin "
                       << dialog.GetState();
+    }
 }
 
 void PlayCase(const SInputCase& one, std::function<void()> onChange = {})

@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr unsigned SCRIPTS = 300;
+constexpr unsigned s_nScripts = 300;
 
 using CStates = std::vector<std::string>;
 
@@ -62,7 +62,7 @@ TEST(SameStates, OfGestures)
 TEST(SameStates, OfRandomScripts)
 {
     int nDifferent = 0;
-    for (unsigned nSeed = 0; nSeed < SCRIPTS && nDifferent < 5; nSeed++)
+    for (unsigned nSeed = 0; nSeed < s_nScripts && nDifferent < 5; nSeed++)
     {
         const CRandomScript script = MakeRandomScript(nSeed);
         std::optional<CBoxedPlaceholders> boxed;

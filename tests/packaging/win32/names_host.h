@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr int s_nSide = 100;
+constexpr int SIDE = 100;
 
 class MIVORA_HOST_SUITE : public testing::Test
 {
@@ -18,7 +18,7 @@ protected:
     {
         CClientDC screen(nullptr);
         ASSERT_TRUE(m_dc.CreateCompatibleDC(&screen));
-        ASSERT_TRUE(m_bitmap.CreateCompatibleBitmap(&screen, s_nSide, s_nSide));
+        ASSERT_TRUE(m_bitmap.CreateCompatibleBitmap(&screen, SIDE, SIDE));
         m_pOldBitmap = m_dc.SelectObject(&m_bitmap);
 
         LOGFONTA ours = {};
@@ -50,15 +50,15 @@ protected:
     template <class TOurs, class TTheirs>
     void ExpectSamePicture(TOurs ours, TTheirs theirs)
     {
-        COLORREF aPixels[2][s_nSide * s_nSide];
+        COLORREF aPixels[2][SIDE * SIDE];
         for (int n = 0; n < 2; ++n)
         {
-            m_dc.FillSolidRect(0, 0, s_nSide, s_nSide, RGB(255, 255, 255));
+            m_dc.FillSolidRect(0, 0, SIDE, SIDE, RGB(255, 255, 255));
             n == 0 ? ours() : theirs();
             int nInk = 0;
-            for (int i = 0; i < s_nSide * s_nSide; ++i)
+            for (int i = 0; i < SIDE * SIDE; ++i)
             {
-                aPixels[n][i] = m_dc.GetPixel(i % s_nSide, i / s_nSide);
+                aPixels[n][i] = m_dc.GetPixel(i % SIDE, i / SIDE);
                 nInk += aPixels[n][i] != RGB(255, 255, 255);
             }
             EXPECT_GT(nInk, 50);

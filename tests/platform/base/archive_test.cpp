@@ -69,9 +69,7 @@ CString LoadText(std::string_view bytes, ULONGLONG* pnPosition = nullptr)
     ar >> text;
     ar.Close();
     if (pnPosition != nullptr)
-    {
         *pnPosition = file.GetPosition();
-    }
     return text;
 }
 }  // namespace
@@ -166,9 +164,7 @@ TEST(Archive, TextOfTwoBytesACharacterIsConverted)
     EXPECT_EQ(LoadText("\xFF\xFE\xFF\x00"sv).View(), "");
     std::string bytes = "\xFF\xFE\xFF\xFF\x2C\x01";  // 300 characters
     for (int i = 0; i < 300; ++i)
-    {
         bytes += std::string("\xE4\0", 2);
-    }
     EXPECT_EQ(LoadText(bytes).View(), std::string(300, '\xE4'));
 
     CMemFile file;
@@ -242,9 +238,7 @@ TEST(Archive, BlocksPassTheBufferInAnySize)
 {
     std::string bytes;
     for (int i = 0; i < 20000; ++i)
-    {
         bytes += static_cast<char>(i * 7 + i / 256);
-    }
     const UINT aSizes[] = { 1, 3, 127, 128, 129, 4095, 4096, 4097, 0, 5000, 10 };
     CMemFile file(1);
     CArchive storing(&file, CArchive::store, 128);

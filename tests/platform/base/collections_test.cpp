@@ -19,14 +19,10 @@ std::vector<CObject*> Forwards(const CObList& list)
 {
     std::vector<CObject*> result;
     for (POSITION pos = list.GetHeadPosition(); pos != nullptr;)
-    {
         result.push_back(list.GetNext(pos));
-    }
     std::vector<CObject*> backwards;
     for (POSITION pos = list.GetTailPosition(); pos != nullptr;)
-    {
         backwards.insert(backwards.begin(), list.GetPrev(pos));
-    }
     EXPECT_EQ(result, backwards);
     EXPECT_EQ(static_cast<INT_PTR>(result.size()), list.GetCount());
     return result;

@@ -94,9 +94,7 @@ TEST(CStringParts, CountsAndPositionsOutsideAreCut)
         { CString(nullptr), "" },
     };
     for (const auto& c : aCases)
-    {
         ExpectText(c.part, c.pszExpected);
-    }
 }
 
 TEST(CStringParts, IndexingEndsAtTheEndMark)

@@ -24,9 +24,7 @@ long Count(int nLevels, bool bThrow)
             if (nLevels == 0)
             {
                 if (bThrow)
-                {
                     throw std::runtime_error("bottom");
-                }
                 return 0;
             }
             return Count(nLevels - 1, bThrow) + 1 + (aFrame[0] - static_cast<char>(nLevels));
@@ -40,13 +38,9 @@ CString Name(int nLevels)
         [&]
         {
             if (nLevels == 0)
-            {
                 throw std::runtime_error("bottom");
-            }
             if (nLevels % 100 != 0)
-            {
                 return Name(nLevels - 1);
-            }
             try
             {
                 return Name(nLevels - 1);
@@ -71,9 +65,7 @@ void Leave(int nLevels)
         {
             const CWitness witness;
             if (nLevels == 0)
-            {
                 throw 7;
-            }
             Leave(nLevels - 1);
         });
 }
@@ -205,8 +197,6 @@ TEST(DeepCall, CrossesTheBoundaryManyTimes)
 {
     long nSum = 0;
     for (int i = 0; i < 20000; ++i)
-    {
         nSum += Count(deep_call::nFirstLevels + i % 3, false);
-    }
     EXPECT_EQ(nSum, 20000L * deep_call::nFirstLevels + 6666 * 3 + 0 + 1);
 }

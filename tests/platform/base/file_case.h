@@ -66,9 +66,7 @@ inline void Save(const std::string& path, const char* pszText)
     CMirrorFile file;
     CFileException error;
     if (!file.Open(path.c_str(), nCreateWrite, &error))
-    {
         AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
-    }
     const std::string_view text(pszText);
     file.Write(text.data(), static_cast<UINT>(text.size() / 2));
     file.Write(text.data() + text.size() / 2, static_cast<UINT>(text.size() - text.size() / 2));

@@ -69,9 +69,7 @@ TEST_F(CFileTest, EveryFaultLeavesTheOldFile)
         {
             fs::remove(path);
             if (bExists)
-            {
                 Put(path, "old");
-            }
             g_eFailing = c.eOperation;
             g_nPassesLeft = c.nPasses;
             g_pfnFileFault = FailOne;

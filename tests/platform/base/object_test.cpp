@@ -105,9 +105,7 @@ TEST(MessageMap, LeadsToTheBase)
     {
         std::size_t n = 0;
         while (p->lpEntries[n].nSig != 0)
-        {
             ++n;
-        }
         sizes.push_back(n);
     }
     EXPECT_EQ(sizes, (std::vector<std::size_t>{ 0, 1, 0 }));

@@ -158,9 +158,7 @@ TEST(MulDiv, RoundsHalvesAwayFromZero)
         { 1920 * 100, 508, 1920, 50800 },
     };
     for (const auto& c : aCases)
-    {
         EXPECT_EQ(MulDiv(c.a, c.b, c.c), c.nExpected) << c.a << " " << c.b << " " << c.c;
-    }
 }
 
 TEST(GlobalMemory, ResizesAsItsFlagsSay)
@@ -206,9 +204,7 @@ TEST(CodePage, EveryByteComesBack)
 {
     std::string all;
     for (int n = 0; n < 256; ++n)
-    {
         all += static_cast<char>(n);
-    }
     std::string back;
     std::size_t nBad = 0;
     EXPECT_TRUE(Utf8ToWindows1252(Windows1252ToUtf8(all), &back, &nBad));

@@ -16,7 +16,7 @@
 namespace
 {
 
-constexpr std::size_t SECTOR = 512;
+constexpr std::size_t s_nSector = 512;
 
 std::span<const BYTE> BytesOf(const std::string& str)
 {
@@ -68,7 +68,7 @@ void PutNumber(std::string& str, std::size_t nOffset, DWORD n)
 // Where a sector begins in the file.
 std::size_t Place(DWORD nSector)
 {
-    return (std::size_t{ nSector } + 1) * SECTOR;
+    return (std::size_t{ nSector } + 1) * s_nSector;
 }
 
 }  // namespace
@@ -150,7 +150,7 @@ TEST(CompoundFiles, AnswerThousandsOfDamagedOnesInTime)
     {
         SCOPED_TRACE(n);
         std::string strDamaged = aFiles[n % 3];
-        const auto nSectors = static_cast<DWORD>(strDamaged.size() / SECTOR);
+        const auto nSectors = static_cast<DWORD>(strDamaged.size() / s_nSector);
         for (std::size_t nHits = 1 + below(3); nHits > 0; --nHits)
         {
             const DWORD anWild[] = { 0,
@@ -162,7 +162,7 @@ TEST(CompoundFiles, AnswerThousandsOfDamagedOnesInTime)
                                      0x80000000,
                                      static_cast<DWORD>(random()) };
             // The header, and sectors that are not the stream's, are hit most.
-            const std::size_t nPart = below(4) == 0 ? strDamaged.size() : 4 * SECTOR;
+            const std::size_t nPart = below(4) == 0 ? strDamaged.size() : 4 * s_nSector;
             const std::size_t nPlace = std::min(below(nPart), strDamaged.size() - 4) / 4 * 4;
             PutNumber(strDamaged, nPlace, anWild[below(std::size(anWild))]);
         }

@@ -20,8 +20,10 @@ CPlaces DarkPlaces(const CMemoryPicture& picture)
     CPlaces places;
     const std::vector<COLORREF> colours = picture.Colours();
     for (int i = 0; i < picture.Width() * picture.Height(); ++i)
+    {
         if (colours[static_cast<std::size_t>(i)] != 0xFFFFFF)
             places.emplace(i % picture.Width(), i / picture.Width());
+    }
     return places;
 }
 
@@ -64,8 +66,10 @@ TEST(BitmapLines, TakeTheFirstPointAndLeaveTheLast)
         { { 3, 3 }, { 6, 6 }, { { 3, 3 }, { 4, 4 }, { 5, 5 } } },
     };
     for (const auto& c : aCases)
+    {
         EXPECT_EQ(LinePlaces(c.from, c.to), c.places)
             << c.from.x << ',' << c.from.y << " to " << c.to.x << ',' << c.to.y;
+    }
 }
 
 // Backwards a line meets the pixels that it meets forwards; ends apart.
@@ -73,6 +77,7 @@ TEST(BitmapLines, MeetTheSamePixelsInBothDirections)
 {
     const POINT middle{ 20, 20 };
     for (int dx = -15; dx <= 15; ++dx)
+    {
         for (int dy = -15; dy <= 15; ++dy)
         {
             const POINT end{ middle.x + dx, middle.y + dy };
@@ -84,6 +89,7 @@ TEST(BitmapLines, MeetTheSamePixelsInBothDirections)
                 continue;
             EXPECT_EQ(there, back) << dx << ',' << dy;
         }
+    }
 }
 
 // What lies outside is left out, and shifts nothing that lies inside.
@@ -130,8 +136,10 @@ TEST(BitmapFills, FollowTheRulesForInvertedRectangles)
             FillRect(picture, &c.rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
         CPlaces expected;
         for (int y = c.filled.top; y < c.filled.bottom; ++y)
+        {
             for (int x = c.filled.left; x < c.filled.right; ++x)
                 expected.emplace(x, y);
+        }
         EXPECT_EQ(DarkPlaces(picture), expected) << c.pszName << ' ' << c.kind;
     }
 }
@@ -182,6 +190,7 @@ TEST(BitmapRectangles, HatchIsFixedToTheDevice)
     {
         const CLines lines = draw(nBkMode, 0);
         for (int y = 0; y < 12; ++y)
+        {
             for (int x = 0; x < 18; ++x)
             {
                 const bool bInside = x >= 1 && x < 17 && y >= 1 && y < 11;
@@ -195,6 +204,7 @@ TEST(BitmapRectangles, HatchIsFixedToTheDevice)
                     cExpected = 'r';
                 EXPECT_EQ(lines[y][x], cExpected) << x << ',' << y;
             }
+        }
         EXPECT_EQ(draw(nBkMode, 5), lines);
     }
 }
@@ -356,6 +366,7 @@ TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
     CDC& dc = *CDC::FromHandle(picture);
     dc.SetBkMode(TRANSPARENT);
     for (const int nHeight : { -1, -300, -5000, -70000, -100000000, INT32_MIN, INT32_MAX })
+    {
         for (const int nWidth : { 0, 1, 5000, INT32_MAX, INT32_MIN })
         {
             CUseFont font(picture, FontOf("Symbol", nHeight, nWidth));
@@ -366,6 +377,7 @@ TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
                 dc.DrawText("\xD6(", 2, &rect, DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX);
             }
         }
+    }
     const std::string strLong(70000, 'M');
     dc.ExtTextOut(-600000, 0, 0, nullptr, strLong.data(), 70000, nullptr);
     const std::vector<INT> anDx(strLong.size(), INT32_MAX);
@@ -380,10 +392,10 @@ TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
 // A picture that is too wide for a surface of cairo's takes everything that a narrow one takes.
 TEST(BitmapShapes, ReachTheEndOfVeryWidePictures)
 {
-    constexpr int WIDTH = 70000;
+    constexpr int nWidth = 70000;
     const auto ink = [](int nLeft, auto draw)
     {
-        CMemoryPicture picture(WIDTH, 8);
+        CMemoryPicture picture(nWidth, 8);
         SetBkMode(picture, TRANSPARENT);
         draw(picture, nLeft);
         const CRect box = picture.Inked();

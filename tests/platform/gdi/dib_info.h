@@ -62,7 +62,11 @@ inline void SetSigns(HDC hDC, const CLines& lines)
         return c == 'r' ? 0x0000FFu : c == 'g' ? 0x00FF00u : c == 'b' ? 0xFF0000u : 0u;
     };
     for (std::size_t y = 0; y < lines.size(); ++y)
+    {
         for (std::size_t x = 0; x < lines[y].size(); ++x)
+        {
             SetPixel(hDC, static_cast<int>(x), static_cast<int>(y),
                      lines[y][x] == '.' ? 0xFFFFFF : colour(lines[y][x]));
+        }
+    }
 }

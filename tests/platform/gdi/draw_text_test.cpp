@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr UINT LINE = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
+constexpr UINT s_nLine = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
 
 // The texts that are drawn, with a font of 16 pixels or another one in the device context.
 template <class F>
@@ -96,9 +96,9 @@ TEST(DrawText, DoesNotTurnRoundInAMapping)
             DrawTextA(hDC, "abc", -1, &rect, nFormat);
         };
     };
-    EXPECT_EQ(TextCalls(draw(LINE | DT_CENTER | DT_VCENTER)),
+    EXPECT_EQ(TextCalls(draw(s_nLine | DT_CENTER | DT_VCENTER)),
               std::vector<std::string>{ "text 23 16 0 rect 10 10 60 40 dx 7 8 7 codes 97 98 99" });
-    EXPECT_EQ(Reference(TextCalls(draw(LINE | DT_RIGHT | DT_BOTTOM))), CPoint(37, 22));
+    EXPECT_EQ(Reference(TextCalls(draw(s_nLine | DT_RIGHT | DT_BOTTOM))), CPoint(37, 22));
 }
 
 TEST(DrawText, HandsTheTargetWhatARecordNeeds)
@@ -107,7 +107,7 @@ TEST(DrawText, HandsTheTargetWhatARecordNeeds)
     const auto draw = [&](HDC hDC)
     {
         RECT box = rect;
-        DrawTextA(hDC, "", 0, &box, LINE);  // no characters, no call
+        DrawTextA(hDC, "", 0, &box, s_nLine);  // no characters, no call
         DrawTextA(hDC, "\xE4\x80\x81", 3, &box, DT_SINGLELINE | DT_NOPREFIX);
         ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, nullptr);
         const INT anDx[] = { 30, -4 };
@@ -120,7 +120,7 @@ TEST(DrawText, HandsTheTargetWhatARecordNeeds)
     const auto drawSymbols = [&](HDC hDC)
     {
         RECT box = rect;
-        DrawTextA(hDC, "\xE5\x61", 2, &box, LINE);
+        DrawTextA(hDC, "\xE5\x61", 2, &box, s_nLine);
     };
     EXPECT_EQ(
         TextCalls(drawSymbols, FontOf("Symbol", -30)),  // F0E5 F061

@@ -93,8 +93,10 @@ TEST_F(FontMetrics, AgreeWithTheNumbersWorkedOutFromTheFiles)
         LONG anMetrics[] = { m.tmAscent,          m.tmDescent,      m.tmInternalLeading,
                              m.tmExternalLeading, m.tmAveCharWidth, m.tmMaxCharWidth };
         for (int i = 0; i < 6; ++i)
+        {
             EXPECT_EQ(anMetrics[i], fact.m_anMetrics[i])
                 << "number " << i << " of " << fact.m_strRow;
+        }
         EXPECT_EQ(m.tmHeight, m.tmAscent + m.tmDescent);
 
         std::array<INT, 256> anWidths = Widths(m_dc, fact.m_font);
@@ -172,7 +174,9 @@ TEST_F(FontMetrics, PointSizesBecomeLogicalHeights)
     SetHundredths(hundredths);
     hundredths.SetWindowOrg(-300, 77);  // must not matter
     for (const auto& row : aCases)
+    {
         for (int i = 0; i < 4; ++i)
+        {
             for (int nSign : { -10, 10 })
             {
                 SCOPED_TRACE(testing::Message() << apszFaces[i] << ' ' << row.m_nPoints);
@@ -199,6 +203,8 @@ TEST_F(FontMetrics, PointSizesBecomeLogicalHeights)
                     EXPECT_EQ(pDC->GetTextExtent("", 0), CSize(0, 0));
                 }
             }
+        }
+    }
 }
 
 // 18 pixels, seven eighths of them a logical unit: each height is converted by itself, the width

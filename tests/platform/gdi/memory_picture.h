@@ -87,8 +87,10 @@ public:
         {
             const CRect pixel(CPoint(n % m_nWidth, n / m_nWidth), CSize(1, 1));
             if (colour != 0xFFFFFF)
+            {
                 box = { std::min(box.left, pixel.left), std::min(box.top, pixel.top),
                         std::max(box.right, pixel.right), std::max(box.bottom, pixel.bottom) };
+            }
             ++n;
         }
         return box;

@@ -162,6 +162,7 @@ TEST(MetafileReader, BelievesNoDamagedField)
         }
     }
     for (std::size_t nOffset = 0; nOffset < strWhole.size(); ++nOffset)
+    {
         for (int nBit = 0; nBit < 8; ++nBit)
         {
             std::string strDamaged = strWhole;
@@ -169,6 +170,7 @@ TEST(MetafileReader, BelievesNoDamagedField)
             CSeen seen;
             EnumerateBytes(strDamaged, seen);
         }
+    }
 }
 
 TEST(MetafileReader, FindsCommentsInSpiteOfDamage)

@@ -15,7 +15,7 @@
 namespace
 {
 
-constexpr UINT LINE = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
+constexpr UINT s_nLine = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
 
 const BYTE* AsBytes(const char* pszText)
 {
@@ -62,7 +62,7 @@ void DrawExample(HDC hDC)
     SetBkMode(hDC, TRANSPARENT);
     SetTextColor(hDC, 0x030201);
     RECT box{ 10, 10, 60, 40 };
-    DrawTextA(hDC, "abc", 3, &box, LINE | DT_CENTER | DT_VCENTER);
+    DrawTextA(hDC, "abc", 3, &box, s_nLine | DT_CENTER | DT_VCENTER);
     SelectObject(hDC, hOld);
     DeleteObject(hFont);
 }
@@ -96,8 +96,10 @@ TEST(MetafileWriter, WritesTheRecordsOfADrawing)
     };
     CRecordLines lines = DumpRecords(Record(DrawExample, nullptr, "Maker\0Picture\0"));
     for (std::string& strLine : lines)
+    {
         if (Field(strLine, "text") == "\"\"")
             strLine = WithoutPlaces(strLine);
+    }
     EXPECT_EQ(lines, expected);
 }
 
@@ -235,14 +237,15 @@ TEST(MetafileWriter, WritesTextsAsUnicode)
         const char* m_pszOptions;
         const char* m_pszDx;
     } aCases[] = {
-        { "Times New Roman", "a", LINE, "\"a\"", "0", "7" },
+        { "Times New Roman", "a", s_nLine, "\"a\"", "0", "7" },
         { "Times New Roman", "a", DT_SINGLELINE | DT_NOPREFIX, "\"a\"", "4", "7" },
-        { "Times New Roman", "\xE4\x80\x9F", LINE, "\"\\u00e4\\u20ac\\u0178\"", "0", "7,8,12" },
-        { "Symbol", "\xE5\x61", LINE, "\"\\uf0e5\\uf061\"", "0", "11,10" },
-        { "MT Extra", "h", LINE, "\"h\"", "0", "10" },
+        { "Times New Roman", "\xE4\x80\x9F", s_nLine, "\"\\u00e4\\u20ac\\u0178\"", "0", "7,8,12" },
+        { "Symbol", "\xE5\x61", s_nLine, "\"\\uf0e5\\uf061\"", "0", "11,10" },
+        { "MT Extra", "h", s_nLine, "\"h\"", "0", "10" },
     };
     std::vector<std::string> metafiles;
     for (const auto& row : aCases)
+    {
         metafiles.push_back(Record(
             [&](HDC hDC)
             {
@@ -251,6 +254,7 @@ TEST(MetafileWriter, WritesTextsAsUnicode)
                 DrawTextA(hDC, row.m_strText.c_str(), -1, &rect, row.m_nFormat);
                 DrawTextA(hDC, "", 0, &rect, row.m_nFormat);
             }));
+    }
     std::vector<CRecordLines> dumps = DumpRecords(metafiles);
     for (std::size_t i = 0; i < std::size(aCases); ++i)
     {

@@ -84,8 +84,10 @@ void LetGo()
     if (IsPressed(VK_RBUTTON))
         SendMouse(MOUSEEVENTF_RIGHTUP);
     for (const WORD nKey : { VK_CONTROL, VK_SHIFT, VK_MENU })
+    {
         if (IsPressed(nKey))
             SendKey(nKey, false);
+    }
 }
 
 // ---- The mover

@@ -209,13 +209,13 @@ TEST(Dispatch, EachMessageReachesItsHandler)
 
 // ---- Commands, notifications, reflection
 
-constexpr UINT ID_PLAIN = 40001;
-constexpr UINT ID_REFUSED = 40002;  // its handler leaves it to the base class
-constexpr UINT ID_GREY = 40003;
-constexpr UINT ID_RANGE = 40010;
-constexpr UINT ID_REFLECTED = 8;
-constexpr UINT ID_UNREFLECTED = 9;
-constexpr WORD NOTICE = 0xFF96;  // -106
+constexpr UINT s_nIdPlain = 40001;
+constexpr UINT s_nIdRefused = 40002;  // its handler leaves it to the base class
+constexpr UINT s_nIdGrey = 40003;
+constexpr UINT s_nIdRange = 40010;
+constexpr UINT s_nIdReflected = 8;
+constexpr UINT s_nIdUnreflected = 9;
+constexpr WORD s_nNotice = 0xFF96;  // -106
 
 class CBaseTarget : public CWnd
 {
@@ -235,12 +235,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CBaseTarget, CWnd)
-ON_COMMAND_EX(ID_REFUSED, OnBase)
-ON_COMMAND(ID_PLAIN, OnPlain)
-ON_EN_UPDATE(ID_REFLECTED, OnUpdate)
-ON_EN_UPDATE(ID_UNREFLECTED, OnUpdate)
-ON_NOTIFY(static_cast<UINT>(-106), ID_REFLECTED, OnNotice)
-ON_NOTIFY(static_cast<UINT>(-106), ID_UNREFLECTED, OnNotice)
+ON_COMMAND_EX(s_nIdRefused, OnBase)
+ON_COMMAND(s_nIdPlain, OnPlain)
+ON_EN_UPDATE(s_nIdReflected, OnUpdate)
+ON_EN_UPDATE(s_nIdUnreflected, OnUpdate)
+ON_NOTIFY(static_cast<UINT>(-106), s_nIdReflected, OnNotice)
+ON_NOTIFY(static_cast<UINT>(-106), s_nIdUnreflected, OnNotice)
 END_MESSAGE_MAP()
 
 class CTarget : public CBaseTarget
@@ -254,12 +254,12 @@ class CTarget : public CBaseTarget
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTarget, CBaseTarget)
-ON_COMMAND(ID_PLAIN, OnPlain)
-ON_COMMAND(ID_GREY, OnGrey)
-ON_COMMAND_RANGE(ID_RANGE, ID_RANGE + 5, OnRange)
-ON_UPDATE_COMMAND_UI(ID_GREY, OnUpdateGrey)
-ON_UPDATE_COMMAND_UI(ID_PLAIN, OnUpdatePlain)
-ON_CONTROL_RANGE(EN_CHANGE, ID_REFLECTED, ID_UNREFLECTED, OnControls)
+ON_COMMAND(s_nIdPlain, OnPlain)
+ON_COMMAND(s_nIdGrey, OnGrey)
+ON_COMMAND_RANGE(s_nIdRange, s_nIdRange + 5, OnRange)
+ON_UPDATE_COMMAND_UI(s_nIdGrey, OnUpdateGrey)
+ON_UPDATE_COMMAND_UI(s_nIdPlain, OnUpdatePlain)
+ON_CONTROL_RANGE(EN_CHANGE, s_nIdReflected, s_nIdUnreflected, OnControls)
 END_MESSAGE_MAP()
 
 class CReflecting : public CWnd
@@ -299,14 +299,14 @@ TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
     CTarget target;
     MakeChild(target, parent);
     CReflecting reflecting;
-    MakeChild(reflecting, target, ID_REFLECTED);
+    MakeChild(reflecting, target, s_nIdReflected);
     CWnd plain;
-    MakeChild(plain, target, ID_UNREFLECTED);
+    MakeChild(plain, target, s_nIdUnreflected);
     const auto lReflecting = reinterpret_cast<LPARAM>(reflecting.GetSafeHwnd());
     const auto lPlain = reinterpret_cast<LPARAM>(plain.GetSafeHwnd());
-    NMHDR aHeaders[] = { { reflecting, ID_REFLECTED, static_cast<UINT>(-106) },
-                         { plain, ID_UNREFLECTED, static_cast<UINT>(-106) },
-                         { plain, ID_UNREFLECTED, static_cast<UINT>(-107) } };
+    NMHDR aHeaders[] = { { reflecting, s_nIdReflected, static_cast<UINT>(-106) },
+                         { plain, s_nIdUnreflected, static_cast<UINT>(-106) },
+                         { plain, s_nIdUnreflected, static_cast<UINT>(-107) } };
     const auto command = [](UINT nID, UINT nCode)
     {
         return static_cast<WPARAM>(MAKELONG(nID, nCode));
@@ -316,20 +316,20 @@ TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
         return reinterpret_cast<LPARAM>(&aHeaders[n]);
     };
     const CMessageCase aCases[] = {
-        { WM_COMMAND, command(ID_PLAIN, 0), 0, "Plain", 1 },
-        { WM_COMMAND, command(ID_PLAIN, 1), 0, "Plain", 1 },  // an accelerator
-        { WM_COMMAND, command(ID_GREY, 0), 0, "", 1 },        // disabled, and so done with
-        { WM_COMMAND, command(ID_REFUSED, 0), 0, "Base(40002)", 1 },
-        { WM_COMMAND, command(ID_RANGE + 5, 0), 0, "Range(40015)", 1 },
-        { WM_COMMAND, command(ID_RANGE + 6, 0), 0, "", 0 },
-        { WM_COMMAND, command(ID_REFLECTED, EN_UPDATE), lReflecting, "ReflectedUpdate", 1 },
-        { WM_COMMAND, command(ID_UNREFLECTED, EN_UPDATE), lPlain, "EnUpdate", 1 },
-        { WM_COMMAND, command(ID_REFLECTED, EN_CHANGE), lReflecting, "ReflectedChange Controls(8)",
-          1 },
-        { WM_COMMAND, command(ID_UNREFLECTED, EN_KILLFOCUS), lPlain, "", 0 },
-        { WM_NOTIFY, ID_REFLECTED, header(0), "ReflectedNotice", 6 },
-        { WM_NOTIFY, ID_UNREFLECTED, header(1), "Notice(9,-106)", 5 },
-        { WM_NOTIFY, ID_UNREFLECTED, header(2), "", 0 },
+        { WM_COMMAND, command(s_nIdPlain, 0), 0, "Plain", 1 },
+        { WM_COMMAND, command(s_nIdPlain, 1), 0, "Plain", 1 },  // an accelerator
+        { WM_COMMAND, command(s_nIdGrey, 0), 0, "", 1 },        // disabled, and so done with
+        { WM_COMMAND, command(s_nIdRefused, 0), 0, "Base(40002)", 1 },
+        { WM_COMMAND, command(s_nIdRange + 5, 0), 0, "Range(40015)", 1 },
+        { WM_COMMAND, command(s_nIdRange + 6, 0), 0, "", 0 },
+        { WM_COMMAND, command(s_nIdReflected, EN_UPDATE), lReflecting, "ReflectedUpdate", 1 },
+        { WM_COMMAND, command(s_nIdUnreflected, EN_UPDATE), lPlain, "EnUpdate", 1 },
+        { WM_COMMAND, command(s_nIdReflected, EN_CHANGE), lReflecting,
+          "ReflectedChange Controls(8)", 1 },
+        { WM_COMMAND, command(s_nIdUnreflected, EN_KILLFOCUS), lPlain, "", 0 },
+        { WM_NOTIFY, s_nIdReflected, header(0), "ReflectedNotice", 6 },
+        { WM_NOTIFY, s_nIdUnreflected, header(1), "Notice(9,-106)", 5 },
+        { WM_NOTIFY, s_nIdUnreflected, header(2), "", 0 },
     };
     for (const CMessageCase& row : aCases)
     {
@@ -339,13 +339,13 @@ TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
     }
 
     CUpdatingEdit edit;
-    ASSERT_TRUE(edit.Create(0, CRect(0, 0, 50, 20), &target, ID_REFLECTED + 20));
+    ASSERT_TRUE(edit.Create(0, CRect(0, 0, 50, 20), &target, s_nIdReflected + 20));
     edit.SetWindowText("t");
     edit.SendMessage(WM_CHAR, 'x');
     EXPECT_EQ(TakeLog(), "Update Update");
 
     AFX_CMDHANDLERINFO info = {};
-    EXPECT_TRUE(target.OnCmdMsg(ID_PLAIN, CN_COMMAND, nullptr, &info));
+    EXPECT_TRUE(target.OnCmdMsg(s_nIdPlain, CN_COMMAND, nullptr, &info));
     EXPECT_EQ(info.pTarget, &target);
     EXPECT_EQ(TakeLog(), "") << "asking for a handler calls none";
 }

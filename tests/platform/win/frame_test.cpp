@@ -14,12 +14,12 @@
 
 namespace
 {
-constexpr UINT ID_OF_VIEW = 0xE122;
-constexpr UINT ID_OF_FRAME = 0x8001;
-constexpr UINT ID_OF_APP = 0x8002;
-constexpr UINT ID_OF_NOBODY = 0x8003;
-constexpr UINT ID_CHECKED = 0x8004;
-constexpr UINT ID_STATUS = 0xE801;
+constexpr UINT s_nIdOfView = 0xE122;
+constexpr UINT s_nIdOfFrame = 0x8001;
+constexpr UINT s_nIdOfApp = 0x8002;
+constexpr UINT s_nIdOfNobody = 0x8003;
+constexpr UINT s_nIdChecked = 0x8004;
+constexpr UINT s_nIdStatus = 0xE801;
 
 class CTestApp : public CWindowApp
 {
@@ -41,7 +41,7 @@ private:
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTestApp, CWindowApp)
-ON_COMMAND(ID_OF_APP, OnCommand)
+ON_COMMAND(s_nIdOfApp, OnCommand)
 END_MESSAGE_MAP()
 
 class CTestView : public CWnd
@@ -50,7 +50,7 @@ class CTestView : public CWnd
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTestView, CWnd)
-ON_COMMAND(ID_OF_VIEW, OnCommand)
+ON_COMMAND(s_nIdOfView, OnCommand)
 END_MESSAGE_MAP()
 
 // A menu whose items are drawn by itself.
@@ -82,7 +82,7 @@ private:
     int OnCreate(LPCREATESTRUCTA)
     {
         m_view.Create(nullptr, "", WS_VISIBLE, CRect(), this, AFX_IDW_PANE_FIRST);
-        m_status.Create("STATIC", "", WS_VISIBLE, CRect(), this, ID_STATUS);
+        m_status.Create("STATIC", "", WS_VISIBLE, CRect(), this, s_nIdStatus);
         SetActiveView(&m_view);
         return 0;
     }
@@ -111,10 +111,10 @@ private:
 BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
 ON_WM_CREATE()
 ON_WM_INITMENUPOPUP()
-ON_COMMAND(ID_OF_FRAME, OnCommand)
-ON_COMMAND(ID_OF_VIEW, OnCommand)
-ON_UPDATE_COMMAND_UI(ID_CHECKED, OnUpdateChecked)
-ON_UPDATE_COMMAND_UI(ID_STATUS, OnUpdateStatus)
+ON_COMMAND(s_nIdOfFrame, OnCommand)
+ON_COMMAND(s_nIdOfView, OnCommand)
+ON_UPDATE_COMMAND_UI(s_nIdChecked, OnUpdateChecked)
+ON_UPDATE_COMMAND_UI(s_nIdStatus, OnUpdateStatus)
 ON_MESSAGE(WM_APP, OnThrow)
 END_MESSAGE_MAP()
 
@@ -150,17 +150,17 @@ TEST_F(Frame, CommandsGoToViewFrameAndApplication)
     {
         UINT nID;
         const char* pszLog;
-    } aCases[] = { { ID_OF_VIEW, "View" },
-                   { ID_OF_FRAME, "Frame" },
-                   { ID_OF_APP, "App" },
-                   { ID_OF_NOBODY, "" } };
+    } aCases[] = { { s_nIdOfView, "View" },
+                   { s_nIdOfFrame, "Frame" },
+                   { s_nIdOfApp, "App" },
+                   { s_nIdOfNobody, "" } };
     for (const auto& row : aCases)
     {
         m_pFrame->SendMessage(WM_COMMAND, row.nID);
         EXPECT_EQ(TakeLog(), row.pszLog);
     }
     m_pFrame->m_view.DestroyWindow();  // a view that is gone is not asked
-    m_pFrame->SendMessage(WM_COMMAND, ID_OF_VIEW);
+    m_pFrame->SendMessage(WM_COMMAND, s_nIdOfView);
     EXPECT_EQ(TakeLog(), "Frame");
 }
 
@@ -180,7 +180,8 @@ TEST_F(Frame, MenusShowWhatCommandsCan)
 {
     CMenu menu;
     ASSERT_TRUE(menu.CreatePopupMenu());
-    for (const UINT nID : { ID_OF_VIEW, ID_OF_APP, ID_OF_NOBODY, 0U, ID_CHECKED, UINT{ SC_CLOSE } })
+    for (const UINT nID :
+         { s_nIdOfView, s_nIdOfApp, s_nIdOfNobody, 0U, s_nIdChecked, UINT{ SC_CLOSE } })
         menu.AppendMenu(nID == 0 ? MF_SEPARATOR : MF_STRING, nID, "text");
     m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()), 0);
     const UINT anStates[] = { MF_ENABLED,   MF_ENABLED, MF_GRAYED,
@@ -193,12 +194,12 @@ TEST_F(Frame, MenusShowWhatCommandsCan)
         EXPECT_EQ(nState & nShown, anStates[n]) << n;
     }
     CString strText;
-    EXPECT_EQ(menu.GetMenuString(ID_CHECKED, strText, MF_BYCOMMAND), 10);
+    EXPECT_EQ(menu.GetMenuString(s_nIdChecked, strText, MF_BYCOMMAND), 10);
     EXPECT_STREQ(strText, "other text");
     m_pFrame->m_bAutoMenuEnable = FALSE;
-    menu.EnableMenuItem(ID_OF_NOBODY, MF_BYCOMMAND | MF_ENABLED);
+    menu.EnableMenuItem(s_nIdOfNobody, MF_BYCOMMAND | MF_ENABLED);
     m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()), 0);
-    EXPECT_EQ(menu.GetMenuState(ID_OF_NOBODY, MF_BYCOMMAND), UINT{ MF_ENABLED });
+    EXPECT_EQ(menu.GetMenuState(s_nIdOfNobody, MF_BYCOMMAND), UINT{ MF_ENABLED });
 }
 
 TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
@@ -207,24 +208,24 @@ TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
     bar.CreateMenu();
     CMenu popup;
     popup.CreatePopupMenu();
-    popup.AppendMenu(MF_STRING, ID_OF_FRAME, "first");
+    popup.AppendMenu(MF_STRING, s_nIdOfFrame, "first");
     bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "popup");
     const CRect exclude(100, 100, 200, 200);
     CMenu* pSub = bar.GetSubMenu(0);
     ASSERT_NE(pSub, nullptr);
     EXPECT_EQ(pSub->TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, &exclude),
-              static_cast<BOOL>(ID_OF_FRAME));
+              static_cast<BOOL>(s_nIdOfFrame));
     m_pFrame->m_nKey = VK_ESCAPE;
     EXPECT_EQ(pSub->TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame), 0);
     m_pFrame->m_nKey = VK_RETURN;
 
     CDrawnMenu drawn;
     drawn.CreatePopupMenu();
-    drawn.AppendMenu(MF_OWNERDRAW, ID_OF_FRAME);
-    drawn.AppendMenu(MF_OWNERDRAW, ID_OF_APP);
+    drawn.AppendMenu(MF_OWNERDRAW, s_nIdOfFrame);
+    drawn.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
     TakeLog();
     EXPECT_EQ(drawn.TrackPopupMenu(TPM_RETURNCMD, 10, 10, m_pFrame),
-              static_cast<BOOL>(ID_OF_FRAME));
+              static_cast<BOOL>(s_nIdOfFrame));
     EXPECT_EQ(TakeLog(), "Measure(32769) Measure(32770) Draw(32769) Draw(32770)");
 }
 
@@ -233,7 +234,7 @@ TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)
     static int s_nMessages;
     s_nMessages = 0;
     AfxSetMessageBoxHandler([](const char*, unsigned, void*) { return ++s_nMessages; }, nullptr);
-    ACCEL accelerator = { FVIRTKEY, VK_F7, ID_OF_FRAME };
+    ACCEL accelerator = { FVIRTKEY, VK_F7, s_nIdOfFrame };
     m_pFrame->m_hAccelTable = ::CreateAcceleratorTableA(&accelerator, 1);
     CWnd* pTemporary = CWnd::FromHandle(::GetDesktopWindow());
     ASSERT_NE(pTemporary, nullptr);
@@ -273,7 +274,7 @@ TEST_F(Frame, ResourcesAreFoundByTheirNumber)
     CString strTitle;
     pLoaded->GetWindowText(strTitle);
     EXPECT_STREQ(strTitle, "a title");
-    EXPECT_EQ(pLoaded->GetMenu()->GetSubMenu(0)->GetMenuItemID(0), ID_OF_FRAME);
+    EXPECT_EQ(pLoaded->GetMenu()->GetSubMenu(0)->GetMenuItemID(0), s_nIdOfFrame);
     MSG message = { *pLoaded, WM_KEYDOWN, VK_F7, 1, 0, {} };
     EXPECT_TRUE(pLoaded->PreTranslateMessage(&message));
     EXPECT_EQ(TakeLog(), "Frame");
@@ -290,7 +291,7 @@ TEST_F(Frame, ResourcesAreFoundByTheirNumber)
     ASSERT_TRUE(dialog.Create(103, m_pFrame));
     EXPECT_NE(dialog.GetDlgItem(21), nullptr);
     EXPECT_EQ(dialog.GetParent(), m_pFrame);
-    dialog.SendMessage(WM_COMMAND, ID_OF_FRAME);
+    dialog.SendMessage(WM_COMMAND, s_nIdOfFrame);
     EXPECT_EQ(TakeLog(), "FrameGone Frame") << "a dialog's commands go on to its parent";
 }
 }  // namespace

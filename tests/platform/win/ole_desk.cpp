@@ -31,8 +31,10 @@ bool IsBlock(HGLOBAL hMemory, SIZE_T nSize)
         return false;
     const CGlobalLock lock(hMemory);
     for (SIZE_T i = 0; i < nSize; ++i)
+    {
         if (lock.Data()[i] != ByteAt(i, nSize))
             return false;
+    }
     return true;
 }
 
@@ -59,8 +61,10 @@ CHand::~CHand()
 void CHand::Play(std::string_view script)
 {
     for (const char c : script)
+    {
         if (!m_bGaveUp)
             Do(c);
+    }
     if (m_bGaveUp)
         Do('e');
     LetGo();

@@ -77,7 +77,9 @@ int main(int nArguments, char** ppszArguments)
     if (!AfxOleInit())
         return 2;
     if (role == "read")
+    {
         WriteFormats(nSize);
+    }
     else if (role == "put" || role == "flush")
     {
         MakeSource(nSize)->SetClipboard();
@@ -86,11 +88,17 @@ int main(int nArguments, char** ppszArguments)
             COleDataSource::FlushClipboard();
     }
     else if (role == "target" || role == "refuse")
+    {
         BeTarget(role == "refuse" ? CTestTarget::refuses : CTestTarget::usual);
+    }
     else if (role == "source")
+    {
         BeSource();
+    }
     else
+    {
         return 2;
+    }
     std::fflush(stdout);
     if (role != "put")  // which dies with its data on the clipboard
         AfxOleTerm();

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <new>
 
+#include "facade/greek_text.h"
 #include "platform/base/exception.h"
 #include "report.h"
-#include "facade/greek_text.h"
 #include "texts/text_input.h"
 #include "words/arguments.h"
 

@@ -66,9 +66,7 @@ bool ReceiveResult(CBytePipe& pipe, CLineResult& result)
     unsigned char nOutcome = OUTCOME_DONE;
     if (!pipe.Read(&nOutcome, sizeof nOutcome) || !ReceiveText(pipe, result.strMessage) ||
         !pipe.Read(&result.size, sizeof result.size))
-    {
         return false;
-    }
     result.nOutcome = static_cast<EOutcome>(nOutcome);
     return true;
 }

@@ -76,7 +76,7 @@ int RunRender(const CArguments& arguments)
     const CPictureSize size = WriteFormula(formula, format, strPath, options);
     if (arguments.Has(OPT_JSON))
         std::printf("%s\n", SizeAsJson(size).c_str());
-    else if (strPath != s_szStandardOutput)
+    else if (strPath != STANDARD_OUTPUT)
         PrintSize(formula);
     const int nStatus = TellFindings(arguments, report, strTyped);
     return IsInterrupted() ? InterruptedStatus() : nStatus;

@@ -57,9 +57,7 @@ void SelectNode(CBinTree& tree, const CDrawOptions& options)
     const std::string strMode = nColon == std::string::npos ? "" : strPath.substr(nColon + 1);
     const std::string strSteps = strPath.substr(0, nColon);
     if ((strMode != "1" && strMode != "2") || strSteps.find_first_not_of("LR") != std::string::npos)
-    {
         throw CUsageError{ "--select takes letters L and R, then :1 or :2, not " + strPath };
-    }
     CNode* pNode = FollowPath(tree.GetRootNode(), strSteps);
     if (pNode == nullptr)
         throw CFailure{ "the formula has no node at " + strPath };
@@ -185,7 +183,7 @@ const char* CFileFormat::Extension() const
 CFileFormat FormatOf(const CArguments& arguments)
 {
     const std::string strPath = arguments.Value(OPT_OUTPUT);
-    const bool bPipe = strPath == s_szStandardOutput;
+    const bool bPipe = strPath == STANDARD_OUTPUT;
     if (bPipe && !arguments.Has(OPT_FORMAT))
         throw CUsageError{ "-o - needs --format, which is one of " + FormatList() };
     const CFileFormat format = arguments.Has(OPT_FORMAT)
@@ -208,9 +206,9 @@ CDrawOptions MeasureOptionsOf(const CArguments& arguments)
     if (arguments.Has(OPT_FONT))
     {
         const CString strFace = TextFromUtf8(arguments.Value(OPT_FONT));
-        if (strFace.IsEmpty() || strFace.GetLength() > s_nLongestFace)
+        if (strFace.IsEmpty() || strFace.GetLength() > LONGEST_FACE)
         {
-            throw CUsageError{ "--font takes a name of 1 to " + std::to_string(s_nLongestFace) +
+            throw CUsageError{ "--font takes a name of 1 to " + std::to_string(LONGEST_FACE) +
                                " letters" };
         }
         options.look.strFace = strFace.View();

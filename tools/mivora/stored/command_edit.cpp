@@ -12,7 +12,7 @@
 namespace
 {
 constexpr CSize s_sizeDefault(300, 200);
-constexpr int MAX_SIDE = 32767;
+constexpr int s_nMaxSide = 32767;
 
 // "WxH"
 CSize ParseSize(const std::string& strSize)
@@ -25,10 +25,10 @@ CSize ParseSize(const std::string& strSize)
     {
         const auto height = std::from_chars(width.ptr + 1, pEnd, nHeight);
         if (height.ec == std::errc() && height.ptr == pEnd && nWidth >= 0 && nHeight >= 0 &&
-            nWidth <= MAX_SIDE && nHeight <= MAX_SIDE)
+            nWidth <= s_nMaxSide && nHeight <= s_nMaxSide)
             return CSize(nWidth, nHeight);
     }
-    throw CUsageError{ "--size takes WxH, such as 300x200, up to " + std::to_string(MAX_SIDE) };
+    throw CUsageError{ "--size takes WxH, such as 300x200, up to " + std::to_string(s_nMaxSide) };
 }
 
 // The events of a file, one a line.

@@ -2,9 +2,9 @@
 #include <cstdio>
 #include <optional>
 
+#include "facade/layout_form.h"
 #include "pictures/picture.h"
 #include "stored/stored_formula.h"
-#include "facade/layout_form.h"
 #include "words/arguments.h"
 
 namespace

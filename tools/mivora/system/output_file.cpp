@@ -22,7 +22,7 @@ void WriteToStandardOutput(const std::string& strBytes)
 
 void WriteOutput(const std::string& strPath, const std::string& strBytes)
 {
-    if (strPath == s_szStandardOutput)
+    if (strPath == STANDARD_OUTPUT)
         return WriteToStandardOutput(strBytes);
     const auto* pBytes = reinterpret_cast<const BYTE*>(strBytes.data());
     const LONG nError = WriteWholeFile(strPath.c_str(), { { pBytes, strBytes.size() } });

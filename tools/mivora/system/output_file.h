@@ -3,7 +3,7 @@
 
 #include <string>
 
-inline constexpr char s_szStandardOutput[] = "-";
+inline constexpr char STANDARD_OUTPUT[] = "-";
 
 // To a file, which stays as it was if that fails, or to standard output. Throws CFailure.
 void WriteOutput(const std::string& strPath, const std::string& strBytes);

@@ -3,12 +3,12 @@
 #include <cstdio>
 #include <string_view>
 
+#include "facade/layout_form.h"
 #include "nodes/node.h"
 #include "platform/base/code_page.h"
 #include "platform/gdi/dc.h"
 #include "report.h"
 #include "texts/formula_texts.h"
-#include "facade/layout_form.h"
 #include "texts/text_input.h"
 #include "tree/tree_form.h"
 

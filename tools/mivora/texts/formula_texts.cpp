@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "report.h"
 #include "facade/greek_text.h"
+#include "report.h"
 #include "texts/text_input.h"
 
 namespace

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "report.h"
 #include "facade/greek_text.h"
+#include "report.h"
 
 namespace
 {

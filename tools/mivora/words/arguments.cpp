@@ -72,16 +72,22 @@ void CheckValue(const COption& option, const std::string& strValue)
 {
     const std::string strName = LongName(option);
     if (option.nValue == VALUE_NUMBER && !IsNumber(option, strValue))
+    {
         throw CUsageError{ strName + ": " + strValue + " is no whole number from " +
                            std::to_string(option.nMin) + " to " + std::to_string(option.nMax) };
+    }
     if (option.nValue == VALUE_CHOICE && !IsChoice(option.pfnChoices(), strValue) &&
         !(option.pfnRefusedChoices != nullptr && IsChoice(option.pfnRefusedChoices(), strValue)))
+    {
         throw CUsageError{ strName + ": " + strValue + " not in {" +
                            WithCommas(option.pfnChoices()) + "}" };
+    }
     const bool bFile = option.nValue == VALUE_FILE;
     if (strValue.empty() && (bFile || option.nValue == VALUE_FOLDER))
+    {
         throw CUsageError{ strName + " needs the name of a " + (bFile ? "file" : "folder") +
                            ", not an empty word" };
+    }
 }
 
 // Files and folders have names; a value that is named twice is none.
@@ -190,12 +196,16 @@ void CheckTogether(const CArguments& arguments)
     const CCommand& command = arguments.Command();
     const bool bLines = arguments.Has(OPT_LINES);
     if (bLines && arguments.Operand())
+    {
         throw CUsageError{ "--lines and a " + std::string(command.pszOperand) +
                            " exclude each other" };
+    }
     const bool bStored = arguments.Has(OPT_FML);
     if (bStored && (arguments.Operand() || bLines))
+    {
         throw CUsageError{ std::string("--fml and ") + (bLines ? "--lines" : "a TEXT") +
                            " exclude each other" };
+    }
     if (arguments.Has(OPT_HEX) && !bLines)
         throw CUsageError{ "--hex needs --lines" };
     if (command.nOperand != OPERAND_NONE && !arguments.Operand() && !bLines && !bStored)
@@ -203,8 +213,10 @@ void CheckTogether(const CArguments& arguments)
     for (EOption nId : command.aRequired)
     {
         if (!arguments.Has(nId))
+        {
             throw CUsageError{ LongName(OptionOf(nId)) + " " + OptionOf(nId).pszValue +
                                " is needed" };
+        }
     }
 }
 }  // namespace

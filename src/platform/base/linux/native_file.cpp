@@ -32,14 +32,10 @@ void TakeOverMode(int fd, const char* pszTarget)
 {
     struct stat status;
     if (stat(pszTarget, &status) != 0)
-    {
         return;
-    }
     mode_t nMode = status.st_mode & 07777;
     if (fchown(fd, status.st_uid, status.st_gid) != 0)
-    {
         nMode &= 0777;  // no set-user bit for another user
-    }
     static_cast<void>(fchmod(fd, nMode));
 }
 }  // namespace
@@ -60,18 +56,14 @@ int native_file::Open(const char* pszPath, UINT nOpenFlags, INT_PTR& hFile)
             break;
     }
     if ((nOpenFlags & CFile::modeCreate) != 0)
-    {
         nFlags |= O_CREAT | ((nOpenFlags & CFile::modeNoTruncate) != 0 ? 0 : O_TRUNC);
-    }
     int fd;
     do
     {
         fd = open(pszPath, nFlags, 0666);
     } while (fd < 0 && errno == EINTR);
     if (fd < 0)
-    {
         return errno;
-    }
     struct stat status;
     if (fstat(fd, &status) == 0 && S_ISDIR(status.st_mode))
     {
@@ -90,17 +82,11 @@ int native_file::Read(INT_PTR hFile, void* pBuffer, UINT nCount, UINT& nRead)
         const ssize_t n =
             read(static_cast<int>(hFile), static_cast<BYTE*>(pBuffer) + nRead, nCount - nRead);
         if (n == 0)
-        {
             break;
-        }
         if (n > 0)
-        {
             nRead += static_cast<UINT>(n);
-        }
         else if (errno != EINTR)
-        {
             return errno;
-        }
     }
     return 0;
 }
@@ -128,9 +114,7 @@ int native_file::Seek(INT_PTR hFile, LONGLONG nOffset, UINT nFrom, ULONGLONG& nP
 {
     constexpr int aFrom[] = { SEEK_SET, SEEK_CUR, SEEK_END };
     if (nFrom > CFile::end)
-    {
         return EINVAL;
-    }
     const off_t n = lseek(static_cast<int>(hFile), nOffset, aFrom[nFrom]);
     nPosition = static_cast<ULONGLONG>(n);
     return ErrorOf(n < 0);
@@ -139,9 +123,7 @@ int native_file::Seek(INT_PTR hFile, LONGLONG nOffset, UINT nFrom, ULONGLONG& nP
 int native_file::SetLength(INT_PTR hFile, ULONGLONG nLength)
 {
     if (nLength > LLONG_MAX)
-    {
         return EFBIG;
-    }
     return ErrorOf(ftruncate(static_cast<int>(hFile), static_cast<off_t>(nLength)) != 0);
 }
 
@@ -180,13 +162,9 @@ int native_file::FindTarget(const char* pszPath, CString& strTarget, bool& bRepl
     {
         const ssize_t n = readlink(path.c_str(), szLink, sizeof(szLink));
         if (n < 0 || n == static_cast<ssize_t>(sizeof(szLink)))
-        {
             break;
-        }
         if (nLinks == nMaxLinks)
-        {
             return ELOOP;
-        }
         const std::string_view link(szLink, static_cast<std::size_t>(n));
         path = (link.starts_with('/') ? std::string() : std::string(FolderOf(path))) +
                std::string(link);
@@ -199,9 +177,7 @@ int native_file::FindTarget(const char* pszPath, CString& strTarget, bool& bRepl
         return bReplaceable ? 0 : errno;
     }
     if (S_ISDIR(status.st_mode))
-    {
         return EISDIR;
-    }
     bReplaceable = S_ISREG(status.st_mode);
     // The folder alone decides about a rename, but a file that may not be written stays.
     return ErrorOf(bReplaceable && faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0);
@@ -226,9 +202,7 @@ int native_file::CreateBeside(const char* pszTarget, CString& strTemporary, INT_
             return 0;
         }
         if (errno != EEXIST && errno != EINTR)
-        {
             return errno;
-        }
     }
     return EEXIST;
 }
@@ -238,9 +212,7 @@ int native_file::CauseOf(int nError, const char* pszPath)
 {
     const std::string folder(FolderOf(pszPath));
     if (nError == ENOENT && !folder.empty() && access(folder.c_str(), F_OK) != 0)
-    {
         return CFileException::badPath;
-    }
     return CFileException::OsErrorToException(nError);
 }
 
@@ -278,9 +250,7 @@ int CFileException::OsErrorToException(LONG lOsError)
     for (const auto& row : s_aCauses)
     {
         if (row.nError == lOsError)
-        {
             return row.nCause;
-        }
     }
     return genericException;
 }

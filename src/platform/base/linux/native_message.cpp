@@ -12,14 +12,10 @@ int ShowNativeMessage(const char* pszText, const CMessageLook& look, UINT)
 {
     std::string line;
     if (look.pszCaption != nullptr)
-    {
         line = std::string(look.pszCaption) + ": ";
-    }
     line += look.nCodePage == CODE_PAGE_UTF8 ? pszText : CodePage936ToUtf8(pszText);
     while (!line.empty() && (line.back() == '\n' || line.back() == '\r'))
-    {
         line.pop_back();
-    }
     std::replace_if(
         line.begin(), line.end(), [](char ch) { return ch == '\n' || ch == '\r'; }, ' ');
     line += '\n';

@@ -149,9 +149,7 @@ CNativeStack::CNativeStack(std::size_t nBytes) : m_nBytes(nBytes)
     void* p = mmap(nullptr, nBytes + GuardBytes(), PROT_READ | PROT_WRITE,
                    MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_STACK, -1, 0);
     if (p == MAP_FAILED)
-    {
         AfxThrowMemoryException();
-    }
     if (mprotect(p, GuardBytes(), PROT_NONE) != 0)
     {
         munmap(p, nBytes + GuardBytes());

@@ -62,9 +62,7 @@ void* Resize(void* p, SIZE_T nOld, SIZE_T nNew)
 {
     void* pNew = std::realloc(p, nNew > 0 ? nNew : 1);
     if (pNew != nullptr && nNew > nOld)
-    {
         std::memset(static_cast<BYTE*>(pNew) + nOld, 0, nNew - nOld);
-    }
     return pNew;
 }
 }  // namespace
@@ -72,9 +70,7 @@ void* Resize(void* p, SIZE_T nOld, SIZE_T nNew)
 int MulDiv(int nNumber, int nNumerator, int nDenominator)
 {
     if (nDenominator == 0)
-    {
         return -1;
-    }
     const long long nProduct = static_cast<long long>(nNumber) * nNumerator;
     const long long nDivisor = nDenominator;
     const bool bNegative = (nProduct < 0) != (nDivisor < 0);
@@ -82,9 +78,7 @@ int MulDiv(int nNumber, int nNumerator, int nDenominator)
     const auto nBottom = static_cast<unsigned long long>(nDivisor < 0 ? -nDivisor : nDivisor);
     const unsigned long long nQuotient = (nTop + nBottom / 2) / nBottom;
     if (nQuotient > INT_MAX)
-    {
         return -1;
-    }
     return bNegative ? -static_cast<int>(nQuotient) : static_cast<int>(nQuotient);
 }
 
@@ -103,22 +97,16 @@ DWORD FormatMessageA(DWORD dwFlags, const void*, DWORD dwMessageId, DWORD, char*
     CString text;
     const char* pszKnown = strerrordesc_np(static_cast<int>(dwMessageId));
     if (pszKnown != nullptr)
-    {
         text.Format("%s.", pszKnown);
-    }
     else
-    {
         text.Format("Unknown error %u.", dwMessageId);
-    }
     const auto nLength = static_cast<DWORD>(text.GetLength());
     if ((dwFlags & FORMAT_MESSAGE_ALLOCATE_BUFFER) != 0)
     {
         auto* pszNew = static_cast<char*>(AllocFixed(nLength + 1));
         std::memcpy(pszBuffer, &pszNew, sizeof(pszNew));
         if (pszNew == nullptr)
-        {
             return 0;
-        }
         pszBuffer = pszNew;
     }
     else if (nSize <= nLength)
@@ -132,9 +120,7 @@ DWORD FormatMessageA(DWORD dwFlags, const void*, DWORD dwMessageId, DWORD, char*
 BOOL GetVersionExA(OSVERSIONINFOA* pInfo)
 {
     if (pInfo->dwOSVersionInfoSize != sizeof(OSVERSIONINFOA))
-    {
         return FALSE;
-    }
     *pInfo = { sizeof(OSVERSIONINFOA), 6, 1, 7601, VER_PLATFORM_WIN32_NT, {} };
     return TRUE;
 }
@@ -147,24 +133,18 @@ HGLOBAL GlobalAlloc(UINT nFlags, SIZE_T nBytes)
 HGLOBAL GlobalReAlloc(HGLOBAL hMem, SIZE_T nBytes, UINT nFlags)
 {
     if (hMem == nullptr || (nFlags & GMEM_MODIFY) != 0)
-    {
         return (nFlags & GMEM_MODIFY) != 0 ? hMem : nullptr;  // there are no attributes to change
-    }
     CBlock* pBlock = BlockOf(hMem);
     if (IsMoveable(hMem))
     {
         const bool bMayMove = pBlock->nLocks == 0 || (nFlags & GMEM_MOVEABLE) != 0;
         if (!bMayMove && nBytes > pBlock->nSize)
-        {
             return nullptr;
-        }
         if (bMayMove)
         {
             void* p = Resize(pBlock->pBytes, pBlock->nSize, nBytes);
             if (p == nullptr)
-            {
                 return nullptr;
-            }
             pBlock->pBytes = static_cast<BYTE*>(p);
         }
         pBlock->nSize = nBytes;
@@ -176,14 +156,10 @@ HGLOBAL GlobalReAlloc(HGLOBAL hMem, SIZE_T nBytes, UINT nFlags)
         return hMem;
     }
     if ((nFlags & GMEM_MOVEABLE) == 0 || nBytes > SIZE_MAX - sizeof(CBlock))
-    {
         return nullptr;
-    }
     void* p = Resize(pBlock, sizeof(CBlock) + pBlock->nSize, sizeof(CBlock) + nBytes);
     if (p == nullptr)
-    {
         return nullptr;
-    }
     static_cast<CBlock*>(p)->nSize = nBytes;
     return static_cast<CBlock*>(p) + 1;
 }
@@ -193,9 +169,7 @@ HGLOBAL GlobalFree(HGLOBAL hMem)
     if (hMem != nullptr)
     {
         if (IsMoveable(hMem))
-        {
             std::free(BytesOf(hMem));
-        }
         std::free(BlockOf(hMem));
     }
     return nullptr;
@@ -204,31 +178,21 @@ HGLOBAL GlobalFree(HGLOBAL hMem)
 void* GlobalLock(HGLOBAL hMem)
 {
     if (hMem == nullptr)
-    {
         return nullptr;
-    }
     if (IsMoveable(hMem))
-    {
         ++BlockOf(hMem)->nLocks;
-    }
     return BytesOf(hMem);
 }
 
 BOOL GlobalUnlock(HGLOBAL hMem)
 {
     if (hMem == nullptr)
-    {
         return FALSE;
-    }
     if (!IsMoveable(hMem))
-    {
         return TRUE;  // a fixed block is always locked
-    }
     CBlock* pBlock = BlockOf(hMem);
     if (pBlock->nLocks > 0)
-    {
         --pBlock->nLocks;
-    }
     return pBlock->nLocks > 0;
 }
 

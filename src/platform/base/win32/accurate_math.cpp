@@ -55,7 +55,7 @@ double Extended(CFunction pfn, double x)
 }
 
 // Beyond this the parts of a quarter below are too short.
-constexpr double LARGEST_ANGLE = 2147483648.0;
+constexpr double s_fLargestAngle = 2147483648.0;
 
 struct CAngle
 {
@@ -73,7 +73,7 @@ CAngle ReducedFromFar(double x)
 // A quarter of a turn in three parts; the products with the first two are exact.
 CAngle Reduced(double x)
 {
-    if (!(std::fabs(x) < LARGEST_ANGLE))
+    if (!(std::fabs(x) < s_fLargestAngle))
         return ReducedFromFar(x);
     constexpr long double fFirst = 0x1.921fb544p+0L;
     constexpr long double fSecond = 0x1.0b4611a6p-34L;

@@ -20,9 +20,7 @@ template <class T>
 CObjectPtr<T> ShareObject(T* pObject)
 {
     if (pObject != nullptr)
-    {
         pObject->AddRef();
-    }
     return CObjectPtr<T>(pObject);
 }
 

@@ -40,9 +40,7 @@ DWORD ShareMode(UINT nOpenFlags)
 DWORD Disposition(UINT nOpenFlags)
 {
     if ((nOpenFlags & CFile::modeCreate) == 0)
-    {
         return OPEN_EXISTING;
-    }
     return (nOpenFlags & CFile::modeNoTruncate) != 0 ? OPEN_ALWAYS : CREATE_ALWAYS;
 }
 
@@ -59,9 +57,7 @@ public:
     ~CProbe()
     {
         if (IsOpen())
-        {
             CloseHandle(m_hFile);
-        }
     }
     CProbe(const CProbe&) = delete;
     CProbe& operator=(const CProbe&) = delete;
@@ -110,9 +106,7 @@ int native_file::Open(const char* pszPath, UINT nOpenFlags, INT_PTR& hFile)
         CreateFileW(WidePath(pszPath).c_str(), aAccess[nOpenFlags & 3], ShareMode(nOpenFlags),
                     nullptr, Disposition(nOpenFlags), FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h == INVALID_HANDLE_VALUE)
-    {
         return ErrorOf(FALSE);
-    }
     hFile = reinterpret_cast<INT_PTR>(h);
     return 0;
 }
@@ -130,9 +124,7 @@ int native_file::Read(INT_PTR hFile, void* pBuffer, UINT nCount, UINT& nRead)
             return nError == ERROR_BROKEN_PIPE ? 0 : nError;  // the writer has ended
         }
         if (n == 0)
-        {
             break;
-        }
         nRead += n;
     }
     return 0;
@@ -145,13 +137,9 @@ int native_file::Write(INT_PTR hFile, const void* pBuffer, UINT nCount)
     {
         DWORD n = 0;
         if (!WriteFile(HandleOf(hFile), p, nCount, &n, nullptr))
-        {
             return ErrorOf(FALSE);
-        }
         if (n == 0)
-        {
             return ERROR_WRITE_FAULT;
-        }
         p += n;
         nCount -= n;
     }
@@ -162,9 +150,7 @@ int native_file::Seek(INT_PTR hFile, LONGLONG nOffset, UINT nFrom, ULONGLONG& nP
 {
     constexpr DWORD aFrom[] = { FILE_BEGIN, FILE_CURRENT, FILE_END };
     if (nFrom > CFile::end)
-    {
         return ERROR_INVALID_PARAMETER;
-    }
     LARGE_INTEGER offset;
     LARGE_INTEGER position{};
     offset.QuadPart = nOffset;
@@ -199,9 +185,7 @@ int native_file::Remove(const char* pszPath)
 {
     WCHAR szPath[2 * MAX_PATH];
     if (MultiByteToWideChar(PathCodePage(), 0, pszPath, -1, szPath, std::size(szPath)) > 0)
-    {
         return ErrorOf(DeleteFileW(szPath));
-    }
     return ErrorOf(DeleteFileW(WidePath(pszPath).c_str()));
 }
 
@@ -219,18 +203,14 @@ int native_file::Replace(const char* pszNew, const char* pszTarget)
     const std::wstring target = WidePath(pszTarget);
     const DWORD nAttributes = GetFileAttributesW(target.c_str());
     if (nAttributes == INVALID_FILE_ATTRIBUTES)
-    {
         return MoveOver(pszNew, pszTarget);
-    }
     // Whoever has it open keeps it. Asked first: a replacement that fails may leave the new file
     // open, and so undeleted.
     const HANDLE hTarget =
         CreateFileW(target.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                     nullptr, OPEN_EXISTING, 0, nullptr);
     if (hTarget == INVALID_HANDLE_VALUE)
-    {
         return ErrorOf(FALSE);
-    }
     CloseHandle(hTarget);
     // Takes over the target's rights as well, where its file system can do that.
     if (!ReplaceFileW(target.c_str(), WidePath(pszNew).c_str(), nullptr,
@@ -238,9 +218,7 @@ int native_file::Replace(const char* pszNew, const char* pszTarget)
     {
         const int nError = MoveOver(pszNew, pszTarget);
         if (nError != 0)
-        {
             return nError;
-        }
     }
     SetFileAttributesW(target.c_str(), nAttributes);
     return 0;
@@ -261,17 +239,13 @@ int native_file::FindTarget(const char* pszPath, CString& strTarget, bool& bRepl
     bReplaceable = probe.IsOnDisk();
     const DWORD nAttributes = bReplaceable ? probe.Attributes() : 0;
     if ((nAttributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
-    {
         return ERROR_ACCESS_DENIED;
-    }
     if (bReplaceable && IsLink(path))
     {
         const std::optional<std::string> end = FromWide(probe.FinalPath(), PathCodePage());
         bReplaceable = end && !end->empty();
         if (bReplaceable)
-        {
             strTarget = end->c_str();
-        }
     }
     return 0;
 }
@@ -296,9 +270,7 @@ int native_file::CreateBeside(const char* pszTarget, CString& strTemporary, INT_
         }
         const int nError = ErrorOf(FALSE);
         if (nError != ERROR_FILE_EXISTS && nError != ERROR_ALREADY_EXISTS)
-        {
             return nError;
-        }
     }
     return ERROR_FILE_EXISTS;
 }

@@ -18,16 +18,12 @@ public:
                                : GetCurrentFiber())
     {
         if (m_pSelf == nullptr)
-        {
             AfxThrowMemoryException();
-        }
     }
     ~CFiberThread()
     {
         if (m_bConverted)
-        {
             ConvertFiberToThread();
-        }
     }
     CFiberThread(const CFiberThread&) = delete;
     CFiberThread& operator=(const CFiberThread&) = delete;
@@ -60,9 +56,7 @@ CNativeStack::CNativeStack(std::size_t nBytes)
           CreateFiberEx(nCommitted, nBytes, FIBER_FLAG_FLOAT_SWITCH, CFiberEntry::Serve, this))
 {
     if (m_pSystem == nullptr)
-    {
         AfxThrowMemoryException();
-    }
 }
 
 CNativeStack::~CNativeStack()

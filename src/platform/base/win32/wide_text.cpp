@@ -26,9 +26,7 @@ std::optional<std::string> FromWide(std::wstring_view text, UINT nCodePage)
         WideCharToMultiByte(nCodePage, nCodePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS, text.data(),
                             nWide, bytes.data(), nMost, nullptr, pbLost);
     if (bLost || (nBytes == 0 && nWide > 0))
-    {
         return std::nullopt;
-    }
     bytes.resize(static_cast<std::size_t>(nBytes));
     return bytes;
 }

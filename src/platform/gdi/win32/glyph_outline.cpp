@@ -117,12 +117,18 @@ void AddCurve(CGlyphOutline& outline, const TTPOLYCURVE& curve)
     for (int i = 0; i < nCount; ++i)
     {
         if (curve.wType == TT_PRIM_LINE)
+        {
             outline.LineTo(Point(p[i]));
+        }
         else if (curve.wType == TT_PRIM_QSPLINE && i + 1 < nCount)
+        {
             outline.CurveTo(Point(p[i]), i + 2 == nCount ? Point(p[i + 1])
                                                          : Middle(Point(p[i]), Point(p[i + 1])));
+        }
         else if (curve.wType == TT_PRIM_CSPLINE && i % 3 == 0 && i + 2 < nCount)
+        {
             outline.CubicTo(Point(p[i]), Point(p[i + 1]), Point(p[i + 2]));
+        }
     }
 }
 

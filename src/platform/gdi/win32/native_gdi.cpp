@@ -24,12 +24,12 @@ namespace
 
 constexpr char s_szOwnFace[] = "MT Extra";
 // Of a font record: where the LOGFONTW lies, and where the face's name begins in it.
-constexpr std::size_t FACE_OFFSET = 12 + offsetof(LOGFONTW, lfFaceName);
-constexpr std::size_t FACE_BYTES = sizeof LOGFONTW{}.lfFaceName;
+constexpr std::size_t s_nFaceOffset = 12 + offsetof(LOGFONTW, lfFaceName);
+constexpr std::size_t s_nFaceBytes = sizeof LOGFONTW{}.lfFaceName;
 // A record of this size ends with names and marks that nothing here sets; a longer one has a
 // signature behind its names that readers look at.
-constexpr std::size_t PLAIN_FONT_BYTES = 332;
-constexpr std::size_t NAMES_END = FACE_OFFSET + FACE_BYTES + 192;
+constexpr std::size_t s_nPlainFontBytes = 332;
+constexpr std::size_t s_nNamesEnd = s_nFaceOffset + s_nFaceBytes + 192;
 
 int CALLBACK FaceFound(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM)
 {
@@ -87,10 +87,10 @@ void TellIfMissing(const LOGFONTA& font, const std::string& strFace)
 // What has to be done when a face is first asked for.
 void PrepareFace(const LOGFONTA& font)
 {
-    constexpr std::size_t MOST_NAMES = 1000;  // a damaged file may have any number
+    constexpr std::size_t nMostNames = 1000;  // a damaged file may have any number
     static std::set<std::string, std::less<>> s_seen;
     const std::string_view face(font.lfFaceName, strnlen(font.lfFaceName, LF_FACESIZE - 1));
-    if (s_seen.size() >= MOST_NAMES || s_seen.find(face) != s_seen.end())
+    if (s_seen.size() >= nMostNames || s_seen.find(face) != s_seen.end())
         return;
     const std::string strFace(*s_seen.emplace(face).first);
     if (lstrcmpiA(strFace.c_str(), s_szOwnFace) == 0)
@@ -116,13 +116,13 @@ void ClearBehindFace(std::span<BYTE> record)
 {
     DWORD nType;
     std::memcpy(&nType, record.data(), sizeof nType);
-    if (nType != EMR_EXTCREATEFONTINDIRECTW || record.size() < FACE_OFFSET + FACE_BYTES)
+    if (nType != EMR_EXTCREATEFONTINDIRECTW || record.size() < s_nFaceOffset + s_nFaceBytes)
         return;
-    wchar_t szFace[FACE_BYTES / sizeof(wchar_t)];
-    std::memcpy(szFace, record.data() + FACE_OFFSET, FACE_BYTES);
-    const std::size_t nUsed = FACE_OFFSET + wcsnlen(szFace, std::size(szFace)) * sizeof(wchar_t);
+    wchar_t szFace[s_nFaceBytes / sizeof(wchar_t)];
+    std::memcpy(szFace, record.data() + s_nFaceOffset, s_nFaceBytes);
+    const std::size_t nUsed = s_nFaceOffset + wcsnlen(szFace, std::size(szFace)) * sizeof(wchar_t);
     const std::size_t nEnd =
-        record.size() == PLAIN_FONT_BYTES ? record.size() : std::min(NAMES_END, record.size());
+        record.size() == s_nPlainFontBytes ? record.size() : std::min(s_nNamesEnd, record.size());
     std::memset(record.data() + nUsed, 0, nEnd - nUsed);
 }
 
@@ -147,12 +147,12 @@ public:
 // of one. nWalked bytes of the others are whole records.
 std::size_t MissingBytes(std::span<const BYTE> bytes, std::size_t nWalked)
 {
-    constexpr std::size_t HEAD = 2 * sizeof(DWORD);
+    constexpr std::size_t nHead = 2 * sizeof(DWORD);
     if (bytes.size() < METAFILE_OLDEST_HEADER)
         return METAFILE_OLDEST_HEADER - bytes.size();
     const std::size_t nBegun = bytes.size() - nWalked;
-    if (nBegun < HEAD)
-        return HEAD - nBegun;
+    if (nBegun < nHead)
+        return nHead - nBegun;
     DWORD nSize;
     std::memcpy(&nSize, bytes.data() + nWalked + sizeof(DWORD), sizeof nSize);
     return nSize - nBegun;
@@ -162,14 +162,15 @@ std::size_t MissingBytes(std::span<const BYTE> bytes, std::size_t nWalked)
 // is waited for that need not come.
 std::vector<BYTE> ReadFileBytes(CMetafileFile& file)
 {
-    constexpr std::size_t STEP = 64 * 1024;
+    constexpr std::size_t nMostAtOnce = 64 * 1024;
     const bool bOnDisk = file.IsOnDisk();
     std::vector<BYTE> bytes;
     std::size_t nWalked = 0;
     for (;;)
     {
         const std::size_t nHave = bytes.size();
-        const std::size_t nStep = bOnDisk ? STEP : std::min(STEP, MissingBytes(bytes, nWalked));
+        const std::size_t nStep =
+            bOnDisk ? nMostAtOnce : std::min(nMostAtOnce, MissingBytes(bytes, nWalked));
         bytes.resize(nHave + nStep);
         const UINT nRead = file.Read(bytes.data() + nHave, static_cast<UINT>(nStep));
         bytes.resize(nHave + nRead);
@@ -193,18 +194,18 @@ void MendHeader(std::span<BYTE> bytes, DWORD nRecords)
 // Appends a record; a comment gets room for its length, which says no more than its record has.
 void AppendRecord(std::vector<BYTE>& bytes, std::span<const BYTE> record)
 {
-    constexpr std::size_t COMMENT_HEAD = 3 * sizeof(DWORD);
+    constexpr std::size_t nCommentHead = 3 * sizeof(DWORD);
     const std::size_t nStart = bytes.size();
     bytes.insert(bytes.end(), record.begin(), record.end());
     DWORD anHead[3] = {};
-    std::memcpy(anHead, record.data(), std::min(record.size(), COMMENT_HEAD));
+    std::memcpy(anHead, record.data(), std::min(record.size(), nCommentHead));
     if (anHead[0] != EMR_GDICOMMENT)
         return;
-    const std::size_t nSize = std::max(record.size(), COMMENT_HEAD);
+    const std::size_t nSize = std::max(record.size(), nCommentHead);
     anHead[1] = static_cast<DWORD>(nSize);
-    anHead[2] = std::min(anHead[2], static_cast<DWORD>(nSize - COMMENT_HEAD));
+    anHead[2] = std::min(anHead[2], static_cast<DWORD>(nSize - nCommentHead));
     bytes.resize(nStart + nSize);
-    std::memcpy(bytes.data() + nStart, anHead, COMMENT_HEAD);
+    std::memcpy(bytes.data() + nStart, anHead, nCommentHead);
 }
 
 HENHMETAFILE MakeMetafile(std::span<BYTE> bytes)
@@ -273,7 +274,7 @@ bool QuickTextExtent(HDC, const LOGFONTA&, LPCSTR, int, SIZE*)
 // to end the process, one near them takes gigabytes.
 bool CanDrawLetters(HDC hDC)
 {
-    constexpr double MOST_PIXELS = 1 << 28;
+    constexpr double fMostPixels = 1 << 28;
     TEXTMETRICA metrics{};
     if (GetObjectType(hDC) == OBJ_ENHMETADC || !GetTextMetricsA(hDC, &metrics))
         return true;
@@ -281,7 +282,7 @@ bool CanDrawLetters(HDC hDC)
     LPtoDP(hDC, aCorners, 2);
     const double fWidth = static_cast<double>(aCorners[1].x) - static_cast<double>(aCorners[0].x);
     const double fHeight = static_cast<double>(aCorners[1].y) - static_cast<double>(aCorners[0].y);
-    return std::fabs(fWidth * fHeight) <= MOST_PIXELS;
+    return std::fabs(fWidth * fHeight) <= fMostPixels;
 }
 
 int DrawLetters(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)

@@ -109,6 +109,8 @@ TEST(LastError, HasACause)
         { 0x7FFFFFFF, CFileException::genericException },
     };
     for (const auto& row : aCases)
+    {
         EXPECT_EQ(CFileException::OsErrorToException(static_cast<LONG>(row.nError)), row.nCause)
             << row.nError;
+    }
 }

@@ -17,8 +17,10 @@ TEST(BitmapLimits, OtherDepthsAndAbsurdSizesAreRefused)
         { -5, 7, 1, 32 }, { 5, -7, 1, 32 }, { 65536, 65536, 1, 1 },
     };
     for (const auto& c : aCases)
+    {
         EXPECT_EQ(CreateBitmap(c.nWidth, c.nHeight, c.nPlanes, c.nBits, nullptr), nullptr)
             << c.nWidth << 'x' << c.nHeight << 'x' << c.nBits;
+    }
 }
 
 TEST(BitmapLimits, WhatIsOutsideIsInvalid)
@@ -40,10 +42,14 @@ TEST(DibLimits, LinesBehindTheLastAreNone)
     CInfo info(1, 4, 32);
     CBytes bits(16, 0xEE);
     for (const UINT nStart : { 4u, UINT_MAX })
+    {
         for (const UINT nLines : { 1u, UINT_MAX })
+        {
             EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), nStart, nLines, bits.data(), info.Get(),
                                 DIB_RGB_COLORS),
                       0);
+        }
+    }
     EXPECT_EQ(bits, CBytes(16, 0xEE));
 }
 

@@ -14,12 +14,12 @@
 namespace
 {
 
-constexpr int SIZE_PIXELS = 16;
+constexpr int s_nSizePixels = 16;
 
 // A white image with a context of the host's.
 struct CHost
 {
-    explicit CHost(int nSize = SIZE_PIXELS)
+    explicit CHost(int nSize = s_nSizePixels)
         : m_nSize(nSize),
           m_pSurface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, nSize, nSize)),
           m_pCairo(cairo_create(m_pSurface.get()))
@@ -75,7 +75,7 @@ void DrawShapes(CDC& dc)
 
 TEST(CairoDC, DrawsShapesAsOnABitmap)
 {
-    CMemoryPicture picture(SIZE_PIXELS, SIZE_PIXELS);
+    CMemoryPicture picture(s_nSizePixels, s_nSizePixels);
     DrawShapes(*CDC::FromHandle(picture));
     CHost host;
     {
@@ -100,20 +100,20 @@ TEST(CairoDC, DrawsTextAsOnABitmap)
         { FontOf("Symbol", -11, 3), "(\xD6" },
         { FontOf("MT Extra", -12), "hb" },
     };
-    constexpr int SIDE = 48;
+    constexpr int nSide = 48;
     for (const auto& c : aCases)
     {
         const auto draw = [&c](CDC& dc)
         {
-            dc.FillSolidRect(CRect(0, 0, 20, SIDE), RGB(200, 30, 90));
+            dc.FillSolidRect(CRect(0, 0, 20, nSide), RGB(200, 30, 90));
             dc.SetBkMode(TRANSPARENT);
             dc.SetTextColor(RGB(10, 200, 120));
             CUseFont font(dc, c.font);
             dc.ExtTextOut(10, 5, 0, nullptr, c.pszText, 2, nullptr);
         };
-        CMemoryPicture picture(SIDE, SIDE);
+        CMemoryPicture picture(nSide, nSide);
         draw(*CDC::FromHandle(picture));
-        CHost host(SIDE);
+        CHost host(nSide);
         CCairoDC dc(host.m_pCairo.get());
         draw(dc);
         EXPECT_EQ(host.Colours(), picture.Colours()) << c.font.lfFaceName;
@@ -126,7 +126,7 @@ TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
     CCairoDC dc(host.m_pCairo.get(), 200, 150);
     EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSX), 200);
     EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSY), 150);
-    EXPECT_EQ(dc.GetDeviceCaps(HORZRES), SIZE_PIXELS);
+    EXPECT_EQ(dc.GetDeviceCaps(HORZRES), s_nSizePixels);
     EXPECT_EQ(dc.GetDeviceCaps(HORZSIZE), 2);  // 16 / 200 of 25.4 mm
     EXPECT_EQ(dc.GetDeviceCaps(VERTSIZE), 3);
     LOGFONTA font = FontOf("Times New Roman", 720);
@@ -168,7 +168,7 @@ TEST(CairoDC, LeavesTheStateOfTheHostAlone)
     EXPECT_EQ(x2, 4);
     EXPECT_EQ(y2, 6);
     cairo_clip_extents(pCairo, &x1, &y1, &x2, &y2);
-    EXPECT_EQ(x2, SIZE_PIXELS);
+    EXPECT_EQ(x2, s_nSizePixels);
     EXPECT_EQ(cairo_status(pCairo), CAIRO_STATUS_SUCCESS);
 }
 

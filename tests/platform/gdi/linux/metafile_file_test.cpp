@@ -18,8 +18,10 @@ namespace
 int CALLBACK ReadTexts(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM lParam)
 {
     if (pRecord->iType == 70)
+    {
         *reinterpret_cast<std::size_t*>(lParam) +=
             std::strlen(reinterpret_cast<const char*>(pRecord) + 12);
+    }
     return 1;
 }
 

@@ -93,8 +93,10 @@ private:
 std::string EndText(int nStatus)
 {
     if (WIFSIGNALED(nStatus))
+    {
         return std::string("the process that drew it was ended by a signal: ") +
                strsignal(WTERMSIG(nStatus));
+    }
     return "the process that drew it ended with status " + std::to_string(WEXITSTATUS(nStatus));
 }
 }  // namespace

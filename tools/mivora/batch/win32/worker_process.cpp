@@ -92,7 +92,7 @@ std::wstring HandleWord(HANDLE h)
 HANDLE StartProgram(HANDLE hFrom, HANDLE hTo)
 {
     const std::wstring program = ProgramPath();
-    std::wstring line = L"\"" + program + L"\" " + ToWide(s_szWorkerWord, CP_UTF8) +
+    std::wstring line = L"\"" + program + L"\" " + ToWide(WORKER_WORD, CP_UTF8) +
                         HandleWord(hFrom) + HandleWord(hTo);
     STARTUPINFOW start{};
     start.cb = sizeof start;
@@ -102,9 +102,7 @@ HANDLE StartProgram(HANDLE hFrom, HANDLE hTo)
     SetHandleInformation(hTo, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                         &start, &process))
-    {
         return nullptr;
-    }
     CloseHandle(process.hThread);
     return process.hProcess;
 }
@@ -220,17 +218,17 @@ void CWorkerProcess::CNative::MakePipes(CHandle& childFrom, CHandle& childTo)
     if (from.Get() == INVALID_HANDLE_VALUE)
         *from.Place() = nullptr;
     if (from.Get() != nullptr)
+    {
         *childTo.Place() =
             CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    }
     if (childTo.Get() == INVALID_HANDLE_VALUE)
         *childTo.Place() = nullptr;
     *readDone.Place() = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     if (childTo.Get() == nullptr || readDone.Get() == nullptr ||
         CreateIoCompletionPort(from.Get(), CompletionPort(), nKey, 0) == nullptr ||
         !CreatePipe(childFrom.Place(), to.Place(), nullptr, s_nPipeBuffer))
-    {
         Fail("cannot make a pipe");
-    }
 }
 
 // Whatever comes of it arrives at the completion port, but for a failure to begin.
@@ -251,9 +249,7 @@ bool CWorkerProcess::CNative::ReadPiece(char* pchData, DWORD nSize, DWORD& nRead
     overlapped.hEvent = reinterpret_cast<HANDLE>(reinterpret_cast<ULONG_PTR>(readDone.Get()) | 1U);
     if (!ReadFile(from.Get(), pchData, nSize, nullptr, &overlapped) &&
         GetLastError() != ERROR_IO_PENDING)
-    {
         return false;
-    }
     return GetOverlappedResult(from.Get(), &overlapped, &nRead, TRUE) && nRead > 0;
 }
 

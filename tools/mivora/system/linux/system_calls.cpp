@@ -31,9 +31,7 @@ std::string SystemErrorText(long nError)
         FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                        static_cast<DWORD>(nError), MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT),
                        szText, sizeof szText, nullptr) == 0)
-    {
         return "unknown error";
-    }
     std::string strText = szText;
     while (!strText.empty() && strText.back() == '.')
         strText.pop_back();

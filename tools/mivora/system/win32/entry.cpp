@@ -75,7 +75,7 @@ extern "C" int wmain(int argc, wchar_t** argv)
     std::vector<const char*> apszWords;
     for (const std::string& strWord : astrWords)
         apszWords.push_back(strWord.c_str());
-    if (apszWords.size() == 3 && astrWords[0] == s_szWorkerWord)
+    if (apszWords.size() == 3 && astrWords[0] == WORKER_WORD)
         return RunWorker(apszWords[1], apszWords[2]);
     ShowUtf8();
     const int nStatus = RunMivora(static_cast<int>(apszWords.size()), apszWords.data());

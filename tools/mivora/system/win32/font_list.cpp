@@ -113,9 +113,7 @@ void AddRegistered(HKEY hRoot, std::vector<std::filesystem::path>& files)
     HKEY hKey = nullptr;
     if (RegOpenKeyExW(hRoot, L"Software\\Microsoft\\Windows NT\\CurrentVersion\\Fonts", 0, KEY_READ,
                       &hKey) != ERROR_SUCCESS)
-    {
         return;
-    }
     wchar_t szName[1024];
     wchar_t szFile[1024];
     for (DWORD n = 0;; ++n)
@@ -130,9 +128,7 @@ void AddRegistered(HKEY hRoot, std::vector<std::filesystem::path>& files)
         szFile[nBytes / sizeof(wchar_t)] = L'\0';
         if (nResult == ERROR_SUCCESS && nType == REG_SZ &&
             std::filesystem::path(szFile).is_absolute())
-        {
             files.push_back(szFile);
-        }
     }
     RegCloseKey(hKey);
 }
@@ -179,9 +175,7 @@ std::optional<CHeadTable> HeadOfFace(CDC& dc, const CFace& face, const CStyle& s
     std::memcpy(&nTag, s_szHead, sizeof nTag);
     if (lstrcmpiA(szTaken, face.pszFace) != 0 ||
         GetFontData(dc, nTag, 0, head.data(), static_cast<DWORD>(head.size())) != head.size())
-    {
         return std::nullopt;
-    }
     return head;
 }
 

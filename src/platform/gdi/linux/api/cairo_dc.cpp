@@ -36,13 +36,13 @@ CDeviceInfo DeviceOf(cairo_t* pCairo, int nDpiX, int nDpiY)
 
 CCairoDC::CCairoDC(cairo_t* pCairo, int nDpiX, int nDpiY)
 {
-    constexpr int DEFAULT_DPI = 96;
+    constexpr int nDefaultDpi = 96;
     if (!pCairo)
         return;
     std::unique_ptr<CDrawTarget> pTarget = MakeHostTarget(pCairo);
     if (!pTarget)
         return;
     const CDeviceInfo device =
-        DeviceOf(pCairo, nDpiX > 0 ? nDpiX : DEFAULT_DPI, nDpiY > 0 ? nDpiY : DEFAULT_DPI);
+        DeviceOf(pCairo, nDpiX > 0 ? nDpiX : nDefaultDpi, nDpiY > 0 ? nDpiY : nDefaultDpi);
     Attach(new CDeviceContext(OBJ_DC, device, std::move(pTarget)));
 }

@@ -29,10 +29,14 @@ POINT PlaceInRect(const RECT& rect, SIZE extent, UINT nFormat)
     else if (nFormat & DT_RIGHT)
         point.x = SaturateToInt(std::int64_t{ rect.right } - extent.cx);
     if (nFormat & DT_VCENTER)
+    {
         point.y =
             SaturateToInt(rect.top + (std::int64_t{ rect.bottom } - rect.top) / 2 - extent.cy / 2);
+    }
     else if (nFormat & DT_BOTTOM)
+    {
         point.y = SaturateToInt(std::int64_t{ rect.bottom } - extent.cy);
+    }
     return point;
 }
 
@@ -41,19 +45,23 @@ POINT PlaceInRect(const RECT& rect, SIZE extent, UINT nFormat)
 // Returns the distance from the rectangle's top to the end of the text.
 int DrawTextA(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
 {
-    constexpr UINT ONE_PLAIN_LINE = DT_SINGLELINE | DT_NOPREFIX;
-    if (!hDC || !pRect || (!pszText && nCount != 0) || (nFormat & ONE_PLAIN_LINE) != ONE_PLAIN_LINE)
+    constexpr UINT nOnePlainLine = DT_SINGLELINE | DT_NOPREFIX;
+    if (!hDC || !pRect || (!pszText && nCount != 0) || (nFormat & nOnePlainLine) != nOnePlainLine)
         return 0;
     if (nCount < 0)
         nCount = static_cast<int>(std::strlen(pszText));
     SIZE extent = TextExtent(hDC, Bytes(pszText, static_cast<std::size_t>(nCount)));
     const POINT place = PlaceInRect(*pRect, extent, nFormat);
     if (nCount > 0)
+    {
         ExtTextOutA(hDC, place.x, place.y, nFormat & DT_NOCLIP ? 0 : ETO_CLIPPED, pRect, pszText,
                     static_cast<UINT>(nCount), nullptr);
+    }
     if (nFormat & DT_EXTERNALLEADING)
+    {
         extent.cy = SaturateToInt(std::int64_t{ extent.cy } +
                                   hDC->Mapping().ToLogicalHeight(hDC->Font().ExternalLeading()));
+    }
     return SaturateToInt(std::int64_t{ place.y } - pRect->top + extent.cy);
 }
 

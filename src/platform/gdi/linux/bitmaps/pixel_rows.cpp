@@ -26,7 +26,9 @@ void UnpackRow(const BYTE* pRow, int nBits, std::span<CPixel> pixels)
     if (nBits != 1)
         std::memcpy(pixels.data(), pRow, pixels.size_bytes());
     for (std::size_t i = 0; i < pixels.size(); ++i)
+    {
         pixels[i] = nBits != 1                      ? pixels[i] & PIXEL_COLOUR
                     : (pRow[i / 8] & 0x80 >> i % 8) ? PIXEL_COLOUR
                                                     : 0;
+    }
 }

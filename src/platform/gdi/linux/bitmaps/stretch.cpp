@@ -43,8 +43,10 @@ struct CStretchAxis
             span.m_nEnd = span.m_nBegin + 1;
         }
         else
+        {
             span = { m_nFrom + static_cast<int>(i * m_nFromSize / m_nToSize),
                      m_nFrom + static_cast<int>((i + 1) * m_nFromSize / m_nToSize) };
+        }
         return { std::max(span.m_nBegin, 0), std::min(span.m_nEnd, m_nLimit) };
     }
 };
@@ -103,8 +105,10 @@ private:
     void AddSourceRow()
     {
         for (std::size_t i = 0; i < m_columns.size(); ++i)
+        {
             for (int x = m_columns[i].m_nBegin; x < m_columns[i].m_nEnd; ++x)
                 m_pixels[i] &= m_source[static_cast<std::size_t>(x - m_nFirst)];
+        }
     }
 
     const CImageTransfer& m_transfer;
@@ -167,8 +171,10 @@ bool StretchImage(const CImageTransfer& transfer, CPixelImage& destination, cons
         const std::span<const CPixel> pixels = stretcher.MakeRow(y);
         CPixel* pTo = destination.Row(y) + box.left;
         for (std::size_t i = 0; i < pixels.size(); ++i)
+        {
             if (stretcher.HasSource(i))
                 pTo[i] = pixels[i];
+        }
     }
     return true;
 }

@@ -46,10 +46,10 @@ void WalkLine(POINT from, POINT to, const RECT& bounds, F f)
 }
 
 // Cairo's coordinates are 24 bits before the point.
-constexpr int CAIRO_LIMIT = 1 << 22;
+constexpr int s_nCairoLimit = 1 << 22;
 
 // No glyph reaches further from its pen than this many times the em square.
-constexpr double GLYPH_REACH = 3;
+constexpr double s_fGlyphReach = 3;
 
 class CBitmapTarget final : public CCairoTarget
 {
@@ -107,9 +107,13 @@ bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFil
     if (fill.m_between)
         FillSolid(clipped, PixelFromColour(*fill.m_between));
     for (int y = clipped.top; y < clipped.bottom; ++y)
+    {
         for (int x = clipped.left; x < clipped.right; ++x)
+        {
             if (IsHatchPixel(x, y))
                 m_picture.Row(y)[x] = pixel;
+        }
+    }
     return true;
 }
 
@@ -117,8 +121,8 @@ bool CBitmapTarget::DrawLine(const CDrawState& state, POINT from, POINT to, cons
 {
     if (stroke.m_nWidth > 1)
     {
-        const POINT a = LimitPoint(from, CAIRO_LIMIT);
-        const POINT b = LimitPoint(to, CAIRO_LIMIT);
+        const POINT a = LimitPoint(from, s_nCairoLimit);
+        const POINT b = LimitPoint(to, s_nCairoLimit);
         return StrokeWide(state, stroke,
                           [&](cairo_t* pCairo)
                           {
@@ -138,8 +142,8 @@ bool CBitmapTarget::FrameBox(const CDrawState& state, const RECT& box, const CSt
 {
     if (stroke.m_nWidth > 1)
     {
-        const POINT a = LimitPoint({ box.left, box.top }, CAIRO_LIMIT);
-        const POINT b = LimitPoint({ box.right - 1, box.bottom - 1 }, CAIRO_LIMIT);
+        const POINT a = LimitPoint({ box.left, box.top }, s_nCairoLimit);
+        const POINT b = LimitPoint({ box.right - 1, box.bottom - 1 }, s_nCairoLimit);
         return StrokeWide(state, stroke,
                           [&](cairo_t* pCairo)
                           { cairo_rectangle(pCairo, a.x + 0.5, a.y + 0.5, b.x - a.x, b.y - a.y); });
@@ -159,12 +163,13 @@ bool CBitmapTarget::FrameBox(const CDrawState& state, const RECT& box, const CSt
 template <class F>
 bool CBitmapTarget::DrawByCairo(const RECT& clip, F draw)
 {
-    constexpr int STEP = CPixelImage::MAX_SURFACE_SIDE;
-    for (int y = clip.top; y < clip.bottom; y += STEP)
-        for (int x = clip.left; x < clip.right; x += STEP)
+    constexpr int nStep = CPixelImage::MAX_SURFACE_SIDE;
+    for (int y = clip.top; y < clip.bottom; y += nStep)
+    {
+        for (int x = clip.left; x < clip.right; x += nStep)
         {
-            const RECT window{ x, y, std::min(clip.right, x + STEP),
-                               std::min(clip.bottom, y + STEP) };
+            const RECT window{ x, y, std::min(clip.right, x + nStep),
+                               std::min(clip.bottom, y + nStep) };
             const CSurfacePtr pSurface = m_picture.Window(window);
             if (!pSurface)
                 return false;
@@ -175,6 +180,7 @@ bool CBitmapTarget::DrawByCairo(const RECT& clip, F draw)
                 return false;
             cairo_surface_flush(pSurface.get());
         }
+    }
     return true;
 }
 
@@ -185,7 +191,7 @@ bool CBitmapTarget::StrokeWide(const CDrawState& state, const CStroke& stroke, F
                        [&](cairo_t* pCairo)
                        {
                            cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
-                           cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, CAIRO_LIMIT));
+                           cairo_set_line_width(pCairo, std::min(stroke.m_nWidth, s_nCairoLimit));
                            cairo_set_line_cap(pCairo, CAIRO_LINE_CAP_ROUND);
                            cairo_set_line_join(pCairo, CAIRO_LINE_JOIN_ROUND);
                            SetSource(pCairo, stroke.m_colour);
@@ -201,10 +207,10 @@ bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
     RECT clip = Clip(dc.State());
     if (run.m_clip)
         clip = IntersectBoxes(clip, *run.m_clip);
-    if (IsEmptyBox(clip) || run.m_origin.y - GLYPH_REACH * fHeight > clip.bottom ||
-        run.m_origin.y + GLYPH_REACH * fHeight < clip.top)
+    if (IsEmptyBox(clip) || run.m_origin.y - s_fGlyphReach * fHeight > clip.bottom ||
+        run.m_origin.y + s_fGlyphReach * fHeight < clip.top)
         return true;
-    const auto nReach = static_cast<std::int64_t>(std::min(GLYPH_REACH * fWidth, 1e9));
+    const auto nReach = static_cast<std::int64_t>(std::min(s_fGlyphReach * fWidth, 1e9));
     const CPenBounds bounds{ clip.left - nReach, clip.right + nReach };
     if (std::max(fWidth, fHeight) > MASK_SIZE_LIMIT)
         return ShowOutlines(dc, run, clip, bounds);

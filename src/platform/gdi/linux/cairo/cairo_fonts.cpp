@@ -56,13 +56,13 @@ cairo_font_face_t* DrawnFace(const CFontFace& face, CHinting hinting)
 // What FreeType can scale, and a bitmap can show. Asking for more spoils the face.
 bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
 {
-    constexpr double MAX_SIZE = 32767;
-    constexpr double MIN_AREA = 1e-4;
+    constexpr double fMaxSize = 32767;
+    constexpr double fMinArea = 1e-4;
     cairo_matrix_t scale;
     cairo_matrix_multiply(&scale, &size, &matrix);
-    return std::hypot(scale.xx, scale.yx) <= MAX_SIZE &&
-           std::hypot(scale.xy, scale.yy) <= MAX_SIZE &&
-           std::abs(scale.xx * scale.yy - scale.xy * scale.yx) >= MIN_AREA;
+    return std::hypot(scale.xx, scale.yx) <= fMaxSize &&
+           std::hypot(scale.xy, scale.yy) <= fMaxSize &&
+           std::abs(scale.xx * scale.yy - scale.xy * scale.yx) >= fMinArea;
 }
 
 const cairo_font_options_t* FontOptions(CHinting hinting)

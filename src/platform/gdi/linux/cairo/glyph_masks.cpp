@@ -11,8 +11,8 @@ namespace
 {
 
 // When either is passed, all are dropped.
-constexpr std::size_t FONTS_LIMIT = 256;
-constexpr std::size_t BYTES_LIMIT = std::size_t{ 16 } << 20;
+constexpr std::size_t s_nFontsLimit = 256;
+constexpr std::size_t s_nBytesLimit = std::size_t{ 16 } << 20;
 
 // Of a font that is drawn in shades (0) and in two colours (1).
 struct CMaskEntry
@@ -29,8 +29,8 @@ struct CMaskCache
 
     void DropIfFull()
     {
-        if (m_nGeneration == CFontCache::Generation() && m_fonts.size() < FONTS_LIMIT &&
-            m_nBytes < BYTES_LIMIT)
+        if (m_nGeneration == CFontCache::Generation() && m_fonts.size() < s_nFontsLimit &&
+            m_nBytes < s_nBytesLimit)
             return;
         m_fonts.clear();
         m_nBytes = 0;
@@ -49,10 +49,16 @@ RECT InkBox(const BYTE* pData, int nStride, int nWidth, int nHeight)
 {
     RECT box{ nWidth, nHeight, 0, 0 };
     for (int y = 0; y < nHeight; ++y)
+    {
         for (int x = 0; x < nWidth; ++x)
+        {
             if (pData[y * nStride + x])
+            {
                 box = { std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
                         y + 1 };
+            }
+        }
+    }
     return box;
 }
 
@@ -75,11 +81,11 @@ const CGlyphMask& CFontMasks::MakeMask(BYTE byte)
     cairo_text_extents_t extents{};
     cairo_scaled_font_glyph_extents(m_pFont.get(), &glyph, 1, &extents);
     // Hinting moves edges by a pixel, and synthetic bold is not in the extents.
-    constexpr int MARGIN = 4;
-    const int nLeft = static_cast<int>(std::floor(extents.x_bearing)) - MARGIN;
-    const int nTop = static_cast<int>(std::floor(extents.y_bearing)) - MARGIN;
-    const int nWidth = static_cast<int>(std::ceil(extents.width)) + 2 * MARGIN + 1;
-    const int nHeight = static_cast<int>(std::ceil(extents.height)) + 2 * MARGIN + 1;
+    constexpr int nMargin = 4;
+    const int nLeft = static_cast<int>(std::floor(extents.x_bearing)) - nMargin;
+    const int nTop = static_cast<int>(std::floor(extents.y_bearing)) - nMargin;
+    const int nWidth = static_cast<int>(std::ceil(extents.width)) + 2 * nMargin + 1;
+    const int nHeight = static_cast<int>(std::ceil(extents.height)) + 2 * nMargin + 1;
     const CSurfacePtr pSurface(cairo_image_surface_create(CAIRO_FORMAT_A8, nWidth, nHeight));
     {
         const CCairoPtr pCairo(cairo_create(pSurface.get()));
@@ -94,11 +100,15 @@ const CGlyphMask& CFontMasks::MakeMask(BYTE byte)
         const int nStride = cairo_image_surface_get_stride(pSurface.get());
         const RECT ink = InkBox(pData, nStride, nWidth, nHeight);
         for (int y = ink.top; y < ink.bottom; ++y)
+        {
             pMask->m_coverage.insert(pMask->m_coverage.end(), pData + y * nStride + ink.left,
                                      pData + y * nStride + ink.right);
+        }
         if (!pMask->m_coverage.empty())
+        {
             pMask->m_box = { ink.left + nLeft, ink.top + nTop, ink.right + nLeft,
                              ink.bottom + nTop };
+        }
     }
     MaskCache().m_nBytes += sizeof(CGlyphMask) + pMask->m_coverage.size();
     m_apMasks[byte] = std::move(pMask);

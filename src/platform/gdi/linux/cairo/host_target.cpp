@@ -100,7 +100,9 @@ bool CHostTarget::FillBox(const CDrawState& state, const RECT& box, const CFill&
     }
     SetSource(m_pCairo.get(), fill.m_colour);
     if (!fill.m_bHatched)
+    {
         scope.FillBox(box);
+    }
     else
     {
         scope.Clip(box);
@@ -155,8 +157,10 @@ void CHostTarget::FillHatchPixels()
         return;
     const int nStride = cairo_image_surface_get_stride(pSurface.get());
     for (int y = 0; y < HATCH_STEP; ++y)
+    {
         for (int x = 0; x < HATCH_STEP; ++x)
             pData[y * nStride + x] = IsHatchPixel(x, y) ? 0xFF : 0;
+    }
     cairo_surface_mark_dirty(pSurface.get());
     const CPatternPtr pPattern(cairo_pattern_create_for_surface(pSurface.get()));
     cairo_pattern_set_extend(pPattern.get(), CAIRO_EXTEND_REPEAT);
@@ -239,14 +243,15 @@ bool CHostTarget::PutImage(const CDrawState& state, const CImageTransfer& transf
         return false;
     if (IsEmptyBox(part))
         return true;
-    constexpr int BITS = 32;
-    const auto pPicture = CPixelImage::Create(part.right - part.left, part.bottom - part.top, BITS);
+    constexpr int nBits = 32;
+    const auto pPicture =
+        CPixelImage::Create(part.right - part.left, part.bottom - part.top, nBits);
     if (!pPicture)
         return false;
     for (int y = 0; y < pPicture->Height(); ++y)
     {
         const std::span<CPixel> row(pPicture->Row(y), static_cast<std::size_t>(pPicture->Width()));
-        ReadForDestination(transfer, BITS, part.left, part.top + y, row);
+        ReadForDestination(transfer, nBits, part.left, part.top + y, row);
     }
 
     const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });

@@ -52,8 +52,8 @@ namespace
 // done for each text that is measured: in words, each written as it will be read.
 void CopyFaceName(char (&szTo)[LF_FACESIZE], const char (&szFrom)[LF_FACESIZE])
 {
-    constexpr std::uint64_t ONES = 0x0101010101010101u;
-    constexpr std::uint64_t TOPS = 0x8080808080808080u;
+    constexpr std::uint64_t nOnes = 0x0101010101010101u;
+    constexpr std::uint64_t nTops = 0x8080808080808080u;
     static_assert(std::endian::native == std::endian::little);
     std::uint64_t nKeep = ~std::uint64_t{ 0 };
     for (int i = 0; i < LF_FACESIZE; i += 8)
@@ -61,7 +61,7 @@ void CopyFaceName(char (&szTo)[LF_FACESIZE], const char (&szFrom)[LF_FACESIZE])
         std::uint64_t nWord = 0;
         std::memcpy(&nWord, szFrom + i, 8);
         nWord &= nKeep;
-        std::uint64_t nZero = (nWord - ONES) & ~nWord & TOPS;  // lowest mark: the first zero byte
+        std::uint64_t nZero = (nWord - nOnes) & ~nWord & nTops;  // lowest mark: the first zero byte
         if (nZero != 0)
         {
             nWord &= ((nZero & (0 - nZero)) - 1) >> 7;
@@ -132,7 +132,7 @@ CHandleObject* ObjectFromHandle(HGDIOBJ hObject)
 namespace
 {
 
-constexpr int STOCK_COUNT = DEFAULT_GUI_FONT + 1;
+constexpr int s_nStockCount = DEFAULT_GUI_FONT + 1;
 
 struct CStockFont
 {
@@ -153,7 +153,7 @@ constexpr CStockFont s_aStockFonts[] = {
     { DEFAULT_GUI_FONT, -11, FW_NORMAL, VARIABLE_PITCH | FF_SWISS, "MS Shell Dlg" },
 };
 
-using CStockTable = std::array<CHandleObject*, STOCK_COUNT>;
+using CStockTable = std::array<CHandleObject*, s_nStockCount>;
 
 CStockTable MakeStockObjects()
 {
@@ -175,9 +175,11 @@ CStockTable MakeStockObjects()
         table[stock.m_nIndex] = CFontObject::Create(font);
     }
     table[DEFAULT_PALETTE] = new CPaletteObject;
-    for (int i = 0; i < STOCK_COUNT; ++i)
+    for (int i = 0; i < s_nStockCount; ++i)
+    {
         if (table[i])
             table[i]->MakePermanent(i);
+    }
     return table;
 }
 
@@ -186,5 +188,5 @@ CStockTable MakeStockObjects()
 CHandleObject* StockObject(int nIndex)
 {
     static const CStockTable s_table = MakeStockObjects();
-    return nIndex >= 0 && nIndex < STOCK_COUNT ? s_table[nIndex] : nullptr;
+    return nIndex >= 0 && nIndex < s_nStockCount ? s_table[nIndex] : nullptr;
 }

@@ -13,7 +13,7 @@ const CDeviceInfo& ScreenDevice()
 namespace
 {
 
-constexpr std::size_t SPARE_LIMIT = 8;
+constexpr std::size_t s_nSpareLimit = 8;
 
 // Contexts that were given back, for the next caller.
 std::vector<CDeviceContext*>& SpareContexts()
@@ -46,7 +46,7 @@ constexpr COLORREF s_acrSystem[] = {
     RGB(0xD4, 0xD0, 0xC8),  // 19 inactive caption text
     RGB(0xFF, 0xFF, 0xFF),  // 20 button highlight
 };
-constexpr int SYSTEM_COLOURS = static_cast<int>(std::size(s_acrSystem));
+constexpr int s_nSystemColours = static_cast<int>(std::size(s_acrSystem));
 
 }  // namespace
 
@@ -65,26 +65,28 @@ bool ReleaseScreenDC(CDeviceContext* pDC)
     if (pDC->Type() != OBJ_DC || pDC->Target())
         return false;
     auto& spare = SpareContexts();
-    if (spare.size() < SPARE_LIMIT)
+    if (spare.size() < s_nSpareLimit)
     {
         pDC->Reset();
         spare.push_back(pDC);
     }
     else
+    {
         delete pDC;
+    }
     return true;
 }
 
 COLORREF SystemColour(int nIndex)
 {
-    return nIndex >= 0 && nIndex < SYSTEM_COLOURS ? s_acrSystem[nIndex] : 0;
+    return nIndex >= 0 && nIndex < s_nSystemColours ? s_acrSystem[nIndex] : 0;
 }
 
 CBrushObject* SystemBrush(int nIndex)
 {
-    if (nIndex < 0 || nIndex >= SYSTEM_COLOURS)
+    if (nIndex < 0 || nIndex >= s_nSystemColours)
         return nullptr;
-    static std::array<CBrushObject*, SYSTEM_COLOURS> s_apBrushes{};
+    static std::array<CBrushObject*, s_nSystemColours> s_apBrushes{};
     CBrushObject*& pBrush = s_apBrushes[nIndex];
     if (!pBrush)
     {

@@ -17,9 +17,9 @@ namespace
 
 using std::int64_t;
 
-constexpr int64_t LARGEST_PPEM = 1 << 24;  // keeps all products below within 64 bits
-constexpr int DEFAULT_HEIGHT = 16;
-constexpr int WIDEST = 100;  // a width of more than this many heights is not taken for one
+constexpr int64_t s_nLargestPpem = 1 << 24;  // keeps all products below within 64 bits
+constexpr int s_nDefaultHeight = 16;
+constexpr int s_nWidest = 100;  // a width of more than this many heights is not taken for one
 
 // a * b with b in 16.16, halves away from zero.
 int64_t MulFix(int64_t a, int64_t b)
@@ -42,13 +42,13 @@ int64_t MulDivNearest(int64_t a, int64_t b, int64_t c)
 int64_t PpemOf(const CFontFace& face, int nHeight)
 {
     if (nHeight < 0)
-        return std::min(-int64_t{ nHeight }, LARGEST_PPEM);
-    int64_t h = nHeight == 0 ? DEFAULT_HEIGHT : nHeight;
+        return std::min(-int64_t{ nHeight }, s_nLargestPpem);
+    int64_t h = nHeight == 0 ? s_nDefaultHeight : nHeight;
     int64_t nUnits = face.m_nWinAscent + face.m_nWinDescent;
     int64_t nPpem = MulDivNearest(face.m_nUnitsPerEm, h, nUnits);
     if (nPpem > 1 && MulDivNearest(nUnits, nPpem, face.m_nUnitsPerEm) > h)
         --nPpem;
-    return std::clamp<int64_t>(nPpem, 1, LARGEST_PPEM);
+    return std::clamp<int64_t>(nPpem, 1, s_nLargestPpem);
 }
 
 }  // namespace
@@ -79,7 +79,7 @@ void CRealizedFont::Realize(int nFaceId, int nHeight, int nWidth)
     int nAverage = std::max(1, scaled(face.m_nAverageWidth));
     int64_t nAsked = nHeight == 0 ? 0 : std::abs(int64_t{ nWidth });
     int64_t nCell = std::max(1, Height());
-    if ((nAsked + nCell - 1) / nCell > WIDEST)
+    if ((nAsked + nCell - 1) / nCell > s_nWidest)
         nAsked = 0;
     m_bStretched = nAsked != 0;
     m_fRatio = m_bStretched ? static_cast<double>(nAsked) / nAverage : 1.0;
@@ -118,11 +118,11 @@ char16_t CRealizedFont::Unicode(BYTE byte, BYTE nCharSet) const
 namespace
 {
 
-constexpr std::size_t SLOT_COUNT = 2 * CFontCache::FONT_LIMIT;
+constexpr std::size_t s_nSlotCount = 2 * CFontCache::FONT_LIMIT;
 
 struct CFontTable
 {
-    std::array<CRealizedFont*, SLOT_COUNT> m_apSlots{};
+    std::array<CRealizedFont*, s_nSlotCount> m_apSlots{};
     std::vector<std::unique_ptr<CRealizedFont>> m_fonts;  // the first m_nUsed are in the table
     std::size_t m_nUsed = 0;
 };
@@ -138,7 +138,7 @@ std::size_t SlotOf(int nFaceId, int nHeight, int nWidth)
     std::uint64_t nHash = static_cast<std::uint32_t>(nHeight);
     nHash = (nHash << 32 | static_cast<std::uint32_t>(nWidth)) * 0x9E3779B97F4A7C15u;
     nHash = (nHash ^ static_cast<std::uint32_t>(nFaceId)) * 0xC2B2AE3D27D4EB4Fu;
-    return static_cast<std::size_t>(nHash >> 40) % SLOT_COUNT;
+    return static_cast<std::size_t>(nHash >> 40) % s_nSlotCount;
 }
 
 }  // namespace
@@ -153,8 +153,10 @@ const CRealizedFont& CFontCache::Find(int nFaceId, int nHeight, int nWidth)
     CFontTable& table = Table();
     std::size_t nSlot = SlotOf(nFaceId, nHeight, nWidth);
     for (CRealizedFont* p = table.m_apSlots[nSlot]; p; p = p->m_pNext)
+    {
         if (p->m_nHeight == nHeight && p->m_nWidth == nWidth && p->m_nFaceId == nFaceId)
             return *p;
+    }
 
     if (table.m_nUsed == FONT_LIMIT)
     {

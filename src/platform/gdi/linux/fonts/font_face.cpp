@@ -20,12 +20,12 @@
 namespace
 {
 
-constexpr int BOLD = 1;  // bits of a style
-constexpr int ITALIC = 2;
-constexpr int STYLE_COUNT = 4;
-constexpr const char* s_apszStyles[STYLE_COUNT] = { "", " Bold", " Italic", " Bold Italic" };
-constexpr int LIGHTEST_BOLD = 551;
-constexpr std::size_t NAME_LIMIT = 512;  // of unknown faces that are remembered
+constexpr int s_nBold = 1;  // bits of a style
+constexpr int s_nItalic = 2;
+constexpr int s_nStyleCount = 4;
+constexpr const char* s_apszStyles[s_nStyleCount] = { "", " Bold", " Italic", " Bold Italic" };
+constexpr int s_nLightestBold = 551;
+constexpr std::size_t s_nNameLimit = 512;  // of unknown faces that are remembered
 
 enum CFamilyIndex
 {
@@ -42,7 +42,7 @@ struct CFamily
     const char* m_pszFace;
     const char* m_pszFree;  // free font of the same widths, as the system may know it
     CTextCoding m_coding;
-    const char* m_apszFiles[STYLE_COUNT];  // in the folder, by style
+    const char* m_apszFiles[s_nStyleCount];  // in the folder, by style
 };
 
 #define TEXT_FILES(name)                                                                  \
@@ -78,11 +78,15 @@ constexpr CAlias s_aAliases[] = {
 int FindFamily(const char* pszFace)
 {
     for (int i = 0; i < FAMILY_COUNT; ++i)
+    {
         if (strcasecmp(pszFace, s_aFamilies[i].m_pszFace) == 0)
             return i;
+    }
     for (const CAlias& alias : s_aAliases)
+    {
         if (strcasecmp(pszFace, alias.m_pszFace) == 0)
             return alias.m_nFamily;
+    }
     return -1;
 }
 
@@ -109,9 +113,11 @@ std::string Printable(const char* pszFace)
 void ReportSubstitute(const char* pszFace, const char* pszSubstitute)
 {
     static std::set<std::string> s_told;
-    if (s_told.size() < NAME_LIMIT && s_told.insert(pszFace).second)
+    if (s_told.size() < s_nNameLimit && s_told.insert(pszFace).second)
+    {
         std::fprintf(stderr, "mivora: the font \"%s\" is missing; %s is used in its place\n",
                      Printable(pszFace).c_str(), pszSubstitute);
+    }
 }
 
 // Takes a font of the system if it can be read; what the file has not of the style is left to the
@@ -123,8 +129,8 @@ bool UseSystemFont(CFontFace& face, const std::optional<CFontLocation>& location
     CFontFace found = face;
     found.m_strFile = location->m_strFile;
     found.m_nIndex = location->m_nIndex;
-    found.m_bFakeBold = (nStyle & BOLD) && !location->m_bBold;
-    found.m_bFakeItalic = (nStyle & ITALIC) && !location->m_bItalic;
+    found.m_bFakeBold = (nStyle & s_nBold) && !location->m_bBold;
+    found.m_bFakeItalic = (nStyle & s_nItalic) && !location->m_bItalic;
     if (!ReadFontFile(found))
         return false;
     face = std::move(found);
@@ -141,8 +147,8 @@ bool UseFolderFont(CFontFace& face, const CFamily& family, int nFileStyle, int n
     CFontFace found = face;
     found.m_strFile = FileInFontFolder(pszFile);
     found.m_coding = family.m_coding;
-    found.m_bFakeBold = nMissing & BOLD;
-    found.m_bFakeItalic = nMissing & ITALIC;
+    found.m_bFakeBold = nMissing & s_nBold;
+    found.m_bFakeItalic = nMissing & s_nItalic;
     if (found.m_strFile.empty() || !ReadFontFile(found))
         return false;
     face = std::move(found);
@@ -151,11 +157,13 @@ bool UseFolderFont(CFontFace& face, const CFamily& family, int nFileStyle, int n
 
 bool UseFamily(CFontFace& face, const CFamily& family, int nStyle)
 {
-    bool bOneFile = !family.m_apszFiles[BOLD];  // all styles come from it
+    bool bOneFile = !family.m_apszFiles[s_nBold];  // all styles come from it
     return UseFolderFont(face, family, bOneFile ? 0 : nStyle, nStyle) ||
-           UseSystemFont(face, FindSystemFont(family.m_pszFace, nStyle & BOLD, nStyle & ITALIC),
+           UseSystemFont(face,
+                         FindSystemFont(family.m_pszFace, nStyle & s_nBold, nStyle & s_nItalic),
                          nStyle) ||
-           UseSystemFont(face, FindSystemFont(family.m_pszFree, nStyle & BOLD, nStyle & ITALIC),
+           UseSystemFont(face,
+                         FindSystemFont(family.m_pszFree, nStyle & s_nBold, nStyle & s_nItalic),
                          nStyle) ||
            UseFolderFont(face, family, 0, nStyle);
 }
@@ -184,7 +192,8 @@ std::unique_ptr<CFontFace> LoadFamily(int nFamily, int nStyle)
         ReportSubstitute(family.m_pszFace, s_aFamilies[nOther].m_pszFree);
         return pFace;
     }
-    if (UseSystemFont(*pFace, FindAnySystemFont(family.m_pszFree, nStyle & BOLD, nStyle & ITALIC),
+    if (UseSystemFont(*pFace,
+                      FindAnySystemFont(family.m_pszFree, nStyle & s_nBold, nStyle & s_nItalic),
                       nStyle))
     {
         ReportSubstitute(family.m_pszFace, pFace->m_strFile.c_str());
@@ -198,18 +207,21 @@ std::unique_ptr<CFontFace> LoadFamily(int nFamily, int nStyle)
 // All faces by number: the table's, four styles each, then those of the system.
 std::vector<std::unique_ptr<CFontFace>>& Faces()
 {
-    static auto* s_pFaces = new std::vector<std::unique_ptr<CFontFace>>(FAMILY_COUNT * STYLE_COUNT);
+    static auto* s_pFaces =
+        new std::vector<std::unique_ptr<CFontFace>>(FAMILY_COUNT * s_nStyleCount);
     return *s_pFaces;
 }
 
 int AddSystemFace(CFontFace face)
 {
     auto& faces = Faces();
-    for (std::size_t i = FAMILY_COUNT * STYLE_COUNT; i < faces.size(); ++i)
+    for (std::size_t i = FAMILY_COUNT * s_nStyleCount; i < faces.size(); ++i)
+    {
         if (faces[i]->m_strFile == face.m_strFile && faces[i]->m_nIndex == face.m_nIndex &&
             faces[i]->m_bFakeBold == face.m_bFakeBold &&
             faces[i]->m_bFakeItalic == face.m_bFakeItalic)
             return static_cast<int>(i);
+    }
     faces.push_back(std::make_unique<CFontFace>(std::move(face)));
     return static_cast<int>(faces.size()) - 1;
 }
@@ -218,28 +230,31 @@ int AddSystemFace(CFontFace face)
 int FindUnknownFace(const char* pszFace, int nStyle, BYTE nPitchAndFamily)
 {
     int nSubstitute = FamilyByPitch(nPitchAndFamily);
-    int nSubstituteId = nSubstitute * STYLE_COUNT + nStyle;
+    int nSubstituteId = nSubstitute * s_nStyleCount + nStyle;
     if (!*pszFace)
         return nSubstituteId;  // any face will do
-    constexpr int NOWHERE = -1;
+    constexpr int nNowhere = -1;
     static std::map<std::pair<std::string, int>, int> s_known;
-    if (s_known.size() >= NAME_LIMIT)
+    if (s_known.size() >= s_nNameLimit)
         s_known.clear();
-    auto [it, bNew] = s_known.try_emplace({ pszFace, nStyle }, NOWHERE);
+    auto [it, bNew] = s_known.try_emplace({ pszFace, nStyle }, nNowhere);
     if (bNew)
     {
         CFontFace face;
         if (UseSystemFont(
-                face, FindSystemFont(Windows1252ToUtf8(pszFace), nStyle & BOLD, nStyle & ITALIC),
+                face,
+                FindSystemFont(Windows1252ToUtf8(pszFace), nStyle & s_nBold, nStyle & s_nItalic),
                 nStyle))
         {
             face.m_bPrivateCodes = face.m_coding == CTextCoding::mapped;
             it->second = AddSystemFace(std::move(face));
         }
         else
+        {
             ReportSubstitute(pszFace, s_aFamilies[nSubstitute].m_pszFree);
+        }
     }
-    return it->second != NOWHERE ? it->second : nSubstituteId;
+    return it->second != nNowhere ? it->second : nSubstituteId;
 }
 
 // A face name as words: compared and hashed without a call.
@@ -271,14 +286,14 @@ int FindFontFace(const LOGFONTA& font)
 {
     CFaceWords face;
     std::memcpy(face.data(), font.lfFaceName, LF_FACESIZE);
-    int nStyle = (font.lfWeight >= LIGHTEST_BOLD ? BOLD : 0) | (font.lfItalic ? ITALIC : 0);
+    int nStyle = (font.lfWeight >= s_nLightestBold ? s_nBold : 0) | (font.lfItalic ? s_nItalic : 0);
     CRecentFace& recent = RecentFace(face, nStyle);
     if (recent.m_nFaceId >= 0 && recent.m_nStyle == nStyle &&
         recent.m_nPitchAndFamily == font.lfPitchAndFamily && recent.m_anFace == face)
         return recent.m_nFaceId;
 
     int nFamily = FindFamily(font.lfFaceName);
-    int nFaceId = nFamily >= 0 ? nFamily * STYLE_COUNT + nStyle
+    int nFaceId = nFamily >= 0 ? nFamily * s_nStyleCount + nStyle
                                : FindUnknownFace(font.lfFaceName, nStyle, font.lfPitchAndFamily);
     recent = { face, nStyle, font.lfPitchAndFamily, nFaceId };
     return nFaceId;
@@ -288,7 +303,7 @@ const CFontFace& FontFaceById(int nFaceId)
 {
     auto& pFace = Faces()[static_cast<std::size_t>(nFaceId)];
     if (!pFace)
-        pFace = LoadFamily(nFaceId / STYLE_COUNT, nFaceId % STYLE_COUNT);
+        pFace = LoadFamily(nFaceId / s_nStyleCount, nFaceId % s_nStyleCount);
     return *pFace;
 }
 
@@ -302,7 +317,8 @@ std::vector<std::pair<std::string, std::string>> ListFontFaces()
 {
     std::vector<std::pair<std::string, std::string>> list;
     for (const CFamily& family : s_aFamilies)
-        for (int nStyle = 0; nStyle < STYLE_COUNT && family.m_apszFiles[nStyle]; ++nStyle)
+    {
+        for (int nStyle = 0; nStyle < s_nStyleCount && family.m_apszFiles[nStyle]; ++nStyle)
         {
             CFontFace face;
             face.m_coding = family.m_coding;
@@ -310,5 +326,6 @@ std::vector<std::pair<std::string, std::string>> ListFontFaces()
             list.emplace_back(std::string(family.m_pszFace) + s_apszStyles[nStyle],
                               bFound ? face.m_strFile : std::string());
         }
+    }
     return list;
 }

@@ -14,8 +14,8 @@
 namespace
 {
 
-constexpr int SYMBOL_GLYPHS = 193;  // in symbol.ttf
-constexpr int MT_EXTRA_GLYPHS = 6;  // in mtextra.ttf
+constexpr int s_nSymbolGlyphs = 193;  // in symbol.ttf
+constexpr int s_nMtExtraGlyphs = 6;   // in mtextra.ttf
 
 using CFacePtr = std::unique_ptr<FT_FaceRec, CFreeBy<FT_Done_Face>>;
 
@@ -35,9 +35,9 @@ CFacePtr OpenFace(const CFontFace& face)
 // How the file's bytes find their glyphs; false if they cannot.
 bool ChooseCoding(FT_Face pFace, CTextCoding& coding)
 {
-    if (coding == CTextCoding::symbol && pFace->num_glyphs == SYMBOL_GLYPHS)
+    if (coding == CTextCoding::symbol && pFace->num_glyphs == s_nSymbolGlyphs)
         return true;
-    if (coding == CTextCoding::mtExtra && pFace->num_glyphs == MT_EXTRA_GLYPHS)
+    if (coding == CTextCoding::mtExtra && pFace->num_glyphs == s_nMtExtraGlyphs)
         return true;
     if (coding == CTextCoding::text && FT_Select_Charmap(pFace, FT_ENCODING_UNICODE) == 0)
         return true;

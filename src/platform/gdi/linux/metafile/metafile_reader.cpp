@@ -15,7 +15,7 @@
 namespace
 {
 
-constexpr std::size_t READ_STEP = 64 * 1024;
+constexpr std::size_t s_nReadStep = 64 * 1024;
 
 EMR HeadAt(std::span<const BYTE> bytes, std::size_t nOffset)
 {
@@ -29,8 +29,10 @@ std::size_t FieldBytes(const ENHMETAHEADER& header)
 {
     std::size_t nBytes = std::min<std::size_t>(header.nSize, sizeof header);
     for (DWORD nOffset : { header.offDescription, header.offPixelFormat })
+    {
         if (nOffset >= METAFILE_OLDEST_HEADER)
             nBytes = std::min<std::size_t>(nBytes, nOffset);
+    }
     return nBytes;
 }
 
@@ -82,7 +84,7 @@ private:
 DWORD ReadRecords(CDescriptor& file, CMetafileBits& bits)
 {
     const std::size_t nStep =
-        std::clamp<std::size_t>(file.Size() + 1, METAFILE_OLDEST_HEADER, READ_STEP);
+        std::clamp<std::size_t>(file.Size() + 1, METAFILE_OLDEST_HEADER, s_nReadStep);
     std::size_t nWalked = 0;
     bool bHeaderSeen = false;
     for (;;)

@@ -17,8 +17,10 @@ LOGFONTW WideFont(const LOGFONTA& font)
     static_assert(offsetof(LOGFONTA, lfFaceName) == offsetof(LOGFONTW, lfFaceName));
     std::memcpy(static_cast<void*>(&wide), &font, offsetof(LOGFONTA, lfFaceName));
     for (int i = 0; i < LF_FACESIZE - 1 && font.lfFaceName[i] != '\0'; ++i)
+    {
         wide.lfFaceName[i] = static_cast<char16_t>(
             Windows1252ToUnicode(static_cast<unsigned char>(font.lfFaceName[i])));
+    }
     return wide;
 }
 
@@ -31,8 +33,10 @@ std::u16string WideDescription(LPCSTR pszList)
     for (; *pszList; ++pszList)
     {
         for (; *pszList; ++pszList)
+        {
             strWide +=
                 static_cast<char16_t>(Windows1252ToUnicode(static_cast<unsigned char>(*pszList)));
+        }
         strWide += u'\0';
     }
     strWide += u'\0';

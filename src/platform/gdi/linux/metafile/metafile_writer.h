@@ -17,8 +17,10 @@ public:
     DWORD Find(const CHandleObject& object) const
     {
         for (std::size_t i = 0; i < m_slots.size(); ++i)
+        {
             if (m_slots[i] == &object)
                 return static_cast<DWORD>(i + 1);
+        }
         return 0;
     }
     // 0 when there are as many as a header can count.
