@@ -2,13 +2,11 @@
 #include <cmath>
 
 #include "picture/raster.h"
-#include "platform/gdi/gdi.h"
+#include "service/bmp_head.h"
 
 namespace
 {
-constexpr WORD s_nBitmapType = 0x4D42;  // "BM"
-constexpr DWORD s_nBitFields = 3;
-constexpr size_t s_nMasksAndSpace = 68;  // the rest of a header of the fourth version
+constexpr DWORD s_nMasksAndSpace = 68;  // the rest of a header of the fourth version
 constexpr std::uint32_t s_anMasks[] = { 0x00FF0000, 0x0000FF00, 0x000000FF, 0xFF000000,
                                         0x73524742 };  // the last one: the common colour space
 
@@ -22,21 +20,15 @@ void AppendStruct(std::string& strBytes, const void* pData, size_t nSize)
 std::string BmpBytes(const CRaster& raster, const CPictureOptions& options)
 {
     const CSize& size = raster.size;
-    BITMAPINFOHEADER header = {};
-    header.biSize =
-        static_cast<DWORD>(sizeof header + (options.bTransparent ? s_nMasksAndSpace : 0));
-    header.biWidth = size.cx;
-    header.biHeight = size.cy;
-    header.biPlanes = 1;
-    header.biBitCount = 32;
-    header.biCompression = options.bTransparent ? s_nBitFields : 0;
+    BITMAPINFOHEADER header =
+        MakeBitmapHeader(size.cx, size.cy, 32, options.bTransparent ? BI_BITFIELDS : BI_RGB);
+    if (options.bTransparent)
+        header.biSize += s_nMasksAndSpace;
     header.biSizeImage = static_cast<DWORD>(raster.pixels.size() * sizeof raster.pixels[0]);
     header.biXPelsPerMeter = header.biYPelsPerMeter =
         static_cast<LONG>(std::lround(options.nDpi / 0.0254));
-    BITMAPFILEHEADER fileHeader = {};
-    fileHeader.bfType = s_nBitmapType;
-    fileHeader.bfOffBits = static_cast<DWORD>(sizeof fileHeader + header.biSize);
-    fileHeader.bfSize = fileHeader.bfOffBits + header.biSizeImage;
+    const BITMAPFILEHEADER fileHeader =
+        MakeBmpFileHeader(header.biSize, header.biSize + header.biSizeImage);
 
     std::string strBytes;
     strBytes.reserve(fileHeader.bfSize);

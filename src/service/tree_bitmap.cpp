@@ -6,13 +6,13 @@
 #include "platform/base/file.h"
 #include "platform/base/system.h"
 #include "platform/gdi/dc.h"
+#include "service/bmp_head.h"
 #include "service/screen_dc.h"
 #include "tree/bin_tree.h"
 
 namespace
 {
 constexpr COLORREF s_crWhite = 0xFFFFFF;
-constexpr WORD s_nBitmapType = 0x4D42;  // "BM"
 
 struct CGlobalFree
 {
@@ -84,18 +84,6 @@ private:
     HPALETTE m_hOld;
 };
 
-BITMAPINFOHEADER HeaderOf(const BITMAP& bitmap, DWORD nCompression)
-{
-    BITMAPINFOHEADER header = {};
-    header.biSize = sizeof header;
-    header.biWidth = bitmap.bmWidth;
-    header.biHeight = bitmap.bmHeight;
-    header.biPlanes = 1;
-    header.biBitCount = static_cast<WORD>(bitmap.bmPlanes * bitmap.bmBitsPixel);
-    header.biCompression = nCompression;
-    return header;
-}
-
 ULONGLONG ImageSize(const BITMAPINFOHEADER& header)
 {
     const auto nRowBits = static_cast<ULONGLONG>(header.biWidth) * header.biBitCount;
@@ -140,11 +128,8 @@ bool WriteDib(const CString& strPath, HGLOBAL hDib)
 {
     const auto* pHeader = static_cast<const BITMAPINFOHEADER*>(GlobalLock(hDib));
     const auto nSize = static_cast<DWORD>(GlobalSize(hDib));
-    BITMAPFILEHEADER fileHeader = {};
-    fileHeader.bfType = s_nBitmapType;
-    fileHeader.bfSize = nSize + static_cast<DWORD>(sizeof fileHeader);
-    fileHeader.bfOffBits = pHeader->biSize + 4 * ColourCount(pHeader->biBitCount) +
-                           static_cast<DWORD>(sizeof fileHeader);
+    const BITMAPFILEHEADER fileHeader =
+        MakeBmpFileHeader(pHeader->biSize + 4 * ColourCount(pHeader->biBitCount), nSize);
     const LONG lError =
         WriteWholeFile(strPath, { { reinterpret_cast<const BYTE*>(&fileHeader), sizeof fileHeader },
                                   { reinterpret_cast<const BYTE*>(pHeader), nSize } });
@@ -162,7 +147,9 @@ HANDLE CBinTree::BitmapToDIB(CBitmap* pBitmap, DWORD nCompression, CPalette* pPa
         return nullptr;
     CScreenDC screen;
     const CPaletteScope palette(screen.GetSafeHdc(), pPalette);
-    return PackedDib(screen.GetSafeHdc(), *pBitmap, HeaderOf(bitmap, nCompression)).release();
+    const BITMAPINFOHEADER header = MakeBitmapHeader(
+        bitmap.bmWidth, bitmap.bmHeight, bitmap.bmPlanes * bitmap.bmBitsPixel, nCompression);
+    return PackedDib(screen.GetSafeHdc(), *pBitmap, header).release();
 }
 
 int CBinTree::WriteBitmapFile(CString strPath)
