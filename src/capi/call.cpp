@@ -1,7 +1,7 @@
+// The lock and the ladder around every call, and the last error of each thread.
 #include "capi/call.h"
 
 #include <cstring>
-#include <memory>
 #include <new>
 #include <string_view>
 
@@ -9,7 +9,7 @@
 #include "picture/failure.h"
 #include "platform/base/app.h"
 #include "platform/base/code_page.h"
-#include "platform/base/exception.h"
+#include "service/caught_exception.h"
 #include "service/library_lock.h"
 
 namespace
@@ -61,14 +61,9 @@ mivora_status Succeed()
     return MIVORA_OK;
 }
 
-struct CDeleteException
-{
-    void operator()(CException* pException) const { pException->Delete(); }
-};
-
 mivora_status FailFor(CException* pException)
 {
-    const std::unique_ptr<CException, CDeleteException> pOwned(pException);
+    const CCaughtException pOwned(pException);
     if (dynamic_cast<const CMemoryException*>(pException) != nullptr)
         return FailForMemory();
     if (dynamic_cast<const CArchiveException*>(pException) != nullptr)

@@ -2,43 +2,49 @@
 // The same words stand for both.
 #include "parser/failure.h"
 
+#include <new>
+
 #include "parser/token.h"
+#include "platform/base/exception.h"
 
 namespace
 {
 
-constexpr const char* s_pszStopped = "Error in Calculation() weil ";
 constexpr int s_nMaxReason = 255;  // characters
 
-CString MakeNoMemoryText()
+CString Describe(const CException& exception)
 {
     char szReason[s_nMaxReason + 1] = "";
-    CMemoryException().GetErrorMessage(szReason, sizeof szReason);
-    return CString::Immortal(CString(s_pszStopped) + szReason);
+    exception.GetErrorMessage(szReason, sizeof szReason);
+    return "Error in Calculation() weil " + CString(szReason);
 }
 
 // Made before it is needed: then there is no memory for it.
-const CString s_strNoMemory = MakeNoMemoryText();
+const CString s_strNoMemory = CString::Immortal(Describe(CMemoryException()));
 
 }  // namespace
 
-CString DescribeFailure(CException* pException)
+bool RunAndReport(CString* pMessage, void (*pfn)(void*), void* pContext)
 {
-    char szReason[s_nMaxReason + 1] = "";
-    pException->GetErrorMessage(szReason, sizeof szReason);
     try
     {
-        return s_pszStopped + CString(szReason);
+        pfn(pContext);
+        return true;
     }
-    catch (CMemoryException*)  // a static object
+    catch (CMemoryException*)
     {
-        return s_strNoMemory;
+        *pMessage = s_strNoMemory;
     }
-}
-
-CString DescribeNoMemory()
-{
-    return s_strNoMemory;
+    catch (const std::bad_alloc&)
+    {
+        *pMessage = s_strNoMemory;
+    }
+    catch (CException* pException)
+    {
+        // The words take memory, which may be what ends.
+        RunAndReport(pMessage, [&] { *pMessage = Describe(*pException); });
+    }
+    return false;
 }
 
 void ReportEnd(WORD nPos, const CString& strToken, const char* pszFormat, const CString& strDetail,

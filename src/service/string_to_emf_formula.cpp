@@ -3,9 +3,9 @@
 #include <memory>
 #include <new>
 
-#include "platform/base/app.h"
 #include "platform/base/exception.h"
 #include "platform/gdi/dc.h"
+#include "service/caught_exception.h"
 #include "service/formula_out.h"
 #include "service/library_lock.h"
 
@@ -28,14 +28,9 @@ void WriteWithSizes(const char* pszFormula, const char* pszPath, float* pfWidth,
     pFormula->WriteFormulaToWMF(pszPath);
 }
 
-struct CDeleteException
-{
-    void operator()(CException* pException) const { pException->Delete(); }
-};
-
-// Tells in a message box what stopped the job.
-template <class Job>
-void RunAndTell(Job job)
+// Runs a job, and what answers whatever it threw.
+template <class Job, class Answer>
+void Guard(Job job, Answer answer)
 {
     try
     {
@@ -43,34 +38,31 @@ void RunAndTell(Job job)
     }
     catch (CException* pException)
     {
-        const std::unique_ptr<CException, CDeleteException> pOwned(pException);
-        pException->ReportError();
+        const CCaughtException pOwned(pException);
+        answer(*pException);
     }
     catch (const std::bad_alloc&)
     {
-        CMemoryException().ReportError();
+        CMemoryException exception;
+        answer(exception);
     }
     catch (...)
     {
-        CException(FALSE).ReportError();
+        CException exception(FALSE);
+        answer(exception);
     }
 }
 
-// A box needs memory too, and its handler is the host's: what that throws has no way on.
+// Tells in a message box what stopped the job. A box needs memory too, and its handler is the
+// host's: what that throws has no way on.
 template <class Job>
 void RunSealed(Job job) noexcept
 {
-    try
+    const auto tell = [](CException& exception)
     {
-        RunAndTell(job);
-    }
-    catch (CException* pException)
-    {
-        pException->Delete();
-    }
-    catch (...)
-    {
-    }
+        exception.ReportError();
+    };
+    Guard([&] { Guard(job, tell); }, [](CException&) {});
 }
 
 void SetZero(float* pfSize)

@@ -3,11 +3,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <new>
 #include <string>
 #include <vector>
 
-#include "platform/base/exception.h"
 #include "program.h"
 #include "report.h"
 #include "words/arguments.h"
@@ -112,15 +110,6 @@ int RunProgram(int nWords, const char* const* apszWords)
     }
 }
 
-int TellException(CException* pException)
-{
-    char szText[256] = "";
-    pException->GetErrorMessage(szText, sizeof szText);
-    pException->Delete();
-    Tell(szText);
-    return STATUS_FAILED;
-}
-
 int RunAndTell(int nWords, const char* const* apszWords)
 {
     try
@@ -132,19 +121,11 @@ int RunAndTell(int nWords, const char* const* apszWords)
         Tell(error.strMessage);
         return STATUS_USAGE;
     }
-    catch (const CFailure& failure)
+    catch (...)
     {
-        Tell(failure.strMessage);
+        Tell(CaughtReason());
+        return STATUS_FAILED;
     }
-    catch (CException* pException)
-    {
-        return TellException(pException);
-    }
-    catch (const std::bad_alloc&)
-    {
-        Tell("out of memory");
-    }
-    return STATUS_FAILED;
 }
 }  // namespace
 

@@ -1,10 +1,13 @@
+// Messages, those of the library among them, and reasons of failures.
 #include "report.h"
 
 #include <cstdio>
+#include <new>
 
 #include "platform/base/app.h"
 #include "platform/base/code_page.h"
 #include "platform/base/system.h"
+#include "service/caught_exception.h"
 #include "system/system_calls.h"
 
 namespace
@@ -27,6 +30,29 @@ bool IsControl(char ch)
     return nCode < 0x20 || nCode == 0x7F;
 }
 }  // namespace
+
+std::string CaughtReason()
+{
+    try
+    {
+        throw;
+    }
+    catch (const CFailure& failure)
+    {
+        return failure.strMessage;
+    }
+    catch (CException* pException)
+    {
+        const CCaughtException pOwned(pException);
+        char szText[256] = "";
+        pException->GetErrorMessage(szText, sizeof szText);
+        return szText;
+    }
+    catch (const std::bad_alloc&)
+    {
+        return "out of memory";
+    }
+}
 
 void Tell(const std::string& strMessage)
 {

@@ -6,6 +6,10 @@
 #include "facade/failure.h"
 #include "facade/findings.h"
 
+// Why something was not done, for a user; called while what was thrown is handled. What no part of
+// the library throws goes on.
+std::string CaughtReason();
+
 // "mivora: ..." on standard error, control characters made harmless.
 void Tell(const std::string& strMessage);
 

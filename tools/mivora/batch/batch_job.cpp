@@ -1,10 +1,9 @@
+// Draws a line of a batch: in the program itself, or in one of its workers.
 #include "batch/batch_job.h"
 
 #include <cstdio>
-#include <new>
 
 #include "facade/greek_text.h"
-#include "platform/base/exception.h"
 #include "report.h"
 #include "texts/text_input.h"
 #include "words/arguments.h"
@@ -59,27 +58,15 @@ std::string FileNameOf(unsigned long long nLine, const CBatchOptions& options)
 CLineResult DrawLine(CFormulaOut& formula, const std::string& strLine, unsigned long long nLine,
                      const CBatchOptions& options)
 {
-    std::string strReason;
     try
     {
         return Draw(formula, strLine, options.strDirectory + '/' + FileNameOf(nLine, options),
                     options);
     }
-    catch (const CFailure& failure)
+    catch (...)
     {
-        strReason = failure.strMessage;
+        const std::string strReason = CaughtReason();
+        TakeLibraryMessages();
+        return { OUTCOME_FAILED, strReason, {} };
     }
-    catch (CException* pException)
-    {
-        char szText[256] = "";
-        pException->GetErrorMessage(szText, sizeof szText);
-        pException->Delete();
-        strReason = szText;
-    }
-    catch (const std::bad_alloc&)
-    {
-        strReason = "out of memory";
-    }
-    TakeLibraryMessages();
-    return { OUTCOME_FAILED, strReason, {} };
 }
