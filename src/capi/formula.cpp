@@ -1,3 +1,4 @@
+// Formulas of C callers: made of a text or of stored bytes, with what there is to be told of them.
 #include "capi/formula.h"
 
 #include "capi/call.h"

@@ -1,3 +1,4 @@
+// Checks the options of C callers one by one.
 #include "capi/paint.h"
 
 #include <string>

@@ -1,3 +1,4 @@
+// The table of colour names, and the hexadecimal notations.
 #include "facade/colour_name.h"
 
 #include <cctype>

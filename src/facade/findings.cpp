@@ -1,3 +1,4 @@
+// Turns positions of the parser into sentences and marks under the typed line.
 #include "facade/findings.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Speech as one line: control characters of a name would end it.
 #include "facade/formula_words.h"
 
 #include "exchange/speech.h"

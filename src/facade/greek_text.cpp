@@ -1,3 +1,4 @@
+// Reads a typed text as far as Greek letters need it: names, keywords, the words of STR.
 #include "facade/greek_text.h"
 
 #include <cctype>

@@ -1,3 +1,4 @@
+// Writes nodes with a stack of its own: trees are deeper than a thread's stack.
 #include "facade/node_json.h"
 
 #include <vector>

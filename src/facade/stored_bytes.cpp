@@ -1,3 +1,4 @@
+// The file of a stored formula in memory instead of on a disk.
 #include "facade/stored_bytes.h"
 
 #include <climits>

@@ -1,3 +1,4 @@
+// Windows-1252 with a reason for each character that it has not.
 #include "facade/typed_text.h"
 
 #include <cstdio>

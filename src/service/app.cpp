@@ -1,3 +1,4 @@
+// Host programs expect an application object in the library.
 #include "service/app.h"
 
 BEGIN_MESSAGE_MAP(CMivoraApp, CWinApp)

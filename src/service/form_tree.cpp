@@ -1,3 +1,4 @@
+// Text to measured tree: parse, root, size in hundredths of an inch.
 #include "service/form_tree.h"
 
 #include <memory>

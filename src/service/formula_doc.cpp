@@ -1,3 +1,4 @@
+// The order in which a stored formula has its parts.
 #include "service/formula_doc.h"
 
 #include "format/tree_format.h"

@@ -1,3 +1,4 @@
+// Each exported operation checks its thread and hands on.
 #include "service/formula_out.h"
 
 #include "nodes/node.h"

@@ -1,3 +1,4 @@
+// One lock for the process, which survives copies of it.
 #include "service/library_lock.h"
 
 #include <mutex>

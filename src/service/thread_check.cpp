@@ -1,3 +1,4 @@
+// Who is inside: one thread, with calls within calls.
 #include "service/thread_check.h"
 
 #include <atomic>

@@ -1,3 +1,4 @@
+// Numbers and texts as bytes of a pipe, in the order of this machine: both ends run on it.
 #include "batch/worker_messages.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// Hands lines out to workers and gives the results back in the order of the lines.
 #include "batch/worker_pool.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Asks the library's table of formats, so that a new row is offered by itself.
 #include "pictures/format_names.h"
 
 #include "picture/picture.h"

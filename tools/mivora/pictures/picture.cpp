@@ -1,3 +1,4 @@
+// Options of the command line as those of pictures, with what each format refuses.
 #include "pictures/picture.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// Stored formulas read from files and written to them.
 #include "stored/stored_formula.h"
 
 #include "facade/stored_bytes.h"

@@ -1,3 +1,4 @@
+// Pictures on standard output, or in a file that is whole or stays as it was.
 #include "system/output_file.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// The loop of --lines, and the single TEXT.
 #include "texts/formula_texts.h"
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// Where texts come from: an operand, standard input, lines of a file.
 #include "texts/text_input.h"
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// Reads the words of a command by the tables of its options.
 #include "words/arguments.h"
 
 #include <algorithm>

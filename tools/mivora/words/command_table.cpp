@@ -1,3 +1,4 @@
+// The commands and their options, of which help, manual and completions are made.
 #include "words/command_table.h"
 
 #include <cassert>

@@ -1,3 +1,4 @@
+// Scripts for bash and zsh, written from the tables of the commands.
 #include "words/generate.h"
 
 namespace

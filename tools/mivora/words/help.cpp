@@ -1,3 +1,4 @@
+// Help texts, written from the tables of the commands.
 #include <cstring>
 #include <sstream>
 

@@ -1,3 +1,4 @@
+// The manual page in roff, written from the tables of the commands.
 #include <sstream>
 
 #include "words/generate.h"

@@ -1,3 +1,4 @@
+// Folders, terminals and the words for errors, by POSIX.
 #include "system/system_calls.h"
 
 #include <unistd.h>

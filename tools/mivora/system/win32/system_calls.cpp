@@ -1,3 +1,4 @@
+// Folders, terminals and the words for errors, by Windows.
 #include "system/system_calls.h"
 
 #include "platform/base/win32/wide_text.h"

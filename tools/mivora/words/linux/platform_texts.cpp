@@ -1,3 +1,4 @@
+// What help and manual say about Linux.
 #include "words/platform_texts.h"
 
 const char g_szDpiHelp[] =

@@ -1,3 +1,4 @@
+// What help says about Windows.
 #include "words/platform_texts.h"
 
 const char g_szDpiHelp[] =
