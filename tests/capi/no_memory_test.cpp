@@ -1,52 +1,10 @@
 // The C interface while memory ends: each allocation of each call fails in turn.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
-#include <new>
 
 #include "capi/c_calls.h"
-
-namespace
-{
-int s_nUntilFailure = -1;  // allocations that still succeed; negative: all
-bool s_bOnce = false;      // one fails, and those behind it succeed
-
-void* Allocate(std::size_t nSize)
-{
-    if (s_nUntilFailure == 0)
-    {
-        s_nUntilFailure = s_bOnce ? -1 : 0;
-        return nullptr;
-    }
-    if (s_nUntilFailure > 0)
-        s_nUntilFailure--;
-    return std::malloc(nSize);
-}
-}  // namespace
-
-[[gnu::noinline]] void* operator new(std::size_t nSize)
-{
-    void* p = Allocate(nSize);
-    if (p == nullptr)
-        throw std::bad_alloc();
-    return p;
-}
-
-[[gnu::noinline]] void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept
-{
-    return Allocate(nSize);
-}
-
-[[gnu::noinline]] void operator delete(void* p) noexcept
-{
-    std::free(p);
-}
-
-[[gnu::noinline]] void operator delete(void* p, std::size_t) noexcept
-{
-    std::free(p);
-}
+#include "failing_memory.h"
 
 namespace
 {
@@ -118,16 +76,16 @@ TEST(CCallsWithoutMemory, TellItAndKeepNothing)
     for (size_t n = 0; n < 2 * std::size(aCalls); ++n)
     {
         const size_t nCall = n / 2;
-        s_bOnce = n % 2 != 0;
-        SCOPED_TRACE(testing::Message() << nCall << (s_bOnce ? " once" : ""));
+        g_bFailOnce = n % 2 != 0;
+        SCOPED_TRACE(testing::Message() << nCall << (g_bFailOnce ? " once" : ""));
         ASSERT_EQ(aCalls[nCall](), MIVORA_OK);  // faces are read once in a process
         int nFailed = 0;
         for (bool bDone = false; !bDone; ++nFailed)
         {
-            s_nUntilFailure = nFailed;
+            g_nUntilFailure = nFailed;
             const mivora_status nStatus = aCalls[nCall]();
-            bDone = s_nUntilFailure > 0;
-            s_nUntilFailure = -1;
+            bDone = g_nUntilFailure > 0;
+            g_nUntilFailure = -1;
             // A cache can do without what it cannot keep.
             EXPECT_TRUE(nStatus == MIVORA_OK || nStatus == MIVORA_OUT_OF_MEMORY)
                 << nFailed << ": " << LastError().message;

@@ -1,12 +1,8 @@
 // The C interface from four threads at once, and from a copy of the process.
-#include <gtest/gtest.h>
-
-#include <array>
 #include <atomic>
-#include <thread>
-#include <vector>
 
 #include "capi/c_calls.h"
+#include "service/thread_rounds.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>
@@ -15,10 +11,6 @@
 
 namespace
 {
-constexpr int s_nThreads = 4;
-constexpr int s_nRounds = 20;
-const std::string s_astrTexts[] = { "sqr(x)+greek p", "2**3", "2*x*y", "sum(i,i=1,n)", "a^", "" };
-
 std::string All(const std::string& strText)
 {
     const CFormulaHandle formula = FromText(strText);
@@ -32,26 +24,8 @@ std::string All(const std::string& strText)
 
 TEST(CThreads, GetWhatOneAloneGets)
 {
-    std::vector<std::string> expected;
-    for (const std::string& strText : s_astrTexts)
-        expected.push_back(All(strText));
-    std::array<int, s_nThreads> anWrong{};
-    std::vector<std::thread> threads;
-    for (size_t nThread = 0; nThread < s_nThreads; ++nThread)
-    {
-        threads.emplace_back(
-            [&, nThread]
-            {
-                for (size_t i = 0; i < s_nRounds * std::size(s_astrTexts); ++i)
-                {
-                    const size_t n = (i + nThread) % std::size(s_astrTexts);
-                    anWrong[nThread] += All(s_astrTexts[n]) != expected[n];
-                }
-            });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(anWrong, (std::array<int, s_nThreads>{}));
+    ExpectSameInThreads({ "sqr(x)+greek p", "2**3", "2*x*y", "sum(i,i=1,n)", "a^", "" }, 20,
+                        [](const std::string& strText, size_t) { return All(strText); });
 }
 
 #if !defined(_WIN32) && !defined(__SANITIZE_THREAD__)

@@ -27,11 +27,7 @@ std::string DroppedOf(std::string_view strText)
 
 TEST(DroppedText, IsTold)
 {
-    const struct
-    {
-        const char* pszText;
-        const char* pszDropped;
-    } aCases[] = {
+    const std::pair<const char*, const char*> aCases[] = {
         // A name behind a keyword
         { "sin 2x", "1:sin 2" },
         { "a+sin(x)y", "3:sin(x)" },
@@ -63,8 +59,8 @@ TEST(DroppedText, IsTold)
         { "a^b^c)", "3:b" },
         { "a^b^c+sum(x", "3:b" },
     };
-    for (const auto& row : aCases)
-        EXPECT_EQ(DroppedOf(row.pszText), row.pszDropped) << row.pszText;
+    for (const auto& [pszText, pszDropped] : aCases)
+        EXPECT_EQ(DroppedOf(pszText), pszDropped) << pszText;
     EXPECT_EQ(DroppedOf(std::string_view("a+b\0c ", 6)), std::string("4:\0c", 4));
 }
 

@@ -1,38 +1,5 @@
 // The operator levels: which tree a text gives, and where reading ends.
-#include <gtest/gtest.h>
-
-#include "parser/parsed.h"
 #include "parser/short_form.h"
-
-namespace
-{
-
-constexpr int s_nGapStart = -6;
-constexpr int s_nGapBare = -5;
-constexpr int s_nGapSign = 2;
-
-struct CParseCase
-{
-    const char* pszText;
-    const char* pszForm;
-    int nErrorPos = 0;
-    int nGap = s_nGapStart;
-};
-
-void ExpectParses(const CParseCase& parse)
-{
-    SCOPED_TRACE(parse.pszText);
-    const CParsed parsed(parse.pszText);
-    EXPECT_EQ(parsed.nResult, 1);
-    EXPECT_EQ(parsed.Form(), Long(parse.pszForm));
-    EXPECT_EQ(parsed.nErrorPos, parse.nErrorPos);
-    EXPECT_EQ(g_nTimesGap, parse.nGap);
-    const std::string strMessage =
-        parse.nErrorPos == 0 ? "" : "Error at Position " + std::to_string(parse.nErrorPos) + "!";
-    EXPECT_EQ(parsed.strMessage.GetString(), strMessage);
-}
-
-}  // namespace
 
 TEST(Expression, BuildsTheLevels)
 {
@@ -40,12 +7,12 @@ TEST(Expression, BuildsTheLevels)
         { "", "_" },
         { " \t\r\n\v\f ", "_" },
         { "  a ", "'a'" },
-        { "a+b*c", R"((PLUS "+" 'a' (TIMES "" 'b' 'c')))", 0, s_nGapBare },
-        { "a**b", R"((TIMES "\xB4" 'a' 'b'))", 0, s_nGapSign },
-        { "a*b**c", R"((TIMES "\xB4" (TIMES "" 'a' 'b') 'c'))", 0, s_nGapSign },
-        { "a**b*c", R"((TIMES "" (TIMES "\xB4" 'a' 'b') 'c'))", 0, s_nGapBare },
-        { "a*", R"((TIMES "" 'a' _))", 0, s_nGapBare },
-        { "*", R"((TIMES "" _ _))", 0, s_nGapBare },
+        { "a+b*c", R"((PLUS "+" 'a' (TIMES "" 'b' 'c')))", 0, GAP_BARE },
+        { "a**b", R"((TIMES "\xB4" 'a' 'b'))", 0, GAP_SIGN },
+        { "a*b**c", R"((TIMES "\xB4" (TIMES "" 'a' 'b') 'c'))", 0, GAP_SIGN },
+        { "a**b*c", R"((TIMES "" (TIMES "\xB4" 'a' 'b') 'c'))", 0, GAP_BARE },
+        { "a*", R"((TIMES "" 'a' _))", 0, GAP_BARE },
+        { "*", R"((TIMES "" _ _))", 0, GAP_BARE },
         { "a+", R"((PLUS "+" 'a' _))" },
         { "+a", R"((PLUS "+" _ 'a'))" },
         { "a=b+c", R"((PLUS "+" (EQUATION[0] "" 'a' 'b') 'c'))" },
@@ -64,10 +31,9 @@ TEST(Expression, BuildsTheLevels)
         { "a/b/c", R"((DIVISION[0] "/" (DIVISION[0] "/" 'a' 'b') 'c'))" },
         { "2x", "#2", 2 },
         { "  2x", "#2", 2 },
-        { "2*x", R"((TIMES "" #2 'x'))", 0, s_nGapBare },
+        { "2*x", R"((TIMES "" #2 'x'))", 0, GAP_BARE },
     };
-    for (const CParseCase& parse : aCases)
-        ExpectParses(parse);
+    ExpectParses(aCases);
 }
 
 TEST(Expression, BracketsOfTheTextMakeNoNode)
@@ -75,11 +41,11 @@ TEST(Expression, BracketsOfTheTextMakeNoNode)
     const CParseCase aCases[] = {
         { "(a)", "'a'" },
         { "((a", "'a'" },
-        { "(a+b)*c", R"((TIMES "" (BRACE[0] "" (PLUS "+" 'a' 'b') -) 'c'))", 0, s_nGapBare },
-        { "a*(b-c)", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" 'b' 'c') -)))", 0, s_nGapBare },
-        { "a*-b", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" _ 'b') -)))", 0, s_nGapBare },
+        { "(a+b)*c", R"((TIMES "" (BRACE[0] "" (PLUS "+" 'a' 'b') -) 'c'))", 0, GAP_BARE },
+        { "a*(b-c)", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" 'b' 'c') -)))", 0, GAP_BARE },
+        { "a*-b", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" _ 'b') -)))", 0, GAP_BARE },
         { "(a+b)/(c+d)", R"((DIVISION[0] "/" (PLUS "+" 'a' 'b') (PLUS "+" 'c' 'd')))" },
-        { "(a=b)*c", R"((TIMES "" (EQUATION[0] "" 'a' 'b') 'c'))", 0, s_nGapBare },
+        { "(a=b)*c", R"((TIMES "" (EQUATION[0] "" 'a' 'b') 'c'))", 0, GAP_BARE },
         { "a-(b+c)", R"((MINUS "-" 'a' (PLUS "+" 'b' 'c')))" },
         { "a)", "'a'", 2 },
         { "a,b", "'a'", 2 },
@@ -87,15 +53,14 @@ TEST(Expression, BracketsOfTheTextMakeNoNode)
         { "(a)(b)", "'a'", 4 },
         { "2(3)", "#2", 2 },
     };
-    for (const CParseCase& parse : aCases)
-        ExpectParses(parse);
+    ExpectParses(aCases);
 }
 
 TEST(Expression, PowersStartAnewFromTheBase)
 {
     const CParseCase aCases[] = {
         { "(a+b)^2", R"((POWERTO "^" (BRACE[0] "" (PLUS "+" 'a' 'b') -) #2))" },
-        { "(a*b)^2", R"((POWERTO "^" (BRACE[0] "" (TIMES "" 'a' 'b') -) #2))", 0, s_nGapBare },
+        { "(a*b)^2", R"((POWERTO "^" (BRACE[0] "" (TIMES "" 'a' 'b') -) #2))", 0, GAP_BARE },
         { "(a+b)~2", R"((POWERTO "^" (PLUS "+" 'a' 'b') #2))" },
         { "a^(b+c)", R"((POWERTO "^" 'a' (PLUS "+" 'b' 'c')))" },
         { "a^b^c", R"((POWERTO "^" 'a' 'c'))" },
@@ -111,8 +76,7 @@ TEST(Expression, PowersStartAnewFromTheBase)
         { "a^b`c", R"((POWERTO "^" 'a' (INDEX "" - 'c')))" },
         { "(a+b)`c", R"((PLUS "+" 'a' (INDEX "" - 'c')))" },
     };
-    for (const CParseCase& parse : aCases)
-        ExpectParses(parse);
+    ExpectParses(aCases);
 }
 
 TEST(Expression, NulsEndWhereTheyAreATokenAndAreSteppedOver)

@@ -1,44 +1,8 @@
 // A parse whose memory ends: each allocation of its lists fails in turn.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
+#include "failing_memory.h"
 #include "parser/parsed.h"
-
-namespace
-{
-
-int s_nUntilFailure = -1;  // allocations that still succeed; negative: all
-
-}  // namespace
-
-void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept
-{
-    if (s_nUntilFailure == 0)
-        return nullptr;
-    if (s_nUntilFailure > 0)
-        s_nUntilFailure--;
-    return std::malloc(nSize);
-}
-
-[[gnu::noinline]] void* operator new(std::size_t nSize)
-{
-    void* p = operator new(nSize, std::nothrow);
-    if (p == nullptr)
-        throw std::bad_alloc();
-    return p;
-}
-
-[[gnu::noinline]] void operator delete(void* p) noexcept
-{
-    std::free(p);
-}
-
-[[gnu::noinline]] void operator delete(void* p, std::size_t) noexcept
-{
-    std::free(p);
-}
 
 // The leak check sees what is not given back.
 TEST(ParserWithoutMemory, TellsItAndKeepsNothing)
@@ -55,9 +19,9 @@ TEST(ParserWithoutMemory, TellsItAndKeepsNothing)
         const CString str = strText.c_str();
         WORD nErrorPos = 4711;
         CString strMessage;
-        s_nUntilFailure = nFailures;
+        g_nUntilFailure = nFailures;
         bDone = parser.Parse(str, &nErrorPos, &strMessage) != 0;
-        s_nUntilFailure = -1;
+        g_nUntilFailure = -1;
         delete parser.m_pResult;
         if (bDone)
             break;

@@ -1,12 +1,9 @@
 // What holds for every parse: depth, length, the nodes that are made, one object for many texts.
-#include <gtest/gtest.h>
-
 #include <random>
 #include <set>
 #include <vector>
 
 #include "format/tree_format.h"
-#include "parser/parsed.h"
 #include "parser/short_form.h"
 #include "parser/small_thread.h"
 
@@ -14,14 +11,6 @@ namespace
 {
 
 constexpr int s_nLongestText = 65534;
-
-std::string Repeat(std::string_view strPart, int nTimes)
-{
-    std::string strText;
-    for (int i = 0; i < nTimes; i++)
-        strText += strPart;
-    return strText;
-}
 
 // Every link has its counterpart, no node hangs in two places, and levels and faces are those
 // that formatting gives.
@@ -38,19 +27,15 @@ int ExpectWellFormed(CNode* pTop)
         EXPECT_EQ(pNode->GetLogFont()->lfHeight,
                   bBig ? g_DefaultFormat.GetBigHeight(pNode->GetLevel())
                        : g_DefaultFormat.GetHeight(pNode->GetLevel()));
-        struct
+        for (const auto& [pChild, nStep] :
+             { std::pair(pNode->GetLeft(), pNode->GetLeftLevelStep()),
+               std::pair(pNode->GetRight(), pNode->GetRightLevelStep()) })
         {
-            CNode* pChild;
-            int nStep;
-        } const aSides[] = { { pNode->GetLeft(), pNode->GetLeftLevelStep() },
-                             { pNode->GetRight(), pNode->GetRightLevelStep() } };
-        for (const auto& side : aSides)
-        {
-            if (side.pChild == nullptr)
+            if (pChild == nullptr)
                 continue;
-            EXPECT_EQ(side.pChild->GetParent(), pNode);
-            EXPECT_EQ(side.pChild->GetLevel(), pNode->GetLevel() + side.nStep);
-            open.push_back(side.pChild);
+            EXPECT_EQ(pChild->GetParent(), pNode);
+            EXPECT_EQ(pChild->GetLevel(), pNode->GetLevel() + nStep);
+            open.push_back(pChild);
         }
     }
     return static_cast<int>(seen.size());
@@ -60,14 +45,13 @@ int ExpectWellFormed(CNode* pTop)
 
 TEST(ParserFrame, ReadsAnyDepthOnASmallStack)
 {
-    struct CDeepCase
+    const struct
     {
         const char* pszName;
         std::string strText;
         int nNodes;
-        int nErrorPos;
-    };
-    const CDeepCase aCases[] = {
+        int nErrorPos = 0;
+    } aCases[] = {
         { "opening brackets", Repeat("(", 50000), 1, 0 },
         { "sines", Repeat("sin", 20000), 40001, 0 },
         { "lists of brackets", Repeat("brace(", 10900), 1, 0 },
@@ -79,7 +63,7 @@ TEST(ParserFrame, ReadsAnyDepthOnASmallStack)
         { "minus signs", Repeat("-", s_nLongestText), 2 * s_nLongestText + 1, 0 },
         { "a name", Repeat("a", s_nLongestText), 1, 0 },
     };
-    for (const CDeepCase& deep : aCases)
+    for (const auto& deep : aCases)
     {
         SCOPED_TRACE(deep.pszName);
         RunInSmallThread(

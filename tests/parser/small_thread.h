@@ -1,10 +1,20 @@
-// Runs a job in a thread whose stack is small.
+// Runs a job in a thread whose stack is small, and makes texts that are deep.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <pthread.h>
 
 #include <functional>
+#include <string>
+#include <string_view>
+
+inline std::string Repeat(std::string_view strPart, int nTimes)
+{
+    std::string strText;
+    for (int i = 0; i < nTimes; i++)
+        strText += strPart;
+    return strText;
+}
 
 // A small stack shows recursion that is left on it.
 inline void RunInSmallThread(std::function<void()> job)

@@ -1,67 +1,31 @@
 // Texts that are deep, long or full of odd bytes go the whole way, from the parse to the metafile,
 // in a thread with a small stack.
-#include <pthread.h>
-
-#include <functional>
 #include <new>
+#include <numeric>
 
+#include "parser/small_thread.h"
 #include "platform/base/exception.h"
 #include "service/service_helpers.h"
 
 namespace
 {
-constexpr size_t s_nStackSize = 1 << 20;
-
-std::string Repeat(const std::string& strPart, int nTimes)
-{
-    std::string str;
-    for (int n = 0; n < nTimes; ++n)
-        str += strPart;
-    return str;
-}
-
 std::string AllBytes()
 {
-    std::string str;
-    for (int n = 0; n < 256; ++n)
-        str += static_cast<char>(n);
+    std::string str(256, '\0');
+    std::iota(str.begin(), str.end(), '\0');
     return str;
 }
 
-void RunInSmallThread(const std::function<void()>& job)
-{
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, s_nStackSize), 0);
-    pthread_t thread;
-    auto* pJob = const_cast<std::function<void()>*>(&job);
-    ASSERT_EQ(pthread_create(
-                  &thread, &attributes,
-                  [](void* p) -> void*
-                  {
-                      (*static_cast<std::function<void()>*>(p))();
-                      return nullptr;
-                  },
-                  pJob),
-              0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-}
-
-struct CInput
-{
-    const char* pszName;
-    std::string strText;
-    int nFormed;
-};
-
-class CBadInputTest : public CServiceTest
-{
-};
+using CBadInputTest = CServiceTest;
 
 TEST_F(CBadInputTest, GoesTheWholeWayOrIsRefused)
 {
-    const CInput aInputs[] = {
+    const struct
+    {
+        const char* pszName;
+        std::string strText;
+        int nFormed;
+    } aInputs[] = {
         { "Empty", "", 1 },
         { "Blank", " \t\r\n", 1 },
         { "Brackets", std::string(50000, '('), 1 },
@@ -78,7 +42,7 @@ TEST_F(CBadInputTest, GoesTheWholeWayOrIsRefused)
         { "TooLong", std::string(65535, 'a'), 0 },
         { "MuchTooLong", std::string(70000, 'a'), 0 },
     };
-    for (const CInput& input : aInputs)
+    for (const auto& input : aInputs)
     {
         SCOPED_TRACE(input.pszName);
         RunInSmallThread(

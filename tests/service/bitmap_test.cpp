@@ -1,21 +1,21 @@
+// The BMP file of a formula, bitmaps packed for it, and printing through one.
 #include "platform/base/system.h"
-#include "platform/gdi/dc.h"
-#include "service/canvas.h"
+#include "platform/gdi/memory_picture.h"
 #include "service/service_helpers.h"
 
 namespace
 {
 using CBitmapTest = CServiceTest;
 
-std::int32_t SignedAt(const std::string& strBytes, size_t nOffset)
-{
-    return static_cast<std::int32_t>(NumberAt(strBytes, nOffset));
-}
+constexpr size_t s_nHead = 14 + 40;  // of the file and of the bitmap
 
-CRect ScreenRect(CFormulaOut& formula)
+// Offsets in the file, and what stands there.
+using CFields = std::vector<std::pair<size_t, DWORD>>;
+void ExpectFields(const std::string& strFile, const CFields& fields)
 {
-    CClientDC screen(nullptr);
-    return formula.GetFormulaRect(&screen);
+    EXPECT_EQ(strFile.substr(0, 2), "BM");
+    for (const auto& [nOffset, nValue] : fields)
+        EXPECT_EQ(GetDword(strFile, nOffset), nValue) << nOffset;
 }
 
 TEST_F(CBitmapTest, WritesABmpOfTheFormulasSize)
@@ -26,21 +26,20 @@ TEST_F(CBitmapTest, WritesABmpOfTheFormulasSize)
     ASSERT_EQ(formula.m_Tree.WriteBitmapFile(File("x.bmp")), 1);
     const std::string strFile = ReadWhole(File("x.bmp"));
     const size_t nPixels = static_cast<size_t>(rect.Width() * rect.Height());
-    ASSERT_EQ(strFile.size(), 14 + 40 + nPixels * 4);
-    EXPECT_EQ(strFile.substr(0, 2), "BM");
-    EXPECT_EQ(NumberAt(strFile, 2), strFile.size());
-    EXPECT_EQ(NumberAt(strFile, 6), 0U);
-    EXPECT_EQ(NumberAt(strFile, 10), 54U);
-    EXPECT_EQ(NumberAt(strFile, 14), 40U);
-    EXPECT_EQ(SignedAt(strFile, 18), rect.Width());
-    EXPECT_EQ(SignedAt(strFile, 22), rect.Height());
-    EXPECT_EQ(NumberAt(strFile, 26), 1U | 32U << 16);
-    EXPECT_EQ(NumberAt(strFile, 30), 0U);
+    ASSERT_EQ(strFile.size(), s_nHead + nPixels * 4);
+    ExpectFields(strFile, { { 2, static_cast<DWORD>(strFile.size()) },
+                            { 6, 0 },
+                            { 10, s_nHead },
+                            { 14, 40 },
+                            { 18, static_cast<DWORD>(rect.Width()) },
+                            { 22, static_cast<DWORD>(rect.Height()) },
+                            { 26, 1 | 32 << 16 },  // planes, bits
+                            { 30, 0 } });
     // White in the corner, ink somewhere.
-    EXPECT_EQ(NumberAt(strFile, 54) & 0xFFFFFF, 0xFFFFFFU);
+    EXPECT_EQ(GetDword(strFile, s_nHead) & 0xFFFFFF, 0xFFFFFFU);
     size_t nInk = 0;
     for (size_t n = 0; n < nPixels; ++n)
-        nInk += (NumberAt(strFile, 54 + 4 * n) & 0xFFFFFF) < 0x808080 ? 1 : 0;
+        nInk += (GetDword(strFile, s_nHead + 4 * n) & 0xFFFFFF) < 0x808080 ? 1 : 0;
     EXPECT_GT(nInk, 20U);
     EXPECT_LT(nInk, nPixels / 4);
 
@@ -54,29 +53,21 @@ TEST_F(CBitmapTest, AnEmptyTreeIsOneMonochromePixel)
     CBinTree tree;
     ASSERT_EQ(tree.WriteBitmapFile(File("x.bmp")), 1);
     const std::string strFile = ReadWhole(File("x.bmp"));
-    EXPECT_EQ(strFile.size(), 14U + 40 + 8 + 4);
-    EXPECT_EQ(NumberAt(strFile, 10), 62U);
-    EXPECT_EQ(SignedAt(strFile, 18), 1);
-    EXPECT_EQ(NumberAt(strFile, 26), 1U | 1U << 16);
+    ASSERT_EQ(strFile.size(), s_nHead + 8 + 4);
+    ExpectFields(strFile, { { 10, s_nHead + 8 }, { 18, 1 }, { 26, 1 | 1 << 16 } });
 }
 
 TEST_F(CBitmapTest, PacksBitmapsOfEveryDepth)
 {
-    const struct
-    {
-        int nBits;
-        SIZE_T nColours;
-    } aCases[] = { { 1, 2 }, { 32, 0 } };
     CBinTree tree;
-    for (const auto& c : aCases)
+    for (const auto& [nBits, nColours] : { std::pair(1U, 2U), std::pair(32U, 0U) })
     {
-        SCOPED_TRACE(c.nBits);
+        SCOPED_TRACE(nBits);
         CBitmap bitmap;
-        ASSERT_TRUE(bitmap.CreateBitmap(5, 3, 1, static_cast<UINT>(c.nBits), nullptr));
+        ASSERT_TRUE(bitmap.CreateBitmap(5, 3, 1, nBits, nullptr));
         HANDLE hDib = tree.BitmapToDIB(&bitmap, BI_RGB, nullptr);
         ASSERT_NE(hDib, nullptr);
-        const SIZE_T nRow = static_cast<SIZE_T>((5 * c.nBits + 31) / 32 * 4);
-        EXPECT_EQ(GlobalSize(hDib), 40 + 4 * c.nColours + 3 * nRow);
+        EXPECT_EQ(GlobalSize(hDib), 40 + 4 * nColours + 3 * ((5 * nBits + 31) / 32 * 4));
         GlobalFree(hDib);
         EXPECT_EQ(tree.BitmapToDIB(&bitmap, BI_BITFIELDS, nullptr), nullptr);
     }
@@ -88,15 +79,15 @@ TEST_F(CBitmapTest, PrintsWhatItDraws)
     CFormulaOut formula;
     formula.FormTree("a/b");
     const CRect rect = ScreenRect(formula);
-    CCanvas plain(rect.Width(), rect.Height());
-    formula.DrawTree(&plain.m_dc, CRect(0, 0, 0, 0));
+    const CMemoryPicture plain(rect.Width(), rect.Height());
+    formula.DrawTree(CDC::FromHandle(plain), CRect(0, 0, 0, 0));
     ASSERT_GT(plain.Inked().Height(), 20);
-    CCanvas printed(rect.Width(), rect.Height());
-    EXPECT_EQ(formula.PrintDDB(&printed.m_dc), 1);
-    EXPECT_EQ(printed.Pixels(), plain.Pixels());
+    const CMemoryPicture printed(rect.Width(), rect.Height());
+    EXPECT_EQ(formula.PrintDDB(CDC::FromHandle(printed)), 1);
+    EXPECT_EQ(printed.Colours(), plain.Colours());
 
     CBinTree empty;
-    EXPECT_EQ(empty.PrintBitmap(&printed.m_dc), 1);
-    EXPECT_EQ(printed.Pixels(), plain.Pixels());
+    EXPECT_EQ(empty.PrintBitmap(CDC::FromHandle(printed)), 1);
+    EXPECT_EQ(printed.Colours(), plain.Colours());
 }
 }  // namespace

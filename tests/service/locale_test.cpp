@@ -18,19 +18,19 @@ TEST_F(CLocaleTest, OutputsAndNumbersAreTheSame)
     const auto WriteAll = [&](const std::string& strName)
     {
         formula.FormTree("3.25*sqr(x)");
-        formula.WriteFormulaToWMF(File((strName + ".wmf").c_str()));
-        formula.m_Tree.WriteBitmapFile(File((strName + ".bmp").c_str()));
-        formula.SaveToFML(File((strName + ".fml").c_str()));
+        formula.WriteFormulaToWMF(File(strName + ".wmf"));
+        formula.m_Tree.WriteBitmapFile(File(strName + ".bmp"));
+        formula.SaveToFML(File(strName + ".fml"));
     };
     WriteAll("plain");
     ASSERT_TRUE(SetCommaLocale(Folder()));
     WriteAll("comma");
-    for (const char* pszExtension : { ".wmf", ".bmp", ".fml" })
+    for (const std::string strExtension : { ".wmf", ".bmp", ".fml" })
     {
-        SCOPED_TRACE(pszExtension);
-        const std::string strPlain = ReadWhole(File((std::string("plain") + pszExtension).c_str()));
+        SCOPED_TRACE(strExtension);
+        const std::string strPlain = ReadWhole(File("plain" + strExtension));
         EXPECT_GT(strPlain.size(), 100U);
-        EXPECT_EQ(strPlain, ReadWhole(File((std::string("comma") + pszExtension).c_str())));
+        EXPECT_EQ(strPlain, ReadWhole(File("comma" + strExtension)));
     }
     WORD nPosition = 0;
     CString strMessage;

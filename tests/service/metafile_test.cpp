@@ -1,24 +1,20 @@
+// Metafiles of formulas: what is in them, the text that they carry, and what damaged ones give.
 #include <algorithm>
 
 #include "nodes/node.h"
+#include "platform/gdi/emf_dump.h"
 #include "service/service_helpers.h"
 
 namespace
 {
 using CMetafileTest = CServiceTest;
 
-// Types of records.
-constexpr std::uint32_t s_nHeader = 1;
-constexpr std::uint32_t s_nSetMapMode = 17;
-constexpr std::uint32_t s_nCreateBrush = 39;
-constexpr std::uint32_t s_nDeleteObject = 40;
-constexpr std::uint32_t s_nComment = 70;
-constexpr std::uint32_t s_nFillRegion = 76;  // a filled rectangle is recorded as a bit block
-constexpr std::uint32_t s_nText = 84;
-
-std::string CommentOf(const CRecord& record)
+std::string MetafileWith(const std::vector<std::string>& comments)
 {
-    return record.strData.substr(4, NumberAt(record.strData, 0));
+    std::vector<std::string> records;
+    for (const std::string& strComment : comments)
+        records.push_back(CommentRecord(strComment));
+    return MetafileOf(records);
 }
 
 TEST_F(CMetafileTest, TheCommentComesFirstAndTheBrushOfTheBackgroundBehindIt)
@@ -27,29 +23,25 @@ TEST_F(CMetafileTest, TheCommentComesFirstAndTheBrushOfTheBackgroundBehindIt)
     formula.FormTree("x");
     g_strMetaComment = "x=1";
     ASSERT_EQ(formula.m_Tree.WriteMetafile(File("x.emf")), 1);
-    const std::vector<CRecord> records = RecordsOf(ReadWhole(File("x.emf")));
-    ASSERT_GT(records.size(), 6U);
-    EXPECT_EQ(records[0].nType, s_nHeader);
-    const size_t nComment = records[1].nType == s_nSetMapMode ? 2 : 1;
-    ASSERT_EQ(records[nComment].nType, s_nComment);
-    EXPECT_EQ(CommentOf(records[nComment]), "qvmrzx=1");
-    EXPECT_EQ(records[nComment + 1].nType, s_nCreateBrush);
-    EXPECT_EQ(NumberAt(records[nComment + 1].strData, 8), 0xFFFFFFU);  // window colour
-
-    // The brush is gone before the first glyph, and its number free for the first font.
-    const auto IndexOf = [&](std::uint32_t nType)
+    CRecordLines records = DumpRecords(ReadWhole(File("x.emf")));
+    std::erase_if(records, [](const std::string& str) { return str.starts_with("SETMAPMODE"); });
+    const auto indexOf = [&](const char* pszStart)
     {
         return std::find_if(records.begin(), records.end(),
-                            [&](const CRecord& record) { return record.nType == nType; }) -
+                            [=](const std::string& strRecord)
+                            { return strRecord.starts_with(pszStart); }) -
                records.begin();
     };
-    EXPECT_LT(IndexOf(s_nFillRegion), IndexOf(s_nDeleteObject));
-    EXPECT_LT(IndexOf(s_nDeleteObject), IndexOf(s_nText));
-    EXPECT_EQ(NumberAt(records[static_cast<size_t>(IndexOf(s_nDeleteObject))].strData, 0),
-              NumberAt(records[nComment + 1].strData, 0));
-    EXPECT_EQ(std::count_if(records.begin(), records.end(),
-                            [](const CRecord& record) { return record.nType == s_nComment; }),
-              1);
+    EXPECT_EQ(indexOf("HEADER"), 0);
+    EXPECT_EQ(indexOf("GDICOMMENT 20 bytes=8 data=\"qvmrzx=1\""), 1);
+    EXPECT_EQ(indexOf("CREATEBRUSHINDIRECT 24 1,0,16777215"), 2);  // the window colour
+    // The brush is gone before the first glyph, and its number free for the first font. A filled
+    // rectangle is recorded as a bit block.
+    EXPECT_LT(indexOf("BITBLT"), indexOf("DELETEOBJECT 12 1"));
+    EXPECT_EQ(indexOf("DELETEOBJECT"), indexOf("DELETEOBJECT 12 1"));
+    EXPECT_LT(indexOf("DELETEOBJECT"), indexOf("EXTTEXTOUT"));
+    std::erase_if(records, [](const std::string& str) { return !str.starts_with("GDICOMMENT"); });
+    EXPECT_EQ(records.size(), 1U);
 }
 
 // 18 x 17 pixels of a screen of 1920 x 1080 pixels and 508 x 286 mm.
@@ -58,23 +50,19 @@ TEST_F(CMetafileTest, TheFrameIsTheSizeOnTheScreen)
     CFormulaOut formula;
     formula.FormTree("2");
     ASSERT_EQ(formula.m_Tree.WriteMetafile(File("x.emf")), 1);
-    const std::string strFile = ReadWhole(File("x.emf"));
-    EXPECT_EQ(NumberAt(strFile, 24), 0U);
-    EXPECT_EQ(NumberAt(strFile, 28), 0U);
-    EXPECT_EQ(NumberAt(strFile, 32), 476U);  // 1800 * 508 / 1920 = 476.25
-    EXPECT_EQ(NumberAt(strFile, 36), 450U);  // 1700 * 286 / 1080 = 450.19
-    const std::string strDescription = strFile.substr(NumberAt(strFile, 64), 28);
-    EXPECT_EQ(strDescription, std::string("F\0o\0r\0m\0u\0l\0a\0\0\0I\0m\0a\0g\0e\0\0\0", 28));
+    const std::string strHeader = DumpRecords(ReadWhole(File("x.emf"))).front();
+    EXPECT_EQ(Field(strHeader, "frame"), "0,0,476,450");  // 1800 * 508 / 1920, 1700 * 286 / 1080
+    EXPECT_TRUE(strHeader.ends_with(R"(text="Formula\0Image\0\0")")) << strHeader;
 }
 
 TEST_F(CMetafileTest, AnEmptyTreeWritesCommentAndFillOnly)
 {
     CBinTree tree;
     ASSERT_EQ(tree.WriteMetafile(File("x.emf")), 1);
-    const std::string strFile = ReadWhole(File("x.emf"));
-    EXPECT_EQ(NumberAt(strFile, 32), 0U);
-    for (const CRecord& record : RecordsOf(strFile))
-        EXPECT_NE(record.nType, s_nText);
+    const CRecordLines records = DumpRecords(ReadWhole(File("x.emf")));
+    EXPECT_EQ(Field(records.front(), "frame").substr(0, 6), "0,0,0,");
+    for (const std::string& strRecord : records)
+        EXPECT_FALSE(strRecord.starts_with("EXTTEXTOUT"));
     EXPECT_EQ(tree.ReadMetafile(File("x.emf")), 1);
     EXPECT_EQ(g_strMetaComment, "");
 }
@@ -103,7 +91,7 @@ TEST_F(CMetafileTest, ReadsTheLastCommentUpToItsNul)
     for (const auto& c : aCases)
     {
         SCOPED_TRACE(c.pszName);
-        WriteWhole(File("x.wmf"), ForeignMetafile(c.comments));
+        WriteWhole(File("x.wmf"), MetafileWith(c.comments));
         g_strMetaComment = "before";
         CFormulaOut formula;
         formula.FormTree("z");
@@ -138,8 +126,8 @@ TEST_F(CMetafileTest, WhatIsNoMetafileIsRefusedUnlessTheCommentHasTheTag)
 // cut file is read.
 TEST_F(CMetafileTest, DamagedFilesGiveWhatIsLeftOfThem)
 {
-    const std::string strWhole = ForeignMetafile({ "qvmrzabc", "qvmrz12345678" });
-    constexpr size_t nFirst = 88 + 12 + 5;  // the tag of the first comment is whole
+    const std::string strWhole = MetafileWith({ "qvmrzabc", "qvmrz12345678" });
+    constexpr size_t nFirst = 108 + 12 + 5;  // the tag of the first comment is whole
     CBinTree tree;
     for (size_t n = 0; n < strWhole.size(); ++n)
     {
@@ -165,7 +153,7 @@ TEST_F(CMetafileTest, DamagedFilesGiveWhatIsLeftOfThem)
 
 TEST_F(CMetafileTest, ACommentComesBackThroughReadFormAndWrite)
 {
-    WriteWhole(File("in.wmf"), ForeignMetafile({ "qvmrzsqr(x)/2" }));
+    WriteWhole(File("in.wmf"), MetafileWith({ "qvmrzsqr(x)/2" }));
     CFormulaOut formula;
     ASSERT_EQ(formula.ReadFormulaFromWMF(File("in.wmf")), 1);
     const CFormulaOut& same = formula;

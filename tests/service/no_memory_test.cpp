@@ -1,38 +1,7 @@
 // A FormTree whose memory ends: each allocation fails in turn, in the parse and behind it.
-#include <cstdlib>
-#include <new>
 
+#include "failing_memory.h"
 #include "service/service_helpers.h"
-
-namespace
-{
-int s_nUntilFailure = -1;  // allocations that still succeed; negative: all
-}  // namespace
-
-[[gnu::noinline]] void* operator new(std::size_t nSize)
-{
-    void* p = s_nUntilFailure == 0 ? nullptr : std::malloc(nSize);
-    if (p == nullptr)
-        throw std::bad_alloc();
-    if (s_nUntilFailure > 0)
-        s_nUntilFailure--;
-    return p;
-}
-
-[[gnu::noinline]] void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept
-{
-    return s_nUntilFailure == 0 ? nullptr : std::malloc(nSize);
-}
-
-[[gnu::noinline]] void operator delete(void* p) noexcept
-{
-    std::free(p);
-}
-
-[[gnu::noinline]] void operator delete(void* p, std::size_t) noexcept
-{
-    std::free(p);
-}
 
 namespace
 {
@@ -44,7 +13,7 @@ std::string s_strBox;
 
 int Count(const char* pszText, unsigned, void*)
 {
-    s_nUntilFailure = -1;
+    g_nUntilFailure = -1;
     ++s_nBoxes;
     s_strBox = pszText;
     return IDOK;
@@ -64,10 +33,10 @@ TEST_F(CNoMemoryTest, EveryStepIsAnsweredAsAFailureOfTheParse)
         EXPECT_EQ(formula.FormTree(strOld), 1);
         g_DefaultFormat.m_nSizes[0] = --nSize;
         s_nBoxes = 0;
-        s_nUntilFailure = nAllocations;
+        g_nUntilFailure = nAllocations;
         const int nFormed = formula.FormTree(strText);
-        const int nLeft = s_nUntilFailure;
-        s_nUntilFailure = -1;
+        const int nLeft = g_nUntilFailure;
+        g_nUntilFailure = -1;
         EXPECT_EQ(s_nBoxes, 1 - nFormed);
         EXPECT_EQ(formula.IsRootNodeNULL(), 1 - nFormed);
         EXPECT_EQ(formula.m_strFormula, nFormed ? strText : strOld);
@@ -104,14 +73,14 @@ TEST_F(CNoMemoryTest, TheCFunctionAnswersWithABox)
         SCOPED_TRACE(nFailed);
         std::filesystem::remove(strPath.GetString());
         s_nBoxes = 0;
-        s_nUntilFailure = nFailed;
+        g_nUntilFailure = nFailed;
         EXPECT_EQ(StringToEMFFormula("sqr(x)/2", strPath, &fWidth, &fHeight), 1);
-        bFailed = s_nUntilFailure <= 0;
-        s_nUntilFailure = -1;
+        bFailed = g_nUntilFailure <= 0;
+        g_nUntilFailure = -1;
         EXPECT_LE(s_nBoxes, 1);
         // A picture, be it that of no formula, or none; and nothing that was begun.
         const std::string strFile = ReadWhole(strPath);
-        EXPECT_TRUE(strFile.empty() || NumberAt(strFile, 48) == strFile.size());
+        EXPECT_TRUE(strFile.empty() || GetDword(strFile, 48) == strFile.size());
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder()), {}),
                   strFile.empty() ? 0 : 1);
     }

@@ -1,6 +1,4 @@
 // The document of a formula: its bytes, the file around them, and what a damaged one leaves.
-#include <functional>
-
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
@@ -99,7 +97,8 @@ void Load(CDocument& document, std::string strBytes)
 class CStoredFormulaTest : public CServiceTest
 {
 protected:
-    CString Pack(const char* pszName, const char* pszStream, std::string strContent)
+    // A compound file with one stream.
+    CString Pack(const char* pszName, std::string strContent, const char* pszStream = "Contents")
     {
         CMemFile content(reinterpret_cast<BYTE*>(strContent.data()),
                          static_cast<UINT>(strContent.size()));
@@ -146,7 +145,7 @@ TEST_F(CStoredFormulaTest, AnEmptyTreeIsAZeroThatIsReadInPart)
     EXPECT_EQ(Stored(empty), strBytes);
 
     CLentDoc loaded("old");
-    EXPECT_FALSE(loaded.OnOpenDocument(Pack("x.fml", "Contents", strBytes)));
+    EXPECT_FALSE(loaded.OnOpenDocument(Pack("x.fml", strBytes)));
     EXPECT_EQ(TakeMessages().size(), 1U);
     EXPECT_EQ(loaded.m_tree.GetRootNode()->GetSymbol(), "old");
     EXPECT_EQ(loaded.m_format.m_nSizes[0], -99);
@@ -196,33 +195,28 @@ TEST_F(CStoredFormulaTest, WhatCannotBeOpenedIsToldAndChangesNothing)
     const std::string strSound = s_strHead + s_strRoot + DefaultFormat();
     WriteWhole(File("bare.fml"), strSound);
     WriteWhole(File("empty.fml"), "");
-    Pack("other.fml", "Other", strSound);
-    Pack("short.fml", "Contents", strSound.substr(0, 60));
-    Pack("class.fml", "Contents", s_strHead + Text("NT_Standard") + s_strRoot.substr(12));
-    const struct
-    {
-        const char* pszName;
-        const char* pszReason;
-    } aCases[] = {
+    Pack("other.fml", strSound, "Other");
+    Pack("short.fml", strSound.substr(0, 60));
+    Pack("class.fml", s_strHead + Text("NT_Standard") + s_strRoot.substr(12));
+    const std::pair<const char*, const char*> aCases[] = {
         { "bare.fml", "damaged" },        { "empty.fml", "damaged" },
         { "other.fml", "damaged" },       { "short.fml", "early" },
         { "class.fml", "unknown class" }, { "missing.fml", "There is no file" },
     };
-    for (const auto& row : aCases)
+    for (const auto& [pszName, pszReason] : aCases)
     {
-        SCOPED_TRACE(row.pszName);
+        SCOPED_TRACE(pszName);
         CLentDoc opened("old");
         opened.SetModifiedFlag();
-        EXPECT_FALSE(opened.OnOpenDocument(File(row.pszName)));
+        EXPECT_FALSE(opened.OnOpenDocument(File(pszName)));
         opened.ExpectOld();
         EXPECT_TRUE(opened.IsModified());
         EXPECT_TRUE(opened.GetPathName().IsEmpty());
         const Messages messages = TakeMessages();
         ASSERT_EQ(messages.size(), 1U);
-        EXPECT_EQ(messages[0].find("Failed to open document " +
-                                   std::string(File(row.pszName).View()) + ". "),
-                  0U);
-        EXPECT_NE(messages[0].find(row.pszReason), std::string::npos) << messages[0];
+        EXPECT_TRUE(messages[0].starts_with("Failed to open document " +
+                                            std::string(File(pszName).View()) + ". "));
+        EXPECT_NE(messages[0].find(pszReason), std::string::npos) << messages[0];
     }
     // A document that has not chosen the compound file has no form to be in.
     CLentDoc bare;
@@ -236,7 +230,7 @@ TEST_F(CStoredFormulaTest, WhatCannotBeOpenedIsToldAndChangesNothing)
 // Cut anywhere, or with any byte changed, a file is refused or opened as something whole.
 TEST_F(CStoredFormulaTest, AnyDamageIsAnswered)
 {
-    const CString strPath = Pack("x.fml", "Contents", s_strHead + s_strRoot + DefaultFormat());
+    const CString strPath = Pack("x.fml", s_strHead + s_strRoot + DefaultFormat());
     const std::string strWhole = ReadWhole(strPath);
     size_t nRefused = 0;
     const auto answer = [&](const std::string& strDamaged)

@@ -1,6 +1,6 @@
 // Printing on a device with a resolution of its own, which a host's cairo context is.
 #include "platform/gdi/cairo_dc.h"
-#include "service/canvas.h"
+#include "platform/gdi/memory_picture.h"
 #include "service/service_helpers.h"
 
 namespace
@@ -35,14 +35,18 @@ public:
         cairo_surface_flush(m_pSurface);
         const unsigned char* pData = cairo_image_surface_get_data(m_pSurface);
         const int nStride = cairo_image_surface_get_stride(m_pSurface);
-        return InkedPart(cairo_image_surface_get_width(m_pSurface),
-                         cairo_image_surface_get_height(m_pSurface),
-                         [&](int x, int y)
-                         {
-                             std::uint32_t nPixel = 0;
-                             std::memcpy(&nPixel, pData + y * nStride + 4 * x, sizeof nPixel);
-                             return (nPixel & 0xFFFFFF) != 0xFFFFFF;
-                         });
+        const CMemoryPicture picture(cairo_image_surface_get_width(m_pSurface),
+                                     cairo_image_surface_get_height(m_pSurface));
+        for (int y = 0; y < picture.Height(); ++y)
+        {
+            for (int x = 0; x < picture.Width(); ++x)
+            {
+                COLORREF pixel = 0;
+                std::memcpy(&pixel, pData + y * nStride + 4 * x, sizeof pixel);
+                SetPixel(picture, x, y, pixel & 0xFFFFFF);
+            }
+        }
+        return picture.Inked();
     }
 
     CCairoDC m_dc;
@@ -54,10 +58,9 @@ TEST_F(CPrintTest, PrintsEnlargedByTheRatioOfResolutions)
 {
     CFormulaOut formula;
     formula.FormTree("a/b");
-    CClientDC screen(nullptr);
-    const CRect rect = formula.GetFormulaRect(&screen);
-    CCanvas plain(rect.Width(), rect.Height());
-    formula.DrawTree(&plain.m_dc, CRect(0, 0, 0, 0));
+    const CRect rect = ScreenRect(formula);
+    const CMemoryPicture plain(rect.Width(), rect.Height());
+    formula.DrawTree(CDC::FromHandle(plain), CRect(0, 0, 0, 0));
     const CRect inked = plain.Inked();
     ASSERT_GT(inked.Height(), 20);
 
