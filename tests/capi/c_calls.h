@@ -55,11 +55,11 @@ inline CFormulaHandle FromFml(const std::string& strBytes)
 }
 
 inline CAnswer Picture(const CFormulaHandle& formula, const char* pszFormat,
-                       const mivora_paint* pPaint = nullptr)
+                       const mivora_paint* pPaint = nullptr, mivora_size* pMeasured = nullptr)
 {
     return Answer(
         [=](mivora_formula* p, char** ppBytes, size_t* pnSize)
-        { return mivora_formula_picture(p, pszFormat, pPaint, ppBytes, pnSize, nullptr); },
+        { return mivora_formula_picture(p, pszFormat, pPaint, ppBytes, pnSize, pMeasured); },
         formula.get());
 }
 

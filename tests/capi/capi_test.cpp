@@ -64,21 +64,18 @@ TEST(CPictures, AreAsLargeAsToldAndGrowWithTheResolution)
     EXPECT_GT(screen.height, screen.axis);
     EXPECT_GT(screen.depth, 0);
     const mivora_paint fine{ .struct_size = sizeof fine, .dpi = 192, .margin = 5 };
-    char* pBytes = nullptr;
-    size_t nSize = 0;
     mivora_size size{};
-    ASSERT_EQ(mivora_formula_picture(formula.get(), "png", &fine, &pBytes, &nSize, &size),
-              MIVORA_OK);
-    const auto number = [&](int nOffset)
+    const std::string strPng = Picture(formula, "png", &fine, &size).strBytes;
+    ASSERT_GT(strPng.size(), 24U);
+    const auto number = [&](size_t nOffset)
     {
-        return static_cast<unsigned char>(pBytes[nOffset]) * 256 +
-               static_cast<unsigned char>(pBytes[nOffset + 1]);
+        return static_cast<unsigned char>(strPng[nOffset]) * 256 +
+               static_cast<unsigned char>(strPng[nOffset + 1]);
     };
     EXPECT_EQ(number(18), size.width);  // of the header chunk
     EXPECT_EQ(number(22), size.height);
     EXPECT_NEAR(size.width, 2 * screen.width + 10, 3);
     EXPECT_EQ(size.em, 32);
-    mivora_free(pBytes);
 }
 
 TEST(CPictures, DoNotDependOnTheFormulasBesideThem)

@@ -1,5 +1,5 @@
 // The operator levels: which tree a text gives, and where reading ends.
-#include "parser/short_form.h"
+#include "parser/parsed.h"
 
 TEST(Expression, BuildsTheLevels)
 {

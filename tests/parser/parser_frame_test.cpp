@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "format/tree_format.h"
-#include "parser/short_form.h"
+#include "parser/parsed.h"
 #include "parser/small_thread.h"
 
 namespace

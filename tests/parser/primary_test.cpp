@@ -1,6 +1,6 @@
 // Numbers, names, the call form and the keywords.
 #include "parser/keywords.h"
-#include "parser/short_form.h"
+#include "parser/parsed.h"
 
 namespace
 {
@@ -17,23 +17,18 @@ std::string Function(int nKind, const char* pszBetween, const char* pszArgument)
 TEST(Primary, KeepsNumbersAndNamesAsTyped)
 {
     const CParseCase aCases[] = {
-        { "1.2.3", R"((NUMBER "1.2.3" - -))" },
-        { "5%", R"((NUMBER "5%" - -))" },
-        { "%", R"((NUMBER "%" - -))" },
-        { ".", R"((NUMBER "." - -))" },
-        { "1 2", R"((NUMBER "1 2" - -))" },
-        { "1 +2", R"((PLUS "+" (NUMBER "1 " - -) #2))" },
-        { "a b", "'a b'" },
-        { "x +1", R"((PLUS "+" (VARIABLE "x " - -) #1))" },
-        { "a[i]", "'a[i]'" },
-        { "|x|", "'|x|'" },
-        { "x1", "'x'", 2 },
-        { "x_1", "'x'", 2 },
-        { "xsin", "'xsin'" },
-        { "ab sin", "'ab sin'" },
-        { "\xE4", "_", 1 },
+        { "1.2.3", "#1.2.3" }, { "5%", "#5%" },          { "%", "#%" },
+        { ".", "#." },         { "a b", "'a b'" },       { "a[i]", "'a[i]'" },
+        { "|x|", "'|x|'" },    { "x1", "'x'", 2 },       { "x_1", "'x'", 2 },
+        { "xsin", "'xsin'" },  { "ab sin", "'ab sin'" }, { "\xE4", "_", 1 },
     };
     ExpectParses(aCases);
+    const CParseCase aWithBlanks[] = {
+        { "1 2", R"((NUMBER "1 2" - -))" },
+        { "1 +2", R"((PLUS "+" (NUMBER "1 " - -) #2))" },
+        { "x +1", R"((PLUS "+" (VARIABLE "x " - -) #1))" },
+    };
+    ExpectParses(aWithBlanks);
 }
 
 TEST(Primary, HangsTheCallFormOnWhatStandsBeforeIt)

@@ -9,7 +9,7 @@
 #include "nodes/node.h"
 #include "nodes/random_tree.h"
 #include "platform/base/code_page.h"
-#include "service/canvas.h"
+#include "platform/gdi/memory_picture.h"
 #include "service/metafile_comment.h"
 #include "service/service_helpers.h"
 
@@ -87,17 +87,18 @@ TEST_F(CPictureTest, AHostsGroundStays)
     red.colour = RGB(255, 0, 0);
     for (const bool bAsPicture : { false, true })
     {
-        CCanvas canvas(all.right, all.bottom);
-        canvas.m_dc.FillSolidRect(&all, s_crGround);
-        canvas.m_dc.SetTextColor(RGB(9, 9, 9));
+        const CMemoryPicture canvas(all.right, all.bottom);
+        CDC* pDC = CDC::FromHandle(canvas);
+        pDC->FillSolidRect(&all, s_crGround);
+        pDC->SetTextColor(RGB(9, 9, 9));
         formula.m_Tree.SetSelectionMode(static_cast<int>(PF_NO_FILL));
         if (bAsPicture)
-            DrawPicture(&canvas.m_dc, CPoint(8, 9), formula, red);
+            DrawPicture(pDC, CPoint(8, 9), formula, red);
         else
-            formula.DrawTree(&canvas.m_dc, CRect(8, 9, 0, 0));
+            formula.DrawTree(pDC, CRect(8, 9, 0, 0));
         int nGround = 0;
         int nInk = 0;
-        for (const COLORREF colour : canvas.Pixels())
+        for (const COLORREF colour : canvas.Colours())
         {
             EXPECT_NE(colour, GetSysColor(COLOR_WINDOW));
             nGround += colour == s_crGround ? 1 : 0;
@@ -105,7 +106,7 @@ TEST_F(CPictureTest, AHostsGroundStays)
         }
         EXPECT_GT(nGround, all.right * all.bottom / 2);
         EXPECT_GT(nInk, 10);
-        EXPECT_EQ(canvas.m_dc.GetTextColor(), bAsPicture ? RGB(9, 9, 9) : 0U);
+        EXPECT_EQ(pDC->GetTextColor(), bAsPicture ? RGB(9, 9, 9) : 0U);
     }
 }
 

@@ -76,13 +76,18 @@ public:
     CBinTreeFormat m_format;
 };
 
+std::string BytesOf(CMemFile& file)
+{
+    return { reinterpret_cast<const char*>(file.GetData()), static_cast<size_t>(file.GetLength()) };
+}
+
 std::string Stored(CDocument& document)
 {
     CMemFile file;
     CArchive ar(&file, CArchive::store);
     document.Serialize(ar);
     ar.Close();
-    return { reinterpret_cast<const char*>(file.GetData()), static_cast<size_t>(file.GetLength()) };
+    return BytesOf(file);
 }
 
 void Load(CDocument& document, std::string strBytes)
@@ -112,8 +117,7 @@ protected:
         CFile file(strPath, CFile::modeRead);
         CMemFile content;
         EXPECT_TRUE(UnpackCompoundFile(file, "Contents", content));
-        return { reinterpret_cast<const char*>(content.GetData()),
-                 static_cast<size_t>(content.GetLength()) };
+        return BytesOf(content);
     }
 };
 
