@@ -81,11 +81,11 @@ void ApplyLook(CFormulaOut& formula, const CFormulaLook& look)
     if (look.nPoints == 0 && look.strFace.empty())
         return;
     CBinTreeFormat& format = formula.m_Format;
-    constexpr int s_nUsual = 12;
+    constexpr int nUsual = 12;
     for (size_t n = 0; look.nPoints != 0 && n < std::size(format.m_nSizes); ++n)
     {
         const int nSize = std::abs(g_DefaultFormat.m_nSizes[n]) * look.nPoints;
-        format.m_nSizes[n] = -std::max((nSize + s_nUsual / 2) / s_nUsual, 1);
+        format.m_nSizes[n] = -std::max((nSize + nUsual / 2) / nUsual, 1);
     }
     for (CFormatInfoOb* pRecord : { format.m_pText, format.m_pVariable, format.m_pConstant,
                                     format.m_pNumber, format.m_pFunction })

@@ -238,23 +238,22 @@ bool CHostTarget::PutImage(const CDrawState& state, const CImageTransfer& transf
     const CPixelImage& source = transfer.m_source;
     const RECT& from = transfer.m_from;
     const RECT& to = transfer.m_to;
-    const RECT part = IntersectBoxes(from, { 0, 0, source.Width(), source.Height() });
+    const CRect part = IntersectBoxes(from, { 0, 0, source.Width(), source.Height() });
     if (!IsUsable())
         return false;
-    if (IsEmptyBox(part))
+    if (part.IsRectEmpty())
         return true;
     constexpr int nBits = 32;
-    const auto pPicture =
-        CPixelImage::Create(part.right - part.left, part.bottom - part.top, nBits);
-    if (!pPicture)
+    const auto pImage = CPixelImage::Create(part.right - part.left, part.bottom - part.top, nBits);
+    if (!pImage)
         return false;
-    for (int y = 0; y < pPicture->Height(); ++y)
+    for (int y = 0; y < pImage->Height(); ++y)
     {
-        const std::span<CPixel> row(pPicture->Row(y), static_cast<std::size_t>(pPicture->Width()));
+        const std::span<CPixel> row(pImage->Row(y), static_cast<std::size_t>(pImage->Width()));
         ReadForDestination(transfer, nBits, part.left, part.top + y, row);
     }
 
-    const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });
+    const CSurfacePtr pSurface = pImage->Window({ 0, 0, pImage->Width(), pImage->Height() });
     if (!pSurface)
         return false;
     cairo_t* pCairo = m_pCairo.get();
@@ -270,8 +269,8 @@ bool CHostTarget::PutImage(const CDrawState& state, const CImageTransfer& transf
     cairo_pattern_set_filter(cairo_get_source(pCairo),
                              fScaleX < 1 || fScaleY < 1 ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
     cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
-    cairo_rectangle(pCairo, part.left - from.left, part.top - from.top, pPicture->Width(),
-                    pPicture->Height());
+    cairo_rectangle(pCairo, part.left - from.left, part.top - from.top, pImage->Width(),
+                    pImage->Height());
     cairo_fill(pCairo);
     return IsUsable();
 }

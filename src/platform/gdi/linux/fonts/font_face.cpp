@@ -272,11 +272,11 @@ CRecentFace s_aRecentFaces[64];
 
 CRecentFace& RecentFace(const CFaceWords& face, int nStyle)
 {
-    constexpr std::uint64_t FACTORS[] = { 0x9E3779B97F4A7C15u, 0xC2B2AE3D27D4EB4Fu,
-                                          0xFF51AFD7ED558CCDu, 0x165667B19E3779F9u };
+    constexpr std::uint64_t anFactors[] = { 0x9E3779B97F4A7C15u, 0xC2B2AE3D27D4EB4Fu,
+                                            0xFF51AFD7ED558CCDu, 0x165667B19E3779F9u };
     std::uint64_t nHash = static_cast<std::uint64_t>(nStyle) << 58;
     for (std::size_t i = 0; i < face.size(); ++i)
-        nHash ^= face[i] * FACTORS[i];
+        nHash ^= face[i] * anFactors[i];
     return s_aRecentFaces[nHash >> 58];
 }
 

@@ -19,19 +19,6 @@ constexpr int s_nMtExtraGlyphs = 6;   // in mtextra.ttf
 
 using CFacePtr = std::unique_ptr<FT_FaceRec, CFreeBy<FT_Done_Face>>;
 
-CFacePtr OpenFace(const CFontFace& face)
-{
-    static FT_Library s_pLibrary = []
-    {
-        FT_Library pLibrary = nullptr;
-        return FT_Init_FreeType(&pLibrary) == 0 ? pLibrary : nullptr;
-    }();
-    FT_Face pFace = nullptr;
-    if (!s_pLibrary || FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) != 0)
-        return nullptr;
-    return CFacePtr(pFace);
-}
-
 // How the file's bytes find their glyphs; false if they cannot.
 bool ChooseCoding(FT_Face pFace, CTextCoding& coding)
 {
@@ -143,9 +130,19 @@ void ReadUnits(FT_Face pFace, CFontFace& face)
 
 }  // namespace
 
+FT_Face OpenFontFile(const CFontFace& face)
+{
+    static FT_Library s_pLibrary = nullptr;
+    if (face.m_strFile.empty() || (!s_pLibrary && FT_Init_FreeType(&s_pLibrary) != 0))
+        return nullptr;
+    FT_Face pFace = nullptr;
+    return FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) == 0 ? pFace
+                                                                                       : nullptr;
+}
+
 bool ReadFontFile(CFontFace& face)
 {
-    CFacePtr pFace = OpenFace(face);
+    const CFacePtr pFace(OpenFontFile(face));
     if (!pFace || !FT_IS_SCALABLE(pFace.get()) || pFace->units_per_EM == 0 ||
         !ChooseCoding(pFace.get(), face.m_coding))
         return false;
