@@ -1,3 +1,4 @@
+// Unpacking by zlib; packing is each system's own file.
 #include "picture/deflate.h"
 
 #include <zlib.h>

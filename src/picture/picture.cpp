@@ -1,3 +1,4 @@
+// From a formula to bytes: the look, the drawing, its placement, the format.
 #include "picture/picture.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The signs of MathML tell the characters.
 #include "picture/sign_characters.h"
 
 #include "exchange/signs.h"

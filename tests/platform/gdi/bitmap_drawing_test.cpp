@@ -280,20 +280,6 @@ TEST(BitmapText, TakesItsAdvancesFromTheFontOrTheCaller)
     EXPECT_EQ(columns(), (std::set<int>{ 0 }));
 }
 
-TEST(BitmapText, FillsItsCellWhenOpaque)
-{
-    CMemoryPicture picture(60, 40);
-    CUseFont font(picture, FontOf("Times New Roman", -16));  // ascent 14, descent 3
-    SIZE extent{};
-    GetTextExtentPoint32A(picture, "ab", 2, &extent);
-    ASSERT_EQ(extent.cy, 17);
-    SetBkColor(picture, 0x00FF00);
-    SetTextColor(picture, 0x00FF00);
-    ExtTextOutA(picture, 10, 5, 0, nullptr, "ab", 2, nullptr);
-    EXPECT_EQ(picture.Inked(), CRect(10, 5, 10 + extent.cx, 22));
-    EXPECT_EQ(picture.Lines()[5].substr(9, 3), ".gg");
-}
-
 // Clipped text keeps to its rectangle, and to the clip of the device context.
 TEST(BitmapText, KeepsToItsClip)
 {

@@ -22,31 +22,6 @@ inline std::string RecordNumbers(const ENHMETARECORD& record, std::size_t nOffse
     return strNumbers;
 }
 
-// Reference point, options, rectangle, distances and UTF-16 units; the rectangle alone of a fill.
-inline std::string TextCall(const ENHMETARECORD& record)
-{
-    EMREXTTEXTOUTW text;
-    std::memcpy(static_cast<void*>(&text), &record, sizeof text);
-    const auto& [reference, nChars, nString, nOptions, rect, nDx] = text.emrtext;
-    const std::string strRect =
-        RecordNumbers(record, offsetof(EMREXTTEXTOUTW, emrtext.rcl), sizeof rect / 4);
-    if (nChars == 0)
-        return "fill" + strRect;
-    std::string strLine = "text " + std::to_string(reference.x) + ' ' +
-                          std::to_string(reference.y) + ' ' + std::to_string(nOptions);
-    if (rect.right >= rect.left || nOptions != 0)
-        strLine += " rect" + strRect;
-    strLine += " dx" + RecordNumbers(record, nDx, nChars) + " codes";
-    for (std::size_t n = 0; n < nChars; ++n)
-    {
-        char16_t unit;
-        std::memcpy(&unit, reinterpret_cast<const char*>(&record) + nString + n * sizeof unit,
-                    sizeof unit);
-        strLine += ' ' + std::to_string(unsigned{ unit });
-    }
-    return strLine;
-}
-
 // The calls of a metafile, which it deletes. Records whose kind has no word here are left out.
 inline std::vector<std::string> TakeMetafileCalls(HENHMETAFILE hMetaFile)
 {
@@ -75,8 +50,16 @@ inline std::vector<std::string> TakeMetafileCalls(HENHMETAFILE hMetaFile)
             if (pRecord->iType == word.nType)
                 lines.push_back(word.pszWord + RecordNumbers(*pRecord, word.nOffset, word.nCount));
         }
-        if (pRecord->iType == EMR_EXTTEXTOUTW)
-            lines.push_back(TextCall(*pRecord));
+        // Reference point and options of a text; the rectangle of a fill, which has no characters.
+        if (pRecord->iType == EMR_EXTTEXTOUTW && RecordNumbers(*pRecord, 44, 1) == " 0")
+        {
+            lines.push_back("fill" + RecordNumbers(*pRecord, 56, 4));
+        }
+        else if (pRecord->iType == EMR_EXTTEXTOUTW)
+        {
+            lines.push_back("text" + RecordNumbers(*pRecord, 36, 2) +
+                            RecordNumbers(*pRecord, 52, 1));
+        }
         return 1;
     };
     std::vector<std::string> lines;

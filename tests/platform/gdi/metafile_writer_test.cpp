@@ -194,41 +194,61 @@ TEST(MetafileWriter, WritesEachCallAsTheSystemDoes)
 
 TEST(MetafileWriter, WritesTextsAsUnicode)
 {
-    struct CTextCase
-    {
-        CDraw draw;
-        std::string strText;
-        const char* pszOptions;
-        const char* pszDx;
-    };
     const auto text = [](const char* pszFace, const char* pszText, UINT nFormat)
     {
         return [=](HDC hDC)
         {
             const CUseFont use(hDC, FontOf(pszFace, -16));
-            RECT rect{ 0, 0, 50, 50 };
+            RECT rect{ 10, 10, 60, 40 };
             DrawTextA(hDC, pszText, -1, &rect, nFormat);
-            DrawTextA(hDC, "", 0, &rect, nFormat);
+            DrawTextA(hDC, "", 0, &rect, nFormat);  // no characters, no record
         };
     };
-    const CTextCase aCases[] = {
+    const auto placed = [](const INT* pDx)
+    {
+        return [=](HDC hDC)
+        {
+            const CUseFont use(hDC, FontOf("Times New Roman", -16));
+            ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, pDx);
+        };
+    };
+    // 17 hundredths are 16 pixels; "abc" is 23 hundredths wide and 18 high, and does not turn
+    // round.
+    const CDraw mapped = [](HDC hDC)
+    {
+        SetHundredths(hDC);
+        const CUseFont use(hDC, FontOf("Times New Roman", -17));
+        RECT rect{ 10, 10, 60, 40 };
+        DrawTextA(hDC, "abc", -1, &rect, s_nLine | DT_CENTER | DT_VCENTER);
+    };
+    const INT anDx[] = { 30, -4 };
+    const struct
+    {
+        CDraw draw;
+        const char *pszText, *pszReference, *pszOptions, *pszRect, *pszDx;
+    } aCases[] = {
         // clang-format off
-        { text("Times New Roman", "a", s_nLine), "\"a\"", "0", "7" },
-        { text("Times New Roman", "a", s_nLine & ~DT_NOCLIP), "\"a\"", "4", "7" },
-        { text("Times New Roman", "\xE4\x80\x9F", s_nLine), "\"\\u00e4\\u20ac\\u0178\"", "0", "7,8,12" },
-        { text("Symbol", "\xE5\x61", s_nLine), "\"\\uf0e5\\uf061\"", "0", "11,10" },
-        { text("MT Extra", "h", s_nLine), "\"h\"", "0", "10" },
+        { text("Times New Roman", "a", s_nLine), "\"a\"", "10,10", "0", "10,10,60,40", "7" },
+        { text("Times New Roman", "a", s_nLine & ~DT_NOCLIP), "\"a\"", "10,10", "4", "10,10,60,40", "7" },
+        { text("Times New Roman", "\xE4\x80\x9F\x81", s_nLine), "\"\\u00e4\\u20ac\\u0178\\u0081\"", "10,10", "0", "10,10,60,40", "7,8,12,6" },
+        { text("Symbol", "\xE5\x61", s_nLine), "\"\\uf0e5\\uf061\"", "10,10", "0", "10,10,60,40", "11,10" },
+        { text("MT Extra", "h", s_nLine), "\"h\"", "10,10", "0", "10,10,60,40", "10" },
+        { placed(nullptr), "\"Wi\"", "5,6", "0", "0,0,-1,-1", "15,4" },
+        { placed(anDx), "\"Wi\"", "5,6", "0", "0,0,-1,-1", "30,-4" },
+        { mapped, "\"abc\"", "23,16", "0", "10,10,60,40", "7,8,7" },
         // clang-format on
     };
-    const std::vector<CRecordLines> dumps = RecordTable(aCases);
+    std::vector<CRecordLines> dumps = RecordTable(aCases);
     for (std::size_t i = 0; i < std::size(aCases); ++i)
     {
-        SCOPED_TRACE(aCases[i].strText);
-        // Header, creation, selection, text, selection, deletion, end.
-        ASSERT_EQ(dumps[i].size(), 7U);
-        EXPECT_EQ(Field(dumps[i][3], "text"), aCases[i].strText);
-        EXPECT_EQ(Field(dumps[i][3], "options"), aCases[i].pszOptions);
-        EXPECT_EQ(Field(dumps[i][3], "dx"), aCases[i].pszDx);
+        SCOPED_TRACE(aCases[i].pszText);
+        std::erase_if(dumps[i], [](const std::string& str) { return !str.starts_with("EXTTEXT"); });
+        ASSERT_EQ(dumps[i].size(), 1U);
+        EXPECT_EQ(Field(dumps[i][0], "text"), aCases[i].pszText);
+        EXPECT_EQ(Field(dumps[i][0], "ref"), aCases[i].pszReference);
+        EXPECT_EQ(Field(dumps[i][0], "options"), aCases[i].pszOptions);
+        EXPECT_EQ(Field(dumps[i][0], "rect"), aCases[i].pszRect);
+        EXPECT_EQ(Field(dumps[i][0], "dx"), aCases[i].pszDx);
     }
 }
 

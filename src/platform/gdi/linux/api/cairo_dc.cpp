@@ -13,7 +13,8 @@ namespace
 
 constexpr double s_fMmPerInch = 25.4;
 
-// A surface without bounds (a recording) gets the size of the screen.
+// A surface without bounds (a recording) gets the size of the screen: its clip is as large as
+// cairo's numbers.
 CDeviceInfo DeviceOf(cairo_t* pCairo, int nDpiX, int nDpiY)
 {
     CDeviceInfo device = ScreenDevice();

@@ -36,6 +36,7 @@ struct CStretchDirection
         if (m_bMirror)
             i = m_nToSize - 1 - i;
         CSpan span{};
+        // Enlarging takes the pixel under the middle; shrinking takes all that fall into one.
         if (m_nFromSize <= m_nToSize)
         {
             span.m_nBegin =

@@ -45,10 +45,11 @@ void WalkLine(POINT from, POINT to, const RECT& bounds, F f)
     }
 }
 
-// Cairo's coordinates are 24 bits before the point.
+// Cairo's coordinates have 24 bits before the point, and it adds some of them up.
 constexpr int s_nCairoLimit = 1 << 22;
 
-// No glyph reaches further from its pen than this many times the em square.
+// For leaving out what cannot be seen before it is drawn: no glyph of a sound font reaches further
+// from its pen than this many times the em square.
 constexpr double s_fGlyphReach = 3;
 
 class CBitmapTarget final : public CCairoTarget

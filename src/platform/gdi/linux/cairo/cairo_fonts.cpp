@@ -45,8 +45,8 @@ cairo_font_face_t* DrawnFace(const CFontFace& face, CHinting hinting)
 // What FreeType can scale, and a bitmap can show. Asking for more spoils the face.
 bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
 {
-    constexpr double fMaxSize = 32767;
-    constexpr double fMinArea = 1e-4;
+    constexpr double fMaxSize = 32767;  // pixels an em, in 16.16 numbers
+    constexpr double fMinArea = 1e-4;   // of an em square: a matrix that can still be inverted
     cairo_matrix_t scale;
     cairo_matrix_multiply(&scale, &size, &matrix);
     return std::hypot(scale.xx, scale.yx) <= fMaxSize &&
@@ -54,6 +54,8 @@ bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
            std::abs(scale.xx * scale.yy - scale.xy * scale.yx) >= fMinArea;
 }
 
+// Full hinting comes nearest to what GDI draws. Metrics are never cairo's: pens stand where the
+// advances of the layout say.
 const cairo_font_options_t* FontOptions(CHinting hinting)
 {
     const auto make = [](cairo_antialias_t antialias, cairo_hint_style_t style)

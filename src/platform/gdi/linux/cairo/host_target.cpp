@@ -123,7 +123,8 @@ bool CHostTarget::HasPixelUnits() const
            matrix.x0 == std::floor(matrix.x0) && matrix.y0 == std::floor(matrix.y0);
 }
 
-// The middles of the lines that the pixels of a pattern would make. Levels go up by 8.
+// The middles of the lines that the pixels of a pattern would make: x + y is a multiple of the
+// step. A vector format would keep a pattern as an image.
 void CHostTarget::FillHatchLines(const RECT& box)
 {
     cairo_t* pCairo = m_pCairo.get();
@@ -186,6 +187,7 @@ bool CHostTarget::DrawLine(const CDrawState& state, POINT from, POINT to, const 
     cairo_t* pCairo = m_pCairo.get();
     const CHostScope scope(pCairo, state.m_clip);
     SetStroke(stroke);
+    // Middles of pixels: a line of width 1 covers them whole.
     double x1 = from.x + 0.5, y1 = from.y + 0.5, x2 = to.x + 0.5, y2 = to.y + 0.5;
     if (stroke.m_nWidth == 1 && (from.x == to.x || from.y == to.y))
     {
@@ -266,6 +268,8 @@ bool CHostTarget::PutImage(const CDrawState& state, const CImageTransfer& transf
     cairo_scale(pCairo, transfer.m_bMirrorX ? -fScaleX : fScaleX,
                 transfer.m_bMirrorY ? -fScaleY : fScaleY);
     cairo_set_source_surface(pCairo, pSurface.get(), part.left - from.left, part.top - from.top);
+    // Enlarged pixels stay squares, as on a bitmap; shrunk ones are averaged, since a host's target
+    // cannot be read back to keep the dark ones.
     cairo_pattern_set_filter(cairo_get_source(pCairo),
                              fScaleX < 1 || fScaleY < 1 ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
     cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);

@@ -24,7 +24,6 @@ constexpr int s_nBold = 1;  // bits of a style
 constexpr int s_nItalic = 2;
 constexpr int s_nStyleCount = 4;
 constexpr const char* s_apszStyles[s_nStyleCount] = { "", " Bold", " Italic", " Bold Italic" };
-constexpr int s_nLightestBold = 551;
 constexpr std::size_t s_nNameLimit = 512;  // of unknown faces that are remembered
 
 enum CFamilyIndex
@@ -286,7 +285,7 @@ int FindFontFace(const LOGFONTA& font)
 {
     CFaceWords face;
     std::memcpy(face.data(), font.lfFaceName, LF_FACESIZE);
-    int nStyle = (font.lfWeight >= s_nLightestBold ? s_nBold : 0) | (font.lfItalic ? s_nItalic : 0);
+    int nStyle = (font.lfWeight >= LIGHTEST_BOLD ? s_nBold : 0) | (font.lfItalic ? s_nItalic : 0);
     CRecentFace& recent = RecentFace(face, nStyle);
     if (recent.m_nFaceId >= 0 && recent.m_nStyle == nStyle &&
         recent.m_nPitchAndFamily == font.lfPitchAndFamily && recent.m_anFace == face)

@@ -32,6 +32,7 @@ bool ChooseCoding(FT_Face pFace, CTextCoding& coding)
     return FT_Select_Charmap(pFace, FT_ENCODING_MS_SYMBOL) == 0;
 }
 
+// By the order of glyphs: the file's character map differs from one package to the next.
 FT_UInt SymbolGlyph(int nByte)
 {
     if (nByte >= 0x20 && nByte <= 0x7E)
@@ -62,6 +63,7 @@ FT_UInt MtExtraGlyph(int nByte)
 
 FT_UInt TextGlyph(FT_Face pFace, int nByte)
 {
+    // Controls, and the bytes that Windows-1252 leaves undefined, show the face's missing glyph.
     if (nByte < 0x20 || nByte == 0x7F)
         return 0;
     const char32_t cChar = Windows1252ToUnicode(static_cast<unsigned char>(nByte));
@@ -110,6 +112,7 @@ void ReadUnits(FT_Face pFace, CFontFace& face)
         face.m_nHheaGap = pHhea->Line_Gap;
     }
     face.m_nMaxWidth = static_cast<int>(pFace->bbox.xMax - pFace->bbox.xMin);
+    // Lines are as high as the "win" fields say; hhea stands in for a file that has none.
     face.m_nWinAscent = 0;
     face.m_nWinDescent = 0;
     face.m_nAverageWidth = face.m_anAdvances['x'];
