@@ -75,6 +75,15 @@ TEST(Drawing, MarksLieWhereNothingWipesThemAway)
         }
         EXPECT_EQ(nMode == 1, nMarked <= Area(pFraction->m_rect)) << nMarked;
     }
+    // What stands between the bars of an absolute value wipes its place out of their mark.
+    CFormed bars("abs(a)");
+    CNode* pBars = bars.formula.m_Tree.GetRootNode()->GetLeft();
+    bars.formula.m_Tree.SetSelection(pBars, 1);
+    int nMarked = 0;
+    for (const CDrawnMark& mark : bars.Drawing().marks)
+        nMarked += Area(mark.rect);
+    const CNode* pInside = pBars->GetLeft() != nullptr ? pBars->GetLeft() : pBars->GetRight();
+    EXPECT_EQ(nMarked, Area(pBars->m_rect) - Area(pInside->m_rect));
 }
 
 TEST(Drawing, APlaceholderIsAFrameOfHatching)

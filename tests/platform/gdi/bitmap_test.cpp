@@ -241,6 +241,7 @@ TEST(BlockTransfers, StretchShrinkAndMirror)
         { "copied", { 1, 0, 4, 1 }, { 0, 0, 4, 1 }, { ".rgb#...", "........" } },
         { "twice", { 0, 0, 8, 2 }, { 0, 0, 4, 1 }, { "rrggbb##", "rrggbb##" } },
         { "half: black wins", { 0, 0, 2, 1 }, { 0, 0, 4, 2 }, { "##......", "........" } },
+        { "half across: dark wins", { 0, 0, 2, 1 }, { 0, 0, 4, 1 }, { "##......", "........" } },
         { "beyond the source", { 0, 0, 6, 1 }, { -1, 0, 6, 1 }, { ".rgb#...", "........" } },
         { "beyond the end", { 6, 1, 4, 2 }, { 0, 0, 4, 2 }, { "........", "......rg" } },
         // An inverted extent runs from its first pixel to the left.

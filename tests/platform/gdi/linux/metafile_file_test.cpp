@@ -72,6 +72,14 @@ TEST(MetafileRecords, AreLaidOutForAnyReader)
           1,
           { "STRETCHBLT 172 bounds=4,5,9,12 dest=4,5,6,8 rop=00cc0020 src=1,0 xform=1,0,0,1,0,0 "
             "bk=ffffff usage=0 size=2,2 dib=40,3x2x32 info=40 bits=24" } },
+        // One of two colours brings them along.
+        { [](HDC hDC)
+          {
+              CMemoryPicture source(3, 2, 1);
+              EXPECT_TRUE(BitBlt(hDC, 0, 0, 3, 2, source, 0, 0, SRCCOPY));
+          },
+          1,
+          { " dib=40,3x2x1 info=48 bits=8" } },
     };
     const std::vector<CRecordLines> dumps = RecordTable(aCases);
     for (std::size_t i = 0; i < std::size(aCases); ++i)
