@@ -91,6 +91,12 @@ TEST(MetafileWriter, WritesEachCallAsTheSystemDoes)
         { "StatesAlsoWhenNothingChanges",
           [](HDC h)
           {
+              SaveDC(h);
+              SaveDC(h);
+              IntersectClipRect(h, 1, 2, 30, 40);
+              RestoreDC(h, 1);
+              SaveDC(h);
+              RestoreDC(h, -1);
               SetMapMode(h, MM_TEXT);
               SetBkMode(h, OPAQUE);
               SetTextColor(h, 0);
@@ -99,49 +105,31 @@ TEST(MetafileWriter, WritesEachCallAsTheSystemDoes)
               SetWindowOrgEx(h, -3, 4, nullptr);
               SetViewportOrgEx(h, 7, -8, nullptr);
           },
-          { "SETMAPMODE 12 1", "SETBKMODE 12 2", "SETTEXTCOLOR 12 000000", "SETTEXTALIGN 12 24",
-            "SETMAPMODE 12 8", "SETWINDOWEXTEX 16 100,-100", "SETVIEWPORTEXTEX 16 96,96",
-            "SETWINDOWORGEX 16 -3,4", "SETVIEWPORTORGEX 16 7,-8" } },
-        { "SavedStates",
-          [](HDC h)
-          {
-              SaveDC(h);
-              SaveDC(h);
-              IntersectClipRect(h, 1, 2, 30, 40);
-              RestoreDC(h, 1);
-              SaveDC(h);
-              RestoreDC(h, -1);
-          },
           { "SAVEDC 8", "SAVEDC 8", "INTERSECTCLIPRECT 24 1,2,30,40", "RESTOREDC 12 -2", "SAVEDC 8",
-            "RESTOREDC 12 -1" } },
-        { "StockBrushIsNotCreated",
+            "RESTOREDC 12 -1", "SETMAPMODE 12 1", "SETBKMODE 12 2", "SETTEXTCOLOR 12 000000",
+            "SETTEXTALIGN 12 24", "SETMAPMODE 12 8", "SETWINDOWEXTEX 16 100,-100",
+            "SETVIEWPORTEXTEX 16 96,96", "SETWINDOWORGEX 16 -3,4", "SETVIEWPORTORGEX 16 7,-8" } },
+        { "StockObjectsAreNotCreatedAndRectanglesCountTheirLastPixelsIn",
           [](HDC h)
           {
               RECT rect{ 0, 0, 4, 3 };
               FillRect(h, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-          },
-          { "SELECTOBJECT 12 stock4",
-            "BITBLT 100 bounds=0,0,3,2 dest=0,0,4,3 rop=00f00021 src=0,0 xform=1,0,0,1,0,0 "
-            "bk=000000 usage=0",
-            "SELECTOBJECT 12 stock0" } },
-        { "PenForALine",
-          [](HDC h)
-          {
-              const CUseObject pen(h, CreatePen(PS_SOLID, 1, 0x112233));
-              MoveToEx(h, 10, 20, nullptr);
-              LineTo(h, 30, 20);
-          },
-          { "CREATEPEN 28 1,0,1,0,1122867", "SELECTOBJECT 12 1", "MOVETOEX 16 10,20",
-            "LINETO 16 30,20", "SELECTOBJECT 12 stock7", "DELETEOBJECT 12 1" } },
-        { "HatchedRectangleCountsItsLastPixelsIn",
-          [](HDC h)
-          {
+              {
+                  const CUseObject pen(h, CreatePen(PS_SOLID, 1, 0x112233));
+                  MoveToEx(h, 10, 20, nullptr);
+                  LineTo(h, 30, 20);
+              }
               const CUseObject brush(h, CreateHatchBrush(HS_BDIAGONAL, 0x800000));
               Rectangle(h, 5, 5, 50, 30);
               Rectangle(h, 50, 30, 5, 5);
               Rectangle(h, 7, 5, 7, 30);
           },
-          { "CREATEBRUSHINDIRECT 24 1,2,8388608,3", "SELECTOBJECT 12 1", "RECTANGLE 24 5,5,49,29",
+          { "SELECTOBJECT 12 stock4",
+            "BITBLT 100 bounds=0,0,3,2 dest=0,0,4,3 rop=00f00021 src=0,0 xform=1,0,0,1,0,0 "
+            "bk=000000 usage=0",
+            "SELECTOBJECT 12 stock0", "CREATEPEN 28 1,0,1,0,1122867", "SELECTOBJECT 12 1",
+            "MOVETOEX 16 10,20", "LINETO 16 30,20", "SELECTOBJECT 12 stock7", "DELETEOBJECT 12 1",
+            "CREATEBRUSHINDIRECT 24 1,2,8388608,3", "SELECTOBJECT 12 1", "RECTANGLE 24 5,5,49,29",
             "RECTANGLE 24 5,5,49,29", "SELECTOBJECT 12 stock0", "DELETEOBJECT 12 1" } },
         { "DeletedObjectsGiveTheirNumbersBack",
           [](HDC h)
@@ -158,21 +146,17 @@ TEST(MetafileWriter, WritesEachCallAsTheSystemDoes)
               SelectObject(h, GetStockObject(BLACK_PEN));
               DeleteObject(hThird);
               DeleteObject(hSecond);
-          },
-          { "CREATEBRUSHINDIRECT 24 1,0,1,0", "SELECTOBJECT 12 1", "CREATEBRUSHINDIRECT 24 2,0,2,0",
-            "SELECTOBJECT 12 2", "DELETEOBJECT 12 1", "CREATEPEN 28 1,0,1,0,3", "SELECTOBJECT 12 1",
-            "SELECTOBJECT 12 2", "SELECTOBJECT 12 stock5", "SELECTOBJECT 12 stock7",
-            "DELETEOBJECT 12 1", "DELETEOBJECT 12 2" } },
-        { "SystemBrushIsCreatedAgainAfterItsDeletion",
-          [](HDC h)
-          {
               SelectObject(h, GetSysColorBrush(COLOR_HIGHLIGHT));
               SelectObject(h, GetStockObject(WHITE_BRUSH));
               DeleteObject(GetSysColorBrush(COLOR_HIGHLIGHT));
               SelectObject(h, GetSysColorBrush(COLOR_HIGHLIGHT));
           },
-          { "CREATEBRUSHINDIRECT 24 1,0,14120960,0", "SELECTOBJECT 12 1", "SELECTOBJECT 12 stock0",
-            "DELETEOBJECT 12 1", "CREATEBRUSHINDIRECT 24 1,0,14120960,0", "SELECTOBJECT 12 1" } },
+          { "CREATEBRUSHINDIRECT 24 1,0,1,0", "SELECTOBJECT 12 1", "CREATEBRUSHINDIRECT 24 2,0,2,0",
+            "SELECTOBJECT 12 2", "DELETEOBJECT 12 1", "CREATEPEN 28 1,0,1,0,3", "SELECTOBJECT 12 1",
+            "SELECTOBJECT 12 2", "SELECTOBJECT 12 stock5", "SELECTOBJECT 12 stock7",
+            "DELETEOBJECT 12 1", "DELETEOBJECT 12 2", "CREATEBRUSHINDIRECT 24 1,0,14120960,0",
+            "SELECTOBJECT 12 1", "SELECTOBJECT 12 stock0", "DELETEOBJECT 12 1",
+            "CREATEBRUSHINDIRECT 24 1,0,14120960,0", "SELECTOBJECT 12 1" } },
         { "CommentsAreFilledUpWithZeros",
           [](HDC h)
           {
