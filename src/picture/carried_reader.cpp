@@ -50,18 +50,18 @@ CFound TextOfChunk(std::string_view type, std::string_view data)
 
 CFound FindInPng(std::string_view bytes)
 {
-    constexpr size_t s_nFrame = 12;  // length, type, sum
+    constexpr size_t nFrame = 12;  // length, type, sum
     bytes.remove_prefix(s_strPngSignature.size());
-    while (bytes.size() >= s_nFrame)
+    while (bytes.size() >= nFrame)
     {
         std::uint32_t nLength = 0;
         for (size_t n = 0; n < 4; ++n)
             nLength = nLength << 8 | static_cast<unsigned char>(bytes[n]);
-        if (nLength > bytes.size() - s_nFrame)
+        if (nLength > bytes.size() - nFrame)
             return std::nullopt;
         if (const CFound found = TextOfChunk(bytes.substr(4, 4), bytes.substr(8, nLength)))
             return found;
-        bytes.remove_prefix(s_nFrame + nLength);
+        bytes.remove_prefix(nFrame + nLength);
     }
     return std::nullopt;
 }
@@ -104,12 +104,12 @@ bool AppendEntity(std::string& strText, std::string_view name)
 
 std::string PlainXml(std::string_view text)
 {
-    constexpr size_t s_nLongestEntity = 10;
+    constexpr size_t nLongestEntity = 10;
     std::string strText;
     for (size_t n = 0; n < text.size(); ++n)
     {
         const size_t nEnd =
-            text[n] == '&' ? text.substr(0, n + s_nLongestEntity).find(';', n) : text.npos;
+            text[n] == '&' ? text.substr(0, n + nLongestEntity).find(';', n) : text.npos;
         if (nEnd != text.npos && AppendEntity(strText, text.substr(n + 1, nEnd - n - 1)))
             n = nEnd;
         else
@@ -121,17 +121,17 @@ std::string PlainXml(std::string_view text)
 // What an element whose start tag begins at nTag holds.
 CFound ElementText(std::string_view svg, size_t nTag)
 {
-    constexpr std::string_view s_strCData = "<![CDATA[";
+    constexpr std::string_view strCData = "<![CDATA[";
     const size_t nEnd = svg.find('>', nTag);
     if (nEnd == svg.npos || svg[nEnd - 1] == '/')
         return std::nullopt;
     const std::string_view content = svg.substr(nEnd + 1);
-    if (content.starts_with(s_strCData))
+    if (content.starts_with(strCData))
     {
         const size_t nClose = content.find("]]>");
         return nClose == content.npos
                    ? CFound()
-                   : std::string(content.substr(s_strCData.size(), nClose - s_strCData.size()));
+                   : std::string(content.substr(strCData.size(), nClose - strCData.size()));
     }
     const size_t nClose = content.find('<');
     return nClose == content.npos ? CFound() : PlainXml(content.substr(0, nClose));
@@ -349,20 +349,20 @@ CFound FindInDictionaries(std::string_view text)
 // Programs that write a PDF anew put its dictionaries into compressed streams.
 CFound FindInStreams(std::string_view bytes)
 {
-    constexpr std::string_view s_strMark = "/ObjStm";
-    constexpr std::string_view s_strStream = "stream";
-    constexpr int s_nMostStreams = 256;
-    size_t n = bytes.find(s_strMark);
-    for (int nCount = 0; n != bytes.npos && nCount < s_nMostStreams; ++nCount)
+    constexpr std::string_view strMark = "/ObjStm";
+    constexpr std::string_view strStream = "stream";
+    constexpr int nMostStreams = 256;
+    size_t n = bytes.find(strMark);
+    for (int nCount = 0; n != bytes.npos && nCount < nMostStreams; ++nCount)
     {
-        size_t nData = bytes.find(s_strStream, n);
+        size_t nData = bytes.find(strStream, n);
         if (nData == bytes.npos)
             return std::nullopt;
-        nData += s_strStream.size();
+        nData += strStream.size();
         nData = std::min(bytes.find_first_not_of("\r\n", nData), bytes.size());
         if (const CFound found = FindInDictionaries(Inflate(bytes.substr(nData), s_nLongestStream)))
             return found;
-        n = bytes.find(s_strMark, nData);
+        n = bytes.find(strMark, nData);
     }
     return std::nullopt;
 }
@@ -376,19 +376,19 @@ CFound FindInPdf(std::string_view bytes)
 
 ECarrier CarrierOf(std::string_view bytes)
 {
-    constexpr size_t s_nEmfMark = 40;
-    constexpr size_t s_nPdfHead = 1024;
-    constexpr size_t s_nSvgHead = 4096;
+    constexpr size_t nEmfMark = 40;
+    constexpr size_t nPdfHead = 1024;
+    constexpr size_t nSvgHead = 4096;
     if (bytes.starts_with(std::string_view("\1\0\0\0", 4)) &&
-        bytes.substr(std::min(s_nEmfMark, bytes.size())).starts_with(" EMF"))
+        bytes.substr(std::min(nEmfMark, bytes.size())).starts_with(" EMF"))
         return CARRIER_METAFILE;
     if (bytes.starts_with(s_strPngSignature))
         return CARRIER_PNG;
     if (bytes.starts_with("BM"))
         return CARRIER_BMP;
-    if (bytes.substr(0, s_nPdfHead).find("%PDF-") != bytes.npos)
+    if (bytes.substr(0, nPdfHead).find("%PDF-") != bytes.npos)
         return CARRIER_PDF;
-    if (bytes.substr(0, s_nSvgHead).find("<svg") != bytes.npos)
+    if (bytes.substr(0, nSvgHead).find("<svg") != bytes.npos)
         return CARRIER_SVG;
     return CARRIER_UNKNOWN;
 }

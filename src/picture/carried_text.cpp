@@ -1,3 +1,4 @@
+// What stands for controls and back-slashes in a carried text, and the texts of a formula.
 #include "picture/carried_text.h"
 
 #include <algorithm>

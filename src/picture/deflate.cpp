@@ -1,3 +1,4 @@
+// Unpacking by zlib; packing is each system's own file.
 #include "picture/deflate.h"
 
 #include <zlib.h>
@@ -7,7 +8,7 @@
 
 std::string Inflate(std::string_view bytes, size_t nLimit)
 {
-    constexpr size_t s_nPart = 16384;
+    constexpr size_t nPart = 16384;
     std::string strOut;
     z_stream stream{};
     if (inflateInit(&stream) != Z_OK)
@@ -18,7 +19,7 @@ std::string Inflate(std::string_view bytes, size_t nLimit)
     while (nState == Z_OK && strOut.size() < nLimit)
     {
         const size_t nStart = strOut.size();
-        strOut.resize(std::min(nStart + s_nPart, nLimit));
+        strOut.resize(std::min(nStart + nPart, nLimit));
         stream.next_out = reinterpret_cast<Bytef*>(&strOut[nStart]);
         stream.avail_out = static_cast<uInt>(strOut.size() - nStart);
         nState = inflate(&stream, Z_NO_FLUSH);

@@ -23,7 +23,6 @@ namespace
 {
 constexpr size_t s_nFirstField = sizeof(EMR);
 constexpr size_t s_nFaceName = offsetof(LOGFONTW, lfFaceName);
-constexpr int s_nHatchStep = 8;  // pixels between the lines of a pattern
 constexpr double s_fLargestPattern = 65536;
 
 template <class T>
@@ -118,7 +117,7 @@ private:
 
     void Select(DWORD nHandle)
     {
-        const bool bStock = (nHandle & 0x80000000) != 0;
+        const bool bStock = (nHandle & ENHMETA_STOCK_OBJECT) != 0;
         const BYTE* pObject = bStock ? nullptr : Object(nHandle);
         if (pObject == nullptr)
             return;
@@ -167,8 +166,8 @@ private:
         AddLine(r - 0.5, t + 1, r - 0.5, b - 1);
         if (r - l > s_fLargestPattern || b - t > s_fLargestPattern)
             return;  // the size of a damaged file: no picture is so large
-        const double fFirst = std::floor((l + t + 2) / s_nHatchStep + 1) * s_nHatchStep;
-        for (double fSum = fFirst; fSum < r + b - 2; fSum += s_nHatchStep)
+        const double fFirst = std::floor((l + t + 2) / HATCH_STEP + 1) * HATCH_STEP;
+        for (double fSum = fFirst; fSum < r + b - 2; fSum += HATCH_STEP)
         {
             const double x1 = std::max(l + 1, fSum - b + 1);
             const double x2 = std::min(r - 1, fSum - t - 1);

@@ -1,3 +1,4 @@
+// Outlines by face and code, and the ink that they leave at a size.
 #include "picture/glyph_shapes.h"
 
 #include <algorithm>

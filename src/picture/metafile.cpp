@@ -1,3 +1,4 @@
+// The source travels as the comment of the process, which is put back afterwards.
 #include "picture/metafile.h"
 
 #include <new>

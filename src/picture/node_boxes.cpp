@@ -1,3 +1,4 @@
+// A walk over the tree that was placed.
 #include "picture/node_boxes.h"
 
 #include "nodes/node.h"

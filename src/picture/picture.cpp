@@ -1,3 +1,4 @@
+// From a formula to bytes: the look, the drawing, its placement, the format.
 #include "picture/picture.h"
 
 #include <algorithm>
@@ -81,11 +82,11 @@ void ApplyLook(CFormulaOut& formula, const CFormulaLook& look)
     if (look.nPoints == 0 && look.strFace.empty())
         return;
     CBinTreeFormat& format = formula.m_Format;
-    constexpr int s_nUsual = 12;
+    constexpr int nUsual = 12;
     for (size_t n = 0; look.nPoints != 0 && n < std::size(format.m_nSizes); ++n)
     {
         const int nSize = std::abs(g_DefaultFormat.m_nSizes[n]) * look.nPoints;
-        format.m_nSizes[n] = -std::max((nSize + s_nUsual / 2) / s_nUsual, 1);
+        format.m_nSizes[n] = -std::max((nSize + nUsual / 2) / nUsual, 1);
     }
     for (CFormatInfoOb* pRecord : { format.m_pText, format.m_pVariable, format.m_pConstant,
                                     format.m_pNumber, format.m_pFunction })

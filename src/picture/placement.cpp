@@ -1,3 +1,4 @@
+// Edges are rounded to pixels of the picture; what ink stands out enlarges it by whole ones.
 #include "picture/placement.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// A raster is larger than the drawing at first, and cut to its ink; boxes are blended over it.
 #include "picture/raster.h"
 
 #include <algorithm>

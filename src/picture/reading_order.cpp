@@ -1,3 +1,4 @@
+// Goes through the tree as it is read: a node's own texts lie before, between and behind its parts.
 #include "picture/reading_order.h"
 
 #include <algorithm>

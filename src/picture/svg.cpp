@@ -1,3 +1,4 @@
+// The document as one text: head, metadata, shapes that recur, then what uses them.
 #include "picture/svg.h"
 
 #include <cmath>

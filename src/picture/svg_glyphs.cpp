@@ -1,3 +1,4 @@
+// Curves of a face, scaled and rounded once, as relative steps of a path.
 #include "picture/svg_glyphs.h"
 
 #include <cmath>

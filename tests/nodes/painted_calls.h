@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "nodes/node_fixture.h"
+#include "platform/gdi/metafile_calls.h"
 
 // A metafile tells lines, shapes and fills; texts are noted with the arguments of DrawText. Sizes
 // of texts are as in CTestDC.
@@ -45,60 +46,31 @@ public:
         return CMetaFileDC::DrawText(pszText, nCount, pRect, nFormat);
     }
 
-    // Ends the painting.
+    // Ends the painting. What selects and sets colours is left out.
     std::vector<std::string> TakeCalls()
     {
-        const HENHMETAFILE hMetaFile = CloseEnhanced();
-        EnumEnhMetaFile(nullptr, hMetaFile, &CPaintDC::OnRecord, this, nullptr);
-        DeleteEnhMetaFile(hMetaFile);
-        EXPECT_EQ(m_nTexts, m_texts.size()) << "records of texts";
-        return m_calls;
+        std::vector<std::string> calls;
+        std::size_t nTexts = 0;
+        for (const std::string& strLine : TakeMetafileCalls(CloseEnhanced()))
+        {
+            const std::string strWord = strLine.substr(0, strLine.find(' '));
+            if (strWord == "text")
+            {
+                calls.push_back(nTexts < m_texts.size() ? m_texts[nTexts] : "unknown text");
+                ++nTexts;
+            }
+            else if (strWord != "select" && strWord != "bkcolor" && strWord != "patblt")
+            {
+                calls.push_back(strLine);
+            }
+        }
+        EXPECT_EQ(nTexts, m_texts.size()) << "records of texts";
+        return calls;
     }
 
 private:
-    // Names and numbers of the records that count; the rest is state.
-    void AddRecord(const ENHMETARECORD& record)
-    {
-        constexpr DWORD nText = 84;
-        constexpr int nLength = 9;     // number of characters
-        constexpr int nFillRect = 12;  // rectangle of the text's fill
-        static const struct
-        {
-            DWORD nType;
-            const char* pszName;
-            int nFirst;
-            int nCount;
-        } s_aRecords[] = { { 27, "move", 0, 2 },  { 38, "pen", 4, 1 },
-                           { 39, "hatch", 2, 2 }, { 43, "rectangle", 0, 4 },
-                           { 54, "line", 0, 2 },  { nText, "fill", nFillRect, 4 } };
-        if (record.iType == nText && record.dParm[nLength] != 0)
-        {
-            m_calls.push_back(m_nTexts < m_texts.size() ? m_texts[m_nTexts] : "unknown text");
-            ++m_nTexts;
-            return;
-        }
-        for (const auto& row : s_aRecords)
-        {
-            if (record.iType == row.nType)
-            {
-                m_calls.emplace_back(row.pszName);
-                for (int i = row.nFirst; i < row.nFirst + row.nCount; ++i)
-                    m_calls.back() += ' ' + std::to_string(static_cast<int>(record.dParm[i]));
-            }
-        }
-    }
-
-    static int CALLBACK OnRecord(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int,
-                                 LPARAM lParam)
-    {
-        reinterpret_cast<CPaintDC*>(lParam)->AddRecord(*pRecord);
-        return 1;
-    }
-
     LOGFONT m_font{};
     std::vector<std::string> m_texts;
-    std::size_t m_nTexts = 0;  // of those that a record was found for
-    std::vector<std::string> m_calls;
 };
 
 using CCalls = std::vector<std::string>;

@@ -21,48 +21,37 @@ TEST(CarriedText, EveryByteComesBack)
     EXPECT_EQ(UnescapeCarried("\\x4 \\xG1 \\ \\x"), "\\x4 \\xG1 \\ \\x");
 }
 
-struct CForeignCase
-{
-    const char* pszBytes;
-    const char* pszSource;  // null: there is none
-};
-
-const CForeignCase s_aForeign[] = {
-    // SVG
-    { "<svg><metadata><source xmlns='urn:mivora'>a</source></metadata></svg>", "a" },
-    { "<svg><source xmlns='urn:other'>a</source></svg>", nullptr },
-    { "<svg><source xmlns='urn:mivora'/></svg>", nullptr },
-    { "<svg><source xmlns='urn:mivora'>a", nullptr },
-    { "<svg xmlns:q='urn:mivora'><q:source>&#x3C;&#60;&amp;lt;&bad;&#x110000;</q:source></svg>",
-      "<<&lt;&bad;&#x110000;" },
-    { "<svg xmlns:q='urn:mivora'/>", nullptr },
-    // PDF: only a description that is ours counts
-    { "%PDF-1.4 <</Subject(a)/Creator(mivora)>>", "a" },
-    { "%PDF-1.4 <</Subject(a)/Creator(other)>>", nullptr },
-    { "%PDF-1.4 <</Subject(a)>> <</Creator(mivora)>>", nullptr },
-    { "%PDF-1.4 <</Kids[1 0 R]>> <</N 5/Creator(mivora)/Subject(\\(\\050(\\)))/X 1 0 R>>",
-      "((("
-      "))" },
-    { "%PDF-1.4 <</Creator(mivora)/Subject<FEFF 20AC D835 DC4>>>", "\xE2\x82\xAC\xF0\x9D\x91\x80" },
-    { "%PDF-1.4 <</Creator(mivora)/Subject(a", nullptr },
-    { "%PDF-1.4 <</Creator(mivora)/Subject", nullptr },
-    { "%PDF-1.4 <</Creator(mivora)/Subject(\\", nullptr },
-    { "%PDF-1.4 <<", nullptr },
-    // Neither
-    { "", nullptr },
-    { "BM", nullptr },
-    { "\x89PNG\r\n\x1A\n", nullptr },
-};
-
 TEST(CarriedText, IsFoundInTheFormsThatOthersWrite)
 {
-    for (const CForeignCase& foreign : s_aForeign)
-    {
-        const std::optional<std::string> found = FindCarriedSource(foreign.pszBytes);
-        EXPECT_EQ(found.has_value(), foreign.pszSource != nullptr) << foreign.pszBytes;
-        EXPECT_EQ(found.value_or(""), foreign.pszSource ? foreign.pszSource : "")
-            << foreign.pszBytes;
-    }
+    const std::pair<const char*, std::optional<std::string>> aForeign[] = {
+        // SVG
+        { "<svg><metadata><source xmlns='urn:mivora'>a</source></metadata></svg>", "a" },
+        { "<svg><source xmlns='urn:other'>a</source></svg>", {} },
+        { "<svg><source xmlns='urn:mivora'/></svg>", {} },
+        { "<svg><source xmlns='urn:mivora'>a", {} },
+        { "<svg xmlns:q='urn:mivora'><q:source>&#x3C;&#60;&amp;lt;&bad;&#x110000;</q:source></svg>",
+          "<<&lt;&bad;&#x110000;" },
+        { "<svg xmlns:q='urn:mivora'/>", {} },
+        // PDF: only a description that is ours counts
+        { "%PDF-1.4 <</Subject(a)/Creator(mivora)>>", "a" },
+        { "%PDF-1.4 <</Subject(a)/Creator(other)>>", {} },
+        { "%PDF-1.4 <</Subject(a)>> <</Creator(mivora)>>", {} },
+        { "%PDF-1.4 <</Kids[1 0 R]>> <</N 5/Creator(mivora)/Subject(\\(\\050(\\)))/X 1 0 R>>",
+          "((("
+          "))" },
+        { "%PDF-1.4 <</Creator(mivora)/Subject<FEFF 20AC D835 DC4>>>",
+          "\xE2\x82\xAC\xF0\x9D\x91\x80" },
+        { "%PDF-1.4 <</Creator(mivora)/Subject(a", {} },
+        { "%PDF-1.4 <</Creator(mivora)/Subject", {} },
+        { "%PDF-1.4 <</Creator(mivora)/Subject(\\", {} },
+        { "%PDF-1.4 <<", {} },
+        // Neither
+        { "", {} },
+        { "BM", {} },
+        { "\x89PNG\r\n\x1A\n", {} },
+    };
+    for (const auto& [pszBytes, source] : aForeign)
+        EXPECT_EQ(FindCarriedSource(pszBytes), source) << pszBytes;
 }
 
 // Openings without ends must not be followed to the end of the file each.

@@ -17,6 +17,11 @@ struct CFormed
     explicit CFormed(const char* pszText) { formula.FormTree(pszText); }
     CDrawing Drawing() { return RecordDrawing(formula.m_Tree); }
     CTextLine Line() { return TextLineOf(*formula.m_Tree.GetRootNode()); }
+    std::vector<size_t> Order(const CDrawing& drawing)
+    {
+        CScreenDC screen;
+        return ReadingOrder(drawing, FindBoxes(formula.m_Tree, &screen));
+    }
 
     CFormulaOut formula;
 };
@@ -24,12 +29,6 @@ struct CFormed
 int Area(const CRect& rect)
 {
     return rect.Width() * rect.Height();
-}
-
-int AreaOf(const std::vector<CDrawnMark>& marks)
-{
-    return std::accumulate(marks.begin(), marks.end(), 0,
-                           [](int n, const CDrawnMark& mark) { return n + Area(mark.rect); });
 }
 
 TEST(Drawing, LettersOfARowStandOnTheTextLine)
@@ -62,23 +61,29 @@ TEST(Drawing, MarksLieWhereNothingWipesThemAway)
     CFormed formed("(a+b)/c");
     EXPECT_TRUE(formed.Drawing().marks.empty());
     CNode* pFraction = formed.formula.m_Tree.GetRootNode()->GetLeft();
-    CScreenDC screen;
     for (const int nMode : { 1, 2 })
     {
         formed.formula.m_Tree.SetSelection(pFraction, nMode);
         const std::vector<CDrawnMark> marks = formed.Drawing().marks;
         ASSERT_FALSE(marks.empty());
+        int nMarked = 0;
         for (size_t a = 0; a < marks.size(); ++a)
         {
+            nMarked += Area(marks[a].rect);
             for (size_t b = 0; b < a; ++b)
-            {
-                CRect common;
-                EXPECT_FALSE(common.IntersectRect(marks[a].rect, marks[b].rect));
-            }
+                EXPECT_TRUE((marks[a].rect & marks[b].rect).IsRectEmpty());
         }
-        const int nOwn = Area(pFraction->m_rect);
-        EXPECT_EQ(nMode == 1, AreaOf(marks) <= nOwn) << AreaOf(marks);
+        EXPECT_EQ(nMode == 1, nMarked <= Area(pFraction->m_rect)) << nMarked;
     }
+    // What stands between the bars of an absolute value wipes its place out of their mark.
+    CFormed bars("abs(a)");
+    CNode* pBars = bars.formula.m_Tree.GetRootNode()->GetLeft();
+    bars.formula.m_Tree.SetSelection(pBars, 1);
+    int nMarked = 0;
+    for (const CDrawnMark& mark : bars.Drawing().marks)
+        nMarked += Area(mark.rect);
+    const CNode* pInside = pBars->GetLeft() != nullptr ? pBars->GetLeft() : pBars->GetRight();
+    EXPECT_EQ(nMarked, Area(pBars->m_rect) - Area(pInside->m_rect));
 }
 
 TEST(Drawing, APlaceholderIsAFrameOfHatching)
@@ -101,31 +106,28 @@ TEST(Drawing, APlaceholderIsAFrameOfHatching)
     }
 }
 
-struct CBarCase
-{
-    int nDpi;
-    CDrawnLine line;
-    CRect bar;
-};
-
 // Worked out by hand: ends and thickness rounded, the middle kept within half a pixel.
-const CBarCase s_aBars[] = {
-    { 96, { 3, 5.5, 20, 5.5, 0 }, { 3, 5, 20, 6 } },
-    { 96, { 4.5, 2, 4.5, 9, 0 }, { 4, 2, 5, 9 } },
-    { 120, { 3, 5.5, 20, 5.5, 0 }, { 4, 6, 25, 7 } },    // 6.875 less half a pixel
-    { 144, { 3, 5.5, 20, 5.5, 0 }, { 5, 7, 30, 9 } },    // two pixels around 8.25
-    { 150, { 3, 5.5, 20, 5.5, 0 }, { 5, 8, 31, 10 } },   // around 8.59
-    { 192, { 3, 5.5, 20, 5.5, 0 }, { 6, 10, 40, 12 } },  // exactly
-    { 300, { 4.5, 2, 4.5, 9, 0 }, { 13, 6, 16, 28 } },   // three pixels around 14.06
-};
-
 TEST(Placement, BarsFillWholePixels)
 {
-    for (const CBarCase& bar : s_aBars)
+    const struct
     {
-        CDrawing drawing;
-        drawing.size = CSize(40, 20);
-        CPictureOptions options;
+        int nDpi;
+        CDrawnLine line;
+        CRect bar;
+    } aBars[] = {
+        { 96, { 3, 5.5, 20, 5.5, 0 }, { 3, 5, 20, 6 } },
+        { 96, { 4.5, 2, 4.5, 9, 0 }, { 4, 2, 5, 9 } },
+        { 120, { 3, 5.5, 20, 5.5, 0 }, { 4, 6, 25, 7 } },    // 6.875 less half a pixel
+        { 144, { 3, 5.5, 20, 5.5, 0 }, { 5, 7, 30, 9 } },    // two pixels around 8.25
+        { 150, { 3, 5.5, 20, 5.5, 0 }, { 5, 8, 31, 10 } },   // around 8.59
+        { 192, { 3, 5.5, 20, 5.5, 0 }, { 6, 10, 40, 12 } },  // exactly
+        { 300, { 4.5, 2, 4.5, 9, 0 }, { 13, 6, 16, 28 } },   // three pixels around 14.06
+    };
+    CDrawing drawing;
+    drawing.size = CSize(40, 20);
+    CPictureOptions options;
+    for (const auto& bar : aBars)
+    {
         options.nDpi = bar.nDpi;
         const CPlacement placement(drawing, options, { 6, 16 });
         EXPECT_EQ(placement.PlaceBar(bar.line), bar.bar) << bar.nDpi;
@@ -150,34 +152,26 @@ TEST(Placement, GrowsByWholePixelsAsFarAsInkStandsOut)
     EXPECT_EQ(wide.Told().fDepth, 3 + drawing.size.cy - drawing.nAxis - 6);
 }
 
-struct CReadingCase
-{
-    const char* pszText;
-    const char* pszRead;
-};
-
-const CReadingCase s_aReadings[] = {
-    { "a+b*c", "a+bc" },
-    { "(a-b)/c", "a\u2212bc" },
-    { "sqr(x)+1", "\u221Ax+1" },
-    { "abs(x)", "|x|" },
-    { "x^2", "x2" },
-    { "a<=greek W", "a\u2264\u03A9" },
-    { "sin(x)", "sinx" },
-    { "greek D*x", "\u0394x" },
-    { "nsqr(y,3)", "3\u221Ay" },
-    { "f(x,y)", "f(x,y)" },
-};
-
 TEST(ReadingOrder, IsThatOfAReader)
 {
-    for (const CReadingCase& reading : s_aReadings)
+    const std::pair<const char*, const char*> aReadings[] = {
+        { "a+b*c", "a+bc" },
+        { "(a-b)/c", "a\u2212bc" },
+        { "sqr(x)+1", "\u221Ax+1" },
+        { "abs(x)", "|x|" },
+        { "x^2", "x2" },
+        { "a<=greek W", "a\u2264\u03A9" },
+        { "sin(x)", "sinx" },
+        { "greek D*x", "\u0394x" },
+        { "nsqr(y,3)", "3\u221Ay" },
+        { "f(x,y)", "f(x,y)" },
+    };
+    for (const auto& [pszText, pszRead] : aReadings)
     {
-        CFormed formed(reading.pszText);
+        CFormed formed(pszText);
         const CDrawing drawing = formed.Drawing();
-        CScreenDC screen;
         std::string strRead;
-        for (const size_t n : ReadingOrder(drawing, FindBoxes(formed.formula.m_Tree, &screen)))
+        for (const size_t n : formed.Order(drawing))
         {
             const CDrawnText& text = drawing.texts[n];
             for (size_t i = text.nFirst; i < text.nFirst + text.nCount; ++i)
@@ -187,7 +181,7 @@ TEST(ReadingOrder, IsThatOfAReader)
                 strRead += strSign == " " ? "" : strSign;
             }
         }
-        EXPECT_EQ(strRead, reading.pszRead) << reading.pszText;
+        EXPECT_EQ(strRead, pszRead) << pszText;
     }
 }
 
@@ -197,8 +191,7 @@ TEST(ReadingOrder, LeavesNoTextOut)
     CFormed formed("sum(mark(x,i,2)/brace(a,b),i=1,n)+int(f(x)*dx,0,sqr(1-x))");
     formed.formula.m_Tree.GetRootNode()->GetLeft()->m_nFlags |= NF_HIDDEN;
     const CDrawing drawing = formed.Drawing();
-    CScreenDC screen;
-    std::vector<size_t> order = ReadingOrder(drawing, FindBoxes(formed.formula.m_Tree, &screen));
+    std::vector<size_t> order = formed.Order(drawing);
     std::sort(order.begin(), order.end());
     std::vector<size_t> all(drawing.texts.size());
     std::iota(all.begin(), all.end(), size_t{ 0 });

@@ -110,55 +110,48 @@ TEST_F(CPictureTest, AHostsGroundStays)
     }
 }
 
-struct CLengthCase
-{
-    const char* pszFormat;
-    int nLetters;  // of 8 pixels
-    int nDpi;
-    bool bMade;
-};
-
-const CLengthCase s_aLengths[] = {
-    { "png", 4000, 96, true },
-    { "png", 9000, 96, false },
-    { "bmp", 9000, 96, false },
-    { "svg", 9000, 96, true },
-    { "svg", 60000, 2400, false },
-    { "svg", 60000, 60000, false },  // beyond the numbers of the layout too
-    { "pdf", 1190, 192, true },      // nearly 14,400 points
-    { "pdf", 1201, 192, false },
-};
-
 TEST_F(CPictureTest, TooLargeIsAReason)
 {
+    const struct
+    {
+        const char* pszFormat;
+        int nLetters;  // of 8 pixels
+        int nDpi;
+        int nMargin;
+        bool bMade;
+    } aLengths[] = {
+        { "png", 4000, 96, 0, true },      { "png", 9000, 96, 0, false },
+        { "png", 1, 96, 10000, false },    { "bmp", 9000, 96, 0, false },
+        { "svg", 9000, 96, 0, true },      { "svg", 60000, 2400, 0, false },
+        { "svg", 60000, 60000, 0, false },  // beyond the numbers of the layout too
+        { "pdf", 1190, 192, 0, true },      // nearly 14,400 points
+        { "pdf", 1201, 192, 0, false },
+    };
     CFormulaOut formula;
-    for (const CLengthCase& length : s_aLengths)
+    CPictureOptions options;
+    for (const auto& length : aLengths)
     {
         if (Format(length.pszFormat).pfnMake == nullptr)
             continue;
         formula.FormTree(CString('a', length.nLetters));
-        CPictureOptions options;
         options.nDpi = length.nDpi;
+        options.nMargin = length.nMargin;
         const auto make = [&]
         {
-            return MakePicture(formula, Format(length.pszFormat), options);
+            return MakePicture(formula, Format(length.pszFormat), options).size.nWidth;
         };
+        SCOPED_TRACE(testing::Message() << length.pszFormat << ' ' << length.nLetters);
         if (length.bMade)
         {
-            EXPECT_EQ(make().size.nWidth / length.nLetters, 8 * length.nDpi / SCREEN_DPI);
+            EXPECT_EQ(make() / length.nLetters, 8 * length.nDpi / SCREEN_DPI);
         }
         else
         {
-            EXPECT_THROW(make(), CPictureFailure) << length.pszFormat << ' ' << length.nLetters;
+            EXPECT_THROW(make(), CPictureFailure);
         }
     }
     formula.FormTree(CString('a', 60000));
-    CPictureOptions fine;
-    fine.nDpi = 60000;
-    EXPECT_THROW(MeasurePicture(formula, fine), CPictureFailure);
-    formula.FormTree("a");
-    CPictureOptions wide;
-    wide.nMargin = 10000;
-    EXPECT_THROW(MakePicture(formula, Format("png"), wide), CPictureFailure);
+    options.nDpi = 60000;
+    EXPECT_THROW(MeasurePicture(formula, options), CPictureFailure);
 }
 }  // namespace

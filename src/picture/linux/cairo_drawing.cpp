@@ -1,3 +1,4 @@
+// Marks, bars and glyphs of a drawing as calls of cairo.
 #include "picture/linux/cairo_drawing.h"
 
 #include "platform/gdi/linux/fonts/font_cache.h"

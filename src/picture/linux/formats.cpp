@@ -1,3 +1,4 @@
+// All formats: cairo writes PDF here.
 #include "picture/formats.h"
 
 namespace

@@ -1,3 +1,4 @@
+// A tagged PDF by cairo: one page, its texts in reading order, the source in its description.
 #include "picture/pdf.h"
 
 #include <cairo-pdf.h>

@@ -1,3 +1,4 @@
+// All formats but PDF, for which this system has no writer.
 #include "picture/formats.h"
 
 namespace

@@ -1,3 +1,4 @@
+// PDF is written on Linux only.
 #include "picture/pdf.h"
 
 std::string PdfBytes(const CDrawing&, const CPlacement&, const CPictureOptions&,

@@ -140,11 +140,6 @@ int CDC::IntersectClipRect(LPCRECT pRect)
         { return ::IntersectClipRect(hDC, pRect->left, pRect->top, pRect->right, pRect->bottom); });
 }
 
-int CDC::GetClipBox(LPRECT pRect) const
-{
-    return ::GetClipBox(m_hAttribDC, pRect);
-}
-
 // ---- Objects
 
 // A font measures as well as it draws; the other objects only draw.
@@ -155,12 +150,6 @@ HGDIOBJ CDC::SelectHandle(HGDIOBJ hObject)
     if (m_hDC == m_hAttribDC || ::GetObjectType(hObject) != OBJ_FONT)
         return ::SelectObject(m_hDC, hObject);
     return OnBoth([=](HDC hDC) { return ::SelectObject(hDC, hObject); });
-}
-
-CGdiObject* CDC::SelectStockObject(int nIndex)
-{
-    HGDIOBJ hStock = ::GetStockObject(nIndex);
-    return CGdiObject::FromHandle(OnBoth([=](HDC hDC) { return ::SelectObject(hDC, hStock); }));
 }
 
 CPen* CDC::SelectObject(CPen* pPen)

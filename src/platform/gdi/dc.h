@@ -46,10 +46,8 @@ public:
     virtual COLORREF SetTextColor(COLORREF colour);
     UINT SetTextAlign(UINT nAlign);
     int IntersectClipRect(LPCRECT pRect);
-    int GetClipBox(LPRECT pRect) const;
 
     // Objects: the old one comes back, null if that failed or pObject is null.
-    virtual CGdiObject* SelectStockObject(int nIndex);
     CPen* SelectObject(CPen* pPen);
     CBrush* SelectObject(CBrush* pBrush);
     virtual CFont* SelectObject(CFont* pFont);

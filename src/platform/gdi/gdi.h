@@ -48,17 +48,10 @@ constexpr UINT OBJ_ENHMETADC = 12;
 constexpr int WHITE_BRUSH = 0;
 constexpr int BLACK_BRUSH = 4;
 constexpr int NULL_BRUSH = 5;
-constexpr int WHITE_PEN = 6;
 constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
-constexpr int OEM_FIXED_FONT = 10;
-constexpr int ANSI_FIXED_FONT = 11;
-constexpr int ANSI_VAR_FONT = 12;
 constexpr int SYSTEM_FONT = 13;
-constexpr int DEVICE_DEFAULT_FONT = 14;
 constexpr int DEFAULT_PALETTE = 15;
-constexpr int SYSTEM_FIXED_FONT = 16;
-constexpr int DEFAULT_GUI_FONT = 17;
 
 // Mapping modes
 constexpr int MM_TEXT = 1;
@@ -117,7 +110,7 @@ constexpr UINT DT_NOPREFIX = 0x800;
 constexpr UINT ETO_OPAQUE = 2;
 constexpr UINT ETO_CLIPPED = 4;
 
-// GetClipBox, IntersectClipRect
+// IntersectClipRect
 constexpr int ERROR_REGION = 0;
 constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
@@ -279,7 +272,6 @@ int SaveDC(HDC hDC);
 BOOL RestoreDC(HDC hDC, int nSaved);
 int GetDeviceCaps(HDC hDC, int nIndex);
 int SetMapMode(HDC hDC, int nMode);
-int GetMapMode(HDC hDC);
 BOOL SetWindowOrgEx(HDC hDC, int x, int y, POINT* pOld);
 BOOL SetWindowExtEx(HDC hDC, int cx, int cy, SIZE* pOld);
 BOOL SetViewportOrgEx(HDC hDC, int x, int y, POINT* pOld);
@@ -294,7 +286,6 @@ COLORREF SetTextColor(HDC hDC, COLORREF colour);
 COLORREF GetTextColor(HDC hDC);
 UINT SetTextAlign(HDC hDC, UINT nAlign);
 int IntersectClipRect(HDC hDC, int nLeft, int nTop, int nRight, int nBottom);
-int GetClipBox(HDC hDC, RECT* pRect);
 
 // Drawing objects (linux/gdi_api_objects.cpp)
 HFONT CreateFontIndirectA(const LOGFONTA* pFont);

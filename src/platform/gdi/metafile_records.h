@@ -7,6 +7,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstring>
+#include <span>
 
 static_assert(std::endian::native == std::endian::little, "records are copied as they lie");
 
@@ -210,6 +211,14 @@ static_assert(sizeof(EMRBITBLT) == 100 && sizeof(EMRSTRETCHBLT) == 108);
 constexpr std::size_t RoundUp4(std::size_t nBytes)
 {
     return (nBytes + 3) & ~std::size_t{ 3 };
+}
+
+// Type and size of the record at an offset, where at least they are.
+inline EMR HeadAt(std::span<const BYTE> bytes, std::size_t nOffset)
+{
+    EMR head;
+    std::memcpy(&head, bytes.data() + nOffset, sizeof head);
+    return head;
 }
 
 // All fields zero but the head. A longer record sets its size itself.

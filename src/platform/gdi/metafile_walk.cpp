@@ -6,18 +6,6 @@
 #include <algorithm>
 #include <cstring>
 
-namespace
-{
-
-EMR HeadAt(std::span<const BYTE> bytes, std::size_t nOffset)
-{
-    EMR head;
-    std::memcpy(&head, bytes.data() + nOffset, sizeof head);
-    return head;
-}
-
-}  // namespace
-
 bool CheckHeader(std::span<const BYTE> bytes)
 {
     if (bytes.size() < METAFILE_OLDEST_HEADER)

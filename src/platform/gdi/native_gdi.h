@@ -8,6 +8,9 @@
 #include <span>
 #include <vector>
 
+// Pixels between the lines of a hatch (HS_BDIAGONAL), on every device of both systems.
+constexpr int HATCH_STEP = 8;
+
 // CreateFontIndirectA; the faces of the library are to be had.
 HFONT CreateFaceFont(const LOGFONTA* pFont);
 
@@ -40,6 +43,6 @@ HENHMETAFILE LoadEnhMetaFile(LPCSTR pszFile);
 struct CDeleteMetafile
 {
     using pointer = HENHMETAFILE;
-    void operator()(HENHMETAFILE hPicture) const { DeleteEnhMetaFile(hPicture); }
+    void operator()(HENHMETAFILE hMetaFile) const { DeleteEnhMetaFile(hMetaFile); }
 };
 using CMetafilePtr = std::unique_ptr<void, CDeleteMetafile>;

@@ -1,15 +1,20 @@
 // Bitmaps: making them, their colours, device-independent bitmaps, block transfers.
 #include "platform/gdi/dib_info.h"
-#include "platform/gdi/memory_picture.h"
+#include "platform/gdi/test_fonts.h"
 
-#include "platform/base/system.h"
+#include "platform/gdi/dc.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 namespace
 {
+
+BITMAP Describe(HGDIOBJ hBitmap)
+{
+    BITMAP bitmap{};
+    GetObjectA(hBitmap, sizeof bitmap, &bitmap);
+    return bitmap;
+}
 
 TEST(Bitmaps, AreMadeInTheirDepthAndSize)
 {
@@ -29,9 +34,7 @@ TEST(Bitmaps, AreMadeInTheirDepthAndSize)
     for (const auto& c : aCases)
     {
         const HBITMAP hBitmap = CreateBitmap(c.nWidth, c.nHeight, c.nPlanes, c.nBits, nullptr);
-        BITMAP bitmap{};
-        EXPECT_EQ(GetObjectA(hBitmap, sizeof bitmap, &bitmap),
-                  c.nMadeBits ? static_cast<int>(sizeof bitmap) : 0);
+        const BITMAP bitmap = Describe(hBitmap);
         EXPECT_EQ(bitmap.bmWidth, c.nMadeWidth) << c.nWidth << 'x' << c.nHeight << ' ' << c.nBits;
         EXPECT_EQ(bitmap.bmHeight, c.nMadeHeight);
         EXPECT_EQ(bitmap.bmBitsPixel, c.nMadeBits);
@@ -44,53 +47,59 @@ TEST(Bitmaps, AreMadeInTheirDepthAndSize)
 TEST(Bitmaps, CompatibleOnesHaveTheDepthOfWhatIsSelected)
 {
     CMemoryPicture deep(2, 2);
-    const HDC hEmpty = CreateCompatibleDC(nullptr);
-    const HDC hScreen = GetDC(nullptr);
-    const struct
+    CDC empty;
+    ASSERT_TRUE(empty.CreateCompatibleDC(nullptr));
+    CClientDC screen(nullptr);
+    for (const auto& [hDC, nBits] :
+         { std::pair<HDC, int>(deep, 32), { empty.m_hDC, 1 }, { screen.m_hDC, 32 } })
     {
-        HDC hDC;
-        int nBits;
-    } aCases[] = { { deep, 32 }, { hEmpty, 1 }, { hScreen, 32 } };
-    for (const auto& c : aCases)
-    {
-        const HBITMAP hBitmap = CreateCompatibleBitmap(c.hDC, 3, 3);
-        BITMAP bitmap{};
-        GetObjectA(hBitmap, sizeof bitmap, &bitmap);
-        EXPECT_EQ(bitmap.bmBitsPixel, c.nBits);
+        const HBITMAP hBitmap = CreateCompatibleBitmap(hDC, 3, 3);
+        EXPECT_EQ(Describe(hBitmap).bmBitsPixel, nBits);
         DeleteObject(hBitmap);
     }
     EXPECT_EQ(CreateCompatibleBitmap(nullptr, 3, 3), nullptr);
-    ReleaseDC(nullptr, hScreen);
-    DeleteDC(hEmpty);
 }
 
+// With none selected, drawing has no effect and does no harm.
 TEST(Bitmaps, AreSelectedIntoOneMemoryContextOnly)
 {
     CMemoryPicture picture(4, 4);
-    const HDC hOther = CreateCompatibleDC(nullptr);
-    const HDC hScreen = GetDC(nullptr);
-    EXPECT_EQ(SelectObject(hOther, picture.Bitmap()), nullptr);
-    EXPECT_EQ(SelectObject(hScreen, picture.Bitmap()), nullptr);
-    // With none selected, drawing has no effect and does no harm.
-    EXPECT_TRUE(LineTo(hOther, 9, 9));
-    EXPECT_TRUE(ExtTextOutA(hOther, 0, 0, 0, nullptr, "x", 1, nullptr));
-    EXPECT_EQ(GetPixel(hOther, 1, 0), CLR_INVALID);
+    CClientDC screen(nullptr);
+    CDC other;
+    ASSERT_TRUE(other.CreateCompatibleDC(&screen));
+    EXPECT_EQ(other.GetDeviceCaps(BITSPIXEL), 32);
+    EXPECT_EQ(SelectObject(other, picture.Bitmap()), nullptr);
+    EXPECT_EQ(SelectObject(screen, picture.Bitmap()), nullptr);
+    EXPECT_TRUE(other.LineTo(9, 9));
+    EXPECT_TRUE(ExtTextOutA(other, 0, 0, 0, nullptr, "x", 1, nullptr));
+    EXPECT_EQ(other.GetPixel(1, 0), CLR_INVALID);
     EXPECT_EQ(GetPixel(picture, 0, -1), CLR_INVALID);
     EXPECT_EQ(GetPixel(nullptr, 0, 0), CLR_INVALID);
-    ReleaseDC(nullptr, hScreen);
-    DeleteDC(hOther);
+
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(4, 3, 1, 32, nullptr));
+    CBitmap* pOld = other.SelectObject(&bitmap);
+    ASSERT_NE(pOld, nullptr);
+    BITMAP data{};
+    EXPECT_GT(pOld->GetBitmap(&data), 0);
+    EXPECT_EQ(data.bmWidth, 1);
+    EXPECT_EQ(data.bmBitsPixel, 1);
+    EXPECT_EQ(other.SelectObject(pOld), &bitmap);
+    CDC next;
+    ASSERT_TRUE(next.CreateCompatibleDC(nullptr));
+    EXPECT_NE(next.SelectObject(&bitmap), nullptr);
 }
 
 // A bitmap that is deleted while it is selected goes when it is let go of.
 TEST(Bitmaps, DeletedWhileSelectedStillTakeDrawing)
 {
-    const HDC hDC = CreateCompatibleDC(nullptr);
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     const HBITMAP hBitmap = CreateBitmap(2, 2, 1, 32, nullptr);
-    const HGDIOBJ hOld = SelectObject(hDC, hBitmap);
+    const HGDIOBJ hOld = SelectObject(dc, hBitmap);
     DeleteObject(hBitmap);
-    EXPECT_EQ(SetPixel(hDC, 0, 0, 0x123456), 0x123456u);
-    SelectObject(hDC, hOld);
-    DeleteDC(hDC);
+    EXPECT_EQ(dc.SetPixel(0, 0, 0x123456), 0x123456u);
+    SelectObject(dc, hOld);
 }
 
 // The nearest colour of the depth, worked out by hand.
@@ -136,11 +145,8 @@ TEST(Dibs, HoldRowsFromTheBottomFilledToFourBytes)
             bits[i] = 0;  // no colour
         EXPECT_EQ(bits, c.bits) << c.nBits;
         EXPECT_EQ(info.Header().biSizeImage, c.bits.size());
-        if (c.nBits == 1)
-        {
-            EXPECT_EQ(info.Colour(0), 0x000000u);
-            EXPECT_EQ(info.Colour(1), 0xFFFFFFu);
-        }
+        const CBytes table(info.m_bytes.begin() + sizeof(BITMAPINFOHEADER), info.m_bytes.end());
+        EXPECT_EQ(table, c.nBits == 1 ? CBytes({ 0, 0, 0, 0, 255, 255, 255, 0 }) : CBytes());
     }
 }
 
@@ -190,43 +196,35 @@ TEST(Dibs, GiveTheLinesThatAreAskedFor)
 TEST(Dibs, RefuseWhatMakesNoSense)
 {
     CMemoryPicture picture(2, 2);
-    const auto ask = [&](auto change)
-    {
-        CInfo info(2, 2, 32);
-        change(info.Header());
-        CBytes bits(64);
-        return GetDIBits(picture, picture.Bitmap(), 0, 2, bits.data(), info.Get(), DIB_RGB_COLORS);
+    EXPECT_EQ(AskDib(picture, [](BITMAPINFOHEADER&) {}), 2);
+    const CSpoilHeader aSpoil[] = {
+        [](BITMAPINFOHEADER& h) { h.biBitCount = 0; },
+        [](BITMAPINFOHEADER& h) { h.biBitCount = 2; },
+        [](BITMAPINFOHEADER& h) { h.biWidth = 0; },
+        [](BITMAPINFOHEADER& h) { h.biWidth = -2; },
+        [](BITMAPINFOHEADER& h) { h.biHeight = 0; },
+        [](BITMAPINFOHEADER& h) { h.biHeight = INT32_MIN; },
+        [](BITMAPINFOHEADER& h) { h.biCompression = 1; },  // run lengths
     };
-    EXPECT_EQ(ask([](BITMAPINFOHEADER&) {}), 2);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biBitCount = 0; }), 0);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biBitCount = 2; }), 0);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biWidth = 0; }), 0);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biWidth = -2; }), 0);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biHeight = 0; }), 0);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biHeight = INT32_MIN; }), 0);
-    EXPECT_EQ(ask([](BITMAPINFOHEADER& h) { h.biCompression = 1; }), 0);  // run lengths
+    for (const CSpoilHeader& spoil : aSpoil)
+        EXPECT_EQ(AskDib(picture, spoil), 0) << &spoil - aSpoil;
     CInfo info(2, 2, 32);
+    const auto hPen = static_cast<HBITMAP>(GetStockObject(BLACK_PEN));
     EXPECT_EQ(GetDIBits(picture, nullptr, 0, 2, nullptr, info.Get(), 0), 0);
     EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), 0, 2, nullptr, nullptr, 0), 0);
     EXPECT_EQ(GetDIBits(nullptr, picture.Bitmap(), 0, 2, nullptr, info.Get(), 0), 0);
-    EXPECT_EQ(GetDIBits(picture, static_cast<HBITMAP>(GetStockObject(BLACK_PEN)), 0, 2, nullptr,
-                        info.Get(), 0),
-              0);
+    EXPECT_EQ(GetDIBits(picture, hPen, 0, 2, nullptr, info.Get(), DIB_RGB_COLORS), 0);
 }
 
 TEST(Bitmaps, TakeTheirFirstContentFromTheTop)
 {
     const BYTE aMono[] = { 0xA0, 0, 0x40, 0 };  // rows filled up to 16 bits
-    const HBITMAP hBitmap = CreateBitmap(3, 2, 1, 1, aMono);
-    const HDC hDC = CreateCompatibleDC(nullptr);
-    const HGDIOBJ hOld = SelectObject(hDC, hBitmap);
-    std::string strSigns;
+    CMemoryPicture picture(3, 2);
+    const CUseObject use(picture, CreateBitmap(3, 2, 1, 1, aMono));
+    std::vector<COLORREF> colours;
     for (int i = 0; i < 6; ++i)
-        strSigns += CMemoryPicture::Sign(GetPixel(hDC, i % 3, i / 3));
-    EXPECT_EQ(strSigns, ".#.#.#");
-    SelectObject(hDC, hOld);
-    DeleteObject(hBitmap);
-    DeleteDC(hDC);
+        colours.push_back(GetPixel(picture, i % 3, i / 3));
+    EXPECT_EQ(CMemoryPicture::LinesOf(colours, 3), CLines({ ".#.", "#.#" }));
 }
 
 TEST(BlockTransfers, StretchShrinkAndMirror)
@@ -239,36 +237,20 @@ TEST(BlockTransfers, StretchShrinkAndMirror)
         RECT to, from;  // origin and extent
         CLines lines;
     } aCases[] = {
+        // clang-format off
         { "copied", { 1, 0, 4, 1 }, { 0, 0, 4, 1 }, { ".rgb#...", "........" } },
         { "twice", { 0, 0, 8, 2 }, { 0, 0, 4, 1 }, { "rrggbb##", "rrggbb##" } },
-        { "half: black wins",
-          { 0, 0, 2, 1 },
-          { 0, 0, 4, 2 },
-
-          { "##......", "........" } },
-        { "beyond the source",
-          { 0, 0, 6, 1 },
-          { -1, 0, 6, 1 },
-
-          { ".rgb#...", "........" } },
-        { "beyond the end",
-          { 6, 1, 4, 2 },
-          { 0, 0, 4, 2 },
-
-          { "........", "......rg" } },
+        { "half: black wins", { 0, 0, 2, 1 }, { 0, 0, 4, 2 }, { "##......", "........" } },
+        { "half across: dark wins", { 0, 0, 2, 1 }, { 0, 0, 4, 1 }, { "##......", "........" } },
+        { "beyond the source", { 0, 0, 6, 1 }, { -1, 0, 6, 1 }, { ".rgb#...", "........" } },
+        { "beyond the end", { 6, 1, 4, 2 }, { 0, 0, 4, 2 }, { "........", "......rg" } },
         // An inverted extent runs from its first pixel to the left.
         { "mirrored", { 4, 0, -4, 1 }, { 0, 0, 4, 1 }, { ".#bgr...", "........" } },
-        { "mirrored twice",
-          { 4, 0, -4, 1 },
-          { 3, 0, -4, 1 },
-
-          { ".rgb#...", "........" } },
+        { "mirrored twice", { 4, 0, -4, 1 }, { 3, 0, -4, 1 }, { ".rgb#...", "........" } },
         { "nothing", { 0, 0, 0, 1 }, { 0, 0, 4, 1 }, { "........", "........" } },
         { "of nothing", { 0, 0, 4, 1 }, { 0, 0, 0, 1 }, { "........", "........" } },
-        { "absurd",
-          { INT32_MIN, 0, INT32_MAX, 9 },
-          { 0, 0, INT32_MAX, 1 },
-          { "........", "........" } },
+        { "absurd", { INT32_MIN, 0, INT32_MAX, 9 }, { 0, 0, INT32_MAX, 1 }, { "........", "........" } },
+        // clang-format on
     };
     for (const auto& c : aCases)
     {
@@ -287,14 +269,9 @@ TEST(BlockTransfers, WithinOneBitmapReadBeforeTheyWrite)
     EXPECT_EQ(picture.Lines(), CLines({ "rrgb.." }));
     BitBlt(picture, 0, 0, 5, 1, picture, 1, 0, SRCCOPY);
     EXPECT_EQ(picture.Lines(), CLines({ "rgb..." }));
-}
-
-TEST(BlockTransfers, NeedTwoContexts)
-{
-    CMemoryPicture picture(4, 1);
-    EXPECT_FALSE(BitBlt(picture, 0, 0, 4, 1, nullptr, 0, 0, SRCCOPY));
+    EXPECT_FALSE(BitBlt(picture, 0, 0, 4, 1, nullptr, 0, 0, SRCCOPY)) << "it needs two contexts";
     EXPECT_FALSE(BitBlt(nullptr, 0, 0, 4, 1, picture, 0, 0, SRCCOPY));
-    EXPECT_EQ(picture.Lines(), CLines({ "...." }));
+    EXPECT_EQ(picture.Lines(), CLines({ "rgb..." }));
 }
 
 // One bit has two colours of the destination; what is not the source's background becomes black.

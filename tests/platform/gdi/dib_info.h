@@ -1,7 +1,7 @@
-// Descriptions and bits of device-independent bitmaps, and pictures from lines of signs.
+// Descriptions and bits of device-independent bitmaps.
 #pragma once
 
-#include "platform/gdi/gdi.h"
+#include "platform/gdi/memory_picture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-using CLines = std::vector<std::string>;
 using CBytes = std::vector<BYTE>;
 
 // Header, colour table and nothing behind: a write too far is a fault that the checks see.
@@ -34,13 +33,6 @@ struct CInfo
     }
     BITMAPINFO* Get() { return reinterpret_cast<BITMAPINFO*>(m_bytes.data()); }
     BITMAPINFOHEADER& Header() { return Get()->bmiHeader; }
-    DWORD Colour(std::size_t n) const
-    {
-        DWORD quad = 0;
-        std::memcpy(&quad, m_bytes.data() + sizeof(BITMAPINFOHEADER) + n * sizeof quad,
-                    sizeof quad);
-        return quad;
-    }
     std::vector<BYTE> m_bytes;
 };
 
@@ -55,18 +47,13 @@ inline CBytes ReadBits(HDC hDC, HBITMAP hBitmap, CInfo& info)
     return bits;
 }
 
-inline void SetSigns(HDC hDC, const CLines& lines)
+using CSpoilHeader = void (*)(BITMAPINFOHEADER& header);
+
+// Asks for all lines of a picture of 2 by 2 by a header that was changed; the answer of GetDIBits.
+inline int AskDib(CMemoryPicture& picture, CSpoilHeader spoil)
 {
-    const auto colour = [](char c)
-    {
-        return c == 'r' ? 0x0000FFu : c == 'g' ? 0x00FF00u : c == 'b' ? 0xFF0000u : 0u;
-    };
-    for (std::size_t y = 0; y < lines.size(); ++y)
-    {
-        for (std::size_t x = 0; x < lines[y].size(); ++x)
-        {
-            SetPixel(hDC, static_cast<int>(x), static_cast<int>(y),
-                     lines[y][x] == '.' ? 0xFFFFFF : colour(lines[y][x]));
-        }
-    }
+    CInfo info(2, 2, 32);
+    spoil(info.Header());
+    CBytes bits(64);
+    return GetDIBits(picture, picture.Bitmap(), 0, 2, bits.data(), info.Get(), DIB_RGB_COLORS);
 }

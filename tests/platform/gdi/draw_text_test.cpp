@@ -9,28 +9,20 @@
 namespace
 {
 
-constexpr UINT s_nLine = DT_SINGLELINE | DT_NOCLIP | DT_NOPREFIX;
-
-// The texts that are drawn, with a font of 16 pixels or another one in the device context.
+// The reference point of the only text that is drawn, from the line "text x y options".
 template <class F>
-std::vector<std::string> TextCalls(F draw, const LOGFONTA& font = FontOf("Times New Roman", -16))
+CPoint Reference(F draw)
 {
-    CRecordedCalls recorded;
+    CMetaFileDC dc;
+    dc.CreateEnhanced(nullptr, nullptr, nullptr, nullptr);
     {
-        const CUseFont use(recorded, font);
-        draw(recorded);
+        const CUseFont use(dc, FontOf("Times New Roman", -16));
+        draw(dc.m_hDC);
     }
-    std::vector<std::string> lines = recorded.Lines();
-    std::erase_if(lines, [](const std::string& strLine) { return !strLine.starts_with("text"); });
-    return lines;
-}
-
-// The reference point of the only text, from the line "text x y options ...".
-CPoint Reference(const std::vector<std::string>& calls)
-{
-    int x = -9999, y = -9999;
-    if (calls.size() == 1)
-        std::sscanf(calls[0].c_str(), "text %d %d", &x, &y);
+    int x = -9999, y = -9999, nTexts = 0;
+    for (const std::string& strLine : TakeMetafileCalls(dc.CloseEnhanced()))
+        nTexts += std::sscanf(strLine.c_str(), "text %d %d", &x, &y) == 2 ? 1 : 0;
+    EXPECT_EQ(nTexts, 1);
     return CPoint(x, y);
 }
 
@@ -39,92 +31,46 @@ CPoint Reference(const std::vector<std::string>& calls)
 // "abc" in Times, 16 pixels, is 22 wide and 17 high.
 TEST(DrawText, PlacesOneLineByItsFlags)
 {
-    struct
+    const struct
     {
-        RECT m_rect;
-        UINT m_nFormat;
-        int x, y;
+        CRect rect;
+        UINT nFormat;
+        CPoint point;
     } aCases[] = {
-        { { 10, 10, 60, 40 }, 0x920, 10, 10 },
-        { { 10, 10, 60, 40 }, 0x921, 24, 10 },
-        { { 10, 10, 60, 40 }, 0x922, 38, 10 },
-        { { 10, 10, 60, 40 }, 0x924, 10, 17 },
-        { { 10, 10, 60, 40 }, 0x925, 24, 17 },
-        { { 10, 10, 60, 40 }, 0x926, 38, 17 },
-        { { 10, 10, 60, 40 }, 0x928, 10, 23 },
-        { { 10, 10, 60, 40 }, 0x929, 24, 23 },
-        { { 10, 10, 60, 40 }, 0x92A, 38, 23 },
-        { { 10, 10, 60, 40 }, 0xB28, 10, 23 },  // external leading moves nothing
-        { { 10, 10, 60, 40 }, 0xB2A, 38, 23 },
-        { { 10, 10, 60, 40 }, 0x825, 24, 17 },  // clipped
-        { { 0, 0, 5, 4 }, 0x925, -8, -6 },      // -17 / 2; 4 / 2 - 17 / 2
-        { { 0, 0, 5, 5 }, 0x925, -8, -6 },      // 5 / 2 - 17 / 2, not -12 / 2
-        { { 3, 3, 3, 3 }, 0x925, -8, -5 },
-        { { 0, 0, 0, -5 }, 0x924, 0, -10 },     // -5 / 2 is -2
-        { { 60, 40, 10, 10 }, 0x925, 24, 17 },  // inverted
-        { { 60, 40, 10, 10 }, 0x92A, -12, -7 },
-        { { -7, -9, -30, -10 }, 0x921, -29, -9 },  // (-37 - 22) / 2
+        { { 10, 10, 60, 40 }, 0x920, { 10, 10 } },
+        { { 10, 10, 60, 40 }, 0x921, { 24, 10 } },
+        { { 10, 10, 60, 40 }, 0x922, { 38, 10 } },
+        { { 10, 10, 60, 40 }, 0x924, { 10, 17 } },
+        { { 10, 10, 60, 40 }, 0x925, { 24, 17 } },
+        { { 10, 10, 60, 40 }, 0x926, { 38, 17 } },
+        { { 10, 10, 60, 40 }, 0x928, { 10, 23 } },
+        { { 10, 10, 60, 40 }, 0x929, { 24, 23 } },
+        { { 10, 10, 60, 40 }, 0x92A, { 38, 23 } },
+        { { 10, 10, 60, 40 }, 0xB28, { 10, 23 } },  // external leading moves nothing
+        { { 10, 10, 60, 40 }, 0xB2A, { 38, 23 } },
+        { { 10, 10, 60, 40 }, 0x825, { 24, 17 } },  // clipped
+        { { 0, 0, 5, 4 }, 0x925, { -8, -6 } },      // -17 / 2; 4 / 2 - 17 / 2
+        { { 0, 0, 5, 5 }, 0x925, { -8, -6 } },      // 5 / 2 - 17 / 2, not -12 / 2
+        { { 3, 3, 3, 3 }, 0x925, { -8, -5 } },
+        { { 0, 0, 0, -5 }, 0x924, { 0, -10 } },     // -5 / 2 is -2
+        { { 60, 40, 10, 10 }, 0x925, { 24, 17 } },  // inverted
+        { { 60, 40, 10, 10 }, 0x92A, { -12, -7 } },
+        { { -7, -9, -30, -10 }, 0x921, { -29, -9 } },  // (-37 - 22) / 2
     };
     for (const auto& row : aCases)
     {
-        SCOPED_TRACE(testing::Message()
-                     << std::hex << row.m_nFormat << std::dec << " in " << row.m_rect.left << ' '
-                     << row.m_rect.top << ' ' << row.m_rect.right << ' ' << row.m_rect.bottom);
-        CRect rect(row.m_rect);
+        CRect rect(row.rect);
         int nHeight = 0;
         const auto draw = [&](HDC hDC)
         {
-            nHeight = DrawTextA(hDC, "abc", 3, &rect, row.m_nFormat);
+            nHeight = DrawTextA(hDC, "abc", 3, &rect, row.nFormat);
         };
-        EXPECT_EQ(Reference(TextCalls(draw)), CPoint(row.x, row.y));
-        const int nLeading = row.m_nFormat & DT_EXTERNALLEADING ? 1 : 0;
-        EXPECT_EQ(nHeight, row.y - row.m_rect.top + 17 + nLeading);
-        EXPECT_EQ(rect, CRect(row.m_rect)) << "the rectangle is the caller's";
+        SCOPED_TRACE(row.nFormat);
+        EXPECT_EQ(Reference(draw), row.point);
+        const int nLeading = row.nFormat & DT_EXTERNALLEADING ? 1 : 0;
+        EXPECT_EQ(nHeight, row.point.y - row.rect.top + 17 + nLeading);
+        EXPECT_EQ(rect, row.rect) << "the rectangle is the caller's";
     }
-}
-
-// 17 hundredths are 16 pixels; "abc" is 23 hundredths wide and 18 high.
-TEST(DrawText, DoesNotTurnRoundInAMapping)
-{
-    const auto draw = [](UINT nFormat)
-    {
-        return [nFormat](HDC hDC)
-        {
-            SetHundredths(hDC);
-            const CUseFont use(hDC, FontOf("Times New Roman", -17));
-            RECT rect{ 10, 10, 60, 40 };
-            DrawTextA(hDC, "abc", -1, &rect, nFormat);
-        };
-    };
-    EXPECT_EQ(TextCalls(draw(s_nLine | DT_CENTER | DT_VCENTER)),
-              std::vector<std::string>{ "text 23 16 0 rect 10 10 60 40 dx 7 8 7 codes 97 98 99" });
-    EXPECT_EQ(Reference(TextCalls(draw(s_nLine | DT_RIGHT | DT_BOTTOM))), CPoint(37, 22));
-}
-
-TEST(DrawText, HandsTheTargetWhatARecordNeeds)
-{
-    const RECT rect{ 10, 10, 60, 40 };
-    const auto draw = [&](HDC hDC)
-    {
-        RECT box = rect;
-        DrawTextA(hDC, "", 0, &box, s_nLine);  // no characters, no call
-        DrawTextA(hDC, "\xE4\x80\x81", 3, &box, DT_SINGLELINE | DT_NOPREFIX);
-        ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, nullptr);
-        const INT anDx[] = { 30, -4 };
-        ExtTextOutA(hDC, 5, 6, 0, nullptr, "Wi", 2, anDx);
-    };
-    EXPECT_EQ(TextCalls(draw),
-              (std::vector<std::string>{
-                  "text 10 10 4 rect 10 10 60 40 dx 7 8 6 codes 228 8364 129",
-                  "text 5 6 0 dx 15 4 codes 87 105", "text 5 6 0 dx 30 -4 codes 87 105" }));
-    const auto drawSymbols = [&](HDC hDC)
-    {
-        RECT box = rect;
-        DrawTextA(hDC, "\xE5\x61", 2, &box, s_nLine);
-    };
-    EXPECT_EQ(
-        TextCalls(drawSymbols, FontOf("Symbol", -30)),  // F0E5 F061
-        std::vector<std::string>{ "text 10 10 0 rect 10 10 60 40 dx 21 19 codes 61669 61537" });
 }
 
 // The cell of "abc", as an opaque text fills it; the base line is 14 below the top.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "native/build_machine.h"
+#include "platform/gdi/memory_picture.h"
 #include "platform/gdi/native_gdi.h"
 #include "test_folder.h"
 
@@ -9,6 +10,7 @@
 
 #include <fstream>
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -31,22 +33,16 @@ inline std::string MetafileBytes(HENHMETAFILE hMetaFile)
     return strBytes;
 }
 
-// Lines of a command's output; fails the test if it does not end well.
-inline std::vector<std::string> RunLines(const std::string& strCommand)
+// What a command wrote; fails the test if it does not end well.
+inline std::string RunTool(const std::string& strCommand)
 {
     const CCommandResult result = RunCommand(strCommand);
     EXPECT_EQ(result.m_nStatus, 0) << strCommand << '\n' << result.m_strOutput;
-    std::vector<std::string> lines;
-    const std::string& strOutput = result.m_strOutput;
-    for (std::size_t nStart = 0, nEnd; nStart < strOutput.size(); nStart = nEnd + 1)
-    {
-        nEnd = std::min(strOutput.find('\n', nStart), strOutput.size());
-        lines.push_back(strOutput.substr(nStart, nEnd - nStart));
-    }
-    return lines;
+    return result.m_strOutput;
 }
 
 using CRecordLines = std::vector<std::string>;
+using CDraw = std::function<void(HDC)>;
 
 // One line a record; the dumper checks all lengths, counts and handles as well. It is asked for all
 // metafiles at once: to start it takes longer than to read them.
@@ -56,12 +52,13 @@ inline std::vector<CRecordLines> DumpRecords(const std::vector<std::string>& met
     std::string strCommand = "python3 " + NativePath(MIVORA_TEST_DATA "/../tools/emf_dump.py");
     for (std::size_t i = 0; i < metafiles.size(); ++i)
     {
-        std::string strFile = folder.File(std::to_string(i).c_str());
+        const std::string strFile = folder.File(std::to_string(i));
         WriteFile(strFile, metafiles[i]);
         strCommand += ' ' + NativePath(strFile);
     }
     std::vector<CRecordLines> dumps;
-    for (const std::string& strLine : RunLines(strCommand))
+    std::istringstream output(RunTool(strCommand));
+    for (std::string strLine; std::getline(output, strLine);)
     {
         if (strLine.starts_with("HEADER "))
             dumps.emplace_back();
@@ -69,28 +66,35 @@ inline std::vector<CRecordLines> DumpRecords(const std::vector<std::string>& met
             dumps.back().push_back(strLine);
     }
     EXPECT_EQ(dumps.size(), metafiles.size());
-    dumps.resize(metafiles.size());
+    dumps.resize(metafiles.size(), CRecordLines(1));
     return dumps;
 }
 
 inline CRecordLines DumpRecords(const std::string& strMetafile)
 {
-    return DumpRecords(std::vector<std::string>{ strMetafile }).front();
+    return DumpRecords(std::vector{ strMetafile }).front();
 }
 
 // The bytes of a metafile that was drawn on, as it is saved.
-inline std::string Record(const std::function<void(HDC)>& draw, const RECT* pFrame = nullptr,
+inline std::string Record(const CDraw& draw, const RECT* pFrame = nullptr,
                           const char* pszDescription = nullptr)
 {
     HDC hDC = CreateEnhMetaFileA(nullptr, nullptr, pFrame, pszDescription);
     EXPECT_TRUE(hDC);
     draw(hDC);
-    HENHMETAFILE hMetaFile = CloseEnhMetaFile(hDC);
-    EXPECT_TRUE(hMetaFile);
-    CTestFolder folder;
-    EXPECT_TRUE(SaveEnhMetaFile(hMetaFile, folder.File("x.emf").c_str()));
-    EXPECT_TRUE(DeleteEnhMetaFile(hMetaFile));
-    return ReadFile(folder.File("x.emf"));
+    const CMetafilePtr pMetafile(CloseEnhMetaFile(hDC));
+    const std::vector<BYTE> bytes = EnhMetaFileBytes(pMetafile.get());
+    return { bytes.begin(), bytes.end() };
+}
+
+// The lines of each row's drawing.
+template <class T, std::size_t N>
+std::vector<CRecordLines> RecordTable(const T (&aCases)[N])
+{
+    std::vector<std::string> metafiles;
+    for (const auto& row : aCases)
+        metafiles.push_back(Record(row.draw));
+    return DumpRecords(metafiles);
 }
 
 // The value of a field in a line of the dump.
@@ -101,4 +105,15 @@ inline std::string Field(const std::string& strLine, const std::string& strName)
         return "-";
     nStart += strName.size() + 2;
     return strLine.substr(nStart, strLine.find(' ', nStart) - nStart);
+}
+
+// A red picture of 3 by 2, blue at its lower left, whose last two columns go to a box.
+inline void DrawStretchedBitmap(HDC hDC)
+{
+    CMemoryPicture source(3, 2);
+    Fill(source, { 0, 0, 3, 2 }, 0x0000FF);
+    SetPixel(source, 0, 1, 0xFF0000);
+    SetWindowOrgEx(source, 10, 20, nullptr);
+    EXPECT_TRUE(StretchBlt(hDC, 4, 5, 6, 8, source, 11, 20, 2, 2, SRCCOPY));
+    EXPECT_FALSE(StretchBlt(hDC, 4, 5, 6, 8, hDC, 0, 0, 2, 2, SRCCOPY));
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <fstream>
@@ -44,11 +45,10 @@ CSize Extent(HDC hDC, const LOGFONTA& font, const char* pszText)
 // A row of the table of facts: what make_font_facts.py worked out.
 struct CFontFact
 {
-    LOGFONTA m_font;
-    LONG m_anMetrics[6];  // ascent, descent, internal and external leading, average, maximum width
-    long long m_nSum;
-    long long m_nWeightedSum;
-    std::string m_strRow;
+    std::string strRow;
+    LOGFONTA font;
+    std::array<LONG, 6> anMetrics;  // ascent, descent, leading inside, outside, average, maximum
+    long long nSum = 0, nWeightedSum = 0;
 };
 
 std::vector<CFontFact> ReadFacts()
@@ -57,19 +57,17 @@ std::vector<CFontFact> ReadFacts()
     std::ifstream file(MIVORA_TEST_DATA "/font_facts.txt");
     for (std::string strRow; std::getline(file, strRow);)
     {
-        CFontFact fact;
-        fact.m_strRow = strRow;
-        std::string strFace = strRow.substr(0, strRow.find('|'));
-        for (char& ch : strRow)
-            ch = ch == '|' ? ' ' : ch;
+        CFontFact fact{ strRow, {}, {} };
+        const std::string strFace = strRow.substr(0, strRow.find('|'));
+        std::replace(strRow.begin(), strRow.end(), '|', ' ');
         std::istringstream row(strRow.substr(strFace.size()));
         int nWeight = 0, nItalic = 0, nHeight = 0, nWidth = 0;
         row >> nWeight >> nItalic >> nHeight >> nWidth;
-        for (LONG& n : fact.m_anMetrics)
+        for (LONG& n : fact.anMetrics)
             row >> n;
-        row >> fact.m_nSum >> fact.m_nWeightedSum;
+        row >> fact.nSum >> fact.nWeightedSum;
         EXPECT_TRUE(row) << strRow;
-        fact.m_font = FontOf(strFace.c_str(), nHeight, nWidth, nWeight, nItalic != 0);
+        fact.font = FontOf(strFace.c_str(), nHeight, nWidth, nWeight, nItalic != 0);
         facts.push_back(fact);
     }
     return facts;
@@ -85,125 +83,72 @@ protected:
 
 TEST_F(FontMetrics, AgreeWithTheNumbersWorkedOutFromTheFiles)
 {
-    std::vector<CFontFact> facts = ReadFacts();
+    const std::vector<CFontFact> facts = ReadFacts();
     ASSERT_GT(facts.size(), 400u);
     for (const CFontFact& fact : facts)
     {
-        TEXTMETRICA m = Metrics(m_dc, fact.m_font);
-        LONG anMetrics[] = { m.tmAscent,          m.tmDescent,      m.tmInternalLeading,
-                             m.tmExternalLeading, m.tmAveCharWidth, m.tmMaxCharWidth };
-        for (int i = 0; i < 6; ++i)
-        {
-            EXPECT_EQ(anMetrics[i], fact.m_anMetrics[i])
-                << "number " << i << " of " << fact.m_strRow;
-        }
+        SCOPED_TRACE(fact.strRow);
+        const TEXTMETRICA m = Metrics(m_dc, fact.font);
+        const std::array<LONG, 6> anMetrics = { m.tmAscent,          m.tmDescent,
+                                                m.tmInternalLeading, m.tmExternalLeading,
+                                                m.tmAveCharWidth,    m.tmMaxCharWidth };
+        EXPECT_EQ(anMetrics, fact.anMetrics);
         EXPECT_EQ(m.tmHeight, m.tmAscent + m.tmDescent);
+        EXPECT_EQ(m.tmCharSet == SYMBOL_CHARSET, fact.strRow.starts_with("Symbol"));
 
-        std::array<INT, 256> anWidths = Widths(m_dc, fact.m_font);
+        const std::array<INT, 256> anWidths = Widths(m_dc, fact.font);
         long long nSum = 0, nWeighted = 0;
         for (int nByte = 0x20; nByte < 0x100; ++nByte)
         {
             nSum += anWidths[nByte];
             nWeighted += static_cast<long long>(anWidths[nByte]) * nByte;
         }
-        EXPECT_EQ(nSum, fact.m_nSum) << fact.m_strRow;
-        EXPECT_EQ(nWeighted, fact.m_nWeightedSum) << fact.m_strRow;
+        EXPECT_EQ(nSum, fact.nSum);
+        EXPECT_EQ(nWeighted, fact.nWeightedSum);
     }
-}
-
-TEST_F(FontMetrics, KnownAdvances)
-{
-    std::array<INT, 256> symbol = Widths(m_dc, FontOf("Symbol", -30));
-    EXPECT_EQ(symbol[0x61], 19);  // alpha
-    EXPECT_EQ(symbol[0xD6], 16);  // radical
-    EXPECT_EQ(symbol[0xE5], 21);  // sum
-    EXPECT_EQ(symbol[0xF2], 8);   // integral
-
-    std::array<INT, 256> times = Widths(m_dc, FontOf("Times New Roman", -16));
-    EXPECT_EQ(times['a'], 7);
-    EXPECT_EQ(times['b'], 8);
-    EXPECT_EQ(times['c'], 7);
-    EXPECT_EQ(times['W'], 15);
-    EXPECT_EQ(times['i'], 4);
-
-    std::array<INT, 256> extra = Widths(m_dc, FontOf("MT Extra", -100));
-    EXPECT_EQ(extra['h'], 64);
-    EXPECT_EQ(extra['D'], 63);
-    EXPECT_EQ(extra['b'], 84);
-    EXPECT_EQ(extra['c'], 84);
-    EXPECT_EQ(extra[' '], 32);
-    EXPECT_EQ(extra['x'], 60);
-    EXPECT_EQ(Metrics(m_dc, FontOf("MT Extra", -100)).tmHeight, 117);
-}
-
-TEST_F(FontMetrics, KnownHeights)
-{
-    TEXTMETRICA symbol = Metrics(m_dc, FontOf("Symbol", -120));
-    EXPECT_EQ(symbol.tmAscent, 121);
-    EXPECT_EQ(symbol.tmDescent, 26);
-    EXPECT_EQ(symbol.tmInternalLeading, 27);
-    EXPECT_EQ(symbol.tmCharSet, SYMBOL_CHARSET);
-    TEXTMETRICA times = Metrics(m_dc, FontOf("Times New Roman", -120));
-    EXPECT_EQ(times.tmAscent, 107);
-    EXPECT_EQ(times.tmDescent, 26);
-    EXPECT_EQ(times.tmInternalLeading, 13);
-    TEXTMETRICA arial = Metrics(m_dc, FontOf("Arial", -120));
-    EXPECT_EQ(arial.tmAscent, 109);
-    EXPECT_EQ(arial.tmDescent, 25);
 }
 
 // Sizes in points, on the plain screen and in hundredths of an inch with y upwards.
 TEST_F(FontMetrics, PointSizesBecomeLogicalHeights)
 {
     const char* apszFaces[] = { "Times New Roman", "Arial", "Symbol", "MT Extra" };
-    struct
+    struct CHeights
     {
-        int m_nPoints;
-        int m_nPixels;      // lfHeight in MM_TEXT
-        int m_anPixels[4];  // extent cy by face
-        int m_nUnits;       // lfHeight in hundredths
-        int m_anUnits[4];
+        int nHeight;       // lfHeight
+        int anExtents[4];  // cy by face
+    };
+    const struct
+    {
+        int nPoints;
+        CHeights pixels, hundredths;
     } aCases[] = {
-        { 8, -11, { 12, 12, 13, 13 }, -11, { 11, 11, 12, 11 } },
-        { 10, -13, { 15, 15, 16, 15 }, -14, { 16, 16, 17, 16 } },
-        { 12, -16, { 17, 17, 20, 19 }, -17, { 18, 18, 21, 20 } },
-        { 16, -21, { 24, 23, 26, 24 }, -22, { 25, 24, 27, 25 } },
-        { 18, -24, { 26, 27, 29, 28 }, -25, { 26, 27, 29, 27 } },
+        { 8, { -11, { 12, 12, 13, 13 } }, { -11, { 11, 11, 12, 11 } } },
+        { 10, { -13, { 15, 15, 16, 15 } }, { -14, { 16, 16, 17, 16 } } },
+        { 12, { -16, { 17, 17, 20, 19 } }, { -17, { 18, 18, 21, 20 } } },
+        { 16, { -21, { 24, 23, 26, 24 } }, { -22, { 25, 24, 27, 25 } } },
+        { 18, { -24, { 26, 27, 29, 28 } }, { -25, { 26, 27, 29, 27 } } },
     };
     CClientDC hundredths(nullptr);
     SetHundredths(hundredths);
     hundredths.SetWindowOrg(-300, 77);  // must not matter
-    for (const auto& row : aCases)
+    for (int n = 0; n < 5 * 4 * 3 * 2; ++n)
     {
-        for (int i = 0; i < 4; ++i)
-        {
-            for (int nSign : { -10, 10 })
-            {
-                SCOPED_TRACE(testing::Message() << apszFaces[i] << ' ' << row.m_nPoints);
-                LOGFONTA font = FontOf(apszFaces[i], row.m_nPoints * nSign);
-                struct
-                {
-                    CDC* m_pDC;
-                    int m_nHeight;
-                    int m_nExtent;
-                } aDevices[] = { { nullptr, row.m_nPixels, row.m_anPixels[i] },
-                                 { &m_dc, row.m_nPixels, row.m_anPixels[i] },
-                                 { &hundredths, row.m_nUnits, row.m_anUnits[i] } };
-                for (const auto& device : aDevices)
-                {
-                    CFont made;
-                    ASSERT_TRUE(made.CreatePointFontIndirect(&font, device.m_pDC));
-                    LOGFONTA got{};
-                    made.GetLogFont(&got);
-                    EXPECT_EQ(got.lfHeight, device.m_nHeight);
-                    CDC* pDC = device.m_pDC ? device.m_pDC : &m_dc;
-                    CSelectScope select(pDC, &made);
-                    EXPECT_EQ(pDC->GetOutputTextExtent("x").cy, device.m_nExtent);
-                    EXPECT_EQ(pDC->GetOutputTextExtent("", 0), CSize(0, device.m_nExtent));
-                    EXPECT_EQ(pDC->GetTextExtent("", 0), CSize(0, 0));
-                }
-            }
-        }
+        const int nFace = n % 4, nDevice = n / 4 % 3, nTenths = n / 12 % 2 ? 10 : -10;
+        const auto& row = aCases[n / 24];
+        SCOPED_TRACE(testing::Message() << apszFaces[nFace] << ' ' << row.nPoints * nTenths);
+        CDC* const apDevices[] = { nullptr, &m_dc, &hundredths };
+        const CHeights& heights = nDevice == 2 ? row.hundredths : row.pixels;
+        const LOGFONTA font = FontOf(apszFaces[nFace], row.nPoints * nTenths);
+        CFont made;
+        ASSERT_TRUE(made.CreatePointFontIndirect(&font, apDevices[nDevice]));
+        LOGFONTA got{};
+        made.GetLogFont(&got);
+        EXPECT_EQ(got.lfHeight, heights.nHeight);
+        CDC* pDC = nDevice == 0 ? &m_dc : apDevices[nDevice];
+        const CSelectScope select(pDC, &made);
+        EXPECT_EQ(pDC->GetOutputTextExtent("x").cy, heights.anExtents[nFace]);
+        EXPECT_EQ(pDC->GetOutputTextExtent("", 0), CSize(0, heights.anExtents[nFace]));
+        EXPECT_EQ(pDC->GetTextExtent("", 0), CSize(0, 0));
     }
 }
 
@@ -225,22 +170,19 @@ TEST_F(FontMetrics, MappedExtentsAreConvertedOnce)
 
 TEST_F(FontMetrics, NamesAndStylesChooseTheFile)
 {
-    auto width = [&](const LOGFONTA& font)
+    const auto width = [&](const char* pszFace, int nWeight = 400)
     {
-        return Extent(m_dc, font, "Hamburg \xE4\x80").cx;
+        return Extent(m_dc, FontOf(pszFace, -60, 0, nWeight), "Hamburg \xE4\x80").cx;
     };
-    int nTimes = width(FontOf("Times New Roman", -60));
-    int nArial = width(FontOf("Arial", -60));
+    const int nTimes = width("Times New Roman"), nArial = width("Arial");
     EXPECT_NE(nTimes, nArial);
-    EXPECT_EQ(width(FontOf("tIMES nEW rOMAN", -60)), nTimes);
-    EXPECT_EQ(width(FontOf("Times", -60)), nTimes);
-    EXPECT_EQ(width(FontOf("Helvetica", -60)), nArial);
-    EXPECT_EQ(width(FontOf("Arial", -60, 0, 550)), nArial) << "not bold yet";
-    EXPECT_EQ(width(FontOf("Arial", -60, 0, 551)), width(FontOf("Arial", -60, 0, 700)));
-    EXPECT_NE(width(FontOf("Arial", -60, 0, 700)), nArial);
-
-    LOGFONTA font = FontOf("Courier New", -60);
-    std::array<INT, 256> mono = Widths(m_dc, font);
+    EXPECT_EQ(width("tIMES nEW rOMAN"), nTimes);
+    EXPECT_EQ(width("Times"), nTimes);
+    EXPECT_EQ(width("Helvetica"), nArial);
+    EXPECT_EQ(width("Arial", 550), nArial) << "not bold yet";
+    EXPECT_EQ(width("Arial", 551), width("Arial", 700));
+    EXPECT_NE(width("Arial", 700), nArial);
+    const std::array<INT, 256> mono = Widths(m_dc, FontOf("Courier New", -60));
     EXPECT_EQ(mono['i'], mono['W']);
 }
 
@@ -275,15 +217,14 @@ TEST_F(FontMetrics, NamesEndWhereTheyEnd)
     made.CreateFontIndirect(&font);
     LOGFONTA got{};
     made.GetLogFont(&got);
-    EXPECT_EQ(std::string(got.lfFaceName, LF_FACESIZE),
-              std::string("Symbol") + std::string(26, '\0'));
+    EXPECT_EQ(std::string(got.lfFaceName, LF_FACESIZE), "Symbol" + std::string(26, '\0'));
     made.DeleteObject();
 
     std::memset(font.lfFaceName, 'x', LF_FACESIZE);
     testing::internal::CaptureStderr();
     made.CreateFontIndirect(&font);
     EXPECT_EQ(made.GetLogFont(&got), static_cast<int>(sizeof got));
-    EXPECT_EQ(std::string(got.lfFaceName), std::string(31, 'x'));
+    EXPECT_EQ(got.lfFaceName, std::string(31, 'x'));
     Extent(m_dc, font, "x");
     testing::internal::GetCapturedStderr();
 }

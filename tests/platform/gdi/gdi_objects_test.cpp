@@ -1,5 +1,6 @@
 // Wrappers of drawing objects and device contexts: who owns what, what goes to which context.
 #include "platform/gdi/dc.h"
+#include "platform/gdi/memory_picture.h"
 #include "platform/gdi/metafile_calls.h"
 #include "platform/gdi/test_fonts.h"
 
@@ -8,7 +9,7 @@
 TEST(GdiObjects, SelectingGivesTheOldWrapperBack)
 {
     CClientDC dc(nullptr);
-    LOGFONTA lf = FontOf("Arial", -20);
+    const LOGFONTA lf = FontOf("Arial", -20);
     CFont first, second;
     first.CreateFontIndirect(&lf);
     second.CreateFontIndirect(&lf);
@@ -25,10 +26,10 @@ TEST(GdiObjects, SelectingGivesTheOldWrapperBack)
         EXPECT_EQ(dc.SelectObject(&pen), &pen);
         EXPECT_EQ(dc.SelectObject(&brush), &brush);
     }
-    EXPECT_EQ(dc.SelectStockObject(NULL_PEN)->m_hObject, GetStockObject(BLACK_PEN));
-    EXPECT_EQ(dc.SelectStockObject(NULL_BRUSH)->m_hObject, GetStockObject(WHITE_BRUSH));
+    EXPECT_EQ(SelectObject(dc, GetStockObject(NULL_PEN)), GetStockObject(BLACK_PEN));
+    EXPECT_EQ(SelectObject(dc, GetStockObject(NULL_BRUSH)), GetStockObject(WHITE_BRUSH));
     EXPECT_EQ(dc.SelectObject(static_cast<CPen*>(nullptr)), nullptr);
-    EXPECT_EQ(dc.SelectObject(static_cast<CFont*>(pStock)), pStock);
+    EXPECT_EQ(dc.SelectObject(pStock), pStock);
 }
 
 TEST(GdiObjects, AreOfTheClassThatTheyAreAskedFor)
@@ -52,14 +53,12 @@ TEST(GdiObjects, SystemBrushesAndStockObjectsOutliveTheirDeletion)
     LOGBRUSH brush{};
     EXPECT_EQ(GetObjectA(hWindow, sizeof brush, &brush), static_cast<int>(sizeof brush));
     EXPECT_EQ(brush.lbColor, 0xFFFFFFu);
-    EXPECT_EQ(GetStockObject(9), nullptr);
-    EXPECT_EQ(GetStockObject(-1), nullptr);
-    EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), 0x00D77800u);
-    EXPECT_EQ(GetSysColor(COLOR_GRAYTEXT), 0x006D6D6Du);
 }
 
 TEST(GdiObjects, BadDescriptionsMakeNothing)
 {
+    EXPECT_EQ(GetStockObject(9), nullptr);
+    EXPECT_EQ(GetStockObject(-1), nullptr);
     EXPECT_EQ(CreateHatchBrush(-1, 0), nullptr);
     EXPECT_EQ(CreateFontIndirectA(nullptr), nullptr);
     CFont font;
@@ -90,7 +89,7 @@ TEST(DeviceContext, AnotherOneMayBeAsked)
     CMetaFileDC dc;
     ASSERT_TRUE(dc.CreateEnhanced(nullptr, nullptr, nullptr, nullptr));
     dc.SetAttribDC(screen.m_hDC);
-    LOGFONTA lf = FontOf("Symbol", -30);
+    const LOGFONTA lf = FontOf("Symbol", -30);
     CFont font;
     font.CreateFontIndirect(&lf);
     {
@@ -99,19 +98,18 @@ TEST(DeviceContext, AnotherOneMayBeAsked)
         EXPECT_EQ(dc.GetOutputTextExtent("\xD6").cx, 16);
         CPen pen(PS_SOLID, 1, 0);
         CSelectScope selectPen(&dc, &pen);
-        EXPECT_EQ(screen.SelectStockObject(BLACK_PEN)->m_hObject, GetStockObject(BLACK_PEN))
-            << "only draws";
+        EXPECT_EQ(screen.GetCurrentPen()->m_hObject, GetStockObject(BLACK_PEN)) << "only draws";
     }
-    EXPECT_EQ(screen.SelectStockObject(SYSTEM_FONT)->m_hObject, GetStockObject(SYSTEM_FONT));
+    EXPECT_EQ(screen.GetCurrentFont()->m_hObject, GetStockObject(SYSTEM_FONT));
     dc.SetTextColor(0x123456);
     EXPECT_EQ(screen.GetTextColor(), 0x123456u);
 }
 
 TEST(DeviceContext, HandsShapesToTheSystem)
 {
-    CRecordedCalls recorded;
-    CDC& dc = *CDC::FromHandle(recorded);
-    EXPECT_EQ(&dc, CDC::FromHandle(recorded));
+    CMetaFileDC dc;
+    ASSERT_TRUE(dc.CreateEnhanced(nullptr, nullptr, nullptr, nullptr));
+    EXPECT_EQ(&dc, CDC::FromHandle(dc));
     CRect rect(9, 5, 5, 7);
     dc.FillSolidRect(&rect, 0x80FF);
     CBrush brush(0xFFu);
@@ -123,15 +121,16 @@ TEST(DeviceContext, HandsShapesToTheSystem)
     EXPECT_EQ(dc.MoveTo(0, 0), CPoint(5, 6));
     EXPECT_EQ(dc.GetBkColor(), 0x80FFu);
     EXPECT_EQ(
-        recorded.Lines(),
-        (std::vector<std::string>{ "bkcolor 33023", "text 0 0 2 rect 9 5 5 7 dx codes", "select",
+        TakeMetafileCalls(dc.CloseEnhanced()),
+        (std::vector<std::string>{ "bkcolor 33023", "fill 9 5 5 7", "hatch 255 0", "select",
                                    "patblt 9 5 -4 2 15728673", "select", "move 1 2", "line 3 4",
                                    "line 5 6", "rectangle 5 5 8 6", "move 0 0" }));
 }
 
 TEST(DeviceContext, StatesAreSavedInLevels)
 {
-    CClientDC dc(nullptr);
+    CMemoryPicture picture(20, 1);
+    CDC& dc = *CDC::FromHandle(picture);
     dc.SetTextColor(1);
     EXPECT_EQ(dc.SaveDC(), 1);
     dc.SetTextColor(2);
@@ -145,15 +144,17 @@ TEST(DeviceContext, StatesAreSavedInLevels)
     EXPECT_FALSE(dc.RestoreDC(3));
     EXPECT_FALSE(dc.RestoreDC(0));
     EXPECT_FALSE(dc.RestoreDC(-3));
+    dc.FillSolidRect(0, 0, 20, 1, 0);
+    EXPECT_EQ(picture.Inked(), CRect());
     EXPECT_TRUE(dc.RestoreDC(-1));
     EXPECT_EQ(dc.GetTextColor(), 2u);
-    EXPECT_EQ(dc.GetClipBox(&clip), SIMPLEREGION);
-    EXPECT_EQ(clip, CRect(0, 0, 10, 10));
+    dc.FillSolidRect(0, 0, 20, 1, 0);
+    EXPECT_EQ(picture.Inked(), CRect(0, 0, 10, 1));
     EXPECT_TRUE(dc.RestoreDC(1));
     EXPECT_EQ(dc.GetTextColor(), 1u);
     EXPECT_EQ(dc.SetMapMode(MM_TEXT), MM_TEXT);
-    EXPECT_EQ(dc.GetClipBox(&clip), SIMPLEREGION);
-    EXPECT_EQ(clip, CRect(0, 0, 1920, 1080));
+    dc.FillSolidRect(0, 0, 20, 1, 0);
+    EXPECT_EQ(picture.Inked(), CRect(0, 0, 20, 1));
 }
 
 TEST(DeviceContext, TheScreenIsTheVirtualOneAndStartsAfresh)
@@ -161,7 +162,7 @@ TEST(DeviceContext, TheScreenIsTheVirtualOneAndStartsAfresh)
     HDC hDC = GetDC(nullptr);
     SetHundredths(hDC);
     SetTextColor(hDC, 5);
-    LOGFONTA lf = FontOf("Arial", -50);
+    const LOGFONTA lf = FontOf("Arial", -50);
     HFONT hFont = CreateFontIndirectA(&lf);
     SelectObject(hDC, hFont);
     DeleteObject(hFont);
@@ -172,34 +173,12 @@ TEST(DeviceContext, TheScreenIsTheVirtualOneAndStartsAfresh)
     EXPECT_EQ(dc.SetMapMode(MM_TEXT), MM_TEXT);
     EXPECT_EQ(dc.GetTextColor(), 0u);
     EXPECT_EQ(dc.GetBkMode(), OPAQUE);
-    EXPECT_EQ(dc.SelectStockObject(SYSTEM_FONT)->m_hObject, GetStockObject(SYSTEM_FONT));
-    struct
-    {
-        int m_nIndex, m_nValue;
-    } aCaps[] = { { HORZSIZE, 508 },  { VERTSIZE, 286 },  { HORZRES, 1920 }, { VERTRES, 1080 },
-                  { LOGPIXELSX, 96 }, { LOGPIXELSY, 96 }, { BITSPIXEL, 32 }, { PLANES, 1 } };
-    for (const auto& caps : aCaps)
-        EXPECT_EQ(dc.GetDeviceCaps(caps.m_nIndex), caps.m_nValue) << caps.m_nIndex;
+    EXPECT_EQ(dc.GetCurrentFont()->m_hObject, GetStockObject(SYSTEM_FONT));
+    const std::pair<int, int> aCaps[] = {
+        { HORZSIZE, 508 },  { VERTSIZE, 286 },  { HORZRES, 1920 }, { VERTRES, 1080 },
+        { LOGPIXELSX, 96 }, { LOGPIXELSY, 96 }, { BITSPIXEL, 32 }, { PLANES, 1 },
+    };
+    for (const auto& [nIndex, nValue] : aCaps)
+        EXPECT_EQ(dc.GetDeviceCaps(nIndex), nValue) << nIndex;
     EXPECT_EQ(ReleaseDC(nullptr, nullptr), 0);
-}
-
-TEST(DeviceContext, ABitmapIsDrawnOnByOneContextOnly)
-{
-    CClientDC screen(nullptr);
-    CDC first, second;
-    ASSERT_TRUE(first.CreateCompatibleDC(nullptr));
-    ASSERT_TRUE(second.CreateCompatibleDC(&screen));
-    EXPECT_EQ(first.GetDeviceCaps(BITSPIXEL), 32);
-    CBitmap bitmap;
-    ASSERT_TRUE(bitmap.CreateBitmap(4, 3, 1, 32, nullptr));
-    CBitmap* pOld = first.SelectObject(&bitmap);
-    ASSERT_NE(pOld, nullptr);
-    BITMAP data{};
-    EXPECT_GT(pOld->GetBitmap(&data), 0);
-    EXPECT_EQ(data.bmWidth, 1);
-    EXPECT_EQ(data.bmBitsPixel, 1);
-    EXPECT_EQ(second.SelectObject(&bitmap), nullptr);
-    EXPECT_EQ(screen.SelectObject(&bitmap), nullptr);
-    EXPECT_EQ(first.SelectObject(pOld), &bitmap);
-    EXPECT_NE(second.SelectObject(&bitmap), nullptr);
 }

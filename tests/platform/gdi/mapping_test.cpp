@@ -12,22 +12,17 @@ namespace
 class MappingTest : public testing::Test
 {
 protected:
-    POINT ToDevice(int x, int y)
+    CPoint ToDevice(int x, int y)
     {
-        POINT point{ x, y };
+        CPoint point(x, y);
         ::LPtoDP(m_dc, &point, 1);
         return point;
     }
-    POINT ToLogical(int x, int y)
+    CPoint ToLogical(int x, int y)
     {
-        POINT point{ x, y };
+        CPoint point(x, y);
         ::DPtoLP(m_dc, &point, 1);
         return point;
-    }
-    static void Expect(POINT point, int x, int y)
-    {
-        EXPECT_EQ(point.x, x);
-        EXPECT_EQ(point.y, y);
     }
 
     CClientDC m_dc{ nullptr };
@@ -37,42 +32,54 @@ protected:
 
 TEST_F(MappingTest, TextModeOnlyMovesOrigins)
 {
-    Expect(ToDevice(7, -3), 7, -3);
+    EXPECT_EQ(ToDevice(7, -3), CPoint(7, -3));
     m_dc.SetWindowOrg(10, 20);
     m_dc.SetViewportOrg(5, 7);
-    Expect(ToDevice(0, 0), -5, -13);
-    Expect(ToLogical(-5, -13), 0, 0);
+    EXPECT_EQ(ToDevice(0, 0), CPoint(-5, -13));
+    EXPECT_EQ(ToLogical(-5, -13), CPoint(0, 0));
     EXPECT_EQ(m_dc.SetWindowExt(50, 60), CSize(1, 1)) << "extents are fixed";
-    Expect(ToDevice(0, 0), -5, -13);
+    EXPECT_EQ(ToDevice(0, 0), CPoint(-5, -13));
 }
 
-// The inverse factor of 96 to 100 is a little less than 25 / 24, so that halves go down.
-TEST_F(MappingTest, HundredthsOfAnInchRoundByTheirSingleFactors)
+// Which way each of them is rounded depends on the last bit of a single factor.
+TEST_F(MappingTest, ScalesAndRoundsByItsSingleFactors)
 {
-    SetHundredths(m_dc);
-    Expect(ToLogical(12, 12), 12, -12);  // 12.4999995, -12.4999995
-    Expect(ToLogical(36, -36), 37, 37);  // 37.4999986
-    Expect(ToLogical(-12, -12), -12, 12);
-    Expect(ToLogical(11, 16), 11, -17);  // 11.458, -16.667
-    Expect(ToDevice(25, 25), 24, -24);   // 23.9999995
-    Expect(ToDevice(17, 100), 16, -96);  // 16.32
-}
-
-// The inverse goes by the determinant in single precision: the reciprocal has another last bit.
-TEST_F(MappingTest, TheInverseIsNotTheReciprocal)
-{
-    SetHundredths(m_dc, 72);
-    Expect(ToLogical(9, 27), 13, -38);  // 12.5000006, -37.5000018
-    m_dc.SetWindowExt(1000, -1000);
-    m_dc.SetViewportExt(96, 96);
-    Expect(ToLogical(6, 6), 62, -62);  // 62.499996
-}
-
-TEST_F(MappingTest, HalvesGoUpOnBothSidesOfZero)
-{
-    SetHundredths(m_dc, 150, 1);
-    Expect(ToDevice(1, -1), 2, -1);
-    Expect(ToDevice(3, -3), 5, -4);
+    enum
+    {
+        toDevice,
+        toLogical
+    };
+    const struct
+    {
+        SIZE window, viewport;
+        int nDirection;
+        CPoint from, to;
+    } aCases[] = {
+        // clang-format off
+        // The inverse of 96 to 100 is a little less than 25 / 24, so that halves go down.
+        { { 100, -100 }, { 96, 96 }, toLogical, { 12, 12 }, { 12, -12 } },  // 12.4999995, -12.4999995
+        { { 100, -100 }, { 96, 96 }, toLogical, { 36, -36 }, { 37, 37 } },  // 37.4999986
+        { { 100, -100 }, { 96, 96 }, toLogical, { -12, -12 }, { -12, 12 } },
+        { { 100, -100 }, { 96, 96 }, toLogical, { 11, 16 }, { 11, -17 } },  // 11.458, -16.667
+        { { 100, -100 }, { 96, 96 }, toDevice, { 25, 25 }, { 24, -24 } },   // 23.9999995
+        { { 100, -100 }, { 96, 96 }, toDevice, { 17, 100 }, { 16, -96 } },  // 16.32
+        // The inverse goes by the determinant in single precision: the reciprocal has another bit.
+        { { 100, -100 }, { 72, 72 }, toLogical, { 9, 27 }, { 13, -38 } },   // 12.5000006, -37.5000018
+        { { 1000, -1000 }, { 96, 96 }, toLogical, { 6, 6 }, { 62, -62 } },  // 62.499996
+        // Halves go up on both sides of zero.
+        { { 100, 100 }, { 150, 150 }, toDevice, { 1, -1 }, { 2, -1 } },
+        { { 100, 100 }, { 150, 150 }, toDevice, { 3, -3 }, { 5, -4 } },
+        // clang-format on
+    };
+    m_dc.SetMapMode(MM_ANISOTROPIC);
+    for (const auto& row : aCases)
+    {
+        m_dc.SetWindowExt(row.window);
+        m_dc.SetViewportExt(row.viewport);
+        const CPoint to = row.nDirection == toDevice ? ToDevice(row.from.x, row.from.y)
+                                                     : ToLogical(row.from.x, row.from.y);
+        EXPECT_EQ(to, row.to) << row.viewport.cx << ": " << row.from.x << ',' << row.from.y;
+    }
 }
 
 TEST_F(MappingTest, OriginsAreAddedOnTheDevice)
@@ -80,11 +87,11 @@ TEST_F(MappingTest, OriginsAreAddedOnTheDevice)
     SetHundredths(m_dc);
     m_dc.SetWindowOrg(10, 20);
     m_dc.SetViewportOrg(5, 7);
-    Expect(ToDevice(10, 20), 5, 7);
-    Expect(ToDevice(110, 120), 101, -89);
-    Expect(ToLogical(101, -89), 110, 120);
+    EXPECT_EQ(ToDevice(10, 20), CPoint(5, 7));
+    EXPECT_EQ(ToDevice(110, 120), CPoint(101, -89));
+    EXPECT_EQ(ToLogical(101, -89), CPoint(110, 120));
     m_dc.SetWindowOrg(-1000, 333);
-    Expect(ToDevice(0, 0), 965, 327);  // 960 + 5; 319.68 + 7
+    EXPECT_EQ(ToDevice(0, 0), CPoint(965, 327));  // 960 + 5; 319.68 + 7
 }
 
 TEST_F(MappingTest, ExtentsOfZeroAndUnknownModesAreRefused)
@@ -104,12 +111,11 @@ TEST_F(MappingTest, ExtremeNumbersDoNoHarm)
     m_dc.SetMapMode(MM_ANISOTROPIC);
     m_dc.SetWindowExt(INT_MAX, INT_MIN);
     m_dc.SetViewportExt(1, 1);
-    Expect(ToDevice(INT_MAX, 0), 1, 0);
+    EXPECT_EQ(ToDevice(INT_MAX, 0), CPoint(1, 0));
     m_dc.SetWindowOrg(INT_MIN, INT_MAX);
     ToLogical(INT_MIN, INT_MIN);
 
-    LOGFONTA font = FontOf("Arial", INT_MIN, INT_MAX);
-    CUseFont use(m_dc, font);
+    const CUseFont use(m_dc, FontOf("Arial", INT_MIN, INT_MAX));
     SIZE size{};
     EXPECT_TRUE(GetTextExtentPoint32A(m_dc, "abc", 3, &size));
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 // Fills with one colour.
@@ -15,6 +16,13 @@ inline void Fill(HDC hDC, RECT rect, COLORREF colour)
     FillRect(hDC, &rect, hBrush);
     DeleteObject(hBrush);
 }
+
+// Signs of colours, for pictures in lines.
+inline constexpr std::pair<char, COLORREF> SIGNS[] = {
+    { '.', 0xFFFFFF }, { '#', 0x000000 }, { 'r', 0x0000FF }, { 'g', 0x00FF00 }, { 'b', 0xFF0000 },
+};
+
+using CLines = std::vector<std::string>;
 
 class CMemoryPicture
 {
@@ -68,29 +76,29 @@ public:
         return colours;
     }
 
-    // A line for each row: '.' white, '#' black, 'r' 'g' 'b' pure colours, '?' any other.
-    std::vector<std::string> Lines() const
+    // A line of signs for each row; '?' is any other colour.
+    CLines Lines() const { return LinesOf(Colours(), m_nWidth); }
+    static CLines LinesOf(const std::vector<COLORREF>& colours, int nWidth)
     {
-        std::vector<std::string> lines(static_cast<std::size_t>(m_nHeight));
-        std::size_t n = 0;
-        for (const COLORREF colour : Colours())
-            lines[n++ / static_cast<std::size_t>(m_nWidth)] += Sign(colour);
+        CLines lines;
+        for (std::size_t n = 0; n < colours.size(); ++n)
+        {
+            if (n % static_cast<std::size_t>(nWidth) == 0)
+                lines.emplace_back();
+            lines.back() += Sign(colours[n]);
+        }
         return lines;
     }
 
     // What holds everything that is not white.
     CRect Inked() const
     {
-        CRect box(m_nWidth, m_nHeight, 0, 0);
+        CRect box;
         int n = 0;
         for (const COLORREF colour : Colours())
         {
-            const CRect pixel(CPoint(n % m_nWidth, n / m_nWidth), CSize(1, 1));
             if (colour != 0xFFFFFF)
-            {
-                box = { std::min(box.left, pixel.left), std::min(box.top, pixel.top),
-                        std::max(box.right, pixel.right), std::max(box.bottom, pixel.bottom) };
-            }
+                box |= CRect(CPoint(n % m_nWidth, n / m_nWidth), CSize(1, 1));
             ++n;
         }
         return box;
@@ -98,21 +106,12 @@ public:
 
     static char Sign(COLORREF colour)
     {
-        switch (colour)
+        for (const auto& [cSign, crSign] : SIGNS)
         {
-            case 0xFFFFFF:
-                return '.';
-            case 0x000000:
-                return '#';
-            case 0x0000FF:
-                return 'r';
-            case 0x00FF00:
-                return 'g';
-            case 0xFF0000:
-                return 'b';
-            default:
-                return '?';
+            if (crSign == colour)
+                return cSign;
         }
+        return '?';
     }
 
 private:
@@ -123,24 +122,18 @@ private:
     HBITMAP m_hOld;
 };
 
-// Selects an object of its own and deletes it at the end.
-class CUseObject
+// Puts lines of signs into the upper left of a bitmap.
+inline void SetSigns(HDC hDC, const CLines& lines)
 {
-public:
-    CUseObject(HDC hDC, HGDIOBJ hObject)
-        : m_hDC(hDC), m_hObject(hObject), m_hOld(SelectObject(hDC, hObject))
+    for (std::size_t y = 0; y < lines.size(); ++y)
     {
+        for (std::size_t x = 0; x < lines[y].size(); ++x)
+        {
+            for (const auto& [cSign, crSign] : SIGNS)
+            {
+                if (cSign == lines[y][x])
+                    SetPixel(hDC, static_cast<int>(x), static_cast<int>(y), crSign);
+            }
+        }
     }
-    ~CUseObject()
-    {
-        SelectObject(m_hDC, m_hOld);
-        DeleteObject(m_hObject);
-    }
-    CUseObject(const CUseObject&) = delete;
-    CUseObject& operator=(const CUseObject&) = delete;
-
-private:
-    HDC m_hDC;
-    HGDIOBJ m_hObject;
-    HGDIOBJ m_hOld;
-};
+}

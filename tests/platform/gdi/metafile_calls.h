@@ -1,109 +1,69 @@
 // Drawing calls as a metafile holds them, read back through the drawing interface: a line a record.
 #pragma once
 
-#include "platform/gdi/gdi.h"
+#include "platform/gdi/metafile_records.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 #include <vector>
 
-// A device context whose calls are kept.
-class CRecordedCalls
+// The numbers of a record, of 32 bits, from an offset on; none beyond its end.
+inline std::string RecordNumbers(const ENHMETARECORD& record, std::size_t nOffset,
+                                 std::size_t nCount)
 {
-public:
-    CRecordedCalls() : m_hDC(CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr)) {}
-    ~CRecordedCalls()
+    std::string strNumbers;
+    for (std::size_t n = nOffset; n < nOffset + 4 * nCount && n + 4 <= record.nSize; n += 4)
     {
-        if (m_hDC)
-            Lines();
+        LONG nNumber;
+        std::memcpy(&nNumber, reinterpret_cast<const char*>(&record) + n, sizeof nNumber);
+        strNumbers += ' ' + std::to_string(nNumber);
     }
-    CRecordedCalls(const CRecordedCalls&) = delete;
-    CRecordedCalls& operator=(const CRecordedCalls&) = delete;
+    return strNumbers;
+}
 
-    operator HDC() const { return m_hDC; }
-
-    // Ends the recording. Records whose kind has no word here are left out.
-    std::vector<std::string> Lines()
+// The calls of a metafile, which it deletes. Records whose kind has no word here are left out.
+inline std::vector<std::string> TakeMetafileCalls(HENHMETAFILE hMetaFile)
+{
+    const ENHMFENUMPROC visit =
+        [](HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM lParam)
     {
-        std::vector<std::string> lines;
-        const HENHMETAFILE hMetaFile = CloseEnhMetaFile(m_hDC);
-        m_hDC = nullptr;
-        EXPECT_TRUE(EnumEnhMetaFile(nullptr, hMetaFile, Visit, &lines, nullptr));
-        EXPECT_TRUE(DeleteEnhMetaFile(hMetaFile));
-        return lines;
-    }
-
-private:
-    static LONG NumberAt(const ENHMETARECORD& record, std::size_t nOffset)
-    {
-        LONG n = 0;
-        if (nOffset + sizeof n <= record.nSize)
-            std::memcpy(&n, reinterpret_cast<const char*>(&record) + nOffset, sizeof n);
-        return n;
-    }
-
-    static std::string Numbers(const ENHMETARECORD& record, std::size_t nOffset, std::size_t nCount)
-    {
-        std::string strNumbers;
-        for (std::size_t n = 0; n < nCount; ++n)
-            strNumbers += ' ' + std::to_string(NumberAt(record, nOffset + 4 * n));
-        return strNumbers;
-    }
-
-    // Reference point, options, rectangle, distances and UTF-16 units.
-    static std::string Text(const ENHMETARECORD& record)
-    {
-        const auto nChars = static_cast<std::size_t>(NumberAt(record, 44));
-        std::string strLine = "text" + Numbers(record, 36, 2) + Numbers(record, 52, 1);
-        if (NumberAt(record, 64) >= NumberAt(record, 56) || NumberAt(record, 52) != 0)
-            strLine += " rect" + Numbers(record, 56, 4);
-        strLine += " dx" + Numbers(record, static_cast<std::size_t>(NumberAt(record, 72)), nChars);
-        strLine += " codes";
-        for (std::size_t n = 0; n < nChars; ++n)
+        static constexpr struct
         {
-            char16_t unit;
-            std::memcpy(
-                &unit,
-                reinterpret_cast<const char*>(&record) + NumberAt(record, 48) + n * sizeof unit,
-                sizeof unit);
-            strLine += ' ' + std::to_string(unsigned{ unit });
-        }
-        return strLine;
-    }
-
-    static int CALLBACK Visit(HDC, HANDLETABLE*, const ENHMETARECORD* pRecord, int, LPARAM lParam)
-    {
+            DWORD nType;
+            const char* pszWord;
+            std::size_t nOffset;  // of the numbers that count
+            std::size_t nCount;
+        } s_aWords[] = {
+            { EMR_SETBKCOLOR, "bkcolor", 8, 1 },
+            { EMR_MOVETOEX, "move", 8, 2 },
+            { EMR_SELECTOBJECT, "select", 0, 0 },
+            { EMR_CREATEPEN, "pen", 24, 1 },
+            { EMR_CREATEBRUSHINDIRECT, "hatch", 16, 2 },
+            { EMR_RECTANGLE, "rectangle", 8, 4 },
+            { EMR_LINETO, "line", 8, 2 },
+            { EMR_BITBLT, "patblt", 24, 5 },
+        };
         auto& lines = *reinterpret_cast<std::vector<std::string>*>(lParam);
-        switch (pRecord->iType)
+        for (const auto& word : s_aWords)
         {
-            case 25:
-                lines.push_back("bkcolor" + Numbers(*pRecord, 8, 1));
-                break;
-            case 27:
-                lines.push_back("move" + Numbers(*pRecord, 8, 2));
-                break;
-            case 37:
-                lines.push_back("select");
-                break;
-            case 43:
-                lines.push_back("rectangle" + Numbers(*pRecord, 8, 4));
-                break;
-            case 54:
-                lines.push_back("line" + Numbers(*pRecord, 8, 2));
-                break;
-            case 76:
-                lines.push_back("patblt" + Numbers(*pRecord, 24, 5));
-                break;
-            case 84:
-                lines.push_back(Text(*pRecord));
-                break;
-            default:
-                break;
+            if (pRecord->iType == word.nType)
+                lines.push_back(word.pszWord + RecordNumbers(*pRecord, word.nOffset, word.nCount));
+        }
+        // Reference point and options of a text; the rectangle of a fill, which has no characters.
+        if (pRecord->iType == EMR_EXTTEXTOUTW && RecordNumbers(*pRecord, 44, 1) == " 0")
+        {
+            lines.push_back("fill" + RecordNumbers(*pRecord, 56, 4));
+        }
+        else if (pRecord->iType == EMR_EXTTEXTOUTW)
+        {
+            lines.push_back("text" + RecordNumbers(*pRecord, 36, 2) +
+                            RecordNumbers(*pRecord, 52, 1));
         }
         return 1;
-    }
-
-    HDC m_hDC;
-};
+    };
+    std::vector<std::string> lines;
+    EXPECT_TRUE(EnumEnhMetaFile(nullptr, hMetaFile, visit, &lines, nullptr));
+    EXPECT_TRUE(DeleteEnhMetaFile(hMetaFile));
+    return lines;
+}

@@ -1,4 +1,4 @@
-// Fonts for tests, by face and height.
+// Fonts and other objects in use, and the mapping of the layout.
 #pragma once
 
 #include "platform/gdi/native_gdi.h"
@@ -17,26 +17,33 @@ inline LOGFONTA FontOf(const char* pszFace, int nHeight, int nWidth = 0, int nWe
     return font;
 }
 
-// A new font in a device context, as long as it lives.
-class CUseFont
+// Selects an object of its own and deletes it at the end.
+class CUseObject
 {
 public:
-    CUseFont(HDC hDC, const LOGFONTA& font)
-        : m_hDC(hDC), m_hFont(CreateFaceFont(&font)), m_hOld(SelectObject(hDC, m_hFont))
+    CUseObject(HDC hDC, HGDIOBJ hObject)
+        : m_hDC(hDC), m_hObject(hObject), m_hOld(SelectObject(hDC, hObject))
     {
     }
-    ~CUseFont()
+    ~CUseObject()
     {
         SelectObject(m_hDC, m_hOld);
-        DeleteObject(m_hFont);
+        DeleteObject(m_hObject);
     }
-    CUseFont(const CUseFont&) = delete;
-    CUseFont& operator=(const CUseFont&) = delete;
+    CUseObject(const CUseObject&) = delete;
+    CUseObject& operator=(const CUseObject&) = delete;
 
 private:
     HDC m_hDC;
-    HFONT m_hFont;
+    HGDIOBJ m_hObject;
     HGDIOBJ m_hOld;
+};
+
+// Likewise a new font.
+class CUseFont : public CUseObject
+{
+public:
+    CUseFont(HDC hDC, const LOGFONTA& font) : CUseObject(hDC, CreateFaceFont(&font)) {}
 };
 
 // As the layout measures formulas in hundredths of an inch.

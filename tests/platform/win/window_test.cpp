@@ -135,10 +135,10 @@ TEST(Window, ContextsBelongToTheirWindow)
     }
     CRect rect;
     CWindowDC whole(&window);
-    EXPECT_EQ(whole.GetClipBox(&rect), SIMPLEREGION);
+    EXPECT_EQ(::GetClipBox(whole, &rect), SIMPLEREGION);
     EXPECT_EQ(rect.Size(), CSize(200, 100));
     CClientDC inside(&window);
-    inside.GetClipBox(&rect);
+    ::GetClipBox(inside, &rect);
     EXPECT_EQ(rect.Size(), CSize(198, 98));
     CWnd none;
     EXPECT_NO_THROW(CWindowDC screen(nullptr));

@@ -1,7 +1,8 @@
 // Answers to requests that make no sense and that each system gives in its own way.
 #include "platform/base/system.h"
+#include "platform/gdi/dc.h"
 #include "platform/gdi/dib_info.h"
-#include "platform/gdi/memory_picture.h"
+#include "platform/gdi/test_fonts.h"
 
 namespace
 {
@@ -26,14 +27,13 @@ TEST(BitmapLimits, OtherDepthsAndAbsurdSizesAreRefused)
 TEST(BitmapLimits, WhatIsOutsideIsInvalid)
 {
     CMemoryPicture picture(4, 4);
-    const HDC hOther = CreateCompatibleDC(nullptr);
-    EXPECT_EQ(GetPixel(hOther, 0, 0), CLR_INVALID);
-    EXPECT_EQ(SetPixel(hOther, 0, 0, 0), CLR_INVALID);
+    CDC other;
+    ASSERT_TRUE(other.CreateCompatibleDC(nullptr));
+    EXPECT_EQ(other.GetPixel(0, 0), CLR_INVALID);
+    EXPECT_EQ(other.SetPixel(0, 0, 0), CLR_INVALID);
     EXPECT_EQ(SetPixel(picture, 4, 0, 0), CLR_INVALID);
-    DeleteDC(hOther);
-    const HDC hScreen = GetDC(nullptr);
-    EXPECT_FALSE(BitBlt(picture, 0, 0, 4, 1, hScreen, 0, 0, SRCCOPY)) << "it has no pixels";
-    ReleaseDC(nullptr, hScreen);
+    CClientDC screen(nullptr);
+    EXPECT_FALSE(BitBlt(picture, 0, 0, 4, 1, screen, 0, 0, SRCCOPY)) << "it has no pixels";
 }
 
 TEST(DibLimits, LinesBehindTheLastAreNone)
@@ -56,24 +56,21 @@ TEST(DibLimits, LinesBehindTheLastAreNone)
 TEST(DibLimits, RefusalsHaveAnErrorNumber)
 {
     CMemoryPicture picture(2, 2);
-    const auto refused = [&](auto change)
-    {
-        CInfo info(2, 2, 32);
-        change(info.Header());
-        CBytes bits(64);
-        SetLastError(0);
-        return GetDIBits(picture, picture.Bitmap(), 0, 2, bits.data(), info.Get(),
-                         DIB_RGB_COLORS) == 0 &&
-               GetLastError() != 0;
+    const CSpoilHeader aSpoil[] = {
+        [](BITMAPINFOHEADER& h) { h.biSize = 12; },
+        [](BITMAPINFOHEADER& h) { h.biBitCount = 2; },
+        [](BITMAPINFOHEADER& h) { h.biPlanes = 3; },
+        [](BITMAPINFOHEADER& h) { h.biWidth = -2; },
+        [](BITMAPINFOHEADER& h) { h.biWidth = INT32_MAX; },
+        [](BITMAPINFOHEADER& h) { h.biHeight = INT32_MIN; },
+        [](BITMAPINFOHEADER& h) { h.biCompression = 1; },
     };
-    EXPECT_FALSE(refused([](BITMAPINFOHEADER&) {}));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biSize = 12; }));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biBitCount = 2; }));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biPlanes = 3; }));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biWidth = -2; }));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biWidth = INT32_MAX; }));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biHeight = INT32_MIN; }));
-    EXPECT_TRUE(refused([](BITMAPINFOHEADER& h) { h.biCompression = 1; }));
+    for (const CSpoilHeader& spoil : aSpoil)
+    {
+        SetLastError(0);
+        EXPECT_EQ(AskDib(picture, spoil), 0) << &spoil - aSpoil;
+        EXPECT_NE(GetLastError(), 0u) << &spoil - aSpoil;
+    }
 }
 
 // Four pixels on six: each takes the one under its middle.

@@ -27,6 +27,7 @@ struct CHost
         cairo_set_source_rgb(m_pCairo.get(), 1, 1, 1);
         cairo_paint(m_pCairo.get());
     }
+    operator cairo_t*() const { return m_pCairo.get(); }
     std::vector<COLORREF> Colours() const
     {
         cairo_surface_flush(m_pSurface.get());
@@ -38,14 +39,7 @@ struct CHost
         }
         return colours;
     }
-    std::vector<std::string> Lines() const
-    {
-        std::vector<std::string> lines(static_cast<std::size_t>(m_nSize));
-        std::size_t n = 0;
-        for (const COLORREF colour : Colours())
-            lines[n++ / static_cast<std::size_t>(m_nSize)] += CMemoryPicture::Sign(colour);
-        return lines;
-    }
+    CLines Lines() const { return CMemoryPicture::LinesOf(Colours(), m_nSize); }
 
     int m_nSize;
     CSurfacePtr m_pSurface;
@@ -79,7 +73,7 @@ TEST(CairoDC, DrawsShapesAsOnABitmap)
     DrawShapes(*CDC::FromHandle(picture));
     CHost host;
     {
-        CCairoDC dc(host.m_pCairo.get());
+        CCairoDC dc(host);
         DrawShapes(dc);
     }
     EXPECT_EQ(host.Lines(), picture.Lines());
@@ -114,7 +108,7 @@ TEST(CairoDC, DrawsTextAsOnABitmap)
         CMemoryPicture picture(nSide, nSide);
         draw(*CDC::FromHandle(picture));
         CHost host(nSide);
-        CCairoDC dc(host.m_pCairo.get());
+        CCairoDC dc(host);
         draw(dc);
         EXPECT_EQ(host.Colours(), picture.Colours()) << c.font.lfFaceName;
     }
@@ -123,19 +117,21 @@ TEST(CairoDC, DrawsTextAsOnABitmap)
 TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
 {
     CHost host;
-    CCairoDC dc(host.m_pCairo.get(), 200, 150);
-    EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSX), 200);
-    EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSY), 150);
-    EXPECT_EQ(dc.GetDeviceCaps(HORZRES), s_nSizePixels);
-    EXPECT_EQ(dc.GetDeviceCaps(HORZSIZE), 2);  // 16 / 200 of 25.4 mm
-    EXPECT_EQ(dc.GetDeviceCaps(VERTSIZE), 3);
+    CCairoDC dc(host, 200, 150);
+    const std::pair<int, int> aCaps[] = {
+        { LOGPIXELSX, 200 }, { LOGPIXELSY, 150 }, { HORZRES, s_nSizePixels },
+        { HORZSIZE, 2 },  // 16 / 200 of 25.4 mm
+        { VERTSIZE, 3 },
+    };
+    for (const auto& [nIndex, nValue] : aCaps)
+        EXPECT_EQ(dc.GetDeviceCaps(nIndex), nValue) << nIndex;
     LOGFONTA font = FontOf("Times New Roman", 720);
     CFont big;
     ASSERT_TRUE(big.CreatePointFontIndirect(&font, &dc));
     LOGFONTA made{};
     big.GetLogFont(&made);
     EXPECT_EQ(made.lfHeight, -150);
-    CCairoDC plain(host.m_pCairo.get(), 0, -3);
+    CCairoDC plain(host, 0, -3);
     EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSX), 96);
     EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSY), 96);
 }
@@ -143,7 +139,7 @@ TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
 TEST(CairoDC, LeavesTheStateOfTheHostAlone)
 {
     CHost host;
-    cairo_t* pCairo = host.m_pCairo.get();
+    cairo_t* pCairo = host;
     cairo_set_source_rgb(pCairo, 0, 0, 1);
     cairo_set_line_width(pCairo, 3);
     cairo_set_operator(pCairo, CAIRO_OPERATOR_ADD);
@@ -175,15 +171,13 @@ TEST(CairoDC, LeavesTheStateOfTheHostAlone)
 TEST(CairoDC, FollowsTheMatrixOfTheHost)
 {
     CHost host;
-    cairo_translate(host.m_pCairo.get(), 2, 0);
-    cairo_scale(host.m_pCairo.get(), 2, 2);
-    CCairoDC dc(host.m_pCairo.get());
+    cairo_translate(host, 2, 0);
+    cairo_scale(host, 2, 2);
+    CCairoDC dc(host);
     dc.FillSolidRect(CRect(1, 1, 3, 2), 0x0000FF);
-    const std::vector<std::string> lines = host.Lines();
-    EXPECT_EQ(lines[1], std::string(16, '.'));
-    EXPECT_EQ(lines[2], "....rrrr........");
-    EXPECT_EQ(lines[3], "....rrrr........");
-    EXPECT_EQ(lines[4], std::string(16, '.'));
+    CLines expected(16, std::string(16, '.'));
+    expected[2] = expected[3] = "....rrrr........";
+    EXPECT_EQ(host.Lines(), expected);
 }
 
 TEST(CairoDC, TakesPicturesOfBitmaps)
@@ -191,17 +185,16 @@ TEST(CairoDC, TakesPicturesOfBitmaps)
     CMemoryPicture picture(2, 1);
     SetPixel(picture, 0, 0, 0x0000FF);
     CHost host;
-    CCairoDC dc(host.m_pCairo.get());
+    CCairoDC dc(host);
     CDC* pSource = CDC::FromHandle(picture);
     EXPECT_TRUE(dc.StretchBlt(1, 1, 4, 2, pSource, 0, 0, 2, 1, SRCCOPY));
     dc.FillSolidRect(CRect(8, 1, 12, 3), 0x00FF00);
     EXPECT_TRUE(dc.StretchBlt(11, 1, -4, 2, pSource, 0, 0, 2, 1, SRCCOPY));
     EXPECT_TRUE(dc.BitBlt(0, 5, 4, 1, pSource, -1, 0, SRCCOPY));
-    const std::vector<std::string> lines = host.Lines();
-    EXPECT_EQ(lines[0], std::string(16, '.'));
-    EXPECT_EQ(lines[1], ".rr.......rr....");
-    EXPECT_EQ(lines[2], lines[1]);
-    EXPECT_EQ(lines[5], ".r..............");
+    CLines expected(16, std::string(16, '.'));
+    expected[1] = expected[2] = ".rr.......rr....";
+    expected[5] = ".r..............";
+    EXPECT_EQ(host.Lines(), expected);
     CMemoryPicture copy(2, 2);
     EXPECT_FALSE(BitBlt(copy, 0, 0, 2, 2, dc, 0, 0, SRCCOPY));  // a host's target is not read
     EXPECT_EQ(dc.GetPixel(0, 0), CLR_INVALID);
@@ -227,7 +220,7 @@ TEST(CairoDC, WithoutAContextOrWithASpoiltOneDrawsNothing)
 TEST(CairoDC, AbsurdSizesDoNotSpoilTheContext)
 {
     CHost host;
-    CCairoDC dc(host.m_pCairo.get());
+    CCairoDC dc(host);
     for (const int nHeight : { -3000, -70000, INT32_MIN })
     {
         CUseFont font(dc, FontOf("Symbol", nHeight, 300));
@@ -236,7 +229,7 @@ TEST(CairoDC, AbsurdSizesDoNotSpoilTheContext)
     dc.FillSolidRect(CRect(INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX), 0xFFFFFF);
     dc.MoveTo(INT32_MIN, 5);
     dc.LineTo(INT32_MAX, 5);
-    EXPECT_EQ(cairo_status(host.m_pCairo.get()), CAIRO_STATUS_SUCCESS);
+    EXPECT_EQ(cairo_status(host), CAIRO_STATUS_SUCCESS);
     dc.FillSolidRect(CRect(1, 1, 2, 2), 0x0000FF);
     EXPECT_EQ(host.Lines()[1][1], 'r');
 }
@@ -260,26 +253,25 @@ void DrawForVector(cairo_t* pCairo)
     dc.Rectangle(40, 40, 60, 60);
 }
 
+using CMakeSurface = cairo_surface_t* (*)(cairo_write_func_t, void*, double, double);
+
+std::string DrawOn(CMakeSurface make)
+{
+    std::string strBytes;
+    CSurfacePtr pSurface(make(Append, &strBytes, 100, 100));
+    CCairoPtr pCairo(cairo_create(pSurface.get()));
+    DrawForVector(pCairo.get());
+    cairo_surface_finish(pSurface.get());
+    return strBytes;
+}
+
 TEST(CairoDC, KeepsTextAndLinesOnVectorSurfaces)
 {
-    std::string strSvg;
-    {
-        CSurfacePtr pSurface(cairo_svg_surface_create_for_stream(Append, &strSvg, 100, 100));
-        CCairoPtr pCairo(cairo_create(pSurface.get()));
-        DrawForVector(pCairo.get());
-        cairo_surface_finish(pSurface.get());
-    }
+    const std::string strSvg = DrawOn(cairo_svg_surface_create_for_stream);
     EXPECT_NE(strSvg.find("M 10.5 40.5 L 30.5 55.5"), strSvg.npos);  // one line, not its pixels
     EXPECT_NE(strSvg.find("<use xlink:href=\"#glyph0-1\""), strSvg.npos);
     EXPECT_EQ(strSvg.find("<image"), strSvg.npos);
-
-    std::string strPdf;
-    {
-        CSurfacePtr pSurface(cairo_pdf_surface_create_for_stream(Append, &strPdf, 100, 100));
-        CCairoPtr pCairo(cairo_create(pSurface.get()));
-        DrawForVector(pCairo.get());
-        cairo_surface_finish(pSurface.get());
-    }
+    const std::string strPdf = DrawOn(cairo_pdf_surface_create_for_stream);
     EXPECT_NE(strPdf.find("/FontFile2"), strPdf.npos);  // the outlines, as a font
     EXPECT_EQ(strPdf.find("/Subtype /Image"), strPdf.npos);
 }

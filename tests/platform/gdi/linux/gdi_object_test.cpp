@@ -26,7 +26,6 @@ TEST(HandleObjects, RecordersHearOfDeletions)
     HBRUSH hWindow = GetSysColorBrush(COLOR_WINDOW);
     EXPECT_TRUE(DeleteObject(hWindow));
     EXPECT_EQ(deletions.m_deleted, std::vector<const CHandleObject*>{ ObjectFromHandle(hWindow) });
-    EXPECT_EQ(ObjectFromHandle(GetStockObject(NULL_BRUSH))->StockIndex(), NULL_BRUSH);
 }
 
 // The interface promises nothing for what is deleted while it is selected. Here it serves on.
@@ -52,11 +51,12 @@ TEST(HandleObjects, ADeletedOneServesUntilItIsNoLongerSelected)
     EXPECT_EQ(GetObjectA(hFont, sizeof lf, &lf), 0);
 }
 
-TEST(HandleObjects, SavedStatesThatAreDroppedLetGo)
+TEST(HandleObjects, SavedStatesAndContextsThatAreDroppedLetGo)
 {
-    CClientDC dc(nullptr);
-    LOGFONTA lf = FontOf("Arial", -50);
-    HFONT hFont = CreateFontIndirectA(&lf);
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    const LOGFONTA lf = FontOf("Arial", -50);
+    HFONT hFont = CreateFontIndirectA(&lf), hLast = CreateFontIndirectA(&lf);
     dc.SaveDC();
     HGDIOBJ hOld = SelectObject(dc, hFont);
     dc.SaveDC();
@@ -65,6 +65,11 @@ TEST(HandleObjects, SavedStatesThatAreDroppedLetGo)
     EXPECT_EQ(GetObjectType(hFont), OBJ_FONT);
     dc.RestoreDC(1);
     EXPECT_EQ(GetObjectType(hFont), 0u);
+    SelectObject(dc, hLast);
+    DeleteObject(hLast);
+    EXPECT_EQ(GetObjectType(hLast), OBJ_FONT);
+    dc.DeleteDC();
+    EXPECT_EQ(GetObjectType(hLast), 0u);
 }
 
 TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
@@ -73,7 +78,7 @@ TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
     HBRUSH hBrush = CreateSolidBrush(0x123456);
     HGDIOBJ hOld = SelectObject(picture, hBrush);
     DeleteObject(hBrush);
-    RECT rect{ 0, 0, 1, 1 };
+    const RECT rect{ 0, 0, 1, 1 };
     FillRect(picture, &rect, GetSysColorBrush(COLOR_WINDOW));
     EXPECT_EQ(SelectObject(picture, hOld), hBrush);
     EXPECT_EQ(GetObjectType(hBrush), 0u);

@@ -13,14 +13,15 @@ namespace
 
 constexpr double s_fMmPerInch = 25.4;
 
-// A surface without bounds (a recording) gets the size of the screen.
+// A surface without bounds (a recording) gets the size of the screen: its clip is as large as
+// cairo's numbers.
 CDeviceInfo DeviceOf(cairo_t* pCairo, int nDpiX, int nDpiY)
 {
     CDeviceInfo device = ScreenDevice();
     double fLeft = 0, fTop = 0, fRight = 0, fBottom = 0;
     cairo_clip_extents(pCairo, &fLeft, &fTop, &fRight, &fBottom);
-    constexpr double s_fBound = 1 << 22;
-    if (fRight >= 1 && fRight < s_fBound && fBottom >= 1 && fBottom < s_fBound)
+    constexpr double fBound = 1 << 22;
+    if (fRight >= 1 && fRight < fBound && fBottom >= 1 && fBottom < fBound)
     {
         device.m_nWidth = static_cast<int>(std::ceil(fRight));
         device.m_nHeight = static_cast<int>(std::ceil(fBottom));
@@ -36,13 +37,13 @@ CDeviceInfo DeviceOf(cairo_t* pCairo, int nDpiX, int nDpiY)
 
 CCairoDC::CCairoDC(cairo_t* pCairo, int nDpiX, int nDpiY)
 {
-    constexpr int nDefaultDpi = 96;
     if (!pCairo)
         return;
     std::unique_ptr<CDrawTarget> pTarget = MakeHostTarget(pCairo);
     if (!pTarget)
         return;
+    const CDeviceInfo& screen = ScreenDevice();
     const CDeviceInfo device =
-        DeviceOf(pCairo, nDpiX > 0 ? nDpiX : nDefaultDpi, nDpiY > 0 ? nDpiY : nDefaultDpi);
+        DeviceOf(pCairo, nDpiX > 0 ? nDpiX : screen.m_nDpiX, nDpiY > 0 ? nDpiY : screen.m_nDpiY);
     Attach(new CDeviceContext(OBJ_DC, device, std::move(pTarget)));
 }

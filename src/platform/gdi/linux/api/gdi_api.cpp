@@ -106,11 +106,6 @@ int SetMapMode(HDC hDC, int nMode)
     return nOld;
 }
 
-int GetMapMode(HDC hDC)
-{
-    return hDC ? hDC->Mapping().Mode() : 0;
-}
-
 BOOL SetWindowOrgEx(HDC hDC, int x, int y, POINT* pOld)
 {
     if (!hDC)
@@ -221,16 +216,16 @@ namespace
 {
 
 // Device pixels, left of right and top above bottom.
-RECT ToDeviceRect(HDC hDC, const RECT& rect)
+CRect ToDeviceRect(HDC hDC, const RECT& rect)
 {
     POINT a = hDC->Mapping().ToDevice({ rect.left, rect.top });
     POINT b = hDC->Mapping().ToDevice({ rect.right, rect.bottom });
-    return SwapInverted({ a.x, a.y, b.x, b.y });
+    return Normalized({ a.x, a.y, b.x, b.y });
 }
 
-int RegionKind(const RECT& rect)
+int RegionKind(const CRect& rect)
 {
-    return IsEmptyBox(rect) ? NULLREGION : SIMPLEREGION;
+    return rect.IsRectEmpty() ? NULLREGION : SIMPLEREGION;
 }
 
 }  // namespace
@@ -240,27 +235,15 @@ int IntersectClipRect(HDC hDC, int nLeft, int nTop, int nRight, int nBottom)
     if (!hDC)
         return ERROR_REGION;
     RECT rect{ nLeft, nTop, nRight, nBottom };
-    RECT clip = ToDeviceRect(hDC, rect);
+    CRect clip = ToDeviceRect(hDC, rect);
     auto& state = hDC->ChangeState();
     if (state.m_clip)
         clip = IntersectBoxes(clip, *state.m_clip);
     if (RegionKind(clip) == NULLREGION)
-        clip = { 0, 0, 0, 0 };
+        clip.SetRectEmpty();
     state.m_clip = clip;
     if (CDrawTarget* pTarget = hDC->Target())
         pTarget->ClipRectIntersected(*hDC, rect);
-    return RegionKind(clip);
-}
-
-int GetClipBox(HDC hDC, RECT* pRect)
-{
-    if (!hDC || !pRect)
-        return ERROR_REGION;
-    RECT clip =
-        hDC->State().m_clip.value_or(RECT{ 0, 0, hDC->Device().m_nWidth, hDC->Device().m_nHeight });
-    POINT a = hDC->Mapping().ToLogical({ clip.left, clip.top });
-    POINT b = hDC->Mapping().ToLogical({ clip.right, clip.bottom });
-    *pRect = { a.x, a.y, b.x, b.y };
     return RegionKind(clip);
 }
 

@@ -16,14 +16,14 @@ HBITMAP Fail(int nError)
 }
 
 // Initial content: rows from the top down, filled up to 16 bits.
-void FillFrom(CPixelImage& picture, const void* pBits)
+void FillFrom(CPixelImage& image, const void* pBits)
 {
     const auto* pRow = static_cast<const BYTE*>(pBits);
-    const auto nWidth = static_cast<std::size_t>(picture.Width());
-    for (int y = 0; y < picture.Height(); ++y)
+    const auto nWidth = static_cast<std::size_t>(image.Width());
+    for (int y = 0; y < image.Height(); ++y)
     {
-        UnpackRow(pRow, picture.Bits(), { picture.Row(y), nWidth });
-        pRow += RowBytes(nWidth, picture.Bits(), 2);
+        UnpackRow(pRow, image.Bits(), { image.Row(y), nWidth });
+        pRow += RowBytes(nWidth, image.Bits(), 2);
     }
 }
 
@@ -39,12 +39,12 @@ HBITMAP CreateBitmap(int nWidth, int nHeight, UINT nPlanes, UINT nBitCount, cons
     }
     if (nWidth < 0 || nHeight < 0 || !IsPixelDepth(nBits))
         return Fail(EINVAL);
-    std::unique_ptr<CPixelImage> pPicture = CPixelImage::Create(nWidth, nHeight, nBits);
-    if (!pPicture)
+    std::unique_ptr<CPixelImage> pImage = CPixelImage::Create(nWidth, nHeight, nBits);
+    if (!pImage)
         return Fail(ENOMEM);
     if (pBits)
-        FillFrom(*pPicture, pBits);
-    return static_cast<HBITMAP>(CBitmapObject::Create(std::move(pPicture))->Handle());
+        FillFrom(*pImage, pBits);
+    return static_cast<HBITMAP>(CBitmapObject::Create(std::move(pImage))->Handle());
 }
 
 HBITMAP CreateCompatibleBitmap(HDC hDC, int nWidth, int nHeight)

@@ -30,6 +30,7 @@ POINT PlaceInRect(const RECT& rect, SIZE extent, UINT nFormat)
         point.x = SaturateToInt(std::int64_t{ rect.right } - extent.cx);
     if (nFormat & DT_VCENTER)
     {
+        // Not half of the difference: of an odd height and an odd text that is another pixel.
         point.y =
             SaturateToInt(rect.top + (std::int64_t{ rect.bottom } - rect.top) / 2 - extent.cy / 2);
     }
@@ -42,7 +43,9 @@ POINT PlaceInRect(const RECT& rect, SIZE extent, UINT nFormat)
 
 }  // namespace
 
-// Returns the distance from the rectangle's top to the end of the text.
+// Returns the distance from the rectangle's top to the end of the text. Neither an empty nor an
+// inverted rectangle ends the call early, and y is not turned round in a mapping whose axis points
+// up: layouts rely on both.
 int DrawTextA(HDC hDC, LPCSTR pszText, int nCount, RECT* pRect, UINT nFormat)
 {
     constexpr UINT nOnePlainLine = DT_SINGLELINE | DT_NOPREFIX;
@@ -106,7 +109,7 @@ BOOL GetTextMetricsA(HDC hDC, TEXTMETRICA* pMetrics)
     metrics.tmExternalLeading = mapping.ToLogicalHeight(font.ExternalLeading());
     metrics.tmAveCharWidth = mapping.ToLogicalWidth(font.AverageWidth());
     metrics.tmMaxCharWidth = mapping.ToLogicalWidth(font.MaxWidth());
-    metrics.tmWeight = asked.lfWeight > 550 ? FW_BOLD : FW_NORMAL;
+    metrics.tmWeight = asked.lfWeight >= LIGHTEST_BOLD ? FW_BOLD : FW_NORMAL;
     metrics.tmDigitizedAspectX = hDC->Device().m_nDpiX;
     metrics.tmDigitizedAspectY = hDC->Device().m_nDpiY;
     metrics.tmFirstChar = 0x20;

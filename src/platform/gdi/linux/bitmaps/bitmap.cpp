@@ -45,35 +45,35 @@ void CPixelImage::ReadRow(int x, int y, std::span<CPixel> pixels) const
                    [this](CPixel pixel) { return NearestPixel(pixel, m_nBits); });
 }
 
-CBitmapObject* CBitmapObject::Create(std::unique_ptr<CPixelImage> pPicture)
+CBitmapObject* CBitmapObject::Create(std::unique_ptr<CPixelImage> pImage)
 {
     CBitmapObject* pBitmap = Take(OBJ_BITMAP);
-    pBitmap->m_pPicture = std::move(pPicture);
+    pBitmap->m_pImage = std::move(pImage);
     return pBitmap;
 }
 
 void CBitmapObject::Recycle()
 {
-    m_pPicture.reset();
+    m_pImage.reset();
     CRecycled::Recycle();
 }
 
 int CBitmapObject::Describe(int cb, void* pBuffer) const
 {
-    const CPixelImage& picture = Picture();
+    const CPixelImage& image = Image();
     BITMAP bitmap{};
-    bitmap.bmWidth = picture.Width();
-    bitmap.bmHeight = picture.Height();
+    bitmap.bmWidth = image.Width();
+    bitmap.bmHeight = image.Height();
     bitmap.bmWidthBytes =
-        static_cast<LONG>(RowBytes(static_cast<unsigned>(picture.Width()), picture.Bits(), 2));
+        static_cast<LONG>(RowBytes(static_cast<unsigned>(image.Width()), image.Bits(), 2));
     bitmap.bmPlanes = 1;
-    bitmap.bmBitsPixel = static_cast<WORD>(picture.Bits());
+    bitmap.bmBitsPixel = static_cast<WORD>(image.Bits());
     return DescribeBytes(&bitmap, sizeof bitmap, cb, pBuffer);
 }
 
 CPixelImage* SelectedImage(const CDeviceContext& dc)
 {
-    return dc.Bitmap() ? &static_cast<CBitmapObject*>(dc.Bitmap())->Picture() : nullptr;
+    return dc.Bitmap() ? &static_cast<CBitmapObject*>(dc.Bitmap())->Image() : nullptr;
 }
 
 CHandleObject& DefaultBitmap()
@@ -81,10 +81,10 @@ CHandleObject& DefaultBitmap()
     // Never freed: device contexts may let go of it when the process ends.
     static CBitmapObject* const s_pBitmap = []
     {
-        std::unique_ptr<CPixelImage> pPicture = CPixelImage::Create(1, 1, 1);
-        if (!pPicture)
+        std::unique_ptr<CPixelImage> pImage = CPixelImage::Create(1, 1, 1);
+        if (!pImage)
             throw std::bad_alloc();
-        CBitmapObject* pBitmap = CBitmapObject::Create(std::move(pPicture));
+        CBitmapObject* pBitmap = CBitmapObject::Create(std::move(pImage));
         pBitmap->MakePermanent(CHandleObject::NOT_STOCK);
         return pBitmap;
     }();

@@ -55,8 +55,8 @@ class CBitmapObject final : public CRecycled<CBitmapObject>
 {
 public:
     CBitmapObject() : CRecycled(OBJ_BITMAP) {}
-    static CBitmapObject* Create(std::unique_ptr<CPixelImage> pPicture);
-    CPixelImage& Picture() const { return *m_pPicture; }
+    static CBitmapObject* Create(std::unique_ptr<CPixelImage> pImage);
+    CPixelImage& Image() const { return *m_pImage; }
 
     // A BITMAP; rows count as filled up to 16 bits.
     int Describe(int cb, void* pBuffer) const override;
@@ -65,7 +65,7 @@ protected:
     void Recycle() override;
 
 private:
-    std::unique_ptr<CPixelImage> m_pPicture;  // null once it was deleted
+    std::unique_ptr<CPixelImage> m_pImage;  // null once it was deleted
 };
 
 // The picture that a memory device context draws on; null for other contexts.

@@ -13,7 +13,6 @@ using CSurfacePtr = std::unique_ptr<cairo_surface_t, CFreeBy<cairo_surface_destr
 using CPatternPtr = std::unique_ptr<cairo_pattern_t, CFreeBy<cairo_pattern_destroy>>;
 using CFontFacePtr = std::unique_ptr<cairo_font_face_t, CFreeBy<cairo_font_face_destroy>>;
 using CScaledFontPtr = std::unique_ptr<cairo_scaled_font_t, CFreeBy<cairo_scaled_font_destroy>>;
-using CFontOptionsPtr = std::unique_ptr<cairo_font_options_t, CFreeBy<cairo_font_options_destroy>>;
 
 // Saves the state of a context and puts it back at the end of the block.
 class CCairoScope

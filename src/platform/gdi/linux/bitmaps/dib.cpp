@@ -46,22 +46,22 @@ std::optional<CDibFormat> CheckFormat(const BITMAPINFOHEADER& header)
 // A bitmap of one bit a pixel tells its colours: black and white.
 void WriteTable(BITMAPINFO& info)
 {
-    constexpr RGBQUAD TWO[] = { { 0, 0, 0, 0 }, { 255, 255, 255, 0 } };
+    constexpr RGBQUAD aTwo[] = { { 0, 0, 0, 0 }, { 255, 255, 255, 0 } };
     if (info.bmiHeader.biBitCount == 1)
-        std::memcpy(reinterpret_cast<BYTE*>(&info) + sizeof info.bmiHeader, TWO, sizeof TWO);
+        std::memcpy(reinterpret_cast<BYTE*>(&info) + sizeof info.bmiHeader, aTwo, sizeof aTwo);
 }
 
 // With no depth in the header: what the bitmap is.
-int TellFormat(const CPixelImage& picture, BITMAPINFOHEADER& header)
+int TellFormat(const CPixelImage& image, BITMAPINFOHEADER& header)
 {
-    header.biWidth = picture.Width();
-    header.biHeight = picture.Height();
+    header.biWidth = image.Width();
+    header.biHeight = image.Height();
     header.biPlanes = 1;
-    header.biBitCount = static_cast<WORD>(picture.Bits());
+    header.biBitCount = static_cast<WORD>(image.Bits());
     header.biCompression = BI_RGB;
     header.biSizeImage =
-        static_cast<DWORD>(RowBytes(static_cast<unsigned>(picture.Width()), picture.Bits(), 4) *
-                           static_cast<unsigned>(picture.Height()));
+        static_cast<DWORD>(RowBytes(static_cast<unsigned>(image.Width()), image.Bits(), 4) *
+                           static_cast<unsigned>(image.Height()));
     header.biXPelsPerMeter = header.biYPelsPerMeter = 0;
     header.biClrUsed = header.biClrImportant = 0;
     return 1;
@@ -95,8 +95,8 @@ int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, 
         return Fail(EINVAL);
     BITMAPINFOHEADER& header = pInfo->bmiHeader;
     if (header.biBitCount == 0 && !pBits && header.biSize == sizeof header)
-        return TellFormat(pBitmap->Picture(), header);
-    CPixelImage& picture = pBitmap->Picture();
+        return TellFormat(pBitmap->Image(), header);
+    CPixelImage& image = pBitmap->Image();
     const std::optional<CDibFormat> format = CheckFormat(header);
     if (!format)
         return Fail(EINVAL);
@@ -108,11 +108,11 @@ int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT nStart, UINT nLines, LPVOID pBits, 
     if (!pBits)
         return format->m_nHeight;
     std::vector<CPixel> pixels(static_cast<std::size_t>(format->m_nWidth));
-    const auto nShared = static_cast<std::size_t>(std::min(format->m_nWidth, picture.Width()));
-    return WalkLines(*format, nStart, nLines, picture.Height(), static_cast<BYTE*>(pBits),
+    const auto nShared = static_cast<std::size_t>(std::min(format->m_nWidth, image.Width()));
+    return WalkLines(*format, nStart, nLines, image.Height(), static_cast<BYTE*>(pBits),
                      [&](int y, BYTE* pRow)
                      {
-                         picture.ReadRow(0, y, std::span(pixels).first(nShared));
+                         image.ReadRow(0, y, std::span(pixels).first(nShared));
                          std::fill_n(pRow, format->m_nRowBytes, BYTE{ 0 });
                          PackRow(pixels, format->m_nBits, pRow);
                      });

@@ -20,8 +20,8 @@ struct CSpan
     friend bool operator==(const CSpan& a, const CSpan& b) = default;
 };
 
-// One axis of a transfer.
-struct CStretchAxis
+// A transfer in one direction, across or down.
+struct CStretchDirection
 {
     int m_nTo;        // first pixel of the destination
     int m_nToSize;    // pixels
@@ -36,6 +36,7 @@ struct CStretchAxis
         if (m_bMirror)
             i = m_nToSize - 1 - i;
         CSpan span{};
+        // Enlarging takes the pixel under the middle; shrinking takes all that fall into one.
         if (m_nFromSize <= m_nToSize)
         {
             span.m_nBegin =
@@ -64,9 +65,9 @@ public:
         const CPixelImage& source = transfer.m_source;
         m_rows = { to.top,          to.bottom - to.top, from.top, from.bottom - from.top,
                    source.Height(), transfer.m_bMirrorY };
-        const CStretchAxis columns{ to.left,        to.right - to.left,
-                                    from.left,      from.right - from.left,
-                                    source.Width(), transfer.m_bMirrorX };
+        const CStretchDirection columns{ to.left,        to.right - to.left,
+                                         from.left,      from.right - from.left,
+                                         source.Width(), transfer.m_bMirrorX };
         for (int x = clip.left; x < clip.right; ++x)
         {
             const CSpan span = columns.SourceOf(x);
@@ -113,7 +114,7 @@ private:
 
     const CImageTransfer& m_transfer;
     int m_nBits;
-    CStretchAxis m_rows{};
+    CStretchDirection m_rows{};
     std::vector<CSpan> m_columns;
     int m_nFirst = std::numeric_limits<int>::max();  // source columns in use
     int m_nLast = 0;
@@ -154,8 +155,8 @@ void ReadForDestination(const CImageTransfer& transfer, int nBits, int x, int y,
 
 bool StretchImage(const CImageTransfer& transfer, CPixelImage& destination, const RECT& clip)
 {
-    const RECT box = IntersectBoxes(transfer.m_to, clip);
-    if (IsEmptyBox(box))
+    const CRect box = IntersectBoxes(transfer.m_to, clip);
+    if (box.IsRectEmpty())
         return true;
     if (&transfer.m_source == &destination)
     {

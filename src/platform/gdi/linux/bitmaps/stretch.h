@@ -1,6 +1,7 @@
 // Pictures from bitmap to bitmap, stretched, shrunk or mirrored.
 #pragma once
 
+#include "platform/base/geometry.h"
 #include "platform/gdi/linux/bitmaps/bitmap.h"
 
 // A part of a bitmap that goes to a box, perhaps larger, smaller or mirrored. Its colours are what
@@ -8,8 +9,8 @@
 struct CImageTransfer
 {
     CPixelImage& m_source;
-    RECT m_from;  // device pixels of the source, normalised; may reach beyond the bitmap
-    RECT m_to;
+    CRect m_from;  // device pixels of the source, normalised; may reach beyond the bitmap
+    CRect m_to;
     bool m_bMirrorX;
     bool m_bMirrorY;
     // Sources of one bit: what their black and white become on other depths. The opposite way, what

@@ -45,16 +45,17 @@ void WalkLine(POINT from, POINT to, const RECT& bounds, F f)
     }
 }
 
-// Cairo's coordinates are 24 bits before the point.
+// Cairo's coordinates have 24 bits before the point, and it adds some of them up.
 constexpr int s_nCairoLimit = 1 << 22;
 
-// No glyph reaches further from its pen than this many times the em square.
+// For leaving out what cannot be seen before it is drawn: no glyph of a sound font reaches further
+// from its pen than this many times the em square.
 constexpr double s_fGlyphReach = 3;
 
 class CBitmapTarget final : public CCairoTarget
 {
 public:
-    explicit CBitmapTarget(CPixelImage& picture) : m_picture(picture) {}
+    explicit CBitmapTarget(CPixelImage& image) : m_image(image) {}
 
     bool SetPixel(CDeviceContext& dc, POINT point, COLORREF colour) override;
     COLORREF GetPixel(CDeviceContext& dc, POINT point) override;
@@ -67,7 +68,7 @@ protected:
     bool PutImage(const CDrawState& state, const CImageTransfer& transfer) override;
 
 private:
-    RECT Clip(const CDrawState& state) const;
+    CRect Clip(const CDrawState& state) const;
     void FillSolid(const RECT& box, CPixel pixel);
     template <class F>
     bool StrokeWide(const CDrawState& state, const CStroke& stroke, F makePath);
@@ -77,26 +78,26 @@ private:
     template <class F>
     bool DrawByCairo(const RECT& clip, F draw);
 
-    CPixelImage& m_picture;
+    CPixelImage& m_image;
 };
 
-RECT CBitmapTarget::Clip(const CDrawState& state) const
+CRect CBitmapTarget::Clip(const CDrawState& state) const
 {
-    const RECT all{ 0, 0, m_picture.Width(), m_picture.Height() };
+    const CRect all{ 0, 0, m_image.Width(), m_image.Height() };
     return state.m_clip ? IntersectBoxes(all, *state.m_clip) : all;
 }
 
 void CBitmapTarget::FillSolid(const RECT& box, CPixel pixel)
 {
-    CPixel* pRow = m_picture.Row(box.top) + box.left;
-    for (int y = box.top; y < box.bottom; ++y, pRow += m_picture.Width())
+    CPixel* pRow = m_image.Row(box.top) + box.left;
+    for (int y = box.top; y < box.bottom; ++y, pRow += m_image.Width())
         std::fill_n(pRow, box.right - box.left, pixel);
 }
 
 bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFill& fill)
 {
-    const RECT clipped = IntersectBoxes(box, Clip(state));
-    if (IsEmptyBox(clipped))
+    const CRect clipped = IntersectBoxes(box, Clip(state));
+    if (clipped.IsRectEmpty())
         return true;
     const CPixel pixel = PixelFromColour(fill.m_colour);
     if (!fill.m_bHatched)
@@ -111,7 +112,7 @@ bool CBitmapTarget::FillBox(const CDrawState& state, const RECT& box, const CFil
         for (int x = clipped.left; x < clipped.right; ++x)
         {
             if (IsHatchPixel(x, y))
-                m_picture.Row(y)[x] = pixel;
+                m_image.Row(y)[x] = pixel;
         }
     }
     return true;
@@ -130,11 +131,11 @@ bool CBitmapTarget::DrawLine(const CDrawState& state, POINT from, POINT to, cons
                               cairo_line_to(pCairo, b.x + 0.5, b.y + 0.5);
                           });
     }
-    const RECT bounds = Clip(state);
-    if (IsEmptyBox(bounds))
+    const CRect bounds = Clip(state);
+    if (bounds.IsRectEmpty())
         return true;
     const CPixel pixel = PixelFromColour(stroke.m_colour);
-    WalkLine(from, to, bounds, [&](int x, int y) { m_picture.Row(y)[x] = pixel; });
+    WalkLine(from, to, bounds, [&](int x, int y) { m_image.Row(y)[x] = pixel; });
     return true;
 }
 
@@ -170,7 +171,7 @@ bool CBitmapTarget::DrawByCairo(const RECT& clip, F draw)
         {
             const RECT window{ x, y, std::min(clip.right, x + nStep),
                                std::min(clip.bottom, y + nStep) };
-            const CSurfacePtr pSurface = m_picture.Window(window);
+            const CSurfacePtr pSurface = m_image.Window(window);
             if (!pSurface)
                 return false;
             const CCairoPtr pCairo(cairo_create(pSurface.get()));
@@ -204,10 +205,10 @@ bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
 {
     const double fHeight = run.m_font.Ppem();
     const double fWidth = fHeight * std::max(1.0, run.m_font.WidthRatio());
-    RECT clip = Clip(dc.State());
+    CRect clip = Clip(dc.State());
     if (run.m_clip)
         clip = IntersectBoxes(clip, *run.m_clip);
-    if (IsEmptyBox(clip) || run.m_origin.y - s_fGlyphReach * fHeight > clip.bottom ||
+    if (clip.IsRectEmpty() || run.m_origin.y - s_fGlyphReach * fHeight > clip.bottom ||
         run.m_origin.y + s_fGlyphReach * fHeight < clip.top)
         return true;
     const auto nReach = static_cast<std::int64_t>(std::min(s_fGlyphReach * fWidth, 1e9));
@@ -216,7 +217,7 @@ bool CBitmapTarget::ShowGlyphs(const CDeviceContext& dc, const CGlyphRun& run)
         return ShowOutlines(dc, run, clip, bounds);
 
     CFontMasks* pMasks =
-        FindFontMasks(run.m_font, m_picture.Bits() == 1 ? CHinting::twoColours : CHinting::shades);
+        FindFontMasks(run.m_font, m_image.Bits() == 1 ? CHinting::twoColours : CHinting::shades);
     if (!pMasks)
         return false;
     const CPixel colour = PixelFromColour(dc.State().m_crText);
@@ -232,15 +233,15 @@ void CBitmapTarget::PutMask(const CGlyphMask& mask, POINT pen, const RECT& clip,
 {
     const RECT box{ mask.m_box.left + pen.x, mask.m_box.top + pen.y, mask.m_box.right + pen.x,
                     mask.m_box.bottom + pen.y };
-    const RECT seen = IntersectBoxes(box, clip);
-    if (IsEmptyBox(seen))
+    const CRect seen = IntersectBoxes(box, clip);
+    if (seen.IsRectEmpty())
         return;
     const std::ptrdiff_t nMaskWidth = box.right - box.left;
     const auto nWidth = static_cast<std::size_t>(seen.right - seen.left);
     const BYTE* pCoverage =
         mask.m_coverage.data() + (seen.top - box.top) * nMaskWidth + (seen.left - box.left);
-    CPixel* pRow = m_picture.Row(seen.top) + seen.left;
-    for (int y = seen.top; y < seen.bottom; ++y, pRow += m_picture.Width(), pCoverage += nMaskWidth)
+    CPixel* pRow = m_image.Row(seen.top) + seen.left;
+    for (int y = seen.top; y < seen.bottom; ++y, pRow += m_image.Width(), pCoverage += nMaskWidth)
         BlendRow({ pRow, nWidth }, pCoverage, colour);
 }
 
@@ -255,7 +256,7 @@ bool CBitmapTarget::ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run,
     return DrawByCairo(clip,
                        [&](cairo_t* pCairo)
                        {
-                           if (m_picture.Bits() == 1)
+                           if (m_image.Bits() == 1)
                                cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
                            cairo_set_scaled_font(pCairo, pFont.get());
                            SetSource(pCairo, dc.State().m_crText);
@@ -265,26 +266,24 @@ bool CBitmapTarget::ShowOutlines(const CDeviceContext& dc, const CGlyphRun& run,
 
 bool CBitmapTarget::SetPixel(CDeviceContext& dc, POINT point, COLORREF colour)
 {
-    const auto [x, y] = dc.Mapping().ToDevice(point);
-    const RECT clip = Clip(dc.State());
-    if (x < clip.left || y < clip.top || x >= clip.right || y >= clip.bottom)
+    const POINT pixel = dc.Mapping().ToDevice(point);
+    if (!Clip(dc.State()).PtInRect(pixel))
         return false;
-    m_picture.Row(y)[x] = PixelFromColour(colour);
+    m_image.Row(pixel.y)[pixel.x] = PixelFromColour(colour);
     return true;
 }
 
 COLORREF CBitmapTarget::GetPixel(CDeviceContext& dc, POINT point)
 {
-    const auto [x, y] = dc.Mapping().ToDevice(point);
-    const RECT clip = Clip(dc.State());
-    if (x < clip.left || y < clip.top || x >= clip.right || y >= clip.bottom)
+    const POINT pixel = dc.Mapping().ToDevice(point);
+    if (!Clip(dc.State()).PtInRect(pixel))
         return CLR_INVALID;
-    return ColourFromPixel(m_picture.ReadPixel(x, y));
+    return ColourFromPixel(m_image.ReadPixel(pixel.x, pixel.y));
 }
 
 bool CBitmapTarget::PutImage(const CDrawState& state, const CImageTransfer& transfer)
 {
-    return StretchImage(transfer, m_picture, Clip(state));
+    return StretchImage(transfer, m_image, Clip(state));
 }
 
 }  // namespace
@@ -292,5 +291,5 @@ bool CBitmapTarget::PutImage(const CDrawState& state, const CImageTransfer& tran
 std::unique_ptr<CDrawTarget> MakeBitmapTarget(CHandleObject& bitmap)
 {
     return std::unique_ptr<CDrawTarget>(
-        new (std::nothrow) CBitmapTarget(static_cast<CBitmapObject&>(bitmap).Picture()));
+        new (std::nothrow) CBitmapTarget(static_cast<CBitmapObject&>(bitmap).Image()));
 }

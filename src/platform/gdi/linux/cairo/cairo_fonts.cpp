@@ -2,6 +2,7 @@
 #include "platform/gdi/linux/cairo/cairo_fonts.h"
 
 #include "platform/gdi/linux/cairo/glyph_run.h"
+#include "platform/gdi/linux/fonts/font_reader.h"
 
 #include <cairo-ft.h>
 
@@ -12,20 +13,8 @@
 namespace
 {
 
-constexpr double s_fItalicShear = 0.25;
-
 // Faces are as many as files in use, and live for ever: cairo keeps scaled fonts of its own that
-// point at them. Its own FreeType objects, since cairo changes the size of a face as it draws.
-FT_Face OpenFace(const CFontFace& face)
-{
-    static FT_Library s_pLibrary = nullptr;
-    if (face.m_strFile.empty() || (!s_pLibrary && FT_Init_FreeType(&s_pLibrary) != 0))
-        return nullptr;
-    FT_Face pFace = nullptr;
-    return FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) == 0 ? pFace
-                                                                                       : nullptr;
-}
-
+// point at them. They are cairo's alone, since it changes the size of a face as it draws.
 struct CDrawnFace
 {
     FT_Face m_pFace = nullptr;         // null: the file cannot be read
@@ -39,7 +28,7 @@ cairo_font_face_t* DrawnFace(const CFontFace& face, CHinting hinting)
     const auto [it, bNew] = s_pFaces->try_emplace(&face);
     CDrawnFace& drawn = it->second;
     if (bNew)
-        drawn.m_pFace = OpenFace(face);
+        drawn.m_pFace = OpenFontFile(face);
     if (!drawn.m_pFace)
         return nullptr;
     CFontFacePtr& pFace = drawn.m_apFaces[static_cast<int>(hinting)];
@@ -56,8 +45,8 @@ cairo_font_face_t* DrawnFace(const CFontFace& face, CHinting hinting)
 // What FreeType can scale, and a bitmap can show. Asking for more spoils the face.
 bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
 {
-    constexpr double fMaxSize = 32767;
-    constexpr double fMinArea = 1e-4;
+    constexpr double fMaxSize = 32767;  // pixels an em, in 16.16 numbers
+    constexpr double fMinArea = 1e-4;   // of an em square: a matrix that can still be inverted
     cairo_matrix_t scale;
     cairo_matrix_multiply(&scale, &size, &matrix);
     return std::hypot(scale.xx, scale.yx) <= fMaxSize &&
@@ -65,6 +54,8 @@ bool IsDrawable(const cairo_matrix_t& size, const cairo_matrix_t& matrix)
            std::abs(scale.xx * scale.yy - scale.xy * scale.yx) >= fMinArea;
 }
 
+// Full hinting comes nearest to what GDI draws. Metrics are never cairo's: pens stand where the
+// advances of the layout say.
 const cairo_font_options_t* FontOptions(CHinting hinting)
 {
     const auto make = [](cairo_antialias_t antialias, cairo_hint_style_t style)
@@ -91,7 +82,7 @@ CScaledFontPtr MakeScaledFont(const CRealizedFont& font, CHinting hinting,
     const double fHeight = font.Ppem();
     const double fWidth = fHeight * font.WidthRatio();
     cairo_matrix_t size;
-    cairo_matrix_init(&size, fWidth, 0, font.Face().m_bFakeItalic ? -s_fItalicShear * fWidth : 0,
+    cairo_matrix_init(&size, fWidth, 0, font.Face().m_bFakeItalic ? -FAKE_ITALIC_SHEAR * fWidth : 0,
                       fHeight, 0, 0);
     cairo_font_face_t* pFace = IsDrawable(size, matrix) ? DrawnFace(font.Face(), hinting) : nullptr;
     if (!pFace)

@@ -4,7 +4,7 @@
 namespace
 {
 
-RECT ToDeviceCorners(const CMapping& mapping, const RECT& rect)
+CRect ToDeviceCorners(const CMapping& mapping, const RECT& rect)
 {
     const POINT a = mapping.ToDevice({ rect.left, rect.top });
     const POINT b = mapping.ToDevice({ rect.right, rect.bottom });
@@ -29,10 +29,10 @@ void SetSource(cairo_t* pCairo, COLORREF colour)
                          GetBValue(colour) / 255.0);
 }
 
-bool CCairoTarget::FillWithBrush(const CDrawState& state, const RECT& box)
+bool CCairoTarget::FillWithBrush(const CDrawState& state, const CRect& box)
 {
     const LOGBRUSH& brush = state.m_pBrush->LogBrush();
-    if (brush.lbStyle == BS_NULL || IsEmptyBox(box))
+    if (brush.lbStyle == BS_NULL || box.IsRectEmpty())
         return true;
     CFill fill{ brush.lbColor, brush.lbStyle == BS_HATCHED, std::nullopt };
     if (fill.m_bHatched && state.m_nBkMode == OPAQUE)
@@ -50,11 +50,11 @@ bool CCairoTarget::PatBlt(CDeviceContext& dc, int x, int y, int nWidth, int nHei
 bool CCairoTarget::ExtTextOut(CDeviceContext& dc, const CTextRun& run)
 {
     const CDrawState& state = dc.State();
-    std::optional<RECT> rect;
+    std::optional<CRect> rect;
     if (run.m_pRect)
-        rect = SwapInverted(ToDeviceCorners(dc.Mapping(), *run.m_pRect));
+        rect = Normalized(ToDeviceCorners(dc.Mapping(), *run.m_pRect));
     bool bDone = true;
-    if (rect && (run.m_nOptions & ETO_OPAQUE) && !IsEmptyBox(*rect))
+    if (rect && (run.m_nOptions & ETO_OPAQUE) && !rect->IsRectEmpty())
         bDone = FillBox(state, *rect, { state.m_crBk, false, {} });
     if (run.m_text.empty())
         return bDone;
@@ -66,12 +66,12 @@ bool CCairoTarget::ExtTextOut(CDeviceContext& dc, const CTextRun& run)
     if (state.m_nBkMode == OPAQUE)
     {
         const auto [x, y] = glyphs.m_origin;
-        RECT cell{ x, y - font.Ascent(), SaturateToInt(std::int64_t{ x } + dc.TextWidth(run)),
-                   y + font.Descent() };
-        cell = SwapInverted(LimitBox(cell));
+        CRect cell{ x, y - font.Ascent(), SaturateToInt(std::int64_t{ x } + dc.TextWidth(run)),
+                    y + font.Descent() };
+        cell = Normalized(LimitBox(cell));
         if (glyphs.m_clip)
             cell = IntersectBoxes(cell, *glyphs.m_clip);
-        if (!IsEmptyBox(cell))
+        if (!cell.IsRectEmpty())
             bDone = FillBox(state, cell, { state.m_crBk, false, {} }) && bDone;
     }
     return ShowGlyphs(dc, glyphs) && bDone;
@@ -90,11 +90,11 @@ bool CCairoTarget::LineTo(CDeviceContext& dc, POINT from, POINT to)
 bool CCairoTarget::Rectangle(CDeviceContext& dc, const RECT& rect)
 {
     const CDrawState& state = dc.State();
-    const RECT box = SwapInverted(ToDeviceCorners(dc.Mapping(), rect));
+    const CRect box = Normalized(ToDeviceCorners(dc.Mapping(), rect));
     const std::optional<CStroke> stroke = DeviceStroke(state);
     if (!stroke)  // without an edge the figure is one pixel smaller
         return FillWithBrush(state, { box.left, box.top, box.right - 1, box.bottom - 1 });
-    if (IsEmptyBox(box))
+    if (box.IsRectEmpty())
         return true;
     if (stroke->m_nWidth <= 1 && (box.right - box.left == 1 || box.bottom - box.top == 1))
         return FillBox(state, box, { stroke->m_colour, false, {} });  // all of it is edge
@@ -109,8 +109,8 @@ bool CCairoTarget::StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext
     CPixelImage* pSource = SelectedImage(source);
     if (!pSource)
         return false;
-    const RECT toCorners = ToDeviceCorners(dc.Mapping(), to);
-    const RECT fromCorners = ToDeviceCorners(source.Mapping(), from);
+    const CRect toCorners = ToDeviceCorners(dc.Mapping(), to);
+    const CRect fromCorners = ToDeviceCorners(source.Mapping(), from);
     const CImageTransfer transfer{
         *pSource,
         ShiftInverted(fromCorners),
@@ -121,7 +121,7 @@ bool CCairoTarget::StretchBlt(CDeviceContext& dc, const RECT& to, CDeviceContext
         dc.State().m_crBk,
         source.State().m_crBk,
     };
-    if (IsEmptyBox(transfer.m_from) || IsEmptyBox(transfer.m_to))
+    if (transfer.m_from.IsRectEmpty() || transfer.m_to.IsRectEmpty())
         return true;
     return PutImage(dc.State(), transfer);
 }

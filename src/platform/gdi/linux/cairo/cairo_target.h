@@ -6,6 +6,7 @@
 #include "platform/gdi/linux/cairo/glyph_run.h"
 #include "platform/gdi/linux/context/device_box.h"
 #include "platform/gdi/linux/context/draw_target.h"
+#include "platform/gdi/native_gdi.h"
 
 #include <optional>
 
@@ -16,8 +17,7 @@ struct CStroke
     COLORREF m_colour;
 };
 
-// A hatch is fixed to the device: lines of one pixel, 8 apart, that rise to the right.
-constexpr int HATCH_STEP = 8;
+// A hatch is fixed to the device: lines of one pixel that rise to the right.
 constexpr bool IsHatchPixel(int x, int y)
 {
     return ((x + y) & (HATCH_STEP - 1)) == HATCH_STEP - 1;
@@ -53,7 +53,7 @@ protected:
     virtual bool PutImage(const CDrawState& state, const CImageTransfer& transfer) = 0;
 
 private:
-    bool FillWithBrush(const CDrawState& state, const RECT& box);
+    bool FillWithBrush(const CDrawState& state, const CRect& box);
 };
 
 // Sets the colour that the next fill or stroke has.

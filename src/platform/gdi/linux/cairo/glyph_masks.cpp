@@ -10,7 +10,8 @@
 namespace
 {
 
-// When either is passed, all are dropped.
+// A host that zooms meets a new size at each step. When either limit is passed, all are dropped:
+// what is in use comes back at its next drawing.
 constexpr std::size_t s_nFontsLimit = 256;
 constexpr std::size_t s_nBytesLimit = std::size_t{ 16 } << 20;
 

@@ -123,7 +123,8 @@ bool CHostTarget::HasPixelUnits() const
            matrix.x0 == std::floor(matrix.x0) && matrix.y0 == std::floor(matrix.y0);
 }
 
-// The middles of the lines that the pixels of a pattern would make. Levels go up by 8.
+// The middles of the lines that the pixels of a pattern would make: x + y is a multiple of the
+// step. A vector format would keep a pattern as an image.
 void CHostTarget::FillHatchLines(const RECT& box)
 {
     cairo_t* pCairo = m_pCairo.get();
@@ -186,6 +187,7 @@ bool CHostTarget::DrawLine(const CDrawState& state, POINT from, POINT to, const 
     cairo_t* pCairo = m_pCairo.get();
     const CHostScope scope(pCairo, state.m_clip);
     SetStroke(stroke);
+    // Middles of pixels: a line of width 1 covers them whole.
     double x1 = from.x + 0.5, y1 = from.y + 0.5, x2 = to.x + 0.5, y2 = to.y + 0.5;
     if (stroke.m_nWidth == 1 && (from.x == to.x || from.y == to.y))
     {
@@ -238,23 +240,22 @@ bool CHostTarget::PutImage(const CDrawState& state, const CImageTransfer& transf
     const CPixelImage& source = transfer.m_source;
     const RECT& from = transfer.m_from;
     const RECT& to = transfer.m_to;
-    const RECT part = IntersectBoxes(from, { 0, 0, source.Width(), source.Height() });
+    const CRect part = IntersectBoxes(from, { 0, 0, source.Width(), source.Height() });
     if (!IsUsable())
         return false;
-    if (IsEmptyBox(part))
+    if (part.IsRectEmpty())
         return true;
     constexpr int nBits = 32;
-    const auto pPicture =
-        CPixelImage::Create(part.right - part.left, part.bottom - part.top, nBits);
-    if (!pPicture)
+    const auto pImage = CPixelImage::Create(part.right - part.left, part.bottom - part.top, nBits);
+    if (!pImage)
         return false;
-    for (int y = 0; y < pPicture->Height(); ++y)
+    for (int y = 0; y < pImage->Height(); ++y)
     {
-        const std::span<CPixel> row(pPicture->Row(y), static_cast<std::size_t>(pPicture->Width()));
+        const std::span<CPixel> row(pImage->Row(y), static_cast<std::size_t>(pImage->Width()));
         ReadForDestination(transfer, nBits, part.left, part.top + y, row);
     }
 
-    const CSurfacePtr pSurface = pPicture->Window({ 0, 0, pPicture->Width(), pPicture->Height() });
+    const CSurfacePtr pSurface = pImage->Window({ 0, 0, pImage->Width(), pImage->Height() });
     if (!pSurface)
         return false;
     cairo_t* pCairo = m_pCairo.get();
@@ -267,11 +268,13 @@ bool CHostTarget::PutImage(const CDrawState& state, const CImageTransfer& transf
     cairo_scale(pCairo, transfer.m_bMirrorX ? -fScaleX : fScaleX,
                 transfer.m_bMirrorY ? -fScaleY : fScaleY);
     cairo_set_source_surface(pCairo, pSurface.get(), part.left - from.left, part.top - from.top);
+    // Enlarged pixels stay squares, as on a bitmap; shrunk ones are averaged, since a host's target
+    // cannot be read back to keep the dark ones.
     cairo_pattern_set_filter(cairo_get_source(pCairo),
                              fScaleX < 1 || fScaleY < 1 ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
     cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
-    cairo_rectangle(pCairo, part.left - from.left, part.top - from.top, pPicture->Width(),
-                    pPicture->Height());
+    cairo_rectangle(pCairo, part.left - from.left, part.top - from.top, pImage->Width(),
+                    pImage->Height());
     cairo_fill(pCairo);
     return IsUsable();
 }

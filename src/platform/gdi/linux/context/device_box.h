@@ -1,7 +1,7 @@
 // Boxes of device pixels: right and bottom lie outside.
 #pragma once
 
-#include "platform/gdi/gdi.h"
+#include "platform/base/geometry.h"
 
 #include <algorithm>
 
@@ -13,7 +13,7 @@ constexpr POINT LimitPoint(POINT point, int nLimit = DEVICE_LIMIT)
     return { std::clamp(point.x, -nLimit, nLimit), std::clamp(point.y, -nLimit, nLimit) };
 }
 
-constexpr RECT LimitBox(const RECT& box)
+constexpr CRect LimitBox(const RECT& box)
 {
     return { std::clamp(box.left, -DEVICE_LIMIT, DEVICE_LIMIT),
              std::clamp(box.top, -DEVICE_LIMIT, DEVICE_LIMIT),
@@ -21,33 +21,23 @@ constexpr RECT LimitBox(const RECT& box)
              std::clamp(box.bottom, -DEVICE_LIMIT, DEVICE_LIMIT) };
 }
 
-constexpr bool IsEmptyBox(const RECT& box)
-{
-    return box.left >= box.right || box.top >= box.bottom;
-}
-
-constexpr RECT IntersectBoxes(const RECT& a, const RECT& b)
+// What both cover; an empty box, not always (0, 0, 0, 0), if that is nothing.
+constexpr CRect IntersectBoxes(const RECT& a, const RECT& b)
 {
     return { std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
              std::min(a.bottom, b.bottom) };
 }
 
-constexpr RECT UnionBoxes(const RECT& a, const RECT& b)
+// The box with edges that stand the right way round.
+constexpr CRect Normalized(CRect box)
 {
-    return { std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-             std::max(a.bottom, b.bottom) };
+    box.NormalizeRect();
+    return box;
 }
 
-// Edges that stand the wrong way round are swapped.
-constexpr RECT SwapInverted(const RECT& box)
-{
-    return { std::min(box.left, box.right), std::min(box.top, box.bottom),
-             std::max(box.left, box.right), std::max(box.top, box.bottom) };
-}
-
-// Likewise for block transfers: the first edge stays inside and the second outside, so that the
-// swapped box is one pixel further to the right, or down.
-constexpr RECT ShiftInverted(RECT box)
+// Likewise for fills by a brush and block transfers: the first edge stays inside and the second
+// outside, so that the swapped box is one pixel further to the right, or down.
+constexpr CRect ShiftInverted(CRect box)
 {
     if (box.left > box.right)
         box = { box.right + 1, box.top, box.left + 1, box.bottom };

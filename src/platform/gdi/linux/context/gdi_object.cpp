@@ -132,48 +132,32 @@ CHandleObject* ObjectFromHandle(HGDIOBJ hObject)
 namespace
 {
 
-constexpr int s_nStockCount = DEFAULT_GUI_FONT + 1;
-
-struct CStockFont
-{
-    int m_nIndex;
-    int m_nHeight;
-    int m_nWeight;
-    BYTE m_nPitchAndFamily;
-    const char* m_pszFace;
-};
-
-constexpr CStockFont s_aStockFonts[] = {
-    { OEM_FIXED_FONT, 12, FW_NORMAL, FIXED_PITCH | FF_MODERN, "Terminal" },
-    { ANSI_FIXED_FONT, 12, FW_NORMAL, FIXED_PITCH | FF_MODERN, "Courier" },
-    { ANSI_VAR_FONT, 12, FW_NORMAL, VARIABLE_PITCH | FF_SWISS, "MS Sans Serif" },
-    { SYSTEM_FONT, 16, FW_BOLD, VARIABLE_PITCH | FF_SWISS, "System" },
-    { DEVICE_DEFAULT_FONT, 16, FW_BOLD, VARIABLE_PITCH | FF_SWISS, "System" },
-    { SYSTEM_FIXED_FONT, 16, FW_NORMAL, FIXED_PITCH | FF_MODERN, "Fixedsys" },
-    { DEFAULT_GUI_FONT, -11, FW_NORMAL, VARIABLE_PITCH | FF_SWISS, "MS Shell Dlg" },
-};
+constexpr int s_nStockCount = DEFAULT_PALETTE + 1;
 
 using CStockTable = std::array<CHandleObject*, s_nStockCount>;
 
+// The font that a new device context holds, as the system describes it.
+CFontObject* MakeSystemFont()
+{
+    LOGFONTA font{};
+    font.lfHeight = 16;
+    font.lfWeight = FW_BOLD;
+    font.lfPitchAndFamily = VARIABLE_PITCH | FF_SWISS;
+    std::strcpy(font.lfFaceName, "System");
+    return CFontObject::Create(font);
+}
+
+// Those that a device context starts with or formulas, hosts and the menu ask for; the rest of the
+// system's list is empty.
 CStockTable MakeStockObjects()
 {
     CStockTable table{};
-    constexpr COLORREF BRUSHES[] = { 0xFFFFFF, 0xC0C0C0, 0x808080, 0x404040, 0x000000 };
-    for (int i = WHITE_BRUSH; i <= BLACK_BRUSH; ++i)  // greys between
-        table[i] = CBrushObject::Create({ BS_SOLID, BRUSHES[i], 0 });
+    table[WHITE_BRUSH] = CBrushObject::Create({ BS_SOLID, 0xFFFFFF, 0 });
+    table[BLACK_BRUSH] = CBrushObject::Create({ BS_SOLID, 0x000000, 0 });
     table[NULL_BRUSH] = CBrushObject::Create({ BS_NULL, 0, 0 });
-    table[WHITE_PEN] = CPenObject::Create({ PS_SOLID, { 0, 0 }, 0xFFFFFF });
     table[BLACK_PEN] = CPenObject::Create({ PS_SOLID, { 0, 0 }, 0x000000 });
     table[NULL_PEN] = CPenObject::Create({ PS_NULL, { 0, 0 }, 0x000000 });
-    for (const CStockFont& stock : s_aStockFonts)
-    {
-        LOGFONTA font{};
-        font.lfHeight = stock.m_nHeight;
-        font.lfWeight = stock.m_nWeight;
-        font.lfPitchAndFamily = stock.m_nPitchAndFamily;
-        std::strncpy(font.lfFaceName, stock.m_pszFace, LF_FACESIZE - 1);
-        table[stock.m_nIndex] = CFontObject::Create(font);
-    }
+    table[SYSTEM_FONT] = MakeSystemFont();
     table[DEFAULT_PALETTE] = new CPaletteObject;
     for (int i = 0; i < s_nStockCount; ++i)
     {

@@ -18,7 +18,7 @@ public:
 
     // OBJ_FONT, OBJ_PEN ...; 0 when the object was deleted and waits for its next use.
     UINT Type() const { return m_nType; }
-    // Index for GetStockObject, or NOT_STOCK; metafile records hold 0x80000000 + index.
+    // Index for GetStockObject, or NOT_STOCK; metafile records hold it too.
     int StockIndex() const { return m_nStock; }
     // Stock objects and system brushes: DeleteObject leaves them alone.
     bool IsPermanent() const { return m_bPermanent; }
@@ -146,14 +146,6 @@ T* ObjectFromHandle(HGDIOBJ hObject, UINT nType)
 {
     CHandleObject* pObject = ObjectFromHandle(hObject);
     return pObject && pObject->Type() == nType ? static_cast<T*>(pObject) : nullptr;
-}
-inline CFontObject* FontFromHandle(HGDIOBJ h)
-{
-    return ObjectFromHandle<CFontObject>(h, OBJ_FONT);
-}
-inline CPenObject* PenFromHandle(HGDIOBJ h)
-{
-    return ObjectFromHandle<CPenObject>(h, OBJ_PEN);
 }
 inline CBrushObject* BrushFromHandle(HGDIOBJ h)
 {

@@ -55,6 +55,8 @@ bool CMapping::SetViewportExt(SIZE size)
 
 void CMapping::Update()
 {
+    // Factors are rounded to single precision, shifts only at the end: a product of rounded factors
+    // would move far origins by a pixel.
     double fScaleX = static_cast<double>(m_sizeViewport.cx) / m_sizeWindow.cx;
     double fScaleY = static_cast<double>(m_sizeViewport.cy) / m_sizeWindow.cy;
     m_fScaleX = static_cast<float>(fScaleX);
@@ -121,6 +123,7 @@ int CMapping::ToDeviceWidth(int nUnits) const
     return RoundToInt(nUnits * std::fabs(static_cast<double>(m_fScaleX)));
 }
 
+// Cut where other lengths are rounded, and by the vertical factor for the width too, as GDI has it.
 int CMapping::ToDeviceFontLength(int nUnits) const
 {
     return m_bIdentityScale ? nUnits : CutToInt(nUnits * std::fabs(static_cast<double>(m_fScaleY)));

@@ -31,7 +31,6 @@ public:
     int ToDeviceWidth(int nUnits) const;
     // Height or width of a font: cut, the vertical factor for both.
     int ToDeviceFontLength(int nUnits) const;
-    bool IsIdentityScale() const { return m_bIdentityScale; }
 
 private:
     void Update();

@@ -22,7 +22,8 @@ std::vector<CDeviceContext*>& SpareContexts()
     return *s_pSpare;
 }
 
-// By index of GetSysColor; the classic look.
+// By index of GetSysColor; the classic look. There is no desktop that could be asked, and pictures
+// must not depend on one.
 constexpr COLORREF s_acrSystem[] = {
     RGB(0xD4, 0xD0, 0xC8),  //  0 scroll bar
     RGB(0x3A, 0x6E, 0xA5),  //  1 desktop

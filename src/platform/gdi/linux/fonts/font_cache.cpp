@@ -38,7 +38,8 @@ int64_t MulDivNearest(int64_t a, int64_t b, int64_t c)
     return (a * b + c / 2) / c;
 }
 
-// Pixels of the em square for a height: negative is that, positive is the height of the cell.
+// Pixels of the em square for a height: negative is that, positive is the height of the cell. None
+// at all (also what a mapping cuts to 0) is a font of the default height.
 int64_t PpemOf(const CFontFace& face, int nHeight)
 {
     if (nHeight < 0)
@@ -46,6 +47,7 @@ int64_t PpemOf(const CFontFace& face, int nHeight)
     int64_t h = nHeight == 0 ? s_nDefaultHeight : nHeight;
     int64_t nUnits = face.m_nWinAscent + face.m_nWinDescent;
     int64_t nPpem = MulDivNearest(face.m_nUnitsPerEm, h, nUnits);
+    // A cell may not be higher than was asked for; rounding is off by one pixel at most.
     if (nPpem > 1 && MulDivNearest(nUnits, nPpem, face.m_nUnitsPerEm) > h)
         --nPpem;
     return std::clamp<int64_t>(nPpem, 1, s_nLargestPpem);
@@ -76,6 +78,8 @@ void CRealizedFont::Realize(int nFaceId, int nHeight, int nWidth)
     m_nExternalLeading =
         std::max(0, scaled(face.m_nHheaGap - (nWin - (face.m_nHheaAscent - face.m_nHheaDescent))));
 
+    // A width means the average character's. It counts only beside a height, and one that is out of
+    // all proportion is taken for none.
     int nAverage = std::max(1, scaled(face.m_nAverageWidth));
     int64_t nAsked = nHeight == 0 ? 0 : std::abs(int64_t{ nWidth });
     int64_t nCell = std::max(1, Height());
@@ -83,6 +87,7 @@ void CRealizedFont::Realize(int nFaceId, int nHeight, int nWidth)
         nAsked = 0;
     m_bStretched = nAsked != 0;
     m_fRatio = m_bStretched ? static_cast<double>(nAsked) / nAverage : 1.0;
+    // Thickening widens each glyph by a pixel; the ratio is still that of the plain face.
     const double fThicker = face.m_bFakeBold ? 1 : 0;
     m_nAverageWidth = RoundToInt((nAverage + fThicker) * m_fRatio);
     m_nMaxWidth = RoundToInt((scaled(face.m_nMaxWidth) + fThicker) * m_fRatio);
@@ -91,6 +96,8 @@ void CRealizedFont::Realize(int nFaceId, int nHeight, int nWidth)
 int CRealizedFont::FillAdvance(BYTE byte) const
 {
     const CFontFace& face = *m_pFace;
+    // In 26.6, as glyphs are scaled, and rounded to whole pixels: hinted advances are whole, and
+    // texts are measured as GDI places them.
     int64_t nScale = DivFix(int64_t{ m_nPpem } * 64, face.m_nUnitsPerEm);
     int64_t nPixels = (MulFix(face.m_anAdvances[byte], nScale) + 32) >> 6;
     if (m_bStretched)  // the whole pixels are stretched, and rounded up

@@ -16,7 +16,6 @@ public:
     int Ppem() const { return m_nPpem; }  // pixels of the em square
     // Widths are this times as wide as the face draws them.
     double WidthRatio() const { return m_fRatio; }
-    bool IsStretched() const { return m_bStretched; }
 
     int Height() const { return m_nAscent + m_nDescent; }
     int Ascent() const { return m_nAscent; }

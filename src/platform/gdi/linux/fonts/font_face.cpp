@@ -24,7 +24,6 @@ constexpr int s_nBold = 1;  // bits of a style
 constexpr int s_nItalic = 2;
 constexpr int s_nStyleCount = 4;
 constexpr const char* s_apszStyles[s_nStyleCount] = { "", " Bold", " Italic", " Bold Italic" };
-constexpr int s_nLightestBold = 551;
 constexpr std::size_t s_nNameLimit = 512;  // of unknown faces that are remembered
 
 enum CFamilyIndex
@@ -272,11 +271,11 @@ CRecentFace s_aRecentFaces[64];
 
 CRecentFace& RecentFace(const CFaceWords& face, int nStyle)
 {
-    constexpr std::uint64_t FACTORS[] = { 0x9E3779B97F4A7C15u, 0xC2B2AE3D27D4EB4Fu,
-                                          0xFF51AFD7ED558CCDu, 0x165667B19E3779F9u };
+    constexpr std::uint64_t anFactors[] = { 0x9E3779B97F4A7C15u, 0xC2B2AE3D27D4EB4Fu,
+                                            0xFF51AFD7ED558CCDu, 0x165667B19E3779F9u };
     std::uint64_t nHash = static_cast<std::uint64_t>(nStyle) << 58;
     for (std::size_t i = 0; i < face.size(); ++i)
-        nHash ^= face[i] * FACTORS[i];
+        nHash ^= face[i] * anFactors[i];
     return s_aRecentFaces[nHash >> 58];
 }
 
@@ -286,7 +285,7 @@ int FindFontFace(const LOGFONTA& font)
 {
     CFaceWords face;
     std::memcpy(face.data(), font.lfFaceName, LF_FACESIZE);
-    int nStyle = (font.lfWeight >= s_nLightestBold ? s_nBold : 0) | (font.lfItalic ? s_nItalic : 0);
+    int nStyle = (font.lfWeight >= LIGHTEST_BOLD ? s_nBold : 0) | (font.lfItalic ? s_nItalic : 0);
     CRecentFace& recent = RecentFace(face, nStyle);
     if (recent.m_nFaceId >= 0 && recent.m_nStyle == nStyle &&
         recent.m_nPitchAndFamily == font.lfPitchAndFamily && recent.m_anFace == face)

@@ -18,6 +18,13 @@ enum class CTextCoding
     mapped    // the file's own symbol map, at U+F000
 };
 
+// The least lfWeight that takes a bold file.
+constexpr int LIGHTEST_BOLD = 551;
+
+// What stands in for an italic file: x grows by this times y. Nearest to what GDI's own slanting
+// makes of the same glyphs.
+constexpr double FAKE_ITALIC_SHEAR = 0.25;
+
 // One font file as far as measuring goes. Lives for ever; there are as many as files in use.
 struct CFontFace
 {

@@ -60,6 +60,7 @@ CPatternPtr Match(const std::string& strFamily, bool bBold, bool bItalic)
     FcPatternAddInteger(pAsked.get(), FC_WEIGHT, bBold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
     FcPatternAddInteger(pAsked.get(), FC_SLANT, bItalic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(pAsked.get(), FC_SCALABLE, FcTrue);
+    // The answer is the nearest face there is, never none: who wants this very one compares names.
     FcConfigSubstitute(nullptr, pAsked.get(), FcMatchPattern);
     FcDefaultSubstitute(pAsked.get());
     FcResult nResult = FcResultNoMatch;

@@ -19,19 +19,6 @@ constexpr int s_nMtExtraGlyphs = 6;   // in mtextra.ttf
 
 using CFacePtr = std::unique_ptr<FT_FaceRec, CFreeBy<FT_Done_Face>>;
 
-CFacePtr OpenFace(const CFontFace& face)
-{
-    static FT_Library s_pLibrary = []
-    {
-        FT_Library pLibrary = nullptr;
-        return FT_Init_FreeType(&pLibrary) == 0 ? pLibrary : nullptr;
-    }();
-    FT_Face pFace = nullptr;
-    if (!s_pLibrary || FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) != 0)
-        return nullptr;
-    return CFacePtr(pFace);
-}
-
 // How the file's bytes find their glyphs; false if they cannot.
 bool ChooseCoding(FT_Face pFace, CTextCoding& coding)
 {
@@ -45,6 +32,7 @@ bool ChooseCoding(FT_Face pFace, CTextCoding& coding)
     return FT_Select_Charmap(pFace, FT_ENCODING_MS_SYMBOL) == 0;
 }
 
+// By the order of glyphs: the file's character map differs from one package to the next.
 FT_UInt SymbolGlyph(int nByte)
 {
     if (nByte >= 0x20 && nByte <= 0x7E)
@@ -75,6 +63,7 @@ FT_UInt MtExtraGlyph(int nByte)
 
 FT_UInt TextGlyph(FT_Face pFace, int nByte)
 {
+    // Controls, and the bytes that Windows-1252 leaves undefined, show the face's missing glyph.
     if (nByte < 0x20 || nByte == 0x7F)
         return 0;
     const char32_t cChar = Windows1252ToUnicode(static_cast<unsigned char>(nByte));
@@ -123,6 +112,7 @@ void ReadUnits(FT_Face pFace, CFontFace& face)
         face.m_nHheaGap = pHhea->Line_Gap;
     }
     face.m_nMaxWidth = static_cast<int>(pFace->bbox.xMax - pFace->bbox.xMin);
+    // Lines are as high as the "win" fields say; hhea stands in for a file that has none.
     face.m_nWinAscent = 0;
     face.m_nWinDescent = 0;
     face.m_nAverageWidth = face.m_anAdvances['x'];
@@ -143,9 +133,19 @@ void ReadUnits(FT_Face pFace, CFontFace& face)
 
 }  // namespace
 
+FT_Face OpenFontFile(const CFontFace& face)
+{
+    static FT_Library s_pLibrary = nullptr;
+    if (face.m_strFile.empty() || (!s_pLibrary && FT_Init_FreeType(&s_pLibrary) != 0))
+        return nullptr;
+    FT_Face pFace = nullptr;
+    return FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) == 0 ? pFace
+                                                                                       : nullptr;
+}
+
 bool ReadFontFile(CFontFace& face)
 {
-    CFacePtr pFace = OpenFace(face);
+    const CFacePtr pFace(OpenFontFile(face));
     if (!pFace || !FT_IS_SCALABLE(pFace.get()) || pFace->units_per_EM == 0 ||
         !ChooseCoding(pFace.get(), face.m_coding))
         return false;

@@ -3,6 +3,7 @@
 
 #include "platform/gdi/linux/fonts/font_cache.h"
 #include "platform/gdi/linux/fonts/font_face.h"
+#include "platform/gdi/linux/fonts/font_reader.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
@@ -13,22 +14,15 @@
 namespace
 {
 
-constexpr double s_fItalicShear = 0.25;     // as glyphs are slanted on bitmaps
-constexpr double s_fBolderPart = 1.0 / 24;  // of an em, as they are thickened there
+constexpr double s_fBolderPart = 1.0 / 24;  // of an em, as cairo thickens glyphs on bitmaps
 
 // Faces live for ever, one for each file in use; null for a file that cannot be read.
 FT_Face OutlineFace(int nFace)
 {
-    static FT_Library s_pLibrary = nullptr;
     static auto* const s_pFaces = new std::unordered_map<int, FT_Face>;
     const auto [it, bNew] = s_pFaces->try_emplace(nFace, nullptr);
-    const CFontFace& face = FontFaceById(nFace);
-    if (bNew && !face.m_strFile.empty() && (s_pLibrary || FT_Init_FreeType(&s_pLibrary) == 0))
-    {
-        FT_Face pFace = nullptr;
-        if (FT_New_Face(s_pLibrary, face.m_strFile.c_str(), face.m_nIndex, &pFace) == 0)
-            it->second = pFace;
-    }
+    if (bNew)
+        it->second = OpenFontFile(FontFaceById(nFace));
     return it->second;
 }
 
@@ -73,7 +67,7 @@ CGlyphFont FindGlyphFont(const LOGFONTA& font)
     found.m_nFace = nFace;
     found.m_fUnitY = static_cast<double>(realized.Ppem()) / face.m_nUnitsPerEm;
     found.m_fUnitX = found.m_fUnitY * realized.WidthRatio();
-    found.m_fSlant = face.m_bFakeItalic ? s_fItalicShear : 0;
+    found.m_fSlant = face.m_bFakeItalic ? FAKE_ITALIC_SHEAR : 0;
     found.m_fThicken = face.m_bFakeBold ? face.m_nUnitsPerEm * s_fBolderPart : 0;
     found.m_nAscent = realized.Ascent();
     found.m_nHeight = realized.Height();

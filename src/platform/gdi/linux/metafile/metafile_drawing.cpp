@@ -1,7 +1,6 @@
 // The drawing verbs of a recording. Bounds are pixels of the reference device, last ones inside.
 #include "platform/base/geometry.h"
 #include "platform/base/rounding.h"
-#include "platform/gdi/linux/bitmaps/pixel_rows.h"
 #include "platform/gdi/linux/context/device_box.h"
 #include "platform/gdi/linux/fonts/font_cache.h"
 #include "platform/gdi/linux/metafile/metafile_writer.h"
@@ -25,6 +24,14 @@ struct CPixelSpan
     {
     }
 };
+
+// The smallest bounds around both. Edges count in, so that a single pixel has no width and
+// CRect::UnionRect would leave it out.
+RECTL UnionBounds(const RECTL& a, const RECTL& b)
+{
+    return { std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+             std::max(a.bottom, b.bottom) };
+}
 
 RECTL PixelBounds(const CMapping& mapping, const RECT& rect)
 {
@@ -57,14 +64,14 @@ float UnitSize(int nMillimetres, int nPixels, int nWindow, int nViewport)
 // An empty area counts as well: its corners, right and bottom inside, are in the other order.
 void CMetafileWriter::GrowBounds(const RECTL& bounds)
 {
-    const RECTL ordered = SwapInverted(bounds);
-    m_bounds = m_bounds.left > m_bounds.right ? ordered : UnionBoxes(m_bounds, ordered);
+    const RECTL ordered = Normalized(bounds);
+    m_bounds = m_bounds.left > m_bounds.right ? ordered : UnionBounds(m_bounds, ordered);
 }
 
 bool CMetafileWriter::LineTo(CDeviceContext& dc, POINT from, POINT to)
 {
     POINT a = dc.Mapping().ToDevice(from), b = dc.Mapping().ToDevice(to);
-    GrowBounds(WidenByPen(dc, UnionBoxes({ a.x, a.y, a.x, a.y }, { b.x, b.y, b.x, b.y })));
+    GrowBounds(WidenByPen(dc, Normalized(CRect(a, b))));
     WritePair(EMR_LINETO, to.x, to.y);
     return !m_bFailed;
 }
@@ -79,7 +86,7 @@ bool CMetafileWriter::Rectangle(CDeviceContext& dc, const RECT& rect)
                     std::max(rect.left, rect.right) - 1, std::max(rect.top, rect.bottom) - 1 };
     POINT a = dc.Mapping().ToDevice({ record.rect.left, record.rect.top });
     POINT b = dc.Mapping().ToDevice({ record.rect.right, record.rect.bottom });
-    GrowBounds(WidenByPen(dc, UnionBoxes({ a.x, a.y, a.x, a.y }, { b.x, b.y, b.x, b.y })));
+    GrowBounds(WidenByPen(dc, Normalized(CRect(a, b))));
     return Write(record);
 }
 
@@ -111,22 +118,15 @@ struct CSourceDib
     // False if it is no memory device context.
     bool Describe(CDeviceContext& source)
     {
-        BITMAP bitmap{};
-        if (!source.Bitmap() || !source.Bitmap()->Describe(sizeof bitmap, &bitmap))
+        if (!source.Bitmap())
             return false;
         m_hBitmap = reinterpret_cast<HBITMAP>(source.Bitmap()->Handle());
-        const int nDepth = bitmap.bmPlanes * bitmap.bmBitsPixel;
         m_header.biSize = sizeof m_header;
-        m_header.biWidth = bitmap.bmWidth;
-        m_header.biHeight = bitmap.bmHeight;
-        m_header.biPlanes = 1;
-        m_header.biBitCount = static_cast<WORD>(nDepth);
-        m_header.biCompression = BI_RGB;
-        m_nInfo =
-            sizeof m_header + (nDepth <= 8 ? (std::size_t{ 1 } << nDepth) * sizeof(RGBQUAD) : 0);
-        m_nBits = RowBytes(static_cast<std::uint64_t>(bitmap.bmWidth), nDepth, 4) *
-                  static_cast<std::uint64_t>(bitmap.bmHeight);
-        m_header.biSizeImage = static_cast<DWORD>(m_nBits);
+        GetDIBits(&source, m_hBitmap, 0, 0, nullptr, reinterpret_cast<BITMAPINFO*>(&m_header),
+                  DIB_RGB_COLORS);
+        const std::size_t nColours = m_header.biBitCount == 1 ? 2 : 0;
+        m_nInfo = sizeof m_header + nColours * sizeof(RGBQUAD);
+        m_nBits = m_header.biSizeImage;
         return m_nBits < CMetafileBits::SIZE_LIMIT;
     }
 
@@ -200,7 +200,7 @@ RECTL CMetafileWriter::TextBounds(const CDeviceContext& dc, const CTextRun& run)
     RECTL bounds{ origin.x, SaturateToInt(nTop), SaturateToInt(nEnd),
                   SaturateToInt(nTop + font.Height() + 1) };
     if (run.m_nOptions & ETO_OPAQUE)
-        bounds = UnionBoxes(bounds, PixelBounds(dc.Mapping(), *run.m_pRect));
+        bounds = UnionBounds(bounds, PixelBounds(dc.Mapping(), *run.m_pRect));
     return bounds;
 }
 

@@ -17,13 +17,6 @@ namespace
 
 constexpr std::size_t s_nReadStep = 64 * 1024;
 
-EMR HeadAt(std::span<const BYTE> bytes, std::size_t nOffset)
-{
-    EMR head;
-    std::memcpy(&head, bytes.data() + nOffset, sizeof head);
-    return head;
-}
-
 // The bytes that the fields of a header take: its record may hold a description and more behind.
 std::size_t FieldBytes(const ENHMETAHEADER& header)
 {

@@ -120,6 +120,8 @@ CMetafileBits* CMetafileWriter::Finish()
     header.nRecords = m_nRecords;
     header.nHandles = m_objects.Count();
     header.rclBounds = m_bounds;
+    // Cut, not rounded, as GDI's recorder has it; an empty picture gives a frame of less than
+    // nothing.
     auto toFrame = [](LONG nPixel, LONG nMillimetres, LONG nPixels)
     {
         return SaturateToInt(std::int64_t{ nPixel } * nMillimetres * 100 / nPixels);
