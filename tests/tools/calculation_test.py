@@ -101,7 +101,7 @@ class Generator:
 def calculated(texts):
     status, out, err = program.run("calc", "--lines", stdin="\n".join(texts).encode() + b"\n")
     assert (status, err) == (0, ""), err
-    return [line.split("\t") for line in out.decode().splitlines()]
+    return [line.split("\t") for line in out.splitlines()]
 
 
 class Calculations(Case):
