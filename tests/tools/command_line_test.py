@@ -21,8 +21,8 @@ def tree(form, position=0, gap=-6):
 
 
 def warning(message, text=None, caret=0):
-    """The pattern of a message with the line in question and a mark below it."""
-    line = "" if text is None else "  %s\n  %s^\n" % (text, " " * caret)
+    """The pattern of a message with the line in question and a mark below it; tabs stay."""
+    line = "" if text is None else "  %s\n  %s^\n" % (text, re.sub("[^\t]", " ", text.ljust(caret))[:caret])
     return re.escape("mivora: warning: %s\n%s" % (message, line))
 
 
@@ -85,6 +85,7 @@ FORMS = [
     (["measure", "   2x"], b"", None, warning(AT % 2, "   2x", 4), 0),
     (["measure", "str(ä))b"], b"", None, warning(AT % 7, "str(ä))b", 6), 0),
     (["measure", "a \tb"], b"", None, warning(AT % 3, "a \tb", 2), 0),
+    (["measure", "str(a\tb))"], b"", None, warning(AT % 9, "str(a\tb))", 8), 0),
     (["measure", "-"], b"aa \nc)\n", None, warning(AT % 4, "aa ", 3), 0),
     (["measure", "-"], b"str(a\nb))\n", None, warning(AT % 9, "b))", 2), 0),
     (["measure", "-"], b"a\nb\n", None, warning(AT % 2, "a", 1), 0),

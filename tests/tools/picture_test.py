@@ -52,9 +52,11 @@ class Pictures(PictureCase):
             self.assertEqual(got[:2], size)
             dark = sum(max(pixel[:3]) < 100 for row in got[2] for pixel in row)
             self.assertTrue(20 * (dpi / 96) ** 2 < dark < got[0] * got[1] / 4, dark)
-            data = self.picture(*words, name="x.bmp")[0]
-            self.assertEqual(struct.unpack_from("<2xI4xI3i", data), (len(data), 54, 40, *size))
             metre = {96: 3780, 192: 7559, 300: 11811}[dpi]
+            data = self.picture(*words, name="x.bmp")[0]
+            self.assertEqual(struct.unpack_from("<2xI4xI3i12x2i", data), (len(data), 54, 40, *size, metre, metre))
+            pixels = [(red, green, blue, 255) for blue, green, red, _ in struct.iter_unpack("4B", data[54:])]
+            self.assertTrue(pixels == [pixel for row in got[2][::-1] for pixel in row])  # from the bottom up
             self.assertEqual(dict(png_chunks(self.picture(*words)[0]))[b"pHYs"],
                              struct.pack(">IIB", metre, metre, 1))
 
@@ -171,6 +173,12 @@ class Pictures(PictureCase):
 
 
 class Svg(PictureCase):
+    # The names that the web began with
+    COLOURS = {"black": "#000000", "silver": "#c0c0c0", "gray": "#808080", "white": "#ffffff", "maroon": "#800000",
+               "red": "#ff0000", "purple": "#800080", "fuchsia": "#ff00ff", "green": "#008000", "lime": "#00ff00",
+               "olive": "#808000", "yellow": "#ffff00", "navy": "#000080", "blue": "#0000ff", "teal": "#008080",
+               "aqua": "#00ffff", "#123": "#112233"}
+
     def svg(self, *words):
         return xml.etree.ElementTree.fromstring(self.picture(*words, name="x.svg")[0])
 
@@ -194,7 +202,8 @@ class Svg(PictureCase):
         self.assertGreater(len(shapes), 4)
 
     def test_colours(self):
-        for words, fills in (([], ["#ffffff"]), (["--background", "#123"], ["#112233"]), (["--transparent"], [])):
+        for words, fills in (([], ["#ffffff"]), (["--transparent"], []),
+                             *((["--background", name], [fill]) for name, fill in self.COLOURS.items())):
             self.assertEqual([rect.get("fill") for rect in self.svg("a/b", *words).iter(SVG + "rect")], fills)
         for words, fill in (["teal"], "#008080"), (["currentColor"], None):
             root = self.svg("a/b", "--color", *words)
