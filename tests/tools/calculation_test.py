@@ -16,10 +16,11 @@ SEED = 14
 INF, LEAST, BELOW_ONE = math.inf, math.ulp(0), math.nextafter(1, 0)
 # Name, what it calculates, the least and the greatest number that it is asked for
 EXACT = {
-    "abs": (abs, -INF, INF), "sqr": (math.sqrt, 0, INF), "ln": (math.log, LEAST, INF), "log": (math.log10, LEAST, INF),
-    "exp": (math.exp, -700, 41), "int": (lambda x: float(math.trunc(x)), -2e9, 2e9),
+    "abs": (abs, -INF, INF), "sqr": (math.sqrt, 0, INF), "ln": (math.log, LEAST, INF),
+    "log": (math.log10, LEAST, INF), "exp": (math.exp, -700, 41),
     "rad": (lambda x: x * 3.141592653589793 / 180.0, -INF, INF),
     "deg": (lambda x: x * 180.0 / 3.141592653589793, -INF, INF),
+    "int": (lambda x: float(math.trunc(x)), -2e9, 2e9),
     "arsinh": (lambda x: math.log(x + math.sqrt(x * x + 1.0)), -BELOW_ONE, 1e100),
     "arcosh": (lambda x: math.log(x + math.sqrt(x * x - 1.0)), 1, 1e100),
     "artanh": (lambda x: 0.5 * math.log((1.0 + x) / (1.0 - x)), -BELOW_ONE, BELOW_ONE),
