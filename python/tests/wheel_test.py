@@ -16,12 +16,14 @@ USE = """
 import pathlib, sys, mivora
 from mivora import _library
 formula = mivora.Formula("sqr(x)+greek p+planck")
-assert mivora.read(formula.fml()) .latex() == formula.latex()
+assert mivora.read(formula.fml()).latex() == formula.latex()
+"""
+PLACE = """
 package = pathlib.Path(mivora.__file__).parent
 assert package.is_relative_to(sys.prefix), package
 assert pathlib.Path(_library.LIBRARY._name).is_relative_to(package), _library.LIBRARY._name
-print(formula.svg(), end="")
 """
+SHOW = 'print(formula.svg(), end="")'
 
 
 def run(*words, **more):
@@ -31,14 +33,13 @@ def run(*words, **more):
     return done.stdout
 
 
-def plain_environment():
-    return {name: value for name, value in os.environ.items()
-            if name not in ("LD_PRELOAD", "PYTHONPATH", "MIVORA_LIBRARY")}
+def environment_without(*names):
+    return {name: value for name, value in os.environ.items() if name not in names}
 
 
 def main():
     build = pathlib.Path(sys.argv[1])
-    clean = plain_environment()
+    clean = environment_without("LD_PRELOAD", "PYTHONPATH", "MIVORA_LIBRARY")
     with tempfile.TemporaryDirectory() as folder:
         folder = pathlib.Path(folder)
         wheel = run("/usr/bin/python3", PYTHON / "build_wheel.py", build, folder, env=clean).strip()
@@ -51,11 +52,9 @@ def main():
         run("/usr/bin/python3", "-m", "venv", folder / "venv", env=clean)
         python = folder / "venv/bin/python"
         run(python, "-m", "pip", "install", "--no-index", "-q", wheel, env=clean)
-        installed = {name: value for name, value in os.environ.items()
-                     if name not in ("PYTHONPATH", "MIVORA_LIBRARY")}
-        made = run(python, "-c", USE, cwd="/", env=installed)
-        told = run("/usr/bin/python3", "-c", USE.split("package =")[0] + USE.splitlines()[-1],
-                   env=dict(os.environ))
+        made = run(python, "-c", USE + PLACE + SHOW, cwd="/",
+                   env=environment_without("PYTHONPATH", "MIVORA_LIBRARY"))
+        told = run("/usr/bin/python3", "-c", USE + SHOW)
         assert made == told and made.count("<path") + made.count("<use") > 3, made
     print(pathlib.Path(wheel).name)
 

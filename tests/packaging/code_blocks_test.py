@@ -15,55 +15,37 @@ import subprocess
 BLOCK = re.compile(r"^```(\w+)\n(.*?)^```$", re.DOTALL | re.MULTILINE)
 FRAME = """#include <mivora/mivora.h>
 #include <mivora/service/formula_doc.h>
-%s
-void Sample(CFormulaOut& formula, CDC& dc, int x, int y%s)
-{
-    {
-%s
-    }
-    (void)formula, (void)dc, (void)x, (void)y%s;
-}
+{includes}
+void Sample(CFormulaOut& formula, CDC& dc, int x, int y{parameter})
+{{
+    {{
+{body}
+    }}
+    (void)formula, (void)dc, (void)x, (void)y{use};
+}}
 """
+CAIRO = {"parameter": ", cairo_t* pCairo", "use": ", (void)pCairo"}
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Werror"]
 
 
 def cpp_unit(text, windows):
     if "int main(" in text:
         return text
-    lines = text.splitlines()
-    includes = [line for line in lines if line.startswith("#include")]
-    body = [line for line in lines if line not in includes]
+    includes = re.findall(r"^#include.*\n", text, re.MULTILINE)
+    body = re.sub(r"^#include.*\n", "", text, flags=re.MULTILINE)
     # A name that is declared to be looked at only is no fault of a sample.
-    body += ["    (void)%s;" % name for name in re.findall(r"^CRect (\w+) =", text, re.MULTILINE)]
-    cairo = ("", "") if windows else (", cairo_t* pCairo", ", (void)pCairo")
+    body += "".join("(void)%s;" % name for name in re.findall(r"^CRect (\w+) =", text, re.MULTILINE))
     if not windows:
-        includes.append("#include <mivora/platform/gdi/cairo_dc.h>")
-    return FRAME % ("\n".join(includes), cairo[0], "\n".join(body), cairo[1])
+        includes.append("#include <mivora/platform/gdi/cairo_dc.h>\n")
+    return FRAME.format(includes="".join(includes), body=body,
+                        **dict.fromkeys(CAIRO, "") if windows else CAIRO)
 
 
-class Compiler:
-    def __init__(self, options):
-        self.compiler = options.compiler
-        self.windows = options.windows
-        self.include = [f"-I{options.include}"]
-        if not options.windows:
-            self.include += subprocess.run(["pkg-config", "--cflags", "cairo"], check=True,
-                                           capture_output=True, text=True).stdout.split()
-
-    def compile(self, text, *words):
-        done = subprocess.run([self.compiler, *words, *WARNINGS, *self.include, "-fsyntax-only", "-"],
-                              input=text, text=True, capture_output=True)
-        return done.stderr if done.returncode else None
-
-    def check(self, language, text):
-        """What is wrong with a piece; None if nothing is."""
-        if language == "cpp":
-            return self.compile(cpp_unit(text, self.windows), "-std=c++20", "-xc++")
-        if language == "c":
-            return self.compile("#include <mivora/mivora.h>\n" + text, "-std=c11", "-xc")
-        if language == "python":
-            ast.parse(text)
-        return None
+def unit(language, text, windows):
+    """What is compiled, and how."""
+    if language == "cpp":
+        return cpp_unit(text, windows), "-std=c++20", "-xc++"
+    return "#include <mivora/mivora.h>\n" + text, "-std=c11", "-xc"
 
 
 def main():
@@ -73,15 +55,20 @@ def main():
     options.add_argument("--windows", action="store_true")
     options.add_argument("files", nargs="+", type=pathlib.Path)
     options = options.parse_args()
-    compiler = Compiler(options)
+    words = [options.compiler, *WARNINGS, f"-I{options.include}", "-fsyntax-only", "-"]
+    if not options.windows:
+        words += subprocess.check_output(["pkg-config", "--cflags", "cairo"], text=True).split()
     count = 0
-    for file in options.files:
-        for language, text in BLOCK.findall(file.read_text()):
-            if compiler.windows and "cairo" in text:
-                continue
-            wrong = compiler.check(language, text)
-            assert wrong is None, f"{file.name}:\n{text}\n{wrong}"
-            count += language in ("cpp", "c", "python")
+    for language, text in BLOCK.findall("".join(file.read_text() for file in options.files)):
+        if language == "python":
+            ast.parse(text)
+        elif language in ("cpp", "c") and not (options.windows and "cairo" in text):
+            source, *how = unit(language, text, options.windows)
+            done = subprocess.run(words[:1] + how + words[1:], input=source, text=True, capture_output=True)
+            assert done.returncode == 0, text + done.stderr
+        else:
+            continue
+        count += 1
     assert count >= 8, count
     print(f"{count} pieces of code")
 

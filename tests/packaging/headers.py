@@ -15,10 +15,8 @@ KEPT = {"AppendMenu", "CreateFontIndirect", "DefWindowProc", "DrawText", "ExtTex
 
 
 def compiler_words(include, compiler, windows):
-    words = [compiler, "-std=c++20", "-Wall", "-Wextra", "-Werror", f"-I{include}"]
-    return words if windows else words + subprocess.run(
-        ["pkg-config", "--cflags", "cairo"], check=True, capture_output=True,
-        text=True).stdout.split()
+    cairo = [] if windows else subprocess.check_output(["pkg-config", "--cflags", "cairo"], text=True).split()
+    return [compiler, "-std=c++20", "-Wall", "-Wextra", "-Werror", f"-I{include}", *cairo]
 
 
 def compile_unit(words, unit):
@@ -39,8 +37,8 @@ def windows_units(every, first):
 def names_by_character(compiler):
     """Names of the system's headers that stand for another thing with UNICODE."""
     def dump(*words):
-        return subprocess.run([compiler, "-xc++", "-E", *words, "-"], check=True, text=True,
-                              input="#include <windows.h>\n", capture_output=True).stdout
+        return subprocess.check_output([compiler, "-xc++", "-E", *words, "-"], text=True,
+                                       input="#include <windows.h>\n")
 
     def meanings(*how):
         macros = re.findall(r"^#define (\w+)(?:\([^)]*\))? (.*)$", dump("-dM", *how), re.M)
@@ -72,9 +70,9 @@ def check(include, compiler, windows):
     alone = "#define WIN32_LEAN_AND_MEAN\n" if windows else ""
     units = [f'{alone}#include "{header}"\n' for header in headers]
     # Together: in both orders.
-    lines = [f'#include "{header}"\n' for header in headers]
-    every = "".join(lines)
-    units += [every, "".join(reversed(lines))]
+    every, reverse = ("".join(f'#include "{header}"\n' for header in order)
+                      for order in (headers, headers[::-1]))
+    units += [every, reverse]
     if windows:
         units += windows_units(every, "#include <mivora/mivora.h>\n")
         check_names(headers, compiler)

@@ -2,6 +2,7 @@
 """Installs the build into an empty folder and uses it from there: the command line, the project
 of the examples by the CMake package, pkg-config, and every header on its own."""
 import argparse
+import contextlib
 import os
 import pathlib
 import shutil
@@ -38,12 +39,29 @@ class Installation:
         self.folder = folder
         self.windows = options.runner is not None
         self.prefix = folder / "prefix"
+        self.sanitizers = SANITIZERS if options.sanitized else ()
         run("cmake", "--install", options.build, "--prefix", self.prefix)
 
     def start(self, program, *arguments, **how):
         if self.windows:
             return run(self.options.runner, f"{program}.exe", *arguments, **how)
         return run(program, *arguments, **how)
+
+    @contextlib.contextmanager
+    def moved(self):
+        """Where the installation is for a time, away from the place that it was made for."""
+        elsewhere = self.folder / "elsewhere"
+        self.prefix.rename(elsewhere)
+        yield elsewhere
+        elsewhere.rename(self.prefix)
+
+    def configure(self, source, build, **how):
+        words = [f"-DCMAKE_PREFIX_PATH={self.prefix}", "-DCMAKE_BUILD_TYPE=Release"]
+        if self.sanitizers:
+            words += [f"-DCMAKE_{language}_FLAGS={' '.join(self.sanitizers)}" for language in ("C", "CXX")]
+        words.append(f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/mingw-w64.cmake" if self.windows else
+                     f"-DCMAKE_CXX_COMPILER={self.options.compiler}")
+        run("cmake", "-S", source, "-B", build, "-G", "Ninja", *words, **how)
 
     def check_files(self):
         names = ["include/mivora/mivora.h", "include/mivora/mivora_c.h", "include/mivora/service/formula_out.h",
@@ -69,49 +87,33 @@ class Installation:
 
     def check_project(self):
         build = self.folder / "project"
-        words = [f"-DCMAKE_PREFIX_PATH={self.prefix}", "-DCMAKE_BUILD_TYPE=Release"]
-        if self.windows:
-            words.append(f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/mingw-w64.cmake")
-        else:
-            words.append(f"-DCMAKE_CXX_COMPILER={self.options.compiler}")
-        if self.options.sanitized:
-            words.append(f"-DCMAKE_CXX_FLAGS={' '.join(SANITIZERS)}")
-        run("cmake", "-S", PROJECT, "-B", build, "-G", "Ninja", *words)
+        self.configure(PROJECT, build)
         run("cmake", "--build", build)
-        if self.windows:
-            # What the programs need is beside them: they run where nothing is installed.
-            self.prefix.rename(self.folder / "elsewhere")
-        for program in ("formula_size", "formula_size_core"):
-            self.check_host(build / "bin" / program, program)
-        if self.windows:
-            (self.folder / "elsewhere").rename(self.prefix)
-        else:
-            self.check_places(build / "bin/formula_size_core")
+        # Windows programs have what they need beside them: they run where nothing is installed.
+        with self.moved() if self.windows else contextlib.nullcontext():
+            for program in "formula_size", "formula_size_core":
+                self.check_host(build / "bin" / program)
+        if not self.windows:
+            # The static library knows where it was installed, or is told.
+            with self.moved() as elsewhere:
+                self.check_host(build / "bin/formula_size_core",
+                                env=dict(os.environ, MIVORA_PREFIX=str(elsewhere)))
 
-    def check_host(self, program, name, **how):
+    def check_host(self, program, **how):
         """A host writes what the command line writes."""
-        made = [self.folder / f"{name}.wmf", self.folder / f"{name}.fml"]
+        made = [self.folder / "host.wmf", self.folder / "host.fml"]
         self.start(program, FORMULA, *made, **how)
         for path in made:
             expected = self.folder / f"tool{path.suffix}"
             assert path.read_bytes() == expected.read_bytes(), path
-
-    def check_places(self, program):
-        """The static library knows where it was installed, or is told."""
-        elsewhere = self.folder / "elsewhere"
-        self.prefix.rename(elsewhere)
-        self.check_host(program, "told", env=dict(os.environ, MIVORA_PREFIX=str(elsewhere)))
-        elsewhere.rename(self.prefix)
+            path.unlink()
 
     def check_plain_host(self):
         """Without the development files of what the library is made with."""
         if self.windows:
             return
         build = self.folder / "plain"
-        env = dict(os.environ, PKG_CONFIG_LIBDIR="/nowhere", PKG_CONFIG_PATH="")
-        run("cmake", "-S", PROJECT, "-B", build, "-G", "Ninja",
-            f"-DCMAKE_PREFIX_PATH={self.prefix}", f"-DCMAKE_CXX_COMPILER={self.options.compiler}",
-            env=env)
+        self.configure(PROJECT, build, env=dict(os.environ, PKG_CONFIG_LIBDIR="/nowhere", PKG_CONFIG_PATH=""))
         targets = run("ninja", "-C", build, "-t", "targets", "all")
         assert "formula_size:" in targets and "formula_size_core" not in targets, targets
 
@@ -120,12 +122,7 @@ class Installation:
         source = self.folder / "c_source"
         source.mkdir()
         (source / "CMakeLists.txt").write_text(C_PROJECT % (ROOT / "examples/c_api/main.c"))
-        words = [f"-DCMAKE_PREFIX_PATH={self.prefix}"]
-        if self.windows:
-            words.append(f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/cmake/mingw-w64.cmake")
-        elif self.options.sanitized:
-            words.append(f"-DCMAKE_C_FLAGS={' '.join(SANITIZERS)}")
-        run("cmake", "-S", source, "-B", source / "build", "-G", "Ninja", *words)
+        self.configure(source, source / "build")
         run("cmake", "--build", source / "build")
         alone = self.folder / "c_alone"
         run("cmake", "--install", self.options.build, "--component", "c", "--prefix", alone)
@@ -134,10 +131,9 @@ class Installation:
         if self.windows:
             shutil.copy(f"{program}.exe", alone / "bin")
             program = alone / "bin/c_api"
-        env = dict(os.environ, LD_LIBRARY_PATH=str(libraries[0].parent))
-        self.prefix.rename(self.folder / "elsewhere")
-        size = self.start(program, FORMULA, self.folder / "c.svg", env=env)
-        (self.folder / "elsewhere").rename(self.prefix)
+        with self.moved():
+            size = self.start(program, FORMULA, self.folder / "c.svg",
+                              env=dict(os.environ, LD_LIBRARY_PATH=str(libraries[0].parent)))
         assert " x " in size and (self.folder / "c.svg").stat().st_size > 1000, size
         headers = [path.name for path in (alone / "include").rglob("*.h")]
         assert headers == ["mivora_c.h"], headers
@@ -158,14 +154,11 @@ class Installation:
         program = self.folder / "with_pkg_config"
         how = ["-static"] if self.windows else [
             f"-Wl,-rpath,{next(self.prefix.rglob('libmivora.so')).parent}"]
-        if self.options.sanitized:
-            how += SANITIZERS
         run(self.options.compiler, "-std=c++20", PROJECT / "main.cpp", "-o",
-            f"{program}.exe" if self.windows else program, *words, *how)
-        if self.windows:
-            for library in (self.prefix / "bin").glob("*.dll"):
-                shutil.copy(library, self.folder)
-        self.check_host(program, "pkg_config")
+            f"{program}.exe" if self.windows else program, *words, *how, *self.sanitizers)
+        for library in (self.prefix / "bin").glob("*.dll"):
+            shutil.copy(library, self.folder)
+        self.check_host(program)
 
 
 def main():

@@ -4,6 +4,7 @@
 Written from the published order of the items in an archive, so that the library's writer and
 reader have something else to agree with. Prints text, name, rectangle, tree, records and sizes.
 """
+import json
 import struct
 import sys
 
@@ -33,9 +34,6 @@ class Archive:
     def number(self, form):
         return struct.unpack("<" + form, self.bytes(struct.calcsize("<" + form)))[0]
 
-    def int32(self):
-        return self.number("i")
-
     def text(self):
         """One byte a character behind a length of one, two or four bytes."""
         length = self.number("B")
@@ -45,61 +43,53 @@ class Archive:
                 length = self.number("I")
         return self.bytes(length)
 
-    def rect(self):
-        return tuple(self.int32() for _ in range(4))
+    def int32s(self, count):
+        return [self.number("i") for _ in range(count)]
+
+    def items(self, forms, *names):
+        """Items by their names: numbers in the forms of struct, and texts, t."""
+        return {name: self.text() if form == "t" else self.number(form)
+                for form, name in zip(forms, names, strict=True)}
+
+
+def read_child(archive):
+    """A node behind its type, or the empty text of one that is missing."""
+    name = archive.text().decode("ascii")
+    return read_node(archive, name) if name else None
 
 
 def read_node(archive, type_name):
-    node = {"type": type_name, "left": None, "right": None}
-    for side in ("left", "right"):
-        child = archive.text().decode("ascii")
-        if child:
-            node[side] = read_node(archive, child)
-    for field in ("flags", "priority", "level", "left_step", "right_step"):
-        node[field] = archive.int32()
-    node["stored_type"] = archive.text().decode("ascii")
-    node["symbol"] = archive.text()
-    node["description"] = archive.text()
-    node["colour"] = archive.number("I")
-    node["rect"] = archive.rect()
-    node["baseline"] = archive.int32()
+    node = {"type": type_name, "left": read_child(archive), "right": read_child(archive)}
+    node |= archive.items("iiiiitttI", "flags", "priority", "level", "left_step", "right_step",
+                          "stored_type", "symbol", "description", "colour")
+    node["rect"] = archive.int32s(4)
+    node |= archive.items("i", "baseline")
     if type_name not in NO_FONT:
-        node["face"] = archive.text()
-        node["italic"], node["bold"] = archive.int32(), archive.int32()
+        node |= archive.items("tii", "face", "italic", "bold")
     if type_name in KIND_TYPES:
-        node["kind"] = archive.int32()
+        node |= archive.items("i", "kind")
     if type_name in VALUE_TYPES:
-        node["value"] = archive.number("d")
-        node["attributes"] = archive.int32(), archive.int32()
+        node |= archive.items("dii", "value", "attribute", "second_attribute")
     return node
 
 
 def read_tree(archive):
-    tree = {"rect": archive.rect(), "name": archive.text(), "root": None}
-    root = archive.text().decode("ascii")
-    if root:
-        tree["root"] = read_node(archive, root)
-    else:
+    tree = {"rect": archive.int32s(4), "name": archive.text(), "root": read_child(archive)}
+    if tree["root"] is None:
         # The rest of the 32-bit zero that marks an empty tree.
         assert archive.bytes(3) == b"\0\0\0"
     return tree
 
 
 def read_format(archive):
-    records = {}
-    for name in RECORDS:
-        records[name] = {
-            "face": archive.text(), "colour": archive.number("I"), "bold": archive.int32(),
-            "italic": archive.int32(), "charset": archive.number("B")}
-    return {"records": records, "sizes": [archive.int32() for _ in range(5)]}
+    records = {name: archive.items("tIiiB", "face", "colour", "bold", "italic", "charset") for name in RECORDS}
+    return {"records": records, "sizes": archive.int32s(5)}
 
 
-def read_formula(data, with_text=True):
+def read_formula(data):
     """Everything in the archive of a stored formula; nothing may be left behind it."""
     archive = Archive(data)
-    formula = {"text": archive.text() if with_text else None}
-    formula.update(read_tree(archive))
-    formula["format"] = read_format(archive)
+    formula = {"text": archive.text()} | read_tree(archive) | {"format": read_format(archive)}
     if archive.at != len(data):
         raise ValueError(f"{len(data) - archive.at} bytes behind the end")
     return formula
@@ -136,14 +126,8 @@ def contents(path):
 def main():
     sys.setrecursionlimit(100000)
     formula = read_formula(contents(sys.argv[1]))
-    print("text:", formula["text"].decode("cp1252", "replace"))
-    print("name:", formula["name"].decode("cp1252", "replace"))
-    print("rect:", *formula["rect"])
-    print("tree:", tree_form(formula["root"]))
-    for name, record in formula["format"]["records"].items():
-        print(f"{name}:", record["face"].decode("cp1252"), f"{record['colour']:06X}",
-              record["bold"], record["italic"], record["charset"])
-    print("sizes:", *formula["format"]["sizes"])
+    formula["root"] = tree_form(formula["root"])
+    print(json.dumps(formula, default=lambda text: text.decode("cp1252", "replace"), indent=2))
 
 
 if __name__ == "__main__":

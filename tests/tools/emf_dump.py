@@ -2,32 +2,19 @@
 """Prints the records of enhanced metafiles, one line each, and checks their lengths.
 
 Written from the published record layouts alone, so that it can judge what our own code writes.
-Exit status: 0 well formed, 1 not well formed (the faults stand on standard error), 2 wrong usage.
+Exit status: 0 well formed, 1 not well formed: the faults stand on standard error.
 """
 
+import pathlib
 import struct
 import sys
 
-NAMES = {
-    1: "HEADER", 2: "POLYBEZIER", 3: "POLYGON", 4: "POLYLINE", 5: "POLYBEZIERTO",
-    6: "POLYLINETO", 7: "POLYPOLYLINE", 8: "POLYPOLYGON", 9: "SETWINDOWEXTEX",
-    10: "SETWINDOWORGEX", 11: "SETVIEWPORTEXTEX", 12: "SETVIEWPORTORGEX", 13: "SETBRUSHORGEX",
-    14: "EOF", 15: "SETPIXELV", 16: "SETMAPPERFLAGS", 17: "SETMAPMODE", 18: "SETBKMODE",
-    19: "SETPOLYFILLMODE", 20: "SETROP2", 21: "SETSTRETCHBLTMODE", 22: "SETTEXTALIGN",
-    23: "SETCOLORADJUSTMENT", 24: "SETTEXTCOLOR", 25: "SETBKCOLOR", 26: "OFFSETCLIPRGN",
-    27: "MOVETOEX", 28: "SETMETARGN", 29: "EXCLUDECLIPRECT", 30: "INTERSECTCLIPRECT",
-    31: "SCALEVIEWPORTEXTEX", 32: "SCALEWINDOWEXTEX", 33: "SAVEDC", 34: "RESTOREDC",
-    35: "SETWORLDTRANSFORM", 36: "MODIFYWORLDTRANSFORM", 37: "SELECTOBJECT", 38: "CREATEPEN",
-    39: "CREATEBRUSHINDIRECT", 40: "DELETEOBJECT", 41: "ANGLEARC", 42: "ELLIPSE",
-    43: "RECTANGLE", 44: "ROUNDRECT", 45: "ARC", 46: "CHORD", 47: "PIE", 48: "SELECTPALETTE",
-    49: "CREATEPALETTE", 54: "LINETO", 55: "ARCTO", 57: "SETARCDIRECTION", 58: "SETMITERLIMIT",
-    59: "BEGINPATH", 60: "ENDPATH", 61: "CLOSEFIGURE", 62: "FILLPATH", 63: "STROKEANDFILLPATH",
-    64: "STROKEPATH", 67: "SELECTCLIPPATH", 70: "GDICOMMENT", 75: "EXTSELECTCLIPRGN",
-    76: "BITBLT", 77: "STRETCHBLT", 81: "STRETCHDIBITS", 82: "EXTCREATEFONTINDIRECTW",
-    83: "EXTTEXTOUTA", 84: "EXTTEXTOUTW", 85: "POLYBEZIER16", 86: "POLYGON16", 87: "POLYLINE16",
-    88: "POLYBEZIERTO16", 89: "POLYLINETO16", 90: "POLYPOLYLINE16", 91: "POLYPOLYGON16",
-    95: "EXTCREATEPEN", 98: "SETICMMODE", 115: "SETLAYOUT",
-}
+# Those that our own code writes
+NAMES = dict(zip((1, *range(9, 13), 14, 17, 18, 22, 24, 25, 27, 30, 33, 34, *range(37, 41), 43, 54, 70, 76, 77, 82, 84), """
+    HEADER SETWINDOWEXTEX SETWINDOWORGEX SETVIEWPORTEXTEX SETVIEWPORTORGEX EOF SETMAPMODE SETBKMODE SETTEXTALIGN
+    SETTEXTCOLOR SETBKCOLOR MOVETOEX INTERSECTCLIPRECT SAVEDC RESTOREDC SELECTOBJECT CREATEPEN CREATEBRUSHINDIRECT
+    DELETEOBJECT RECTANGLE LINETO GDICOMMENT BITBLT STRETCHBLT EXTCREATEFONTINDIRECTW EXTTEXTOUTW
+    """.split(), strict=True))
 
 
 class Fault(Exception):
@@ -44,12 +31,8 @@ def dword(data, offset):
 
 
 def quoted(text):
-    out = []
-    for unit in text:
-        code = ord(unit)
-        plain = 0x20 <= code < 0x7F and unit not in '"\\'
-        out.append(unit if plain else "\\0" if code == 0 else "\\u%04x" % code)
-    return '"' + "".join(out) + '"'
+    text = text.replace("\\", "\\u005c").replace('"', "\\u0022").replace("\0", "\\0")
+    return '"%s"' % "".join(c if " " <= c <= "~" else "\\u%04x" % ord(c) for c in text)
 
 
 def utf16(data, offset, units):
@@ -83,34 +66,27 @@ def comment(d):
 
 
 def font(d):
-    height, width, escapement, orientation, weight = struct.unpack_from("<5i", d, 12)
-    flags = struct.unpack_from("<8B", d, 32)
-    face = utf16(d, 40, 32)
-    name = face.split("\0")[0]
+    name = utf16(d, 40, 32).split("\0")[0]
     if any(d[40 + 2 * len(name):104]):
         raise Fault("bytes behind the face name")
     return ("handle=%d height=%d width=%d escapement=%d orientation=%d weight=%d italic=%d "
             "underline=%d strikeout=%d charset=%d out=%d clip=%d quality=%d pitch=%x face=%s" %
-            ((dword(d, 8), height, width, escapement, orientation, weight) + flags +
-             (quoted(name),)))
+            (*struct.unpack_from("<I5i8B", d, 8), quoted(name)))
 
 
 def text(d):
-    bounds, mode = ints(d, 8, 4), dword(d, 24)
-    scale = struct.unpack_from("<2f", d, 28)
     count, offset, options = struct.unpack_from("<3I", d, 44)
     dx = dword(d, 72)
     if dx + 4 * count > len(d):
         raise Fault("advances reach over the record")
     return "bounds=%s mode=%d scale=%.6f,%.6f ref=%s options=%x rect=%s text=%s at=%d dx=%s at=%d" % (
-        bounds, mode, scale[0], scale[1], ints(d, 36, 2), options, ints(d, 56, 4),
+        ints(d, 8, 4), *struct.unpack_from("<I2f", d, 24), ints(d, 36, 2), options, ints(d, 56, 4),
         quoted(utf16(d, offset, count)), offset, ints(d, dx, count), dx)
 
 
 def blt(d):
     line = "bounds=%s dest=%s rop=%08x src=%s xform=%g,%g,%g,%g,%g,%g bk=%06x usage=%d" % (
-        (ints(d, 8, 4), ints(d, 24, 4), dword(d, 40), ints(d, 44, 2)) +
-        struct.unpack_from("<6f", d, 52) + (dword(d, 76), dword(d, 80)))
+        ints(d, 8, 4), ints(d, 24, 4), dword(d, 40), ints(d, 44, 2), *struct.unpack_from("<6f2I", d, 52))
     if dword(d, 0) == 77:
         line += " size=%s" % ints(d, 100, 2)
     off_info, info, off_bits, bits = struct.unpack_from("<4I", d, 84)
@@ -141,16 +117,15 @@ DETAILS = {1: header, 70: comment, 82: font, 84: text, 76: blt, 77: blt,
 
 def check_objects(kind, d, live, faults):
     """Follows which handles stand for an object; a selected one must be alive."""
+    number = dword(d, 8) if len(d) >= 12 else 0
     if kind in (38, 39, 49, 82, 95):
-        if dword(d, 8) in live or dword(d, 8) == 0:
-            faults.append("handle %d made twice" % dword(d, 8))
-        live.add(dword(d, 8))
-    elif kind == 37 and not dword(d, 8) & 0x80000000 and dword(d, 8) not in live:
-        faults.append("handle %d selected, but not alive" % dword(d, 8))
-    elif kind == 40:
-        if dword(d, 8) not in live:
-            faults.append("handle %d deleted, but not alive" % dword(d, 8))
-        live.discard(dword(d, 8))
+        if number in live or number == 0:
+            faults.append("handle %d made twice" % number)
+        live.add(number)
+    elif kind == 40 or kind == 37 and not number & 0x80000000:
+        if number not in live:
+            faults.append("handle %d used, but not alive" % number)
+        live -= {number} if kind == 40 else set()
 
 
 def dump(data, out):
@@ -187,19 +162,13 @@ def dump(data, out):
     return faults
 
 
-def main(arguments):
-    if not arguments:
-        print("usage: emf_dump.py FILE ...", file=sys.stderr)
-        return 2
-    status = 0
-    for name in arguments:
-        with open(name, "rb") as file:
-            faults = dump(file.read(), sys.stdout)
-        for fault in faults:
-            print("emf_dump.py: %s: %s" % (name, fault), file=sys.stderr)
-            status = 1
-    return status
+def main(names):
+    if not names:
+        sys.exit("usage: emf_dump.py FILE ...")
+    faults = ["%s: %s" % (name, fault) for name in names
+              for fault in dump(pathlib.Path(name).read_bytes(), sys.stdout)]
+    sys.exit("\n".join(faults) or 0)
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1:]))
+    main(sys.argv[1:])

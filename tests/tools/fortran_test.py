@@ -1,13 +1,11 @@
 #!/usr/bin/python3
 """The FORTRAN form of a formula, compiled by a FORTRAN compiler, has the calculator's value."""
 import math
-import os
 import re
 import subprocess
-import tempfile
 
 import program
-from program import COMMAND, Case
+from program import Case
 
 FORMULAS = [
     "1.5+2.25-0.125", "2-3-4", "(1-2)-3", "-1.5+4",
@@ -27,12 +25,6 @@ FORMULAS = [
 FORMULAS = [re.sub(r"(?<![\d.^])(\d+)(?![\d.])", r"\1.0", formula) for formula in FORMULAS]
 
 
-def run(command, lines):
-    done = subprocess.run([*COMMAND, command, "--lines", "--strict"], input="\n".join(lines).encode(),
-                          capture_output=True, check=True)
-    return done.stdout.decode().splitlines()
-
-
 def statement(text):
     """An assignment: the form starts with the six columns of a statement label."""
     assert text.startswith(" " * 6)
@@ -40,31 +32,23 @@ def statement(text):
 
 
 class Fortran(Case):
+    def lines(self, command):
+        return self.told(command, "--lines", "--strict", stdin="\n".join(FORMULAS).encode()).splitlines()
+
     def test_the_compiler_gets_the_calculators_values(self):
-        texts = [text.replace("\\x0D\\x0A", "\r\n") for text in run("text", FORMULAS)]
-        answers = [line.split("\t") for line in run("calc", FORMULAS)]
-        self.assertEqual(len(texts), len(FORMULAS))
+        texts = [text.replace("\\x0D\\x0A", "\r\n") for text in self.lines("text")]
         self.assertGreater(sum("\r\n     +" in text for text in texts), 3)
-        for text in texts:
-            for line in text.split("\r\n"):
-                self.assertLessEqual(len(line), 72)
-        with tempfile.TemporaryDirectory() as folder:
-            source = os.path.join(folder, "values.f")
-            with open(source, "w", encoding="ascii") as file:
-                file.write("      PROGRAM VALUES\n      DOUBLE PRECISION VALUE\n"
-                           + "".join(map(statement, texts)) + "      END\n")
-            # Numbers stand as they were typed: they are to be double precision.
-            subprocess.run(["gfortran", "-std=legacy", "-ffixed-form", "-fdefault-real-8",
-                            "-fdefault-double-8", source, "-o", os.path.join(folder, "values")],
-                           check=True)
-            values = subprocess.run([os.path.join(folder, "values")], capture_output=True, text=True,
-                                    check=True).stdout.split()
-        self.assertEqual(len(values), len(FORMULAS))
-        for formula, (value, position, message), compiled in zip(FORMULAS, answers, values):
-            with self.subTest(formula):
-                self.assertEqual((position, message), ("0", ""))
-                self.assertTrue(math.isclose(float(value), float(compiled), rel_tol=1e-14),
-                                (value, compiled))
+        self.assertLessEqual(max(len(line) for text in texts for line in text.split("\r\n")), 72)
+        (self.folder / "values.f").write_text("      PROGRAM VALUES\n      DOUBLE PRECISION VALUE\n"
+                                              + "".join(map(statement, texts)) + "      END\n")
+        # Numbers stand as they were typed: they are to be double precision.
+        subprocess.run(["gfortran", "-std=legacy", "-ffixed-form", "-fdefault-real-8", "-fdefault-double-8",
+                        "values.f", "-o", "values"], cwd=self.folder, check=True)
+        values = subprocess.check_output(self.folder / "values", text=True).split()
+        for formula, answer, compiled in zip(FORMULAS, self.lines("calc"), values, strict=True):
+            value, position, message = answer.split("\t")
+            self.assertEqual((position, message), ("0", ""), formula)
+            self.assertTrue(math.isclose(float(value), float(compiled), rel_tol=1e-14), (formula, compiled))
 
 
 if __name__ == "__main__":
