@@ -1,6 +1,7 @@
 // A formula control in the window in memory, driven by scripts in which places can be named.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,12 @@ enum EField
     ANSWER
 };
 
+struct CFieldText
+{
+    EField nField = TREE;
+    const char* pszText = nullptr;
+};
+
 class CControlDriver
 {
 public:
@@ -29,8 +36,9 @@ public:
 
     // Plays the events of a script, which line breaks or semicolons part, and gives the states:
     // that at the beginning and one for each event. A word @PATH stands for the two coordinates of
-    // the middle of a node's own part, where it is at that moment.
-    std::vector<std::string> Play(const std::string& strScript);
+    // the middle of a node's own part, where it is at that moment. onState follows each state.
+    std::vector<std::string> Play(const std::string& strScript,
+                                  const std::function<void()>& onState = {});
 
     // One field of the last state.
     std::string Last(const std::string& strScript, EField nField);
@@ -54,11 +62,15 @@ private:
 class CBoxedPlaceholders
 {
 public:
-    CBoxedPlaceholders() { Negate(); }
+    explicit CBoxedPlaceholders(bool bBoxed = true) : m_bBoxed(bBoxed) { Negate(); }
     ~CBoxedPlaceholders() { Negate(); }
+    CBoxedPlaceholders(const CBoxedPlaceholders&) = delete;
+    CBoxedPlaceholders& operator=(const CBoxedPlaceholders&) = delete;
 
 private:
-    static void Negate();
+    void Negate() const;
+
+    const bool m_bBoxed;
 };
 
 std::string FieldOf(const std::string& strState, EField nField);
