@@ -20,9 +20,9 @@ CControlDriver::CControlDriver(const char* pszText, CSize size, UINT nWheelLines
     m_Window.Start();
 }
 
-CNode* CControlDriver::NodeAt(std::string_view strPath)
+CNode* NodeAt(CBinTree& tree, std::string_view strPath)
 {
-    CNode* pNode = Tree().GetRootNode();
+    CNode* pNode = tree.GetRootNode();
     for (const char ch : strPath)
     {
         if (pNode != nullptr)
@@ -93,7 +93,7 @@ void CBoxedPlaceholders::Negate() const
         nSize = m_bBoxed ? -nSize : nSize;
 }
 
-std::string FieldOf(const std::string& strState, EField nField)
+std::string FieldOf(const std::string& strState, int nField)
 {
     std::istringstream fields(strState);
     std::string strField;

@@ -23,9 +23,12 @@ enum EField
 
 struct CFieldText
 {
-    EField nField = TREE;
+    int nField = TREE;  // or one behind these, of a state that has more
     const char* pszText = nullptr;
 };
+
+// The node that the letters L and R lead to from the root; null where they lead to nothing.
+CNode* NodeAt(CBinTree& tree, std::string_view strPath);
 
 class CControlDriver
 {
@@ -45,7 +48,7 @@ public:
 
     CFormulaControl& Control() { return m_Window.GetControl(); }
     CBinTree& Tree() { return m_Formula.m_Tree; }
-    CNode* NodeAt(std::string_view strPath);
+    CNode* NodeAt(std::string_view strPath) { return ::NodeAt(Tree(), strPath); }
 
     CFormulaOut m_Formula;
     CMemoryClipboard m_Clipboard;
@@ -73,7 +76,7 @@ private:
     const bool m_bBoxed;
 };
 
-std::string FieldOf(const std::string& strState, EField nField);
+std::string FieldOf(const std::string& strState, int nField);
 
 // Empty, or what is wrong with tree, selection, hover, editor or frames.
 std::string BrokenRule(CControlDriver& driver);
