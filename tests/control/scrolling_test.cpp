@@ -2,6 +2,8 @@
 // of two formulas, which are asserted first: 26 x 92 and 30 x 192 pixels.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "control/control_driver.h"
 #include "nodes/node.h"
 
@@ -22,13 +24,7 @@ TEST(Scrolling, ScriptsLeadToBars)
 {
     constexpr UINT nPages = WHEEL_PAGESCROLL;
     constexpr UINT nWraps = 0x80000001U;  // twice that is 2
-    const struct
-    {
-        const char* pszText;
-        UINT nWheelLines;
-        const char* pszScript;
-        const char* pszBars;
-    } aCases[] = {
+    const std::tuple<const char*, UINT, const char*, const char*> aCases[] = {
         { s_pszLow, 3, "size 300 200", "0 0 0 0 0 0 0 300x200" },
         { s_pszLow, 3, "size 26 92", "0 0 0 0 0 0 0 26x92" },      // just fits
         { s_pszLow, 3, "size 60 91", "2 0 0 0 0 91 91 43x91" },    // too low by one
@@ -56,11 +52,10 @@ TEST(Scrolling, ScriptsLeadToBars)
         { s_pszHigh, nPages, "vscroll 4 40;wheel -119", "2 0 0 0 40 191 100 283x100" },
         { s_pszHigh, nWraps, "vscroll 4 40;wheel 240", "2 0 0 0 20 191 100 283x100" },
     };
-    for (const auto& one : aCases)
+    for (const auto& [pszText, nWheelLines, pszScript, pszBars] : aCases)
     {
-        CControlDriver driver(one.pszText, CSize(300, 100), one.nWheelLines);
-        EXPECT_EQ(driver.Last(one.pszScript, BARS), one.pszBars)
-            << one.nWheelLines << " lines, " << one.pszScript;
+        CControlDriver driver(pszText, CSize(300, 100), nWheelLines);
+        EXPECT_EQ(driver.Last(pszScript, BARS), pszBars) << nWheelLines << " lines, " << pszScript;
     }
 }
 
@@ -81,12 +76,8 @@ TEST(Scrolling, EverySizeComesToRest)
 // The formula ends at 191. In a window of one pixel's height a page is one pixel.
 TEST(Scrolling, CodesMoveThePosition)
 {
-    const struct
-    {
-        int nFrom;
-        UINT nCode;
-        int nTo;
-    } aCases[] = {
+    // From, code, to.
+    const std::tuple<int, UINT, int> aCases[] = {
         { 10, SB_LINEUP, 0 },
         { 11, SB_LINEUP, 1 },
         { 0, SB_LINEUP, 0 },
@@ -105,22 +96,21 @@ TEST(Scrolling, CodesMoveThePosition)
     CControlDriver low(s_pszHigh, CSize(300, 1));
     CControlDriver narrow("a+b+c+d+e+f+g+h", CSize(1, 300));
     const int nWide = narrow.Control().GetMeasuredRect().Width() - 1;
-    for (const auto& one : aCases)
+    for (const auto& [nFrom, nCode, nTo] : aCases)
     {
-        low.m_Window.SendScroll(SB_VERT, SB_THUMBTRACK, one.nFrom);
-        low.m_Window.SendScroll(SB_VERT, one.nCode, 7);
+        low.m_Window.SendScroll(SB_VERT, SB_THUMBTRACK, nFrom);
+        low.m_Window.SendScroll(SB_VERT, nCode, 7);
         low.m_Window.Settle();
-        EXPECT_EQ(low.m_Window.GetBar(SB_VERT).GetPos(), one.nTo)
-            << one.nCode << " from " << one.nFrom;
+        EXPECT_EQ(low.m_Window.GetBar(SB_VERT).GetPos(), nTo) << nCode << " from " << nFrom;
 
         // The twin, by its distance from the same end.
-        const int nOff = one.nFrom > 90 ? nWide - 191 : 0;
-        const int nOffTo = one.nTo > 90 ? nWide - 191 : 0;
-        narrow.m_Window.SendScroll(SB_HORZ, SB_THUMBPOSITION, one.nFrom + nOff);
-        narrow.m_Window.SendScroll(SB_HORZ, one.nCode, 7);
+        const int nOff = nFrom > 90 ? nWide - 191 : 0;
+        const int nOffTo = nTo > 90 ? nWide - 191 : 0;
+        narrow.m_Window.SendScroll(SB_HORZ, SB_THUMBPOSITION, nFrom + nOff);
+        narrow.m_Window.SendScroll(SB_HORZ, nCode, 7);
         narrow.m_Window.Settle();
-        EXPECT_EQ(narrow.m_Window.GetBar(SB_HORZ).GetPos(), one.nTo + nOffTo)
-            << one.nCode << " from " << one.nFrom << " across";
+        EXPECT_EQ(narrow.m_Window.GetBar(SB_HORZ).GetPos(), nTo + nOffTo)
+            << nCode << " from " << nFrom << " across";
     }
 }
 

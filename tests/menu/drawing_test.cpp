@@ -236,11 +236,7 @@ TEST(MenuDrawing, GradientsGoInBandsWhereTheSystemHasNone)
 // A corner, and where the ground begins and ends.
 TEST(MenuDrawing, TitlesHaveTheGroundThatTheirFlagsSay)
 {
-    const struct
-    {
-        UINT nFlags;
-        const char* pszPoints;
-    } aCases[] = {
+    const std::pair<UINT, const char*> aCases[] = {
         { 0, "0 0 6A240A 2 12 6A240A 97 12 6A240A" },
         { TITLE_GRADIENT, "0 0 6A240A 2 12 6A240A 97 12 F7F8F9" },
         { TITLE_ROUNDED, "0 0 C8D0D4 2 12 6A240A 97 12 6A240A" },
@@ -248,17 +244,17 @@ TEST(MenuDrawing, TitlesHaveTheGroundThatTheirFlagsSay)
         { TITLE_RAISED | TITLE_GRADIENT, "0 0 FFFFFF 2 12 6A240A 97 12 F7F8F9" },
         { TITLE_VERTICAL | TITLE_GRADIENT, "0 0 F7F8F9 50 23 6A240A 50 0 F7F8F9" },
     };
-    for (const auto& row : aCases)
+    for (const auto& [nFlags, pszPoints] : aCases)
     {
-        SCOPED_TRACE(row.nFlags);
+        SCOPED_TRACE(nFlags);
         CMemoryPicture picture(100, 24);
         CTitleView title;
         title.m_rect = CRect(0, 0, 100, 24);
-        title.m_nFlags = row.nFlags;
+        title.m_nFlags = nFlags;
         title.m_colours =
             TitleColours(ClassicSystem(), { NO_TITLE_COLOUR, NO_TITLE_COLOUR, NO_TITLE_COLOUR });
         DrawMenuTitle(CDC::FromHandle(picture), title, ClassicSystem());
-        ExpectPixels(picture, row.pszPoints, NEARLY);
+        ExpectPixels(picture, pszPoints, NEARLY);
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include <array>
 #include <ostream>
-#include <utility>
+#include <tuple>
 
 #include "menu/colour.h"
 #include "menu/frame_layout.h"
@@ -33,11 +33,7 @@ constexpr COLORREF s_crBlue = 0xD77800;
 
 TEST(MenuColours, ArithmeticRoundsAndStaysInItsRange)
 {
-    const struct
-    {
-        COLORREF result;
-        COLORREF expected;
-    } aCases[] = {
+    const std::pair<COLORREF, COLORREF> aCases[] = {
         { DarkenColour(s_crMenu, 128), 0x64686A },
         { DarkenColour(0x646464, 1), 0x646464 },
         { DarkenColour(0x010203, 255), 0 },
@@ -61,7 +57,7 @@ TEST(MenuColours, ArithmeticRoundsAndStaysInItsRange)
         { BandColour(0x0000FF, 0xFF0000, 4, 4), 0xFF0000 },
     };
     for (const auto& row : aCases)
-        EXPECT_EQ(row.result, row.expected) << &row - aCases;
+        EXPECT_EQ(row.first, row.second) << &row - aCases;
     EXPECT_FALSE(IsBright(0x808080));
     EXPECT_TRUE(IsBright(0x818080));
     EXPECT_EQ(CountColours(-1), 64000);
@@ -77,11 +73,7 @@ TEST(MenuColours, DependOnTheSystem)
     CMenuSystem contrastInFewColours = HighContrastBlack();
     contrastInFewColours.m_nColours = 16;
     // Highlight, column, body, frame, text of a selected item and of another.
-    const struct
-    {
-        CMenuSystem system;
-        std::array<COLORREF, 6> colours;
-    } aCases[] = {
+    const std::pair<CMenuSystem, std::array<COLORREF, 6>> aCases[] = {
         { ClassicSystem(), { 0xF4D7B3, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 } },
         { bright, { 0xDBFFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 } },
         { brightThemed, { 0xB3FFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 } },
@@ -163,21 +155,15 @@ TEST(MenuStyles, OddOnesLeaveTheFrameToTheSystem)
 
 TEST(MenuStyles, SystemsAreTold)
 {
-    const struct
-    {
-        bool bNT;
-        int nMajor;
-        int nMinor;
-        int nClass;
-    } aCases[] = {
+    const std::tuple<bool, int, int, int> aCases[] = {
         { false, 3, 10, 0 }, { true, 3, 51, 1 }, { false, 4, 0, 2 }, { false, 4, 10, 3 },
         { false, 4, 90, 4 }, { true, 4, 0, 5 },  { true, 5, 0, 6 },  { true, 5, 1, 7 },
         { true, 6, 0, 7 },   { true, 10, 0, 7 },
     };
-    for (const auto& row : aCases)
+    for (const auto& [bNT, nMajor, nMinor, nClass] : aCases)
     {
-        EXPECT_EQ(static_cast<int>(ClassifyWindows(row.bNT, row.nMajor, row.nMinor)), row.nClass)
-            << row.nMajor << '.' << row.nMinor;
+        EXPECT_EQ(static_cast<int>(ClassifyWindows(bNT, nMajor, nMinor)), nClass)
+            << nMajor << '.' << nMinor;
     }
 }
 
@@ -193,13 +179,7 @@ TEST(MenuItems, AreMeasuredByTheStyle)
     const CItemContent separator{ {}, ICON, true };
     const CItemContent large{ LABEL, { 20, 20 } };
     using enum EMeasureStyle;
-    const struct
-    {
-        EMeasureStyle style;
-        CItemContent item;
-        int nMenuHeight;
-        CSize size;
-    } aCases[] = {
+    const std::tuple<EMeasureStyle, CItemContent, int, CSize> aCases[] = {
         { flat, item, 19, { 81, 22 } },    { flat, item, 23, { 83, 22 } },
         { flat, item, 24, { 84, 24 } },    { flat, submenu, 19, { 91, 22 } },
         { flat, large, 19, { 85, 27 } },   { flat, large, 28, { 90, 27 } },
@@ -209,11 +189,12 @@ TEST(MenuItems, AreMeasuredByTheStyle)
         { plain, large, 19, { 82, 24 } },  { plain, bar, 19, { 50, 20 } },
         { shaded, item, 19, { 82, 24 } },  { shaded, submenu, 19, { 82, 24 } },
     };
-    for (const auto& row : aCases)
+    for (const auto& [style, content, nMenuHeight, size] : aCases)
     {
         CMenuSystem system;
-        system.m_nMenuHeight = row.nMenuHeight;
-        EXPECT_EQ(MeasureItemIn(row.style, row.item, system), row.size) << &row - aCases;
+        system.m_nMenuHeight = nMenuHeight;
+        EXPECT_EQ(MeasureItemIn(style, content, system), size)
+            << static_cast<int>(style) << ' ' << nMenuHeight;
     }
     EXPECT_EQ(SystemItemSize({ 40, 30 }, 60, CMenuSystem()), CSize(60, 19));
     EXPECT_EQ(SystemItemSize({ 70, 30 }, 60, CMenuSystem()), CSize(70, 19));
@@ -264,21 +245,16 @@ TEST(MenuFrames, RaisedOnesHaveTwoColours)
 
 TEST(MenuFrames, ShadowsFade)
 {
-    const struct
-    {
-        int nLine;
-        int nPlace;
-        int nWindow;  // of 100
-        int nBar;
-    } aCases[] = {
+    // Line, place, darkness of a window's of 100 and of a bar's.
+    const std::array<int, 4> aCases[] = {
         { 1, 0, 0, 0 },    { 4, 3, 0, 0 },    { 1, 4, 6, 6 },      { 4, 4, 24, 24 },
         { 2, 7, 48, 48 },  { 1, 8, 30, 30 },  { 4, 50, 120, 120 }, { 3, 95, 90, 90 },
         { 3, 96, 72, 90 }, { 3, 99, 18, 90 },
     };
-    for (const auto& row : aCases)
+    for (const auto& [nLine, nPlace, nWindow, nBar] : aCases)
     {
-        EXPECT_EQ(WindowShadowDarkness(row.nLine, row.nPlace, 100), row.nWindow) << row.nPlace;
-        EXPECT_EQ(BarShadowDarkness(row.nLine, row.nPlace), row.nBar) << row.nPlace;
+        EXPECT_EQ(WindowShadowDarkness(nLine, nPlace, 100), nWindow) << nPlace;
+        EXPECT_EQ(BarShadowDarkness(nLine, nPlace), nBar) << nPlace;
     }
 }
 
@@ -294,13 +270,7 @@ TEST(MenuTitles, TextIconAndLines)
     const CRect high(0, 0, 24, 200);
     using CPlaces = std::array<CRect, 4>;  // the text's corner, icon, two lines
     // clang-format off
-    const struct
-    {
-        CRect rect;
-        CSize icon;
-        UINT nFlags;
-        CPlaces places;
-    } aCases[] = {
+    const std::tuple<CRect, CSize, UINT, CPlaces> aCases[] = {
         { wide, crNone, 0, { { { 2, 4, 2, 4 }, {}, {}, { 67, 11, 195, 13 } } } },
         { wide, ICON, 0, { { { 22, 4, 22, 4 }, { 2, 4, 18, 19 }, {}, { 87, 11, 195, 13 } } } },
         { wide, crNone, TITLE_ROUNDED, { { { 12, 4, 12, 4 }, {}, {}, { 77, 11, 195, 13 } } } },
@@ -310,13 +280,11 @@ TEST(MenuTitles, TextIconAndLines)
         { high, ICON, TITLE_VERTICAL | TITLE_CENTRED, { { { 4, 120, 4, 120 }, { 4, 124, 20, 139 }, { 11, 146, 13, 195 }, { 11, 5, 13, 55 } } } },
     };
     // clang-format on
-    for (const auto& row : aCases)
+    for (const auto& [rect, icon, nFlags, places] : aCases)
     {
-        const CTitleLayout layout = LayOutTitle(row.rect, LABEL, row.icon, row.nFlags);
-        EXPECT_EQ((CPlaces{ CRect(layout.m_text, CSize()), layout.m_icon, layout.m_line[0],
-                            layout.m_line[1] }),
-                  row.places)
-            << &row - aCases;
+        const auto [iconPlace, text, lines] = LayOutTitle(rect, LABEL, icon, nFlags);
+        EXPECT_EQ((CPlaces{ CRect(text, CSize()), iconPlace, lines[0], lines[1] }), places)
+            << nFlags;
     }
 }
 

@@ -136,11 +136,9 @@ CRect WindowRect(HWND hWnd)
 
 TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
 {
-    const struct
-    {
-        const char* pszBody;   // the colour of the first item
-        const char* pszFrame;  // the window's corner and second column, where the system's is not
-    } aCases[] = {
+    // The colour of the first item; the window's corner and second column, where the frame is not
+    // the system's.
+    const std::pair<const char*, const char*> aCases[] = {
         { "C8D0D4", "0 0 C8D0D4 1 10 FFFFFF" }, { "C8D0D4", "" },
         { "F7F8F9", "0 0 64686A 1 10 D0D7DA" }, { "F7F8F9", "" },
         { "C8D0D4", "0 0 C8D0D4 1 10 FFFFFF" }, { "C8D0D4", "" },
@@ -164,8 +162,8 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
                  CRect client;
                  ::GetClientRect(hWnd, &client);
                  const int x = std::min(item.right, client.right) - 8;
-                 ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].pszBody, false);
-                 ExpectPixelsOf(hWnd, aCases[nStyle].pszFrame);
+                 ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].first, false);
+                 ExpectPixelsOf(hWnd, aCases[nStyle].second);
              });
     }
 }
@@ -364,22 +362,19 @@ TEST_F(MenuPopup, RecordsFollowTheSystemsMenu)
 
 TEST_F(MenuPopup, SizesFollowTheStyle)
 {
-    const struct
-    {
-        DWORD nStyle;
-        int nHeight;  // of an icon of 15 and what the style adds
-    } aCases[] = { { 3, 22 }, { 7, 24 }, { 3, 22 } };
     m_system.m_nMenuHeight = 19;
     SetMenuSystem(&m_system);
-    for (const auto& row : aCases)
+    // The height of an icon of 15 and what the style adds.
+    for (const auto& [nStyle, nHeight] :
+         { std::pair(3U, 22), std::pair(7U, 24), std::pair(3U, 22) })
     {
-        CNewMenu::SetStyle(row.nStyle);
+        CNewMenu::SetStyle(nStyle);
         Open(
-            [&](HWND)
+            [&, nStyle = nStyle, nHeight = nHeight](HWND)
             {
                 CRect item;
                 ::GetMenuItemRect(nullptr, m_menu, 1, &item);
-                EXPECT_EQ(item.Height(), row.nHeight) << row.nStyle;
+                EXPECT_EQ(item.Height(), nHeight) << nStyle;
             });
     }
 }
@@ -389,18 +384,14 @@ TEST_F(MenuPopup, KeysFindTheirItems)
     m_menu.AppendMenu(MF_STRING, 900, "&Copy");
     m_menu.AppendMenu(MF_STRING, 901, "A && &b");
     m_menu.Synchronise();
-    const struct
-    {
-        UINT nChar;
-        LRESULT lAnswer;
-    } aCases[] = { { 'F', MAKELRESULT(0, MNC_EXECUTE) },
-                   { 'd', MAKELRESULT(3, MNC_EXECUTE) },
-                   { 'c', MAKELRESULT(1, MNC_SELECT) },
-                   { 'b', MAKELRESULT(6, MNC_EXECUTE) },
-                   { 'x', 0 },
-                   { '&', 0 } };
-    for (const auto& row : aCases)
-        EXPECT_EQ(CNewMenu::FindKeyboardItem(row.nChar, m_menu), row.lAnswer) << row.nChar;
+    const std::pair<UINT, LRESULT> aCases[] = { { 'F', MAKELRESULT(0, MNC_EXECUTE) },
+                                                { 'd', MAKELRESULT(3, MNC_EXECUTE) },
+                                                { 'c', MAKELRESULT(1, MNC_SELECT) },
+                                                { 'b', MAKELRESULT(6, MNC_EXECUTE) },
+                                                { 'x', 0 },
+                                                { '&', 0 } };
+    for (const auto& [nChar, lAnswer] : aCases)
+        EXPECT_EQ(CNewMenu::FindKeyboardItem(nChar, m_menu), lAnswer) << nChar;
     EXPECT_EQ(CNewMenu::FindKeyboardItem('F', nullptr), 0);
 }
 

@@ -1,3 +1,4 @@
+// Events of a script as calls of the window in memory, and its state.
 #include "control/memory/scripted_memory_window.h"
 
 #include <algorithm>

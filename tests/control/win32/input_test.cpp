@@ -2,6 +2,7 @@
 // navigation, typing, clipboard and drags, also between two processes; and hosts that end it.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -153,15 +154,9 @@ public:
     std::vector<CPoint> m_spots;
 };
 
-struct CBetweenCase
-{
-    const char* pszPartner;
-    const char* pszScript;
-    const char* pszTree;
-    const char* pszItsTree;
-};
+// The partner's text and actions, the script, the tree and the partner's tree.
 // clang-format off
-const CBetweenCase s_aBetween[] = {
+const std::array<const char*, 4> s_aBetween[] = {
     { "c+d hole=LL", "@LR down @LL $0 =2 up", PLUS(NAME("a"), PLACE), PLUS(NAME("b"), NAME("d")) },
     { "c+d hole=LL", "@LR down @LL $0 =2 +Ctrl =1 up", PLUS(NAME("a"), NAME("b")), PLUS(NAME("b"), NAME("d")) },
     { "c+d hole=LL", "@LR down @LL $0 =2 Esc up", PLUS(NAME("a"), NAME("b")), PLUS(PLACE, NAME("d")) },
@@ -176,17 +171,17 @@ const CBetweenCase s_aBetween[] = {
 TEST(Input, DragsBetweenProcesses)
 {
     const CBoxedPlaceholders boxed;
-    for (const CBetweenCase& one : s_aBetween)
+    for (const auto& [pszPartner, pszScript, pszTree, pszItsTree] : s_aBetween)
     {
-        SCOPED_TRACE(one.pszScript);
-        CInputPartner partner(one.pszPartner);
+        SCOPED_TRACE(pszScript);
+        CInputPartner partner(pszPartner);
         CInputDialog dialog(CPoint(100, 100), "a+b", "x");
         dialog.m_hPartner = partner.m_hDialog;
         dialog.m_spots = partner.m_spots;
         Begin(dialog);
-        Play(dialog, one.pszScript);
-        ExpectState(dialog, { TREE, one.pszTree });
-        EXPECT_EQ(partner.End(), one.pszItsTree);
+        Play(dialog, pszScript);
+        ExpectState(dialog, { TREE, pszTree });
+        EXPECT_EQ(partner.End(), pszItsTree);
     }
 }
 
