@@ -63,9 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     std::string_view strHead = TakeLine(strLines);
     if (strHead.empty() || strHead.size() > s_nMaxText)
         return 0;
-    std::optional<CBoxedPlaceholders> boxed;
-    if (strHead[0] & 1)
-        boxed.emplace();
+    const CBoxedPlaceholders boxed(strHead[0] & 1);
     Play(std::string(strHead.substr(1)), strLines);
     return 0;
 }

@@ -1,4 +1,9 @@
 // A host for fuzzers: message boxes are taken and dropped.
 #pragma once
 
-void BeQuiet();
+#include "platform/base/app.h"
+
+inline void BeQuiet()
+{
+    AfxSetMessageBoxHandler([](const char*, unsigned, void*) { return 1; }, nullptr);
+}

@@ -9,7 +9,7 @@ trap 'rm -rf "$work"' EXIT
 
 scripts/wine/session.sh "$build" wine "$build/bin/menu_gallery.exe" "Z:${work//\//\\}"
 mkdir -p docs/images/menu
-for picture in "$work"/*.bmp; do
+for picture in "$work"/*.ppm; do
     convert "$picture" -alpha off -strip -define png:exclude-chunks=date,time \
-        "docs/images/menu/$(basename "$picture" .bmp).png"
+        "docs/images/menu/$(basename "$picture" .ppm).png"
 done

@@ -1,3 +1,4 @@
+// What the in-place editor does with keys, and how its text goes back into the node.
 #include "control/in_place_edit.h"
 
 #include <algorithm>

@@ -20,9 +20,9 @@ CControlDriver::CControlDriver(const char* pszText, CSize size, UINT nWheelLines
     m_Window.Start();
 }
 
-CNode* CControlDriver::NodeAt(std::string_view strPath)
+CNode* NodeAt(CBinTree& tree, std::string_view strPath)
 {
-    CNode* pNode = Tree().GetRootNode();
+    CNode* pNode = tree.GetRootNode();
     for (const char ch : strPath)
     {
         if (pNode != nullptr)
@@ -50,7 +50,8 @@ std::string CControlDriver::WithPlaces(const std::string& strLine)
     return strResult;
 }
 
-std::vector<std::string> CControlDriver::Play(const std::string& strScript)
+std::vector<std::string> CControlDriver::Play(const std::string& strScript,
+                                              const std::function<void()>& onState)
 {
     std::string strLines = strScript;
     std::ranges::replace(strLines, ';', '\n');
@@ -71,9 +72,13 @@ std::vector<std::string> CControlDriver::Play(const std::string& strScript)
         }
         return std::nullopt;
     };
-    CScriptPlayer(m_Scripted, read,
-                  [&](const std::string& strState) { states.push_back(strState); })
-        .Play();
+    const auto tell = [&](const std::string& strState)
+    {
+        states.push_back(strState);
+        if (onState)
+            onState();
+    };
+    CScriptPlayer(m_Scripted, read, tell).Play();
     return states;
 }
 
@@ -82,13 +87,13 @@ std::string CControlDriver::Last(const std::string& strScript, EField nField)
     return FieldOf(Play(strScript).back(), nField);
 }
 
-void CBoxedPlaceholders::Negate()
+void CBoxedPlaceholders::Negate() const
 {
     for (int& nSize : g_DefaultFormat.m_nSizes)
-        nSize = -nSize;
+        nSize = m_bBoxed ? -nSize : nSize;
 }
 
-std::string FieldOf(const std::string& strState, EField nField)
+std::string FieldOf(const std::string& strState, int nField)
 {
     std::istringstream fields(strState);
     std::string strField;

@@ -8,31 +8,28 @@
 namespace
 {
 
-void CheckGesture(const CGestureCase& one)
+void CheckGestures(std::span<const CGestureCase> cases)
 {
-    CControlDriver driver(one.pszText);
-    EXPECT_EQ(driver.Last(one.pszScript, one.nField), one.pszExpected)
-        << one.pszName << ": " << one.pszScript;
-    EXPECT_EQ(BrokenRule(driver), "") << one.pszName;
+    for (const CGestureCase& one : cases)
+    {
+        SCOPED_TRACE(std::string(one.pszName) + ": " + one.pszScript);
+        CControlDriver driver(one.pszText);
+        const std::string strState = driver.Play(one.pszScript).back();
+        for (const CFieldText* pField = one.aExpected; pField->pszText != nullptr; pField++)
+            EXPECT_EQ(FieldOf(strState, pField->nField), pField->pszText);
+        EXPECT_EQ(BrokenRule(driver), "");
+    }
 }
 
-class CGestures : public testing::TestWithParam<CGestureCase>
+TEST(Control, GesturesLeadToStates)
 {
-};
-
-TEST_P(CGestures, LeadTo)
-{
-    CheckGesture(GetParam());
+    CheckGestures(GestureCases());
 }
 
-class CDrops : public testing::TestWithParam<CGestureCase>
-{
-};
-
-TEST_P(CDrops, LeadTo)
+TEST(Control, DropsLeadToStates)
 {
     const CBoxedPlaceholders boxed;
-    CheckGesture(GetParam());
+    CheckGestures(DropCases());
 }
 
 // The sizes that placeholders have by default: the parent is found in their place.
@@ -42,11 +39,5 @@ TEST(Control, PlaceholdersAreBesideTheirPlace)
     EXPECT_EQ(driver.Last("press @LL;key 46;move 5 8", HOVER), "/LR");
     EXPECT_LT(driver.NodeAt("LL")->m_rect.Width(), 0);
 }
-
-INSTANTIATE_TEST_SUITE_P(Drops, CDrops, testing::ValuesIn(DropCases()));
-INSTANTIATE_TEST_SUITE_P(Mouse, CGestures, testing::ValuesIn(MouseCases()));
-INSTANTIATE_TEST_SUITE_P(Keys, CGestures, testing::ValuesIn(KeyCases()));
-INSTANTIATE_TEST_SUITE_P(Editor, CGestures, testing::ValuesIn(EditorCases()));
-INSTANTIATE_TEST_SUITE_P(Transfer, CGestures, testing::ValuesIn(TransferCases()));
 
 }  // namespace

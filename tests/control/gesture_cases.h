@@ -1,7 +1,6 @@
 // Gestures and what they lead to. Places are named as the driver takes them.
 #pragma once
 
-#include <iosfwd>
 #include <span>
 
 #include "control/control_driver.h"
@@ -11,16 +10,9 @@ struct CGestureCase
     const char* pszName;
     const char* pszText;  // null: a tree without a root
     const char* pszScript;
-    EField nField;  // of the last state
-    const char* pszExpected;
+    CFieldText aExpected[5];  // of the last state; ends with a null
 };
 
-// Tells the name in a report.
-void PrintTo(const CGestureCase& one, std::ostream* pStream);
-
-std::span<const CGestureCase> MouseCases();
-std::span<const CGestureCase> KeyCases();
-std::span<const CGestureCase> EditorCases();
-std::span<const CGestureCase> TransferCases();
+std::span<const CGestureCase> GestureCases();
 // With placeholders that have an area.
 std::span<const CGestureCase> DropCases();

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <tuple>
 
 #include "control/control_driver.h"
 #include "control/in_place_edit.h"
@@ -48,28 +49,21 @@ TEST(Hosts, AControlGoesWithItsEditorOpen)
 // Codes of keys and characters that a host may open the editor with, over the name "ab".
 TEST(Hosts, FirstCharacters)
 {
-    const struct
-    {
-        UINT nFirstChar;
-        const char* pszText;
-        int nStart;
-        int nEnd;
-    } aCases[] = {
+    const std::tuple<UINT, const char*, int, int> aCases[] = {
         { EDIT_KEEP_ARROWS, "ab", 2, 2 }, { VK_BACK, "a", 1, 1 },     { VK_TAB, "ab", 0, 2 },
         { VK_RETURN, "ab", 2, 2 },        { VK_SPACE, "ab", 0, 2 },   { VK_HOME, "ab", 0, 2 },
         { VK_DOWN, "ab", 0, 2 },          { VK_DOWN + 1, ")", 1, 1 }, { 'X', "X", 1, 1 },
     };
-    for (const auto& one : aCases)
+    for (const auto& row : aCases)
     {
+        const UINT nFirstChar = std::get<0>(row);
         CControlDriver driver("ab");
-        CMemoryEditBox box(driver.m_Window, driver.NodeAt("L"), one.nFirstChar);
+        CMemoryEditBox box(driver.m_Window, driver.NodeAt("L"), nFirstChar);
         box.Open(CRect(0, 0, 10, 10));
         int nStart = 0;
         int nEnd = 0;
         box.GetSel(nStart, nEnd);
-        EXPECT_EQ(box.GetString(), one.pszText) << one.nFirstChar;
-        EXPECT_EQ(nStart, one.nStart) << one.nFirstChar;
-        EXPECT_EQ(nEnd, one.nEnd) << one.nFirstChar;
+        EXPECT_EQ(std::tuple(nFirstChar, std::string(box.GetString()), nStart, nEnd), row);
     }
 }
 

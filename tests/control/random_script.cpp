@@ -1,6 +1,5 @@
 #include "control/random_script.h"
 
-#include <iterator>
 #include <random>
 
 #include "platform/base/input_codes.h"
@@ -23,18 +22,25 @@ constexpr const char* s_apszTexts[] = {
     "root(3,a)+((a/b)/(c/d))",
 };
 
+// Lines by their weight. A capital stands for what is thrown: a Place, a Size, a Key, a Character,
+// a code of a scroll Bar, a turn of the Wheel, Data.
 struct CChance
 {
-    EScriptEvent nType;
+    const char* pszLine;
     int nWeight;
 };
 constexpr CChance s_aChances[] = {
-    { EVENT_PRESS, 14 }, { EVENT_RELEASE, 8 },  { EVENT_DOUBLE, 5 },  { EVENT_MOVE, 12 },
-    { EVENT_KEY, 24 },   { EVENT_CHAR, 10 },    { EVENT_SIZE, 4 },    { EVENT_PAINT, 1 },
-    { EVENT_BLUR, 1 },   { EVENT_HSCROLL, 3 },  { EVENT_VSCROLL, 4 }, { EVENT_WHEEL, 2 },
-    { EVENT_CUT, 3 },    { EVENT_COPY, 4 },     { EVENT_PASTE, 6 },   { EVENT_ALL, 2 },
-    { EVENT_DELETE, 3 }, { EVENT_READONLY, 1 }, { EVENT_CLIP, 1 },    { EVENT_ENTER, 2 },
-    { EVENT_OVER, 6 },   { EVENT_LEAVE, 1 },    { EVENT_DROP, 6 },
+    { "press P", 28 },   { "release P", 16 },   { "double P", 10 },
+    { "move P", 12 },    { "move P left", 12 }, { "key K", 37 },
+    { "key K ctrl", 5 }, { "key K shift", 5 },  { "key K ctrl shift", 1 },
+    { "char C", 20 },    { "size S", 8 },       { "paint", 2 },
+    { "blur", 2 },       { "hscroll B 0", 6 },  { "vscroll B 0", 8 },
+    { "wheel W", 4 },    { "cut", 6 },          { "copy", 8 },
+    { "paste", 12 },     { "all", 4 },          { "delete", 6 },
+    { "readonly 0", 2 }, { "readonly 1", 1 },   { "clip -", 1 },
+    { "clip D", 1 },     { "enter P", 3 },      { "enter P ctrl", 1 },
+    { "over P", 8 },     { "over P ctrl", 4 },  { "leave", 2 },
+    { "drop P", 12 },
 };
 
 constexpr int s_anKeys[] = { VK_LEFT,  VK_RIGHT,  VK_UP,    VK_DOWN,   VK_DELETE, VK_DELETE,
@@ -44,6 +50,9 @@ constexpr int s_anKeys[] = { VK_LEFT,  VK_RIGHT,  VK_UP,    VK_DOWN,   VK_DELETE
                              96,       97,        107,      112,       123,       200 };
 constexpr int s_anChars[] = { 'a', 'x', '1', ' ', 8, 8, 9, 13, 13, 27, 'W', '"', 228, 5, 127 };
 constexpr int s_anDeltas[] = { 120, -120, 240, -360, 39, -40, 0 };
+// Without thumbs, which need a mouse to have a tracking position in a real window.
+constexpr UINT s_anBarCodes[] = { SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_TOP, SB_BOTTOM,
+                                  SB_BOTTOM, SB_BOTTOM,   8 };
 
 // Not the library's distributions: they differ between run-time libraries.
 class CDice
@@ -61,75 +70,62 @@ private:
     std::mt19937 m_Engine;
 };
 
-EScriptEvent RollType(CDice& dice)
+// Most places lie on the formula; some stand still for a while, as a hand does.
+std::string RollPlace(CDice& dice, const std::string& strLast)
+{
+    if (!strLast.empty() && dice.Below(2) == 0)
+        return strLast;
+    const int x = dice.Below(8) == 0 ? dice.Below(320) - 10 : dice.Below(70);
+    const int y = dice.Below(8) == 0 ? dice.Below(220) - 10 : dice.Below(60);
+    return std::to_string(x) + ' ' + std::to_string(y);
+}
+
+std::string RollBytes(CDice& dice)
+{
+    std::string strBytes;
+    for (int nBytes = 1 + dice.Below(30); nBytes > 0; nBytes--)
+        strBytes += "01";
+    return strBytes;
+}
+
+std::string RollSide(CDice& dice, int nMost)
+{
+    return std::to_string(dice.Below(6) == 0 ? dice.Below(20) : 20 + dice.Below(nMost));
+}
+
+const char* RollLine(CDice& dice)
 {
     int nAll = 0;
     for (const CChance& chance : s_aChances)
         nAll += chance.nWeight;
     int nRoll = dice.Below(nAll);
-    for (const CChance& chance : s_aChances)
-    {
-        nRoll -= chance.nWeight;
-        if (nRoll < 0)
-            return chance.nType;
-    }
-    return EVENT_PAINT;
+    const CChance* pChance = s_aChances;
+    for (; nRoll >= pChance->nWeight; pChance++)
+        nRoll -= pChance->nWeight;
+    return pChance->pszLine;
 }
 
-// Most places lie on the formula; some stand still for a while, as a hand does.
-void RollPlace(CDice& dice, CScriptEvent& event, const CScriptEvent* pLast)
+// What a letter of a line stands for, or the letter.
+std::string Roll(CDice& dice, char ch, std::string& strPlace)
 {
-    if (pLast != nullptr && dice.Below(2) == 0)
+    switch (ch)
     {
-        event.nFirst = pLast->nFirst;
-        event.nSecond = pLast->nSecond;
-        return;
-    }
-    event.nFirst = dice.Below(8) == 0 ? dice.Below(320) - 10 : dice.Below(70);
-    event.nSecond = dice.Below(8) == 0 ? dice.Below(220) - 10 : dice.Below(60);
-}
-
-bool HasPlace(EScriptEvent nType)
-{
-    return (nType >= EVENT_MOVE && nType <= EVENT_DOUBLE) ||
-           (IsDragEvent(nType) && nType != EVENT_LEAVE);
-}
-
-void RollNumbers(CDice& dice, CScriptEvent& event)
-{
-    switch (event.nType)
-    {
-        case EVENT_SIZE:
-            event.nFirst = dice.Below(6) == 0 ? dice.Below(20) : 20 + dice.Below(200);
-            event.nSecond = dice.Below(6) == 0 ? dice.Below(20) : 20 + dice.Below(150);
-            break;
-        case EVENT_KEY:
-            event.nFirst = dice.One(s_anKeys);
-            event.bControl = dice.Below(8) == 0;
-            event.bShift = dice.Below(8) == 0;
-            break;
-        case EVENT_CHAR:
-            event.nFirst = dice.One(s_anChars);
-            break;
-        // Thumbs need a mouse to have a tracking position in a real window.
-        case EVENT_HSCROLL:
-        case EVENT_VSCROLL:
-            event.nFirst = dice.Below(9);
-            if (event.nFirst == SB_THUMBPOSITION || event.nFirst == SB_THUMBTRACK)
-                event.nFirst = SB_BOTTOM;
-            break;
-        case EVENT_WHEEL:
-            event.nFirst = dice.One(s_anDeltas);
-            break;
-        case EVENT_READONLY:
-            event.nFirst = dice.Below(4) == 0;
-            break;
-        case EVENT_CLIP:
-            if (dice.Below(2) == 0)
-                event.bytes.emplace(static_cast<size_t>(1 + dice.Below(30)), BYTE{ 1 });
-            break;
+        case 'P':
+            return strPlace = RollPlace(dice, strPlace);
+        case 'S':
+            return RollSide(dice, 200) + ' ' + RollSide(dice, 150);
+        case 'K':
+            return std::to_string(dice.One(s_anKeys));
+        case 'C':
+            return std::to_string(dice.One(s_anChars));
+        case 'B':
+            return std::to_string(dice.One(s_anBarCodes));
+        case 'W':
+            return std::to_string(dice.One(s_anDeltas));
+        case 'D':
+            return RollBytes(dice);
         default:
-            break;
+            return { ch };
     }
 }
 
@@ -138,33 +134,14 @@ void RollNumbers(CDice& dice, CScriptEvent& event)
 CRandomScript MakeRandomScript(unsigned nSeed)
 {
     CDice dice(nSeed);
-    CRandomScript script{
-        dice.One(s_apszTexts), dice.Below(2) == 0, 40 + dice.Below(260), 30 + dice.Below(170), {}
-    };
-    const int nEvents = 5 + dice.Below(60);
-    const CScriptEvent* pLast = nullptr;
-    script.events.reserve(static_cast<size_t>(nEvents));
-    for (int i = 0; i < nEvents; i++)
+    CRandomScript script{ dice.One(s_apszTexts), dice.Below(2) == 0, {}, {} };
+    script.size = CSize(40 + dice.Below(260), 30 + dice.Below(170));
+    std::string strPlace;
+    for (int nEvents = 5 + dice.Below(60); nEvents > 0; nEvents--)
     {
-        CScriptEvent event;
-        event.nType = RollType(dice);
-        RollNumbers(dice, event);
-        event.bLeft = event.nType == EVENT_MOVE && dice.Below(2) == 0;
-        if (event.nType == EVENT_ENTER || event.nType == EVENT_OVER)
-            event.bControl = dice.Below(3) == 0;
-        if (HasPlace(event.nType))
-            RollPlace(dice, event, pLast);
-        script.events.push_back(event);
-        if (HasPlace(event.nType))
-            pLast = &script.events.back();
+        for (const char* pch = RollLine(dice); *pch != '\0'; pch++)
+            script.strLines += Roll(dice, *pch, strPlace);
+        script.strLines += '\n';
     }
     return script;
-}
-
-std::string ScriptText(const std::vector<CScriptEvent>& events)
-{
-    std::string strText;
-    for (const CScriptEvent& event : events)
-        strText += ScriptEventText(event) + "\n";
-    return strText;
 }

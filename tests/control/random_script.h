@@ -2,19 +2,15 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "control/script/script_event.h"
+#include "platform/base/geometry.h"
 
 struct CRandomScript
 {
     const char* pszText;
     bool bBoxed;  // placeholders have an area
-    int nWidth;
-    int nHeight;
-    std::vector<CScriptEvent> events;
+    CSize size;   // of the window
+    std::string strLines;
 };
 
 CRandomScript MakeRandomScript(unsigned nSeed);
-
-std::string ScriptText(const std::vector<CScriptEvent>& events);

@@ -2,7 +2,7 @@
 // of two formulas, which are asserted first: 26 x 92 and 30 x 192 pixels.
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <tuple>
 
 #include "control/control_driver.h"
 #include "nodes/node.h"
@@ -19,31 +19,43 @@ TEST(Scrolling, TheFormulasAreAsHighAsTheRowsBelowSay)
     EXPECT_EQ(CControlDriver(s_pszHigh).Control().GetMeasuredRect(), CRect(0, 0, 30, 192));
 }
 
-struct CBarCase
+// The bars' last state: what is on, position, end and page of both, client area.
+TEST(Scrolling, ScriptsLeadToBars)
 {
-    CSize size;
-    const char* pszBars;  // on, position, end and page of both, client area
-};
-
-constexpr CBarCase s_aBarCases[] = {
-    { { 300, 200 }, "0 0 0 0 0 0 0 300x200" }, { { 26, 92 }, "0 0 0 0 0 0 0 26x92" },  // just fits
-    { { 60, 91 }, "2 0 0 0 0 91 91 43x91" },    // too low by one
-    { { 43, 91 }, "2 0 0 0 0 91 91 26x91" },    // the bar leaves just the width
-    { { 25, 150 }, "1 0 25 25 0 0 0 25x133" },  // too narrow by one
-    { { 26, 91 }, "3 0 25 9 0 91 74 9x74" },    // the vertical bar makes the other one needed
-    { { 25, 108 }, "3 0 25 25 0 91 91 8x91" },  // and this one gets no room kept for it
-    { { 30, 30 }, "3 0 25 14 0 91 14 13x13" },  // a bar counts 18 pixels once it is on
-    { { 0, 0 }, "0 0 0 0 0 0 0 0x0" },         { { 0, 50 }, "0 0 0 0 0 0 0 0x50" },
-};
-
-TEST(Scrolling, BarsAreOnWhereTheFormulaIsLarger)
-{
-    for (const CBarCase& one : s_aBarCases)
+    constexpr UINT nPages = WHEEL_PAGESCROLL;
+    constexpr UINT nWraps = 0x80000001U;  // twice that is 2
+    const std::tuple<const char*, UINT, const char*, const char*> aCases[] = {
+        { s_pszLow, 3, "size 300 200", "0 0 0 0 0 0 0 300x200" },
+        { s_pszLow, 3, "size 26 92", "0 0 0 0 0 0 0 26x92" },      // just fits
+        { s_pszLow, 3, "size 60 91", "2 0 0 0 0 91 91 43x91" },    // too low by one
+        { s_pszLow, 3, "size 43 91", "2 0 0 0 0 91 91 26x91" },    // the bar leaves just the width
+        { s_pszLow, 3, "size 25 150", "1 0 25 25 0 0 0 25x133" },  // too narrow by one
+        { s_pszLow, 3, "size 26 91", "3 0 25 9 0 91 74 9x74" },    // one bar needs the other
+        { s_pszLow, 3, "size 25 108", "3 0 25 25 0 91 91 8x91" },  // which gets no room kept for it
+        { s_pszLow, 3, "size 30 30", "3 0 25 14 0 91 14 13x13" },  // a bar counts 18 pixels once on
+        { s_pszLow, 3, "size 0 0", "0 0 0 0 0 0 0 0x0" },
+        { s_pszLow, 3, "size 0 50", "0 0 0 0 0 0 0 0x50" },
+        // A long thumb cannot reach the end: 191 less a page of 100, and one.
+        { s_pszHigh, 3, "vscroll 7", "2 0 0 0 92 191 100 283x100" },
+        { s_pszHigh, 3, "vscroll 7;vscroll 2", "2 0 0 0 0 191 100 283x100" },
+        { s_pszHigh, 3, "vscroll 4 40;size 300 150", "2 0 0 0 40 191 150 283x150" },
+        // Lines of ten pixels or pages
+        { s_pszHigh, 3, "vscroll 4 40;wheel 120", "2 0 0 0 10 191 100 283x100" },
+        { s_pszHigh, 3, "vscroll 4 40;wheel -120", "2 0 0 0 70 191 100 283x100" },
+        { s_pszHigh, 3, "vscroll 4 40;wheel 40", "2 0 0 0 30 191 100 283x100" },
+        { s_pszHigh, 3, "vscroll 4 40;wheel 39", "2 0 0 0 40 191 100 283x100" },
+        { s_pszHigh, 3, "vscroll 4 40;wheel -39", "2 0 0 0 40 191 100 283x100" },
+        { s_pszHigh, 1, "vscroll 4 40;wheel 240", "2 0 0 0 20 191 100 283x100" },
+        { s_pszHigh, 0, "vscroll 4 40;wheel 120", "2 0 0 0 40 191 100 283x100" },
+        { s_pszHigh, nPages, "vscroll 4 40;wheel 120", "2 0 0 0 0 191 100 283x100" },
+        { s_pszHigh, nPages, "vscroll 4 40;wheel -240", "2 0 0 0 92 191 100 283x100" },
+        { s_pszHigh, nPages, "vscroll 4 40;wheel -119", "2 0 0 0 40 191 100 283x100" },
+        { s_pszHigh, nWraps, "vscroll 4 40;wheel 240", "2 0 0 0 20 191 100 283x100" },
+    };
+    for (const auto& [pszText, nWheelLines, pszScript, pszBars] : aCases)
     {
-        CControlDriver driver(s_pszLow);
-        std::ostringstream script;
-        script << "size " << one.size.cx << ' ' << one.size.cy;
-        EXPECT_EQ(driver.Last(script.str(), BARS), one.pszBars) << script.str();
+        CControlDriver driver(pszText, CSize(300, 100), nWheelLines);
+        EXPECT_EQ(driver.Last(pszScript, BARS), pszBars) << nWheelLines << " lines, " << pszScript;
     }
 }
 
@@ -61,93 +73,44 @@ TEST(Scrolling, EverySizeComesToRest)
     }
 }
 
-struct CScrollCase
-{
-    int nFrom;
-    UINT nCode;
-    int nTo;
-};
-
 // The formula ends at 191. In a window of one pixel's height a page is one pixel.
-constexpr CScrollCase s_aScrollCases[] = {
-    { 10, SB_LINEUP, 0 },
-    { 11, SB_LINEUP, 1 },
-    { 0, SB_LINEUP, 0 },
-    { 180, SB_LINEDOWN, 190 },
-    { 181, SB_LINEDOWN, 191 },
-    { 191, SB_LINEDOWN, 191 },
-    { 1, SB_PAGEUP, 0 },
-    { 2, SB_PAGEUP, 1 },
-    { 189, SB_PAGEDOWN, 190 },
-    { 190, SB_PAGEDOWN, 191 },
-    { 50, SB_TOP, 0 },
-    { 50, SB_BOTTOM, 191 },
-    { 50, 8, 50 },
-    { 50, 9, 50 },
-};
-
 TEST(Scrolling, CodesMoveThePosition)
 {
+    // From, code, to.
+    const std::tuple<int, UINT, int> aCases[] = {
+        { 10, SB_LINEUP, 0 },
+        { 11, SB_LINEUP, 1 },
+        { 0, SB_LINEUP, 0 },
+        { 180, SB_LINEDOWN, 190 },
+        { 181, SB_LINEDOWN, 191 },
+        { 191, SB_LINEDOWN, 191 },
+        { 1, SB_PAGEUP, 0 },
+        { 2, SB_PAGEUP, 1 },
+        { 189, SB_PAGEDOWN, 190 },
+        { 190, SB_PAGEDOWN, 191 },
+        { 50, SB_TOP, 0 },
+        { 50, SB_BOTTOM, 191 },
+        { 50, 8, 50 },
+        { 50, 9, 50 },
+    };
     CControlDriver low(s_pszHigh, CSize(300, 1));
     CControlDriver narrow("a+b+c+d+e+f+g+h", CSize(1, 300));
     const int nWide = narrow.Control().GetMeasuredRect().Width() - 1;
-    for (const CScrollCase& one : s_aScrollCases)
+    for (const auto& [nFrom, nCode, nTo] : aCases)
     {
-        low.m_Window.SendScroll(SB_VERT, SB_THUMBTRACK, one.nFrom);
-        low.m_Window.SendScroll(SB_VERT, one.nCode, 7);
+        low.m_Window.SendScroll(SB_VERT, SB_THUMBTRACK, nFrom);
+        low.m_Window.SendScroll(SB_VERT, nCode, 7);
         low.m_Window.Settle();
-        EXPECT_EQ(low.m_Window.GetBar(SB_VERT).GetPos(), one.nTo)
-            << one.nCode << " from " << one.nFrom;
+        EXPECT_EQ(low.m_Window.GetBar(SB_VERT).GetPos(), nTo) << nCode << " from " << nFrom;
 
         // The twin, by its distance from the same end.
-        const int nOff = one.nFrom > 90 ? nWide - 191 : 0;
-        const int nOffTo = one.nTo > 90 ? nWide - 191 : 0;
-        narrow.m_Window.SendScroll(SB_HORZ, SB_THUMBPOSITION, one.nFrom + nOff);
-        narrow.m_Window.SendScroll(SB_HORZ, one.nCode, 7);
+        const int nOff = nFrom > 90 ? nWide - 191 : 0;
+        const int nOffTo = nTo > 90 ? nWide - 191 : 0;
+        narrow.m_Window.SendScroll(SB_HORZ, SB_THUMBPOSITION, nFrom + nOff);
+        narrow.m_Window.SendScroll(SB_HORZ, nCode, 7);
         narrow.m_Window.Settle();
-        EXPECT_EQ(narrow.m_Window.GetBar(SB_HORZ).GetPos(), one.nTo + nOffTo)
-            << one.nCode << " from " << one.nFrom << " across";
-    }
-}
-
-// A long thumb cannot reach the end: 191 less a page of 100, and one.
-TEST(Scrolling, ThePageKeepsThePositionBack)
-{
-    CControlDriver driver(s_pszHigh, CSize(300, 100));
-    EXPECT_EQ(driver.Last("vscroll 7", BARS), "2 0 0 0 92 191 100 283x100");
-    EXPECT_EQ(driver.Last("vscroll 2", BARS), "2 0 0 0 0 191 100 283x100");
-    EXPECT_EQ(driver.Last("vscroll 4 40;size 300 150", BARS), "2 0 0 0 40 191 150 283x150");
-}
-
-struct CWheelCase
-{
-    UINT nLines;
-    const char* pszScript;  // from position 40
-    int nTo;
-};
-
-constexpr CWheelCase s_aWheelCases[] = {
-    { 3, "wheel 120", 10 },
-    { 3, "wheel -120", 70 },
-    { 3, "wheel 40", 30 },
-    { 3, "wheel 39", 40 },
-    { 3, "wheel -39", 40 },
-    { 1, "wheel 240", 20 },
-    { 0, "wheel 120", 40 },
-    { WHEEL_PAGESCROLL, "wheel 120", 0 },
-    { WHEEL_PAGESCROLL, "wheel -240", 92 },
-    { WHEEL_PAGESCROLL, "wheel -119", 40 },
-    { 0x80000001U, "wheel 240", 20 },  // the product wraps to 240
-};
-
-TEST(Scrolling, TheWheelMovesLinesOrPages)
-{
-    for (const CWheelCase& one : s_aWheelCases)
-    {
-        CControlDriver driver(s_pszHigh, CSize(300, 100), one.nLines);
-        driver.Play(std::string("vscroll 4 40;") + one.pszScript);
-        EXPECT_EQ(driver.m_Window.GetBar(SB_VERT).GetPos(), one.nTo)
-            << one.nLines << " lines, " << one.pszScript;
+        EXPECT_EQ(narrow.m_Window.GetBar(SB_HORZ).GetPos(), nTo + nOffTo)
+            << nCode << " from " << nFrom << " across";
     }
 }
 

@@ -4,4 +4,5 @@
 #define TREE_OF(formula) "(STANDARD \"\" " formula " -)"
 #define PLUS(left, right) TREE_OF("(PLUS \"+\" " left " " right ")")
 #define NAME(name) "(VARIABLE \"" name "\" - -)"
+#define NUMBER(digits) TREE_OF("(NUMBER \"" digits "\" - -)")
 #define PLACE "(PLACEHOLDER \"\" - -)"

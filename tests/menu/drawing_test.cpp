@@ -2,8 +2,8 @@
 // picture.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <map>
+#include <sstream>
 #include <string>
 
 #include "menu/win32/item_painter.h"
@@ -12,6 +12,7 @@
 #include "menu/win32/menu_item_data.h"
 #include "menu/win32/menu_theme.h"
 #include "menu/win32/new_menu.h"
+#include "pixels.h"
 #include "platform/gdi/memory_picture.h"
 #include "systems.h"
 
@@ -21,11 +22,11 @@ constexpr CSize ITEM(140, 22);
 constexpr UINT s_nCommand = 700;
 
 const std::map<std::string, CPoint> s_points = {
-    { "edge", { 0, 0 } },           { "far edge", { 139, 21 } },  { "column", { 3, 18 } },
-    { "middle", { 12, 20 } },       { "column end", { 23, 18 } }, { "body", { 130, 3 } },
+    { "edge", { 0, 0 } },           { "far-edge", { 139, 21 } },  { "column", { 3, 18 } },
+    { "middle", { 12, 20 } },       { "column-end", { 23, 18 } }, { "body", { 130, 3 } },
     { "icon", { 12, 11 } },         { "shadow", { 20, 18 } },     { "check", { 2, 1 } },
-    { "line", { 60, 11 } },         { "line end", { 135, 11 } },  { "before line", { 38, 11 } },
-    { "behind line", { 136, 11 } },
+    { "line", { 60, 11 } },         { "line-end", { 135, 11 } },  { "before-line", { 38, 11 } },
+    { "behind-line", { 136, 11 } },
 };
 
 CMenuSystem s_system;
@@ -88,15 +89,6 @@ public:
     CMemoryPicture m_picture{ ITEM.cx, ITEM.cy };
 };
 
-// Gradients of the system are not exact to the bit.
-bool IsNear(COLORREF a, COLORREF b)
-{
-    constexpr int nMost = 9;
-    return std::abs(GetRValue(a) - GetRValue(b)) <= nMost &&
-           std::abs(GetGValue(a) - GetGValue(b)) <= nMost &&
-           std::abs(GetBValue(a) - GetBValue(b)) <= nMost;
-}
-
 // The styles that a row holds for, as bits.
 constexpr UINT s_nRaised = 0x003;
 constexpr UINT s_nFlat = 0x00C;
@@ -111,7 +103,7 @@ struct CCase
     UINT nStyles;
     CMenuSystem (*pfnSystem)();
     UINT nState;
-    std::map<std::string, COLORREF> points;
+    const char* pszPoints;  // names and colours
 };
 
 CMenuSystem BrightHighlight()
@@ -121,85 +113,30 @@ CMenuSystem BrightHighlight()
     return system;
 }
 
+// clang-format off
 const CCase s_aCases[] = {
-    { s_nFlat,
-      ClassicSystem,
-      0,
-      { { "column", 0xD0D7DA }, { "body", 0xF7F8F9 }, { "icon", 0x0000CD } } },
-    { s_nFlat | s_nGradient,
-      ClassicSystem,
-      ODS_SELECTED,
-      { { "edge", 0xD77800 },
-        { "column", 0xF4D7B3 },
-        { "body", 0xF4D7B3 },
-        { "icon", 0x0000FF } } },
-    { s_nFlat | s_nGradient,
-      BrightHighlight,
-      ODS_SELECTED,
-      { { "edge", 0x00FFFF }, { "body", 0xDBFFFF } } },
-    { s_nFlat | s_nGradient,
-      ClassicSystem,
-      ODS_DISABLED,
-      { { "body", 0xF7F8F9 }, { "icon", 0xAAAAAA } } },
-    { s_nFlat | s_nGradient, ClassicSystem, ODS_CHECKED | s_nNoIcon, { { "check", 0xD77800 } } },
-    { s_nFlat | s_nGradient,
-      ClassicSystem,
-      s_nLine,
-      { { "line", 0x6D6D6D },
-        { "line end", 0x6D6D6D },
-        { "before line", 0xF7F8F9 },
-        { "behind line", 0xF7F8F9 } } },
-    { s_nGradient,
-      ClassicSystem,
-      s_nNoIcon,
-      { { "edge", 0xFFFFFF },
-        { "middle", 0xE8EBED },
-        { "column end", 0xC8D0D4 },
-        { "body", 0xF7F8F9 } } },
-    { s_nGradient,
-      Themed,
-      s_nNoIcon,
-      { { "edge", 0xFEECDD }, { "middle", 0xF9DBC4 }, { "column end", 0xE2A981 } } },
-    { s_nFlat | s_nGradient,
-      WithFewColours,
-      s_nNoIcon,
-      { { "column", 0xC8D0D4 }, { "body", 0xF7F8F9 } } },
-    { s_nFlat | s_nGradient,
-      WithFewColours,
-      ODS_SELECTED,
-      { { "edge", 0xD77800 }, { "body", 0xFFFFFF } } },
-    { s_nFlat, HighContrastBlack, s_nNoIcon, { { "column", 0 }, { "body", 0 } } },
-    { s_nFlat | s_nGradient,
-      HighContrastBlack,
-      ODS_SELECTED,
-      { { "edge", 0xFFFFFF }, { "body", 0x800080 } } },
-    { s_nFlat | s_nGradient, HighContrastWhite, ODS_SELECTED, { { "edge", 0 }, { "body", 0 } } },
-    { s_nRaised | s_nTextOnly | s_nShaded,
-      ClassicSystem,
-      s_nNoIcon,
-      { { "edge", 0xC8D0D4 }, { "body", 0xC8D0D4 } } },
-    { s_nRaised | s_nShaded, ClassicSystem, 0, { { "icon", 0x0000CD } } },
-    { s_nTextOnly, ClassicSystem, 0, { { "icon", 0xC8D0D4 } } },
-    { s_nRaised,
-      ClassicSystem,
-      ODS_SELECTED,
-      { { "edge", 0xFFFFFF },
-        { "far edge", 0x808080 },
-        { "body", 0xC8D0D4 },
-        { "icon", 0x0000FF } } },
-    { s_nShaded,
-      ClassicSystem,
-      ODS_SELECTED,
-      { { "edge", 0xFFFFFF },
-        { "far edge", 0x808080 },
-        { "column", 0xF4D7B3 },
-        { "body", 0xCBD0D2 } } },
-    { s_nTextOnly, ClassicSystem, ODS_SELECTED, { { "edge", 0xD77800 }, { "body", 0xD77800 } } },
-    { s_nRaised | s_nTextOnly | s_nShaded,
-      ClassicSystem,
-      s_nLine,
-      { { "body", 0xC8D0D4 }, { "line", 0xFFFFFF } } },
+    { s_nFlat, ClassicSystem, 0, "column D0D7DA body F7F8F9 icon 0000CD" },
+    { s_nFlat | s_nGradient, ClassicSystem, ODS_SELECTED, "edge D77800 column F4D7B3 body F4D7B3 icon 0000FF" },
+    { s_nFlat | s_nGradient, BrightHighlight, ODS_SELECTED, "edge 00FFFF body DBFFFF" },
+    { s_nFlat | s_nGradient, ClassicSystem, ODS_DISABLED, "body F7F8F9 icon AAAAAA" },
+    { s_nFlat | s_nGradient, ClassicSystem, ODS_CHECKED | s_nNoIcon, "check D77800" },
+    { s_nFlat | s_nGradient, ClassicSystem, s_nLine, "line 6D6D6D line-end 6D6D6D before-line F7F8F9 behind-line F7F8F9" },
+    { s_nGradient, ClassicSystem, s_nNoIcon, "edge FFFFFF middle E8EBED column-end C8D0D4 body F7F8F9" },
+    { s_nGradient, Themed, s_nNoIcon, "edge FEECDD middle F9DBC4 column-end E2A981" },
+    { s_nFlat | s_nGradient, WithFewColours, s_nNoIcon, "column C8D0D4 body F7F8F9" },
+    { s_nFlat | s_nGradient, WithFewColours, ODS_SELECTED, "edge D77800 body FFFFFF" },
+    { s_nFlat, HighContrastBlack, s_nNoIcon, "column 000000 body 000000" },
+    { s_nFlat | s_nGradient, HighContrastBlack, ODS_SELECTED, "edge FFFFFF body 800080" },
+    { s_nFlat | s_nGradient, HighContrastWhite, ODS_SELECTED, "edge 000000 body 000000" },
+    { s_nRaised | s_nTextOnly | s_nShaded, ClassicSystem, s_nNoIcon, "edge C8D0D4 body C8D0D4" },
+    { s_nRaised | s_nShaded, ClassicSystem, 0, "icon 0000CD" },
+    { s_nTextOnly, ClassicSystem, 0, "icon C8D0D4" },
+    { s_nRaised, ClassicSystem, ODS_SELECTED, "edge FFFFFF far-edge 808080 body C8D0D4 icon 0000FF" },
+    { s_nShaded, ClassicSystem, ODS_SELECTED, "edge FFFFFF far-edge 808080 column F4D7B3 body CBD0D2" },
+    { s_nTextOnly, ClassicSystem, ODS_SELECTED, "edge D77800 body D77800" },
+    { s_nRaised | s_nTextOnly | s_nShaded, ClassicSystem, s_nLine, "body C8D0D4 line FFFFFF" },
 };
+// clang-format on
 
 TEST(MenuDrawing, EveryStyleShowsItsItems)
 {
@@ -213,11 +150,14 @@ TEST(MenuDrawing, EveryStyleShowsItsItems)
             if ((row.nState & (s_nNoIcon | s_nLine)) == 0)
                 drawing.AddIcon();
             drawing.Draw(row.nState & 0xFFFF, (row.nState & s_nLine) != 0);
-            for (const auto& [point, colour] : row.points)
+            std::istringstream words(row.pszPoints);
+            COLORREF colour = 0;
+            for (std::string point; words >> point >> std::hex >> colour;)
             {
-                EXPECT_PRED2(IsNear, drawing.At(point), colour)
+                EXPECT_PRED3(IsNear, drawing.At(point), colour, NEARLY)
                     << "row " << &row - s_aCases << ", style " << nStyle << ", " << point;
             }
+            EXPECT_TRUE(words.eof()) << row.pszPoints;
         }
     }
 }
@@ -227,23 +167,23 @@ TEST(MenuDrawing, SettingsChangeIconsAndDisabledItems)
     constexpr DWORD nFlatStyle = 2;
     CDrawing drawing(nFlatStyle, ClassicSystem());
     drawing.AddIcon();
+    const auto at = [&](UINT nState, const char* pszPoint)
+    {
+        drawing.Draw(nState);
+        return drawing.At(pszPoint);
+    };
     EXPECT_TRUE(CNewMenu::SetDarkenedIcons(FALSE));
-    drawing.Draw(0);
-    EXPECT_EQ(drawing.At("icon"), 0x0000FFU);
-    drawing.Draw(ODS_DISABLED);
-    EXPECT_EQ(drawing.At("icon"), 0x979C9EU) << "the column darkened by 70";
-    drawing.Draw(ODS_SELECTED);
-    EXPECT_EQ(drawing.At("shadow"), 0xD1977DU) << "the highlight dimmed, below and on the right";
-    drawing.Draw(ODS_SELECTED | ODS_DISABLED);
-    EXPECT_EQ(drawing.At("body"), 0xF4D7B3U);
+    EXPECT_EQ(at(0, "icon"), 0x0000FFU);
+    EXPECT_EQ(at(ODS_DISABLED, "icon"), 0x979C9EU) << "the column darkened by 70";
+    EXPECT_EQ(at(ODS_SELECTED, "shadow"), 0xD1977DU)
+        << "the highlight dimmed, below and on the right";
+    EXPECT_EQ(at(ODS_SELECTED | ODS_DISABLED, "body"), 0xF4D7B3U);
     EXPECT_TRUE(CNewMenu::SetDisabledSelectable(FALSE));
-    drawing.Draw(ODS_SELECTED | ODS_DISABLED);
-    EXPECT_EQ(drawing.At("body"), 0xF7F8F9U);
+    EXPECT_EQ(at(ODS_SELECTED | ODS_DISABLED, "body"), 0xF7F8F9U);
     CNewMenu::SetDarkenedIcons(TRUE);
     EXPECT_EQ(CNewMenu::SetDarkeningAmount(100), 50);
     ::Sleep(2100);  // icons are looked after now and then
-    drawing.Draw(0);
-    EXPECT_EQ(drawing.At("icon"), 0x00009BU);
+    EXPECT_EQ(at(0, "icon"), 0x00009BU);
 }
 
 // Each change of an item's text or state makes another picture, and what is switched off none.
@@ -271,74 +211,50 @@ TEST(MenuDrawing, BarItemsThatAreOpenHaveAShadow)
     CMemoryPicture picture(60, 40);
     CDC* pDC = CDC::FromHandle(picture);
     DrawBarShadow(pDC, CRect(0, 0, 60, 40), ClassicSystem());
-    const struct
-    {
-        CPoint at;
-        COLORREF colour;
-    } aCases[] = {
-        { { 59, 2 }, 0xC8D0D4 },   // the beginning stays
-        { { 56, 4 }, 0xB5BCC0 },   // column 4 * 6 of 255
-        { { 59, 20 }, 0xB0B8BB },  // 30
-        { { 56, 20 }, 0x6A6E70 },  // 120
-        { { 20, 39 }, 0xB0B8BB }, { { 20, 36 }, 0x6A6E70 },
-        { { 20, 35 }, 0xFFFFFF },  // nothing of the shadow
-    };
-    for (const auto& row : aCases)
-    {
-        EXPECT_EQ(::GetPixel(picture, row.at.x, row.at.y), row.colour)
-            << row.at.x << ' ' << row.at.y;
-    }
+    ExpectPixels(picture, "59 2 C8D0D4");                // the beginning stays
+    ExpectPixels(picture, "56 4 B5BCC0");                // column 4 * 6 of 255
+    ExpectPixels(picture, "59 20 B0B8BB 20 39 B0B8BB");  // 30
+    ExpectPixels(picture, "56 20 6A6E70 20 36 6A6E70");  // 120
+    ExpectPixels(picture, "20 35 FFFFFF");               // nothing of the shadow
     DrawBarShadow(pDC, CRect(0, 0, 60, 40), WithFewColours());
-    EXPECT_EQ(::GetPixel(picture, 58, 20), 0x808080U);
-    EXPECT_EQ(::GetPixel(picture, 20, 39), 0x808080U);
+    ExpectPixels(picture, "58 20 808080 20 39 808080");
 }
 
+// One of twenty bands further after two pixels.
 TEST(MenuDrawing, GradientsGoInBandsWhereTheSystemHasNone)
 {
     CMenuSystem old = ClassicSystem();
     old.m_version = EWindowsVersion::windows98;
     CMemoryPicture picture(40, 10);
-    FillGradient(CDC::FromHandle(picture), CRect(0, 0, 40, 10), 0x0000FF, 0xFF0000, false, old);
-    EXPECT_EQ(::GetPixel(picture, 0, 5), 0x0000FFU);
-    EXPECT_EQ(::GetPixel(picture, 1, 5), 0x0000FFU);
-    EXPECT_EQ(::GetPixel(picture, 2, 5), 0x0D00F2U) << "one of twenty bands further";
-    EXPECT_EQ(::GetPixel(picture, 20, 5), 0x80007FU);
-    FillGradient(CDC::FromHandle(picture), CRect(0, 0, 40, 10), 0x0000FF, 0xFF0000, true, old);
-    EXPECT_EQ(::GetPixel(picture, 20, 0), 0x0000FFU);
-    EXPECT_EQ(::GetPixel(picture, 20, 9), 0xCC0033U);
+    CDC* pDC = CDC::FromHandle(picture);
+    FillGradient(pDC, CRect(0, 0, 40, 10), 0x0000FF, 0xFF0000, false, old);
+    ExpectPixels(picture, "0 5 0000FF 1 5 0000FF 2 5 0D00F2 20 5 80007F");
+    FillGradient(pDC, CRect(0, 0, 40, 10), 0x0000FF, 0xFF0000, true, old);
+    ExpectPixels(picture, "20 0 0000FF 20 9 CC0033");
 }
 
+// A corner, and where the ground begins and ends.
 TEST(MenuDrawing, TitlesHaveTheGroundThatTheirFlagsSay)
 {
-    const struct
-    {
-        UINT nFlags;
-        COLORREF corner;
-        COLORREF start;
-        COLORREF end;
-    } aCases[] = {
-        { 0, 0x6A240A, 0x6A240A, 0x6A240A },
-        { TITLE_GRADIENT, 0x6A240A, 0x6A240A, 0xF7F8F9 },
-        { TITLE_ROUNDED, 0xC8D0D4, 0x6A240A, 0x6A240A },
-        { TITLE_RAISED, 0xFFFFFF, 0x6A240A, 0x6A240A },
-        { TITLE_RAISED | TITLE_GRADIENT, 0xFFFFFF, 0x6A240A, 0xF7F8F9 },
-        { TITLE_VERTICAL | TITLE_GRADIENT, 0xF7F8F9, 0x6A240A, 0xF7F8F9 },
+    const std::pair<UINT, const char*> aCases[] = {
+        { 0, "0 0 6A240A 2 12 6A240A 97 12 6A240A" },
+        { TITLE_GRADIENT, "0 0 6A240A 2 12 6A240A 97 12 F7F8F9" },
+        { TITLE_ROUNDED, "0 0 C8D0D4 2 12 6A240A 97 12 6A240A" },
+        { TITLE_RAISED, "0 0 FFFFFF 2 12 6A240A 97 12 6A240A" },
+        { TITLE_RAISED | TITLE_GRADIENT, "0 0 FFFFFF 2 12 6A240A 97 12 F7F8F9" },
+        { TITLE_VERTICAL | TITLE_GRADIENT, "0 0 F7F8F9 50 23 6A240A 50 0 F7F8F9" },
     };
-    for (const auto& row : aCases)
+    for (const auto& [nFlags, pszPoints] : aCases)
     {
+        SCOPED_TRACE(nFlags);
         CMemoryPicture picture(100, 24);
         CTitleView title;
         title.m_rect = CRect(0, 0, 100, 24);
-        title.m_nFlags = row.nFlags;
+        title.m_nFlags = nFlags;
         title.m_colours =
             TitleColours(ClassicSystem(), { NO_TITLE_COLOUR, NO_TITLE_COLOUR, NO_TITLE_COLOUR });
         DrawMenuTitle(CDC::FromHandle(picture), title, ClassicSystem());
-        EXPECT_PRED2(IsNear, ::GetPixel(picture, 0, 0), row.corner) << row.nFlags;
-        const bool bVertical = (row.nFlags & TITLE_VERTICAL) != 0;
-        const CPoint start = bVertical ? CPoint(50, 23) : CPoint(2, 12);
-        const CPoint end = bVertical ? CPoint(50, 0) : CPoint(97, 12);
-        EXPECT_PRED2(IsNear, ::GetPixel(picture, start.x, start.y), row.start) << row.nFlags;
-        EXPECT_PRED2(IsNear, ::GetPixel(picture, end.x, end.y), row.end) << row.nFlags;
+        ExpectPixels(picture, pszPoints, NEARLY);
     }
 }
 
@@ -348,10 +264,9 @@ TEST(MenuDrawing, WhatIsDrawnInMemoryIsCopiedAtTheEnd)
     {
         CNewMemDC memory(CDC::FromHandle(picture), CRect(2, 2, 8, 8));
         memory.FillSolidRect(0, 0, 5, 10, 0x0000FF);
-        EXPECT_EQ(::GetPixel(picture, 3, 3), 0xFFFFFFU);
+        ExpectPixels(picture, "3 3 FFFFFF");
     }
-    EXPECT_EQ(::GetPixel(picture, 3, 3), 0x0000FFU);
-    EXPECT_EQ(::GetPixel(picture, 1, 3), 0xFFFFFFU);
+    ExpectPixels(picture, "3 3 0000FF 1 3 FFFFFF");
     EXPECT_EQ(CNewBrushList::Brush(0x123456), CNewBrushList::Brush(0x123456));
 }
 }  // namespace

@@ -1,8 +1,9 @@
 // Colours, sizes and places of menus, as numbers.
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <array>
 #include <ostream>
+#include <tuple>
 
 #include "menu/colour.h"
 #include "menu/frame_layout.h"
@@ -30,18 +31,9 @@ constexpr COLORREF s_crMenu = 0xC8D0D4;
 constexpr COLORREF s_crWindow = 0xFFFFFF;
 constexpr COLORREF s_crBlue = 0xD77800;
 
-COLORREF Exactly(COLORREF colour)
-{
-    return colour;
-}
-
 TEST(MenuColours, ArithmeticRoundsAndStaysInItsRange)
 {
-    const struct
-    {
-        COLORREF result;
-        COLORREF expected;
-    } aCases[] = {
+    const std::pair<COLORREF, COLORREF> aCases[] = {
         { DarkenColour(s_crMenu, 128), 0x64686A },
         { DarkenColour(0x646464, 1), 0x646464 },
         { DarkenColour(0x010203, 255), 0 },
@@ -65,7 +57,7 @@ TEST(MenuColours, ArithmeticRoundsAndStaysInItsRange)
         { BandColour(0x0000FF, 0xFF0000, 4, 4), 0xFF0000 },
     };
     for (const auto& row : aCases)
-        EXPECT_EQ(row.result, row.expected) << &row - aCases;
+        EXPECT_EQ(row.first, row.second) << &row - aCases;
     EXPECT_FALSE(IsBright(0x808080));
     EXPECT_TRUE(IsBright(0x818080));
     EXPECT_EQ(CountColours(-1), 64000);
@@ -80,38 +72,28 @@ TEST(MenuColours, DependOnTheSystem)
     brightThemed.m_bTheme = true;
     CMenuSystem contrastInFewColours = HighContrastBlack();
     contrastInFewColours.m_nColours = 16;
-    const struct
-    {
-        CMenuSystem system;
-        COLORREF highlight;
-        COLORREF column;
-        COLORREF body;
-        COLORREF outer;
-        COLORREF text;      // of a selected item
-        COLORREF idleText;  // of another
-    } aCases[] = {
-        { ClassicSystem(), 0xF4D7B3, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
-        { bright, 0xDBFFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
-        { brightThemed, 0xB3FFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 },
-        { WithFewColours(), s_crWindow, 0xC8D0D4, 0xF7F8F9, 0x64686A, 0, 0 },
-        { HighContrastBlack(), 0x800080, 0, 0, s_crWindow, s_crWindow, s_crWindow },
-        { contrastInFewColours, 0x800080, 0, 0, s_crWindow, s_crWindow, s_crWindow },
-        { HighContrastWhite(), 0, s_crWindow, s_crWindow, 0, s_crWindow, 0 },
+    // Highlight, column, body, frame, text of a selected item and of another.
+    const std::pair<CMenuSystem, std::array<COLORREF, 6>> aCases[] = {
+        { ClassicSystem(), { 0xF4D7B3, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 } },
+        { bright, { 0xDBFFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 } },
+        { brightThemed, { 0xB3FFFF, 0xD0D7DA, 0xF7F8F9, 0x64686A, 0, 0 } },
+        { WithFewColours(), { s_crWindow, 0xC8D0D4, 0xF7F8F9, 0x64686A, 0, 0 } },
+        { HighContrastBlack(), { 0x800080, 0, 0, s_crWindow, s_crWindow, s_crWindow } },
+        { contrastInFewColours, { 0x800080, 0, 0, s_crWindow, s_crWindow, s_crWindow } },
+        { HighContrastWhite(), { 0, s_crWindow, s_crWindow, 0, s_crWindow, 0 } },
     };
-    for (const auto& row : aCases)
+    for (const auto& [system, colours] : aCases)
     {
-        const CFlatColours flat = FlatColours(row.system, Exactly);
-        EXPECT_EQ(HighlightColour(row.system), row.highlight) << &row - aCases;
-        EXPECT_EQ(flat.m_column, row.column) << &row - aCases;
-        EXPECT_EQ(flat.m_body, row.body) << &row - aCases;
-        const CFrameColours frame = FlatFrameColours(row.system, 7, false);
-        EXPECT_EQ(frame.m_outer, row.outer) << &row - aCases;
+        SCOPED_TRACE(colours[0]);
+        const CFlatColours flat = FlatColours(system, [](COLORREF c) { return c; });
+        const CFrameColours frame = FlatFrameColours(system, 7, false);
+        EXPECT_EQ((std::array{ HighlightColour(system), flat.m_column, flat.m_body, frame.m_outer,
+                               ItemTextColour(system, true, false),
+                               ItemTextColour(system, false, false) }),
+                  colours);
         EXPECT_EQ(frame.m_innerLeft, 7U);
-        EXPECT_EQ(FlatFrameColours(row.system, 7, true).m_innerLeft,
-                  row.system.Colour(COLOR_WINDOW));
-        EXPECT_EQ(ItemTextColour(row.system, true, false), row.text) << &row - aCases;
-        EXPECT_EQ(ItemTextColour(row.system, false, false), row.idleText) << &row - aCases;
-        EXPECT_EQ(ItemTextColour(row.system, true, true), 0x6D6D6DU);
+        EXPECT_EQ(FlatFrameColours(system, 7, true).m_innerLeft, system.Colour(COLOR_WINDOW));
+        EXPECT_EQ(ItemTextColour(system, true, true), 0x6D6D6DU);
     }
     EXPECT_EQ(FlatFrameColours(ClassicSystem(), 7, false).m_inner, 0xF7F8F9U);
 
@@ -124,21 +106,17 @@ TEST(MenuColours, DependOnTheSystem)
 
 TEST(MenuColours, GradientsComeFromTheThemeOrFromTwoColours)
 {
-    const struct
-    {
-        COLORREF base;
-        CGradientColours colours;
-    } aCases[] = {
+    const std::pair<COLORREF, CGradientColours> aCases[] = {
         { 0xAADADA, { 0xDEF7F4, 0xACDED1, 0x91C6B7, 0x588060 } },
         { 0xE5D7D7, { 0xFAF4F3, 0xECE2E1, 0xB59799, 0x947C7C } },
         { 0xF5C2A3, { 0xFEECDD, 0xF9DBC4, 0xE2A981, 0x9C613B } },
         { 0x6A240A, { 0xBC9C91, 0xAD8778, 0x591E08, 0x3C1406 } },
     };
     CMenuSystem system = Themed();
-    for (const auto& row : aCases)
+    for (const auto& [base, colours] : aCases)
     {
-        system.m_crTheme = row.base;
-        EXPECT_EQ(GradientColours(system, 1, 2), row.colours) << std::hex << row.base;
+        system.m_crTheme = base;
+        EXPECT_EQ(GradientColours(system, 1, 2), colours) << std::hex << base;
     }
     EXPECT_EQ(GradientColours(ClassicSystem(), s_crWindow, s_crMenu),
               (CGradientColours{ s_crWindow, 0xE8EBED, s_crMenu, 0xA1A7AA }));
@@ -147,12 +125,16 @@ TEST(MenuColours, GradientsComeFromTheThemeOrFromTwoColours)
 TEST(MenuColours, TitlesTakeTheirOwnOrTheSystems)
 {
     constexpr COLORREF crNone = NO_TITLE_COLOUR;
-    const CTitleColours own = TitleColours(ClassicSystem(), { 1, 2, 3 });
-    EXPECT_EQ(own.m_start + own.m_end * 10 + own.m_text * 100, 321U);
-    const CTitleColours systems = TitleColours(ClassicSystem(), { crNone, crNone, crNone });
-    EXPECT_EQ(systems.m_start, 0x6A240AU);
-    EXPECT_EQ(systems.m_end, 0xF7F8F9U);
-    EXPECT_EQ(systems.m_text, s_crWindow);
+    using CColours = std::array<COLORREF, 3>;
+    const std::pair<CTitleColours, CColours> aCases[] = {
+        { { 1, 2, 3 }, { 1, 2, 3 } },
+        { { crNone, crNone, crNone }, { 0x6A240A, 0xF7F8F9, s_crWindow } },
+    };
+    for (const auto& [asked, expected] : aCases)
+    {
+        const CTitleColours got = TitleColours(ClassicSystem(), asked);
+        EXPECT_EQ((CColours{ got.m_start, got.m_end, got.m_text }), expected);
+    }
 }
 
 TEST(MenuStyles, OddOnesLeaveTheFrameToTheSystem)
@@ -173,21 +155,15 @@ TEST(MenuStyles, OddOnesLeaveTheFrameToTheSystem)
 
 TEST(MenuStyles, SystemsAreTold)
 {
-    const struct
-    {
-        bool bNT;
-        int nMajor;
-        int nMinor;
-        int nClass;
-    } aCases[] = {
+    const std::tuple<bool, int, int, int> aCases[] = {
         { false, 3, 10, 0 }, { true, 3, 51, 1 }, { false, 4, 0, 2 }, { false, 4, 10, 3 },
         { false, 4, 90, 4 }, { true, 4, 0, 5 },  { true, 5, 0, 6 },  { true, 5, 1, 7 },
         { true, 6, 0, 7 },   { true, 10, 0, 7 },
     };
-    for (const auto& row : aCases)
+    for (const auto& [bNT, nMajor, nMinor, nClass] : aCases)
     {
-        EXPECT_EQ(static_cast<int>(ClassifyWindows(row.bNT, row.nMajor, row.nMinor)), row.nClass)
-            << row.nMajor << '.' << row.nMinor;
+        EXPECT_EQ(static_cast<int>(ClassifyWindows(bNT, nMajor, nMinor)), nClass)
+            << nMajor << '.' << nMinor;
     }
 }
 
@@ -203,13 +179,7 @@ TEST(MenuItems, AreMeasuredByTheStyle)
     const CItemContent separator{ {}, ICON, true };
     const CItemContent large{ LABEL, { 20, 20 } };
     using enum EMeasureStyle;
-    const struct
-    {
-        EMeasureStyle style;
-        CItemContent item;
-        int nMenuHeight;
-        CSize size;
-    } aCases[] = {
+    const std::tuple<EMeasureStyle, CItemContent, int, CSize> aCases[] = {
         { flat, item, 19, { 81, 22 } },    { flat, item, 23, { 83, 22 } },
         { flat, item, 24, { 84, 24 } },    { flat, submenu, 19, { 91, 22 } },
         { flat, large, 19, { 85, 27 } },   { flat, large, 28, { 90, 27 } },
@@ -219,11 +189,12 @@ TEST(MenuItems, AreMeasuredByTheStyle)
         { plain, large, 19, { 82, 24 } },  { plain, bar, 19, { 50, 20 } },
         { shaded, item, 19, { 82, 24 } },  { shaded, submenu, 19, { 82, 24 } },
     };
-    for (const auto& row : aCases)
+    for (const auto& [style, content, nMenuHeight, size] : aCases)
     {
         CMenuSystem system;
-        system.m_nMenuHeight = row.nMenuHeight;
-        EXPECT_EQ(MeasureItemIn(row.style, row.item, system), row.size) << &row - aCases;
+        system.m_nMenuHeight = nMenuHeight;
+        EXPECT_EQ(MeasureItemIn(style, content, system), size)
+            << static_cast<int>(style) << ' ' << nMenuHeight;
     }
     EXPECT_EQ(SystemItemSize({ 40, 30 }, 60, CMenuSystem()), CSize(60, 19));
     EXPECT_EQ(SystemItemSize({ 70, 30 }, 60, CMenuSystem()), CSize(70, 19));
@@ -232,43 +203,24 @@ TEST(MenuItems, AreMeasuredByTheStyle)
 TEST(MenuItems, HaveTheirPartsInPlace)
 {
     const CRect item(10, 100, 150, 122);
-    const struct
-    {
-        CItemLayout layout;
-        CRect column;
-        CRect body;
-        CRect icon;
-        CRect check;
-        CRect text;
-    } aCases[] = {
+    using CParts = std::array<CRect, 5>;  // column, body, icon, check, text
+    // clang-format off
+    const std::pair<CItemLayout, CParts> aCases[] = {
         { LayOutFlatItem(item, { 16, 15 }, false),
-          { 10, 100, 34, 122 },
-          { 34, 100, 150, 122 },
-          { 14, 103, 30, 118 },
-          { 12, 101, 32, 120 },
-          { 49, 100, 146, 122 } },
+          { { { 10, 100, 34, 122 }, { 34, 100, 150, 122 }, { 14, 103, 30, 118 }, { 12, 101, 32, 120 }, { 49, 100, 146, 122 } } } },
         { LayOutFlatItem(item, { 16, 15 }, true),
-          { 126, 100, 150, 122 },
-          { 10, 100, 126, 122 },
-          { 130, 103, 146, 118 },
-          { 128, 101, 148, 120 },
-          { 14, 100, 111, 122 } },
+          { { { 126, 100, 150, 122 }, { 10, 100, 126, 122 }, { 130, 103, 146, 118 }, { 128, 101, 148, 120 }, { 14, 100, 111, 122 } } } },
         { LayOutPlainItem(item, { 20, 20 }),
-          {},
-          item,
-          { 14, 101, 34, 121 },
-          { 12, 101, 36, 121 },
-          { 38, 100, 146, 122 } },
+          { { {}, item, { 14, 101, 34, 121 }, { 12, 101, 36, 121 }, { 38, 100, 146, 122 } } } },
     };
-    for (const auto& row : aCases)
+    // clang-format on
+    for (const auto& [layout, parts] : aCases)
     {
-        EXPECT_EQ(row.layout.m_column, row.column) << &row - aCases;
-        EXPECT_EQ(row.layout.m_body, row.body) << &row - aCases;
-        EXPECT_EQ(row.layout.m_icon, row.icon) << &row - aCases;
-        EXPECT_EQ(row.layout.m_check, row.check) << &row - aCases;
-        EXPECT_EQ(row.layout.m_text, row.text) << &row - aCases;
+        EXPECT_EQ((CParts{ layout.m_column, layout.m_body, layout.m_icon, layout.m_check,
+                           layout.m_text }),
+                  parts);
     }
-    EXPECT_EQ(LayOutFlatItem(item, { 16, 15 }, false).m_separator, CRect(49, 100, 146, 122));
+    EXPECT_EQ(aCases[0].first.m_separator, CRect(49, 100, 146, 122));
 }
 
 TEST(MenuFrames, LeaveRoomForTheShadowThatTheSystemDoesNotDraw)
@@ -293,21 +245,16 @@ TEST(MenuFrames, RaisedOnesHaveTwoColours)
 
 TEST(MenuFrames, ShadowsFade)
 {
-    const struct
-    {
-        int nLine;
-        int nPlace;
-        int nWindow;  // of 100
-        int nBar;
-    } aCases[] = {
+    // Line, place, darkness of a window's of 100 and of a bar's.
+    const std::array<int, 4> aCases[] = {
         { 1, 0, 0, 0 },    { 4, 3, 0, 0 },    { 1, 4, 6, 6 },      { 4, 4, 24, 24 },
         { 2, 7, 48, 48 },  { 1, 8, 30, 30 },  { 4, 50, 120, 120 }, { 3, 95, 90, 90 },
         { 3, 96, 72, 90 }, { 3, 99, 18, 90 },
     };
-    for (const auto& row : aCases)
+    for (const auto& [nLine, nPlace, nWindow, nBar] : aCases)
     {
-        EXPECT_EQ(WindowShadowDarkness(row.nLine, row.nPlace, 100), row.nWindow) << row.nPlace;
-        EXPECT_EQ(BarShadowDarkness(row.nLine, row.nPlace), row.nBar) << row.nPlace;
+        EXPECT_EQ(WindowShadowDarkness(nLine, nPlace, 100), nWindow) << nPlace;
+        EXPECT_EQ(BarShadowDarkness(nLine, nPlace), nBar) << nPlace;
     }
 }
 
@@ -319,40 +266,25 @@ TEST(MenuTitles, TextIconAndLines)
     EXPECT_EQ(MeasureTitle(LABEL, crNone, 0), CSize(68, 20));
     EXPECT_EQ(MeasureTitle(LABEL, ICON, 0), CSize(88, 23));
     EXPECT_EQ(MeasureTitle(LABEL, crNone, TITLE_VERTICAL), CSize(20, 68));
-    const struct
-    {
-        CRect rect;
-        CSize icon;
-        UINT nFlags;
-        CPoint text;
-        CRect iconPlace;
-        CRect line[2];
-    } aCases[] = {
-        { { 0, 0, 200, 24 }, crNone, 0, { 2, 4 }, {}, { {}, { 67, 11, 195, 13 } } },
-        { { 0, 0, 200, 24 }, ICON, 0, { 22, 4 }, { 2, 4, 18, 19 }, { {}, { 87, 11, 195, 13 } } },
-        { { 0, 0, 200, 24 }, crNone, TITLE_ROUNDED, { 12, 4 }, {}, { {}, { 77, 11, 195, 13 } } },
-        { { 0, 0, 70, 24 }, crNone, TITLE_ROUNDED, { 6, 4 }, {}, {} },
-        { { 0, 0, 200, 24 },
-          crNone,
-          TITLE_CENTRED,
-          { 71, 4 },
-          {},
-          { { 5, 11, 64, 13 }, { 136, 11, 195, 13 } } },
-        { { 0, 0, 24, 200 }, crNone, TITLE_VERTICAL, { 4, 198 }, {}, { {}, { 11, 5, 13, 133 } } },
-        { { 0, 0, 24, 200 },
-          ICON,
-          TITLE_VERTICAL | TITLE_CENTRED,
-          { 4, 120 },
-          { 4, 124, 20, 139 },
-          { { 11, 146, 13, 195 }, { 11, 5, 13, 55 } } },
+    const CRect wide(0, 0, 200, 24);
+    const CRect high(0, 0, 24, 200);
+    using CPlaces = std::array<CRect, 4>;  // the text's corner, icon, two lines
+    // clang-format off
+    const std::tuple<CRect, CSize, UINT, CPlaces> aCases[] = {
+        { wide, crNone, 0, { { { 2, 4, 2, 4 }, {}, {}, { 67, 11, 195, 13 } } } },
+        { wide, ICON, 0, { { { 22, 4, 22, 4 }, { 2, 4, 18, 19 }, {}, { 87, 11, 195, 13 } } } },
+        { wide, crNone, TITLE_ROUNDED, { { { 12, 4, 12, 4 }, {}, {}, { 77, 11, 195, 13 } } } },
+        { { 0, 0, 70, 24 }, crNone, TITLE_ROUNDED, { { { 6, 4, 6, 4 }, {}, {}, {} } } },
+        { wide, crNone, TITLE_CENTRED, { { { 71, 4, 71, 4 }, {}, { 5, 11, 64, 13 }, { 136, 11, 195, 13 } } } },
+        { high, crNone, TITLE_VERTICAL, { { { 4, 198, 4, 198 }, {}, {}, { 11, 5, 13, 133 } } } },
+        { high, ICON, TITLE_VERTICAL | TITLE_CENTRED, { { { 4, 120, 4, 120 }, { 4, 124, 20, 139 }, { 11, 146, 13, 195 }, { 11, 5, 13, 55 } } } },
     };
-    for (const auto& row : aCases)
+    // clang-format on
+    for (const auto& [rect, icon, nFlags, places] : aCases)
     {
-        const CTitleLayout layout = LayOutTitle(row.rect, LABEL, row.icon, row.nFlags);
-        EXPECT_EQ(layout.m_text, row.text) << &row - aCases;
-        EXPECT_EQ(layout.m_icon, row.iconPlace) << &row - aCases;
-        EXPECT_EQ(layout.m_line[0], row.line[0]) << &row - aCases;
-        EXPECT_EQ(layout.m_line[1], row.line[1]) << &row - aCases;
+        const auto [iconPlace, text, lines] = LayOutTitle(rect, LABEL, icon, nFlags);
+        EXPECT_EQ((CPlaces{ CRect(text, CSize()), iconPlace, lines[0], lines[1] }), places)
+            << nFlags;
     }
 }
 

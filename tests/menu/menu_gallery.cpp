@@ -1,6 +1,6 @@
 // Pictures of menus for the page about them: menu_gallery.exe FOLDER opens a menu with a submenu in
-// each style and writes what its windows show to FOLDER/style-N.bmp.
-#include <cstdio>
+// each style and writes what its windows show to FOLDER/style-N.ppm.
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,6 +10,7 @@
 #include "menu/win32/new_frame.h"
 #include "menu/win32/windows_system.h"
 #include "platform/gdi/memory_picture.h"
+#include "platform/win/desk.h"
 
 namespace
 {
@@ -21,45 +22,26 @@ constexpr CSize PICTURE(300, 190);
 constexpr CPoint CORNER(100, 100);  // of the menu, and of the picture less a margin
 constexpr int s_nMargin = 6;
 
-void WriteBitmap(const CMemoryPicture& picture, const std::string& path)
+void WritePicture(const CMemoryPicture& picture, const std::string& path)
 {
-    const DWORD nBits = static_cast<DWORD>(picture.Width() * picture.Height()) * 4;
-    BITMAPINFOHEADER info = {};
-    info.biSize = sizeof info;
-    info.biWidth = picture.Width();
-    info.biHeight = -picture.Height();
-    info.biPlanes = 1;
-    info.biBitCount = 32;
-    std::vector<DWORD> bits(nBits / 4);
-    ::GetDIBits(picture, picture.Bitmap(), 0, static_cast<UINT>(picture.Height()), bits.data(),
-                reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
-    BITMAPFILEHEADER head = {};
-    head.bfType = 0x4D42;
-    head.bfOffBits = sizeof head + sizeof info;
-    head.bfSize = head.bfOffBits + nBits;
-    if (std::FILE* pFile = std::fopen(path.c_str(), "wb"))
+    std::ofstream file(path, std::ios::binary);
+    file << "P6 " << picture.Width() << ' ' << picture.Height() << " 255\n";
+    for (const COLORREF colour : picture.Colours())
     {
-        std::fwrite(&head, sizeof head, 1, pFile);
-        std::fwrite(&info, sizeof info, 1, pFile);
-        std::fwrite(bits.data(), nBits, 1, pFile);
-        std::fclose(pFile);
+        for (const BYTE nPart : { GetRValue(colour), GetGValue(colour), GetBValue(colour) })
+            file.put(static_cast<char>(nPart));
     }
-}
-
-BOOL CALLBACK AddMenuWindow(HWND hWnd, LPARAM lParam)
-{
-    char szClass[16] = "";
-    ::GetClassNameA(hWnd, szClass, sizeof szClass);
-    if (std::string(szClass) == "#32768" && ::IsWindowVisible(hWnd))
-        reinterpret_cast<std::vector<HWND>*>(lParam)->push_back(hWnd);
-    return TRUE;
 }
 
 // The windows of menus, from the front.
 std::vector<HWND> OpenMenus()
 {
     std::vector<HWND> windows;
-    ::EnumWindows(AddMenuWindow, reinterpret_cast<LPARAM>(&windows));
+    for (HWND hWnd = nullptr; (hWnd = ::FindWindowExA(nullptr, hWnd, "#32768", nullptr));)
+    {
+        if (::IsWindowVisible(hWnd))
+            windows.push_back(hWnd);
+    }
     return windows;
 }
 
@@ -99,7 +81,7 @@ private:
             ::BitBlt(picture, rect.left, rect.top, rect.Width(), rect.Height(), hDC, 0, 0, SRCCOPY);
             ::ReleaseDC(*hWnd, hDC);
         }
-        WriteBitmap(picture, m_path);
+        WritePicture(picture, m_path);
     }
 };
 
@@ -145,18 +127,6 @@ void Fill(CNewMenu& menu)
     menu.InsertTitle(0, L"Formula", TITLE_GRADIENT);
     menu.SetIcons(Icons());
 }
-// Until the screen shows what has been painted: shadows are drawn over it.
-void Rest()
-{
-    const DWORD nBegin = ::GetTickCount();
-    while (::GetTickCount() - nBegin < 300)
-    {
-        MSG message;
-        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-            ::DispatchMessageA(&message);
-        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 20, QS_ALLINPUT);
-    }
-}
 }  // namespace
 
 int main(int argc, char** argv)
@@ -175,8 +145,8 @@ int main(int argc, char** argv)
         CNewMenu::SetStyle(nStyle);
         CNewMenu menu;
         Fill(menu);
-        stage.m_path = std::string(argv[1]) + "/style-" + std::to_string(nStyle) + ".bmp";
-        Rest();
+        stage.m_path = std::string(argv[1]) + "/style-" + std::to_string(nStyle) + ".ppm";
+        PumpUntil([] { return false; }, 300);  // shadows are drawn over what the screen shows
         menu.TrackPopupMenu(0, CORNER.x, CORNER.y, &stage);
     }
     stage.DestroyWindow();

@@ -14,8 +14,10 @@
 #include "menu/win32/menu_theme.h"
 #include "menu/win32/new_frame.h"
 #include "menu/win32/windows_system.h"
+#include "pixels.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/win/desk.h"
+#include "platform/win/dialog_template.h"
 #include "systems.h"
 
 namespace
@@ -30,7 +32,6 @@ class COwner : public CNewFrameWnd
 {
 public:
     std::function<void(HWND)> m_onIdle;
-    UINT m_nCommand = 0;
     UINT m_nMeasured = 0;
 
 protected:
@@ -43,8 +44,6 @@ protected:
             ::EndMenu();
         }
         m_nMeasured += nMessage == WM_MEASUREITEM;
-        if (nMessage == WM_COMMAND)
-            m_nCommand = LOWORD(wParam);
         return CNewFrameWnd::WindowProc(nMessage, wParam, lParam);
     }
     void PostNcDestroy() override {}
@@ -73,8 +72,8 @@ protected:
             m_owner.Create(nullptr, "owner", WS_POPUP | WS_VISIBLE, CRect(100, 100, 500, 400)));
         m_system = ReadMenuSystem();
         m_system.m_bWine = false;
-        m_system.m_bDropShadow = true;
-        SetMenuSystem(&m_system);
+        SetShadow(true);
+        Fill(m_menu);
         ::SetCursorPos(10, 10);
     }
     void TearDown() override
@@ -84,53 +83,73 @@ protected:
         GetMenuSettings() = CMenuSettings();
         CNewMenu::SetStyle(DEFAULT_MENU_STYLE);
     }
-    // The menu opens, is looked at, and closes.
-    void Open(CNewMenu& menu, const std::function<void(HWND)>& look = nullptr)
+    // Whether the system draws the shadows of menus.
+    void SetShadow(bool bShadow)
+    {
+        m_system.m_bDropShadow = bShadow;
+        SetMenuSystem(&m_system);
+    }
+    // A menu opens, is looked at, and closes.
+    void Open(CMenu& menu, const std::function<void(HWND)>& look)
     {
         bool bSeen = false;
         m_owner.m_onIdle = [&](HWND hWnd)
         {
             bSeen = true;
-            if (look)
-                look(hWnd);
+            look(hWnd);
         };
         menu.TrackPopupMenu(0, 200, 200, &m_owner);
         EXPECT_TRUE(bSeen);
         m_owner.m_onIdle = nullptr;
     }
+    void Open(const std::function<void(HWND)>& look) { Open(m_menu, look); }
 
     COwner m_owner;
     CMenuSystem m_system;
+    CNewMenu m_menu;
 };
 
-COLORREF PixelOf(HWND hWnd, CPoint point, bool bFrame)
+// Of the client area, or of the window with its frame.
+void ExpectPixelsOf(HWND hWnd, const std::string& strPoints, bool bFrame = true)
 {
     const HDC hDC = bFrame ? ::GetWindowDC(hWnd) : ::GetDC(hWnd);
-    const COLORREF colour = ::GetPixel(hDC, point.x, point.y);
+    ExpectPixels(hDC, strPoints);
     ::ReleaseDC(hWnd, hDC);
-    return colour;
+}
+
+std::string Place(int x, int y)
+{
+    return std::to_string(x) + ' ' + std::to_string(y) + ' ';
+}
+
+WNDPROC Procedure(HWND hWnd)
+{
+    return reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(hWnd, GWLP_WNDPROC));
+}
+
+CRect WindowRect(HWND hWnd)
+{
+    CRect window;
+    ::GetWindowRect(hWnd, &window);
+    return window;
 }
 
 TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
 {
-    constexpr COLORREF crMenu = 0xC8D0D4;
-    const struct
-    {
-        DWORD nStyle;
-        COLORREF frame;      // the corner of the window; not looked at where it is the system's
-        COLORREF innerLeft;  // the second column
-        COLORREF body;       // of the first item
-    } aCases[] = {
-        { 0, crMenu, 0xFFFFFF, crMenu },      { 1, 0, 0, crMenu },
-        { 2, 0x64686A, 0xD0D7DA, 0xF7F8F9 },  { 3, 0, 0, 0xF7F8F9 },
-        { 4, crMenu, 0xFFFFFF, crMenu },      { 5, 0, 0, crMenu },
-        { 6, crMenu, 0xFFFFFF, crMenu },      { 7, 0, 0, crMenu },
-        { 8, 0x64686A, 0xFFFFFF, 0xF7F8F9 },  { 9, 0, 0, 0xF7F8F9 },
-        { 10, 0x64686A, 0xD0D7DA, 0xF7F8F9 }, { 11, 0, 0, 0xF7F8F9 },
+    // The colour of the first item; the window's corner and second column, where the frame is not
+    // the system's.
+    const std::pair<const char*, const char*> aCases[] = {
+        { "C8D0D4", "0 0 C8D0D4 1 10 FFFFFF" }, { "C8D0D4", "" },
+        { "F7F8F9", "0 0 64686A 1 10 D0D7DA" }, { "F7F8F9", "" },
+        { "C8D0D4", "0 0 C8D0D4 1 10 FFFFFF" }, { "C8D0D4", "" },
+        { "C8D0D4", "0 0 C8D0D4 1 10 FFFFFF" }, { "C8D0D4", "" },
+        { "F7F8F9", "0 0 64686A 1 10 FFFFFF" }, { "F7F8F9", "" },
+        { "F7F8F9", "0 0 64686A 1 10 D0D7DA" }, { "F7F8F9", "" },
     };
-    for (const auto& row : aCases)
+    for (DWORD nStyle = 0; nStyle < std::size(aCases); nStyle++)
     {
-        CNewMenu::SetStyle(row.nStyle);
+        SCOPED_TRACE(nStyle);
+        CNewMenu::SetStyle(nStyle);
         CNewMenu menu;
         Fill(menu);
         Open(menu,
@@ -143,19 +162,14 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
                  CRect client;
                  ::GetClientRect(hWnd, &client);
                  const int x = std::min(item.right, client.right) - 8;
-                 EXPECT_EQ(PixelOf(hWnd, { x, item.top + 4 }, false), row.body) << row.nStyle;
-                 if (row.nStyle % 2 != 0)
-                     return;
-                 EXPECT_EQ(PixelOf(hWnd, { 0, 0 }, true), row.frame) << row.nStyle;
-                 EXPECT_EQ(PixelOf(hWnd, { 1, 10 }, true), row.innerLeft) << row.nStyle;
+                 ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].first, false);
+                 ExpectPixelsOf(hWnd, aCases[nStyle].second);
              });
     }
 }
 
 TEST_F(MenuPopup, TheProcedureComesAndGoes)
 {
-    CNewMenu menu;
-    Fill(menu);
     CMenu plain;
     plain.CreatePopupMenu();
     plain.AppendMenu(MF_STRING, s_nFirst, "plain");
@@ -163,41 +177,34 @@ TEST_F(MenuPopup, TheProcedureComesAndGoes)
     {
         CNewMenu::SetAnyMenu(bAny);
         HWND hWindow = nullptr;
-        Open(menu,
-             [&](HWND hWnd)
-             {
-                 hWindow = hWnd;
-                 const ATOM nAtom = ::GlobalFindAtomA("OldMenuProc");
-                 ASSERT_NE(nAtom, 0);
-                 const HANDLE hOld = ::GetPropA(hWnd, MAKEINTATOM(nAtom));
-                 EXPECT_EQ(reinterpret_cast<WNDPROC>(hOld), CNewMenuHook::Find(hWnd)->m_pfnOld);
-                 EXPECT_NE(reinterpret_cast<LONG_PTR>(hOld),
-                           ::GetWindowLongPtrW(hWnd, GWLP_WNDPROC));
-             });
+        Open(
+            [&](HWND hWnd)
+            {
+                hWindow = hWnd;
+                const ATOM nAtom = ::GlobalFindAtomA("OldMenuProc");
+                ASSERT_NE(nAtom, 0);
+                const auto pfnOld = reinterpret_cast<WNDPROC>(::GetPropA(hWnd, MAKEINTATOM(nAtom)));
+                EXPECT_EQ(pfnOld, CNewMenuHook::Find(hWnd)->m_pfnOld);
+                EXPECT_NE(pfnOld, Procedure(hWnd));
+            });
         EXPECT_EQ(::GlobalFindAtomA("OldMenuProc"), 0);
         EXPECT_EQ(CNewMenuHook::Find(hWindow), nullptr);
-        m_owner.m_onIdle = [&](HWND hWnd)
-        {
-            EXPECT_EQ(CNewMenuHook::Find(hWnd) != nullptr, bAny);
-        };
-        plain.TrackPopupMenu(0, 200, 200, &m_owner);
+        Open(plain, [&](HWND hWnd) { EXPECT_EQ(CNewMenuHook::Find(hWnd) != nullptr, bAny); });
     }
 }
 
 TEST_F(MenuPopup, TheLibraryMayGoWhileAMenuIsOpen)
 {
-    CNewMenu menu;
-    Fill(menu);
-    Open(menu,
-         [&](HWND hWnd)
-         {
-             const LONG nStyle = ::GetWindowLongW(hWnd, GWL_STYLE);
-             const WNDPROC pfnOld = CNewMenuHook::Find(hWnd)->m_pfnOld;
-             CNewMenuThreadHook::EndAll();
-             EXPECT_EQ(reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(hWnd, GWLP_WNDPROC)), pfnOld);
-             EXPECT_EQ(CNewMenuHook::Find(hWnd), nullptr);
-             EXPECT_EQ(::GetWindowLongW(hWnd, GWL_STYLE) & WS_VISIBLE, nStyle & WS_VISIBLE);
-         });
+    Open(
+        [&](HWND hWnd)
+        {
+            const LONG nStyle = ::GetWindowLongW(hWnd, GWL_STYLE);
+            const WNDPROC pfnOld = CNewMenuHook::Find(hWnd)->m_pfnOld;
+            CNewMenuThreadHook::EndAll();
+            EXPECT_EQ(Procedure(hWnd), pfnOld);
+            EXPECT_EQ(CNewMenuHook::Find(hWnd), nullptr);
+            EXPECT_EQ(::GetWindowLongW(hWnd, GWL_STYLE) & WS_VISIBLE, nStyle & WS_VISIBLE);
+        });
     CNewMenu next;  // the hook is set again where it is needed
     Fill(next);
     Open(next, [](HWND hWnd) { EXPECT_NE(CNewMenuHook::Find(hWnd), nullptr); });
@@ -207,55 +214,41 @@ TEST_F(MenuPopup, TheLibraryMayGoWhileAMenuIsOpen)
 TEST_F(MenuPopup, MessagesOfTheWindowAreAnswered)
 {
     CNewMenu::SetStyle(2);
-    CNewMenu menu;
-    Fill(menu);
+    const auto look = [&](HWND hWnd)
+    {
+        const bool bShadow = m_system.m_bDropShadow;
+        RECT inside = { 100, 100, 300, 300 };
+        ::SendMessageA(hWnd, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&inside));
+        EXPECT_EQ(CRect(inside), bShadow ? CRect(102, 102, 298, 298) : CRect(102, 102, 295, 294));
+        const CRect window = WindowRect(hWnd);
+        WINDOWPOS position = { hWnd,           nullptr,         window.left,   window.top + 1,
+                               window.Width(), window.Height(), SWP_NOACTIVATE };
+        ::SendMessageA(hWnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&position));
+        EXPECT_EQ(position.y, window.top);
+        EXPECT_EQ(position.cx - window.Width(), bShadow ? -2 : 2);
+        EXPECT_EQ(position.cy - window.Height(), bShadow ? -2 : 2);
+
+        CMemoryPicture picture(window.Width(), window.Height());
+        ::SendMessageA(hWnd, WM_PRINT, reinterpret_cast<WPARAM>(HDC(picture)), 0);
+        const int x = window.Width() - (bShadow ? 1 : 5);  // the frame's last column
+        ExpectPixels(picture, Place(x, 20) + "64686A 0 0 64686A 1 10 D0D7DA 2 1 F7F8F9");
+        EXPECT_NE(::GetPixel(picture, x + 1, 20), 0x64686AU);
+        ExpectPixels(picture, "30 30 F7F8F9");  // items
+
+        ::SendMessageA(hWnd, WM_KEYDOWN, VK_ESCAPE, 0);
+        EXPECT_TRUE(CNewMenuHook::Find(hWnd)->m_bEscape);
+    };
     for (const bool bShadow : { true, false })
     {
-        m_system.m_bDropShadow = bShadow;
-        SetMenuSystem(&m_system);
-        Open(menu,
-             [&](HWND hWnd)
-             {
-                 RECT inside = { 100, 100, 300, 300 };
-                 ::SendMessageA(hWnd, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&inside));
-                 EXPECT_EQ(CRect(inside),
-                           bShadow ? CRect(102, 102, 298, 298) : CRect(102, 102, 295, 294));
-                 CRect window;
-                 ::GetWindowRect(hWnd, &window);
-                 WINDOWPOS position = { hWnd,           nullptr,        window.left,
-                                        window.top + 1, window.Width(), window.Height(),
-                                        SWP_NOACTIVATE };
-                 ::SendMessageA(hWnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&position));
-                 EXPECT_EQ(position.y, window.top);
-                 EXPECT_EQ(position.cx - window.Width(), bShadow ? -2 : 2);
-                 EXPECT_EQ(position.cy - window.Height(), bShadow ? -2 : 2);
-
-                 CMemoryPicture picture(window.Width(), window.Height());
-                 ::SendMessageA(hWnd, WM_PRINT, reinterpret_cast<WPARAM>(HDC(picture)), 0);
-                 EXPECT_EQ(::GetPixel(picture, 0, 0), 0x64686AU);
-                 EXPECT_EQ(::GetPixel(picture, 1, 10), 0xD0D7DAU);
-                 EXPECT_EQ(::GetPixel(picture, 2, 1), 0xF7F8F9U);
-                 const int nShadow = bShadow ? 1 : 5;  // the frame's last column
-                 EXPECT_EQ(::GetPixel(picture, window.Width() - nShadow, 20), 0x64686AU);
-                 EXPECT_NE(::GetPixel(picture, window.Width() - nShadow + 1, 20), 0x64686AU);
-                 EXPECT_EQ(::GetPixel(picture, 30, 30), 0xF7F8F9U) << "items";
-
-                 ::SendMessageA(hWnd, WM_KEYDOWN, VK_ESCAPE, 0);
-                 EXPECT_TRUE(CNewMenuHook::Find(hWnd)->m_bEscape);
-             });
+        SetShadow(bShadow);
+        Open(look);
     }
 }
 
+// The record that knows of a key; another opening of the same window begins a new one.
 TEST_F(MenuPopup, AWindowThatGoesElsewhereIsGivenBack)
 {
-    // The record that knows of a key; another opening of the same window begins a new one.
-    const struct
-    {
-        const char* pszName;
-        UINT nFlags;
-        bool bStays;
-    } aCases[] = { { "moved", SWP_NOSIZE, true }, { "moved and sized", 0, false } };
-    for (const auto& row : aCases)
+    for (const UINT nFlags : { SWP_NOSIZE, 0 })
     {
         CNewMenu menu;
         Fill(menu);
@@ -264,97 +257,80 @@ TEST_F(MenuPopup, AWindowThatGoesElsewhereIsGivenBack)
              {
                  ::SendMessageA(hWnd, WM_KEYDOWN, VK_ESCAPE, 0);
                  ::SetWindowPos(hWnd, nullptr, 300, 300, 90, 90,
-                                row.nFlags | SWP_NOACTIVATE | SWP_NOZORDER);
+                                nFlags | SWP_NOACTIVATE | SWP_NOZORDER);
                  ASSERT_NE(CNewMenuHook::Find(hWnd), nullptr);
-                 EXPECT_EQ(CNewMenuHook::Find(hWnd)->m_bEscape, row.bStays) << row.pszName;
+                 EXPECT_EQ(CNewMenuHook::Find(hWnd)->m_bEscape, nFlags == SWP_NOSIZE);
              });
     }
 }
 
 TEST_F(MenuPopup, AShadowOfItsOwnDarkensTheScreen)
 {
-    m_system.m_bDropShadow = false;
-    SetMenuSystem(&m_system);
+    SetShadow(false);
     CNewMenu::SetStyle(2);
-    CNewMenu menu;
-    Fill(menu);
     m_owner.UpdateWindow();
     PumpUntil([] { return false; }, 200);  // until the screen has it
-    Open(menu,
-         [&](HWND hWnd)
-         {
-             CRect window;
-             ::GetWindowRect(hWnd, &window);
-             const COLORREF behind = PixelOf(hWnd, { window.Width() - 1, 0 }, true);
-             const COLORREF shadow = PixelOf(hWnd, { window.Width() - 4, 30 }, true);
-             EXPECT_EQ(behind, 0xFFFFFFU) << "the owner";
-             EXPECT_EQ(shadow, 0x878787U) << "darkened by 120";
-             EXPECT_EQ(PixelOf(hWnd, { window.Width() - 1, 30 }, true), 0xE1E1E1U) << "by 30";
-         });
+    Open(
+        [&](HWND hWnd)
+        {
+            const int nWidth = WindowRect(hWnd).Width();
+            ExpectPixelsOf(hWnd, Place(nWidth - 1, 0) + "FFFFFF");   // the owner
+            ExpectPixelsOf(hWnd, Place(nWidth - 4, 30) + "878787");  // darkened by 120
+            ExpectPixelsOf(hWnd, Place(nWidth - 1, 30) + "E1E1E1");  // by 30
+        });
 }
 
 TEST_F(MenuPopup, OpacityMakesTheWindowLayered)
 {
     CNewMenu::SetStyle(2);
     CNewMenu::SetOpacity(128);
-    CNewMenu menu;
-    Fill(menu);
-    Open(menu,
-         [](HWND hWnd)
-         {
-             EXPECT_NE(::GetWindowLongA(hWnd, GWL_EXSTYLE) & WS_EX_LAYERED, 0);
-             ::SetWindowLongA(hWnd, GWL_EXSTYLE, 0);
-             ::SendMessageA(hWnd, WM_TIMER, CNewMenuHook::LAYER_TIMER, 0);
-             BYTE nAlpha = 0;
-             DWORD nFlags = 0;
-             EXPECT_TRUE(::GetLayeredWindowAttributes(hWnd, nullptr, &nAlpha, &nFlags));
-             EXPECT_EQ(nAlpha, 128);
-             CNewMenuThreadHook::EndAll();
-             EXPECT_EQ(::GetWindowLongA(hWnd, GWL_EXSTYLE) & WS_EX_LAYERED, 0) << "as it was";
-         });
+    Open(
+        [](HWND hWnd)
+        {
+            EXPECT_NE(::GetWindowLongA(hWnd, GWL_EXSTYLE) & WS_EX_LAYERED, 0);
+            ::SetWindowLongA(hWnd, GWL_EXSTYLE, 0);
+            ::SendMessageA(hWnd, WM_TIMER, CNewMenuHook::LAYER_TIMER, 0);
+            BYTE nAlpha = 0;
+            DWORD nFlags = 0;
+            EXPECT_TRUE(::GetLayeredWindowAttributes(hWnd, nullptr, &nAlpha, &nFlags));
+            EXPECT_EQ(nAlpha, 128);
+            CNewMenuThreadHook::EndAll();
+            EXPECT_EQ(::GetWindowLongA(hWnd, GWL_EXSTYLE) & WS_EX_LAYERED, 0) << "as it was";
+        });
 }
 
+// A window without an object: the menu has one of its own meanwhile.
 TEST_F(MenuPopup, CommandsComeToTheOwnerOrToItsStandIn)
 {
-    // A window without an object: the menu has one of its own meanwhile.
     const HWND hStatic = ::CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 100, 100, 300, 300,
                                          nullptr, nullptr, nullptr, nullptr);
     static UINT s_nCommand;
     s_nCommand = 0;
-    static WNDPROC s_pfnOld;
-    s_pfnOld = reinterpret_cast<WNDPROC>(::SetWindowLongPtrA(
-        hStatic, GWLP_WNDPROC,
-        reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(
-            [](HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) -> LRESULT
-            {
-                if (nMessage == WM_COMMAND)
-                    s_nCommand = LOWORD(wParam);
-                if (nMessage == WM_INITMENUPOPUP)
-                {
-                    for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
-                    {
-                        ::PostMessageA(::GetActiveWindow() != nullptr ? ::GetActiveWindow() : hWnd,
-                                       WM_KEYDOWN, nKey, 0);
-                    }
-                }
-                return ::CallWindowProcA(s_pfnOld, hWnd, nMessage, wParam, lParam);
-            }))));
-    CNewMenu menu;
-    Fill(menu);
-    CWnd* pStatic = CWnd::FromHandle(hStatic);
-    EXPECT_TRUE(menu.TrackPopupMenu(0, 200, 200, pStatic));
+    static const WNDPROC s_pfnOld = Procedure(hStatic);
+    const WNDPROC pfnNew = [](HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) -> LRESULT
+    {
+        if (nMessage == WM_COMMAND)
+            s_nCommand = LOWORD(wParam);
+        if (nMessage == WM_INITMENUPOPUP)
+        {
+            const HWND hActive = ::GetActiveWindow();
+            for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
+                ::PostMessageA(hActive != nullptr ? hActive : hWnd, WM_KEYDOWN, nKey, 0);
+        }
+        return ::CallWindowProcW(s_pfnOld, hWnd, nMessage, wParam, lParam);
+    };
+    ::SetWindowLongPtrW(hStatic, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnNew));
+    EXPECT_TRUE(m_menu.TrackPopupMenu(0, 200, 200, CWnd::FromHandle(hStatic)));
     EXPECT_TRUE(PumpUntil([] { return s_nCommand == s_nFirst; }, 2000));
     ::DestroyWindow(hStatic);
 }
 
 TEST_F(MenuPopup, ItemsKeepTheirNamesForScreenReaders)
 {
-    CNewMenu menu;
-    Fill(menu);
     MENUITEMINFOW info = {};
     info.cbSize = sizeof info;
     info.fMask = MIIM_DATA | MIIM_FTYPE;
-    ASSERT_TRUE((menu.Synchronise(), ::GetMenuItemInfoW(menu, 1, TRUE, &info)));
+    ASSERT_TRUE((m_menu.Synchronise(), ::GetMenuItemInfoW(m_menu, 1, TRUE, &info)));
     EXPECT_NE(info.fType & MFT_OWNERDRAW, 0U);
     const auto* pName = reinterpret_cast<const MSAAMENUINFO*>(info.dwItemData);
     EXPECT_EQ(pName->dwMSAASignature, static_cast<DWORD>(MSAA_MENU_SIG));
@@ -364,23 +340,21 @@ TEST_F(MenuPopup, ItemsKeepTheirNamesForScreenReaders)
 
 TEST_F(MenuPopup, RecordsFollowTheSystemsMenu)
 {
-    CNewMenu menu;
-    Fill(menu);
-    menu.Synchronise();
-    CNewMenuItemData* pFirst = menu.FindItem(s_nFirst);
+    m_menu.Synchronise();
+    CNewMenuItemData* pFirst = m_menu.FindItem(s_nFirst);
     ASSERT_NE(pFirst, nullptr);
-    menu.ModifyMenu(s_nFirst, MF_BYCOMMAND | MF_STRING, s_nFirst, "Other");
-    menu.DeleteMenu(s_nGrey, MF_BYCOMMAND);
-    menu.AppendMenu(MF_STRING, 900, "New");
-    menu.Synchronise();
-    EXPECT_EQ(menu.FindItem(s_nFirst), pFirst) << "with its icon";
+    m_menu.ModifyMenu(s_nFirst, MF_BYCOMMAND | MF_STRING, s_nFirst, "Other");
+    m_menu.DeleteMenu(s_nGrey, MF_BYCOMMAND);
+    m_menu.AppendMenu(MF_STRING, 900, "New");
+    m_menu.Synchronise();
+    EXPECT_EQ(m_menu.FindItem(s_nFirst), pFirst) << "with its icon";
     EXPECT_STREQ(pFirst->m_strText, "Other");
-    EXPECT_EQ(menu.FindItem(s_nGrey), nullptr);
-    ASSERT_NE(menu.FindItem(900), nullptr);
-    ASSERT_NE(menu.GetNewSubMenu(3), nullptr);
-    EXPECT_NE(menu.GetNewSubMenu(3)->FindItem(s_nInSubmenu), nullptr);
+    EXPECT_EQ(m_menu.FindItem(s_nGrey), nullptr);
+    ASSERT_NE(m_menu.FindItem(900), nullptr);
+    ASSERT_NE(m_menu.GetNewSubMenu(3), nullptr);
+    EXPECT_NE(m_menu.GetNewSubMenu(3)->FindItem(s_nInSubmenu), nullptr);
 
-    const HMENU hMenu = menu.DetachMenu();
+    const HMENU hMenu = m_menu.DetachMenu();
     EXPECT_EQ(::GetMenuState(hMenu, 0, MF_BYPOSITION) & MF_OWNERDRAW, 0U) << "as it was";
     ::DestroyMenu(hMenu);
     EXPECT_EQ(CNewMenu::FromItemData(12345), nullptr);
@@ -388,47 +362,36 @@ TEST_F(MenuPopup, RecordsFollowTheSystemsMenu)
 
 TEST_F(MenuPopup, SizesFollowTheStyle)
 {
-    CNewMenu menu;
-    Fill(menu);
-    const struct
-    {
-        DWORD nStyle;
-        int nHeight;  // of an icon of 15 and what the style adds
-    } aCases[] = { { 3, 22 }, { 7, 24 }, { 3, 22 } };
     m_system.m_nMenuHeight = 19;
     SetMenuSystem(&m_system);
-    for (const auto& row : aCases)
+    // The height of an icon of 15 and what the style adds.
+    for (const auto& [nStyle, nHeight] :
+         { std::pair(3U, 22), std::pair(7U, 24), std::pair(3U, 22) })
     {
-        CNewMenu::SetStyle(row.nStyle);
-        Open(menu,
-             [&](HWND)
-             {
-                 CRect item;
-                 ::GetMenuItemRect(nullptr, menu, 1, &item);
-                 EXPECT_EQ(item.Height(), row.nHeight) << row.nStyle;
-             });
+        CNewMenu::SetStyle(nStyle);
+        Open(
+            [&, nStyle = nStyle, nHeight = nHeight](HWND)
+            {
+                CRect item;
+                ::GetMenuItemRect(nullptr, m_menu, 1, &item);
+                EXPECT_EQ(item.Height(), nHeight) << nStyle;
+            });
     }
 }
 
 TEST_F(MenuPopup, KeysFindTheirItems)
 {
-    CNewMenu menu;
-    Fill(menu);
-    menu.AppendMenu(MF_STRING, 900, "&Copy");
-    menu.AppendMenu(MF_STRING, 901, "A && &b");
-    menu.Synchronise();
-    const struct
-    {
-        UINT nChar;
-        LRESULT lAnswer;
-    } aCases[] = { { 'F', MAKELRESULT(0, MNC_EXECUTE) },
-                   { 'd', MAKELRESULT(3, MNC_EXECUTE) },
-                   { 'c', MAKELRESULT(1, MNC_SELECT) },
-                   { 'b', MAKELRESULT(6, MNC_EXECUTE) },
-                   { 'x', 0 },
-                   { '&', 0 } };
-    for (const auto& row : aCases)
-        EXPECT_EQ(CNewMenu::FindKeyboardItem(row.nChar, menu), row.lAnswer) << row.nChar;
+    m_menu.AppendMenu(MF_STRING, 900, "&Copy");
+    m_menu.AppendMenu(MF_STRING, 901, "A && &b");
+    m_menu.Synchronise();
+    const std::pair<UINT, LRESULT> aCases[] = { { 'F', MAKELRESULT(0, MNC_EXECUTE) },
+                                                { 'd', MAKELRESULT(3, MNC_EXECUTE) },
+                                                { 'c', MAKELRESULT(1, MNC_SELECT) },
+                                                { 'b', MAKELRESULT(6, MNC_EXECUTE) },
+                                                { 'x', 0 },
+                                                { '&', 0 } };
+    for (const auto& [nChar, lAnswer] : aCases)
+        EXPECT_EQ(CNewMenu::FindKeyboardItem(nChar, m_menu), lAnswer) << nChar;
     EXPECT_EQ(CNewMenu::FindKeyboardItem('F', nullptr), 0);
 }
 
@@ -463,7 +426,7 @@ TEST_F(MenuPopup, AThousandOpeningsLeaveNothingBehind)
         CNewMenu menu;
         Fill(menu);
         menu.InsertTitle(0, L"Title", TITLE_GRADIENT);
-        Open(menu);
+        Open(menu, [](HWND) {});
     };
     for (DWORD n = 0; n < 48; ++n)
         openOnce(n % 12);
@@ -540,18 +503,17 @@ TEST_F(MenuPopup, ABarIsDrawnByItsFrame)
     frame.UpdateWindow();
     CRect item;
     ASSERT_TRUE(::GetMenuItemRect(frame, ::GetMenu(frame), 0, &item));
-    CRect window;
-    frame.GetWindowRect(&window);
-    item.OffsetRect(-window.left, -window.top);
-    EXPECT_EQ(PixelOf(frame, item.TopLeft(), true), 0xC8D0D4U);
+    item.OffsetRect(CPoint(0, 0) - WindowRect(frame).TopLeft());
+    const std::string strCorner = Place(item.left, item.top);
+    ExpectPixelsOf(frame, strCorner + "C8D0D4");
     bool bOpened = false;
     frame.m_onIdle = [&](HWND hMenu)
     {
         if (hMenu == nullptr || bOpened)
             return;
         bOpened = true;
-        EXPECT_EQ(PixelOf(frame, item.TopLeft(), true), 0xD77800U);
-        EXPECT_EQ(PixelOf(frame, { item.right - 1, item.bottom - 6 }, true), 0xB0B8BBU) << "shadow";
+        ExpectPixelsOf(frame, strCorner + "D77800");
+        ExpectPixelsOf(frame, Place(item.right - 1, item.bottom - 6) + "B0B8BB");  // shadow
     };
     frame.SendMessage(WM_SYSCOMMAND, SC_KEYMENU, 'f');
     EXPECT_TRUE(bOpened);
@@ -561,13 +523,8 @@ TEST_F(MenuPopup, ABarIsDrawnByItsFrame)
 
 TEST_F(MenuPopup, ADialogDrawsItsBarToo)
 {
-    struct
-    {
-        DLGTEMPLATE head;
-        WORD aEmpty[3];  // menu, class, title
-    } form = { { WS_POPUP | WS_CAPTION, 0, 0, 10, 10, 100, 60 }, {} };
     CNewDialog dialog;
-    ASSERT_TRUE(dialog.CreateIndirect(&form.head, &m_owner));
+    ASSERT_TRUE(dialog.CreateIndirect(CDialogTemplate(WS_POPUP | WS_CAPTION).Get(), &m_owner));
     CMenu bar;
     bar.CreateMenu();
     bar.AppendMenu(MF_STRING, s_nFirst, "&First");

@@ -1,3 +1,4 @@
+// The editor's box as text, caret and selection in memory.
 #include "control/memory/memory_edit_box.h"
 
 #include <algorithm>

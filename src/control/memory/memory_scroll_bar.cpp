@@ -1,3 +1,4 @@
+// A scroll bar as its numbers, kept in range as the system keeps them.
 #include "control/memory/memory_scroll_bar.h"
 
 #include <algorithm>

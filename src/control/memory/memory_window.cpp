@@ -1,3 +1,4 @@
+// The window in memory: messages to the control, and what it asks of its window.
 #include "control/memory/memory_window.h"
 
 #include <algorithm>

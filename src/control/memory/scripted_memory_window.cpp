@@ -1,3 +1,4 @@
+// Events of a script as calls of the window in memory, and its state.
 #include "control/memory/scripted_memory_window.h"
 
 #include <algorithm>
@@ -82,24 +83,6 @@ void CScriptedMemoryWindow::Send(const CScriptEvent& event)
         case EVENT_WHEEL:
             control.OnMouseWheel(static_cast<short>(event.nFirst));
             break;
-        case EVENT_CUT:
-            control.Cut();
-            break;
-        case EVENT_COPY:
-            control.Copy();
-            break;
-        case EVENT_PASTE:
-            control.Paste();
-            break;
-        case EVENT_ALL:
-            control.SelectAll();
-            break;
-        case EVENT_DELETE:
-            control.DeleteSelection();
-            break;
-        case EVENT_READONLY:
-            control.SetReadOnly(event.nFirst);
-            break;
         case EVENT_CLIP:
             if (event.bytes)
                 m_Clipboard.Set(*event.bytes);
@@ -107,6 +90,7 @@ void CScriptedMemoryWindow::Send(const CScriptEvent& event)
                 m_Clipboard.Empty();
             break;
         default:
+            SendCommand(control, event);
             break;
     }
 }

@@ -1,3 +1,4 @@
+// The state line: each field as text.
 #include "control/script/control_state.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Lines of a script read and written by a table of events.
 #include "control/script/script_event.h"
 
 #include <algorithm>

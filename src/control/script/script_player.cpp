@@ -1,3 +1,4 @@
+// The loop of a script, and the inner one that runs while something is dragged.
 #include "control/script/script_player.h"
 
 #include <utility>

@@ -36,6 +36,35 @@ public:
     std::function<DROPEFFECT()> m_pfnDrag;
 };
 
+// Events that are a command of the control or of its window; the others do nothing.
+template <class TControl>
+void SendCommand(TControl& control, const CScriptEvent& event)
+{
+    switch (event.nType)
+    {
+        case EVENT_CUT:
+            control.Cut();
+            break;
+        case EVENT_COPY:
+            control.Copy();
+            break;
+        case EVENT_PASTE:
+            control.Paste();
+            break;
+        case EVENT_ALL:
+            control.SelectAll();
+            break;
+        case EVENT_DELETE:
+            control.DeleteSelection();
+            break;
+        case EVENT_READONLY:
+            control.SetReadOnly(event.nFirst);
+            break;
+        default:
+            break;
+    }
+}
+
 class CScriptPlayer
 {
 public:

@@ -1,3 +1,4 @@
+// Messages and commands of the window, handed on to the rules.
 #include "control/win32/formula_ctrl.h"
 
 #include "control/win32/formula_ctrl_rules.h"

@@ -1,3 +1,4 @@
+// What the rules ask of a real window: bars, painting, clipboard, the editor.
 #include "control/win32/formula_ctrl_rules.h"
 
 #include "control/win32/formula_in_place_edit.h"

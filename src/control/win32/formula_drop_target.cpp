@@ -1,3 +1,4 @@
+// Drags from OLE, handed on to the control.
 #include "control/win32/formula_drop_target.h"
 
 #include "control/win32/formula_ctrl.h"

@@ -1,3 +1,4 @@
+// The editor's box as a real window over the node.
 #include "control/win32/formula_in_place_edit.h"
 
 #include "control/formula_control.h"

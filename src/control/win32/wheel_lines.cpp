@@ -1,3 +1,4 @@
+// The user's setting, asked of the system or read where it is kept.
 #include "control/win32/wheel_lines.h"
 
 #include <cstdlib>

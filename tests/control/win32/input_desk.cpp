@@ -18,11 +18,9 @@ namespace
 constexpr UINT s_nIdText = 21;
 constexpr UINT s_nIdFirst = 22;
 constexpr UINT s_nIdSecond = 23;
-constexpr UINT s_nWmPlace = WM_APP;  // lParam: the word; gives the place
-constexpr UINT s_nWmLock = WM_APP + 1;
-constexpr UINT s_nWmEffect = WM_APP + 2;  // gives that of the last drag
-constexpr UINT s_nWmHole = WM_APP + 3;
-constexpr DWORD s_nPatience = 4000;  // milliseconds
+constexpr UINT s_nWmWord = WM_APP;        // lParam: the word; gives the place, if it means one
+constexpr UINT s_nWmEffect = WM_APP + 1;  // gives that of the last drag
+constexpr DWORD s_nPatience = 4000;       // milliseconds
 
 // The last mark that came out of the queue. Marks are keys that nobody has a use for: what was put
 // into the queue before one has been handled when it comes, also where a loop of the system's own
@@ -75,14 +73,6 @@ CInputCtrl::CInputCtrl(const char* pszText)
     CParseReport report;
     ParseIntoTree(m_Formula, pszText, report);
     SetTree(&m_Formula.m_Tree);
-}
-
-CNode* CInputCtrl::NodeAt(const std::string& strPath)
-{
-    CNode* pNode = GetTree()->GetRootNode();
-    for (const char ch : strPath)
-        pNode = ch == 'L' ? pNode->GetLeft() : pNode->GetRight();
-    return pNode;
 }
 
 CPoint CInputCtrl::PlaceOf(const std::string& strPath)
@@ -165,15 +155,18 @@ BOOL CInputDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 
 LRESULT CInputDialog::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (nMessage == s_nWmLock)
-        m_Second.SetReadOnly(TRUE);
-    if (nMessage == s_nWmHole)
-        m_First.MakeHole("LL");
     if (nMessage == s_nWmEffect)
         return static_cast<LRESULT>(m_First.m_nEffect);
-    if (nMessage != s_nWmPlace)
+    if (nMessage != s_nWmWord)
         return CDialog::WindowProc(nMessage, wParam, lParam);
-    const CPoint place = PlaceOf(*reinterpret_cast<const std::string*>(lParam));
+    const std::string& strWord = *reinterpret_cast<const std::string*>(lParam);
+    CPoint place(0, 0);
+    if (strWord == "lock")
+        m_Second.SetReadOnly(TRUE);
+    else if (strWord == "hole")
+        m_First.MakeHole("LL");
+    else
+        place = PlaceOf(strWord);
     return MAKELONG(place.x, place.y);
 }
 
@@ -192,24 +185,12 @@ CPoint CInputDialog::PlaceOf(const std::string& strWord)
 
 std::string CInputDialog::FocusName() const
 {
-    const HWND hFocus = ::GetFocus();
-    if (hFocus == nullptr)
-        return "nothing";
-    switch (::GetDlgCtrlID(hFocus))
-    {
-        case s_nIdText:
-            return "text";
-        case s_nIdFirst:
-            return "first";
-        case s_nIdSecond:
-            return "second";
-        case FORMULA_EDIT_ID:
-            return "box";
-        case IDOK:
-            return "button";
-        default:
-            return "other";
-    }
+    static const std::map<UINT, std::string> s_names = {
+        { s_nIdText, "text" },      { s_nIdFirst, "first" }, { s_nIdSecond, "second" },
+        { FORMULA_EDIT_ID, "box" }, { IDOK, "button" },
+    };
+    const auto name = s_names.find(static_cast<UINT>(::GetDlgCtrlID(::GetFocus())));
+    return name != s_names.end() ? name->second : "other";
 }
 
 std::string CInputDialog::GetState()
@@ -272,18 +253,15 @@ void CInputHand::Do(const std::string& strWord)
             SendMouse(MOUSEEVENTF_LEFTUP);
         }
     }
-    else if (strWord == "lock")
+    else if (strWord == "lock" || strWord == "hole")
     {
-        Ask(m_Dialog, s_nWmLock, strWord);
-    }
-    else if (strWord == "hole")
-    {
-        Ask(m_Dialog, s_nWmHole, strWord);
+        Ask(m_Dialog, s_nWmWord, strWord);
     }
     else if (strWord[0] == '=' || strWord[0] == '?')
     {
-        WaitForEffect(strWord[0] == '=' ? m_Dialog : m_Dialog.m_hPartner,
-                      std::stoul(strWord.substr(1)));
+        const HWND hDialog = strWord[0] == '=' ? m_Dialog.m_hWnd : m_Dialog.m_hPartner;
+        const LRESULT lEffect = std::stol(strWord.substr(1));
+        WaitFor([&] { return Ask(hDialog, s_nWmEffect, {}) == lEffect; });
     }
     else if (std::string("@#$").find(strWord[0]) == std::string::npos && strWord != "free" &&
              strWord != "off")
@@ -292,15 +270,10 @@ void CInputHand::Do(const std::string& strWord)
     }
     else
     {
-        const LRESULT lPlace = Ask(m_Dialog, s_nWmPlace, strWord);
-        Move(CPoint(LOWORD(lPlace), HIWORD(lPlace)));
+        const LRESULT lPlace = Ask(m_Dialog, s_nWmWord, strWord);
+        m_Mover.MoveTo(CPoint(LOWORD(lPlace), HIWORD(lPlace)));
+        WaitFor([] { return true; });
     }
-}
-
-void CInputHand::Move(CPoint place)
-{
-    m_Mover.MoveTo(place);
-    WaitFor([] { return true; });
 }
 
 void CInputHand::WaitFor(const CMover::FCondition& condition)
@@ -346,11 +319,6 @@ void CInputHand::Press(const std::string& strKeys)
     SendKey(nKey, false);
     if (nBehind > 0)
         SendKey(codeOf(strKeys.substr(0, nBehind - 1)), false);
-}
-
-void CInputHand::WaitForEffect(HWND hDialog, DROPEFFECT nEffect)
-{
-    WaitFor([&] { return Ask(hDialog, s_nWmEffect, {}) == static_cast<LRESULT>(nEffect); });
 }
 
 // While another process has the keyboard its queue cannot be watched.

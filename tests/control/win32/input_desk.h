@@ -27,7 +27,7 @@ class CInputCtrl : public CFormulaCtrl
 public:
     explicit CInputCtrl(const char* pszText);
 
-    CNode* NodeAt(const std::string& strPath);
+    CNode* NodeAt(const std::string& strPath) { return ::NodeAt(*GetTree(), strPath); }
     // The middle of a node's own part, screen coordinates.
     CPoint PlaceOf(const std::string& strPath);
     // A placeholder in the place of a node, which is selected then.
@@ -98,10 +98,8 @@ private:
     void Run(const std::string& strScript);
     void Do(const std::string& strWord);
     void Press(const std::string& strKeys);
-    void Move(CPoint place);
     void WaitFor(const CMover::FCondition& condition);
     LRESULT Ask(HWND hDialog, UINT nMessage, const std::string& strWord);
-    void WaitForEffect(HWND hDialog, DROPEFFECT nEffect);
     void WaitUntilHandled();
     void EndDrag();
 

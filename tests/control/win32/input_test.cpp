@@ -2,10 +2,12 @@
 // navigation, typing, clipboard and drags, also between two processes; and hosts that end it.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
 
+#include "control/gesture_cases.h"
 #include "control/in_place_edit.h"
 #include "control/tree_texts.h"
 #include "control/win32/input_desk.h"
@@ -17,146 +19,111 @@
 namespace
 {
 
-#define NUMBER(digits) TREE_OF("(NUMBER \"" digits "\" - -)")
-
 // A placeholder in the place of the left operand.
 #define HOLE "@LL click Del "
 #define OPEN "@L click @L+ click "
 
-struct SInputCase
+void Play(CInputDialog& dialog, const std::string& strScript)
 {
-    const char* pszName;
-    const char* pszText;
-    const char* pszScript;  // see CInputHand
-    int nField;
-    const char* pszExpected;  // what the field begins with
-};
+    CInputHand hand(dialog, strScript);
+    EXPECT_TRUE(hand.Play());
+}
 
 // Focus in the first control, the button let go of and the last click far away.
 void Begin(CInputDialog& dialog)
 {
     dialog.SetForegroundWindow();
     dialog.m_First.SetFocus();
-    CInputHand hand(dialog, "off click");
-    EXPECT_TRUE(hand.Play());
+    Play(dialog, "off click");
     dialog.m_First.m_strClicks.clear();
 }
 
-void ExpectState(CInputDialog& dialog, int nField, const std::string& strExpected)
+void ExpectState(CInputDialog& dialog, const CFieldText& begin)
 {
-    std::string strField;
     const auto isThere = [&]
     {
-        strField = FieldOf(dialog.GetState(), static_cast<EField>(nField));
-        return strField.starts_with(strExpected);
+        return FieldOf(dialog.GetState(), begin.nField).starts_with(begin.pszText);
     };
-    if (!PumpUntil(isThere, 4000))
+    EXPECT_TRUE(PumpUntil(isThere, 4000)) << begin.pszText << "\nis not in " << dialog.GetState();
+}
+
+// Scripts as CInputHand takes them, and what the fields begin with.
+void PlayCases(std::span<const CGestureCase> cases, const std::function<void()>& onChange = {})
+{
+    for (const CGestureCase& one : cases)
     {
-        ADD_FAILURE() << strField << "\n  instead of " << strExpected << "\nin "
-                      << dialog.GetState();
+        SCOPED_TRACE(one.pszName);
+        CInputDialog dialog(CPoint(100, 100), one.pszText, "c+d");
+        dialog.m_onChange = onChange;
+        Begin(dialog);
+        Play(dialog, one.pszScript);
+        for (const CFieldText* pField = one.aExpected; pField->pszText != nullptr; pField++)
+            ExpectState(dialog, *pField);
     }
 }
 
-void PlayCase(const SInputCase& one, std::function<void()> onChange = {})
-{
-    SCOPED_TRACE(one.pszName);
-    CInputDialog dialog(CPoint(100, 100), one.pszText, "c+d");
-    dialog.m_onChange = std::move(onChange);
-    Begin(dialog);
-    CInputHand hand(dialog, one.pszScript);
-    EXPECT_TRUE(hand.Play());
-    ExpectState(dialog, one.nField, one.pszExpected);
-}
-
-const SInputCase s_aCases[] = {
-    { "left stays in the control", "a+b", "@L click Left", SELECTION, "/LL:1" },
-    { "right", "a+b", "@L click Right", SELECTION, "/LR:1" },
-    { "up", "a+b", "@LR click Up", SELECTION, "/L:1" },
-    { "down moves no focus", "a+b", "@L click Down", FOCUS, "first 0" },
-    { "left neither", "a+b", "@L click Left", FOCUS, "first 0" },
-    { "delete", "a+b", HOLE, TREE, PLUS(PLACE, NAME("b")) },
-    { "delete moves no focus", "a+b", HOLE, FOCUS, "first 0" },
-    { "Tab leaves the control", "a+b", "@L click Tab", FOCUS, "second 0" },
-    { "backwards", "a+b", "@L click Shift-Tab", FOCUS, "text 0" },
-    { "Enter is the dialog's", "a+b", "@L click Enter", FOCUS, "first 1" },
-    { "a mnemonic too", "a+b", "@LL click Alt-a", FOCUS, "button 1" },
-    { "Tab ends the edit", "a+b", "@LL click x Tab", FOCUS, "first 0" },
-    { "with its text", "a+b", "@LL click x Tab", TREE, PLUS(NAME("X"), NAME("b")) },
-    { "Enter ends the edit", "a+b", "@LL click x Enter", FOCUS, "first 0" },
-    { "Enter takes a step", "a+b", "@LL click x Enter", COUNTS, "undo 1 changed 1" },
-    { "Escape ends the edit", "a+b", "@LL click x Esc", FOCUS, "first 0" },
-    { "without its text", "a+b", "@LL click x Esc", TREE, PLUS(NAME("a"), NAME("b")) },
-    { "arrows end the edit", "a+b", "@LL click x Left", FOCUS, "first 0" },
-    { "other keys stay", "a+b", "@LL click x y Home Del", EDITOR, "/LL \"y\" 0 0" },
-    { "delete in the box deletes no node", "a+b", "@LL click x Del Del Enter", TREE,
-      PLUS(NAME("X"), NAME("b")) },
-    { "Alt with a character in the box", "a+b", "@LL click x Alt-a", EDITOR, "/LL \"X\" 1 1" },
-    { "is no mnemonic", "a+b", "@LL click x Alt-a", FOCUS, "box 0" },
-    { "a name begins with a capital", "a+b", HOLE "v a r", EDITOR, "/LL \"Var\" 3 3" },
-    { "also with Shift", "a+b", HOLE "Shift-v Shift-a r", EDITOR, "/LL \"VAr\" 3 3" },
-    { "a digit is one also with Shift", "a+b", HOLE "Shift-2", EDITOR, "/LL \"2\" 1 1" },
-    { "the number pad gives letters", "a+b", HOLE "Pad1", EDITOR, "/LL \"a\" 1 1" },
-    { "Space and Delete", "a+b", "@L click Space Del", TREE, TREE_OF(PLACE) },
-    { "a double click", "a+b", "@L double", SELECTION, "/L:2" },
-    { "its four messages", "a+b", "@L double", CLICKS, "duDu" },
-    { "two clicks open the editor", "2", OPEN, EDITOR, "/L \"2\" 0 1" },
-    { "and are no double click", "2", OPEN, CLICKS, "dudu" },
-    { "a double click falls to the box", "2", "@L click @L+ double", CLICKS, "dudu" },
-    { "which stays open", "2", "@L click @L+ double", FOCUS, "box 0" },
-    { "a click beside it ends the edit", "2", OPEN "3 free click", TREE, NUMBER("3") },
-    { "and selects", "2", OPEN "3 free click", SELECTION, "/:1" },
-    { "Tab after an edit leaves", "2", OPEN "3 Tab Tab", FOCUS, "second 0" },
-    { "copy and paste", "a+b", "@LR click Ctrl-c " HOLE "Ctrl-v", TREE,
-      PLUS(NAME("b"), NAME("b")) },
-    { "by the other keys", "a+b", "@LR click Ctrl-Ins " HOLE "Shift-Ins", TREE,
-      PLUS(NAME("b"), NAME("b")) },
-    { "cut and paste elsewhere", "a+b", "@LR click Ctrl-x Ctrl-a Left Left Del Ctrl-v", TREE,
-      PLUS(NAME("b"), PLACE) },
-    { "copied to another control", "a+b", "@LR click Ctrl-c #LL click Del Ctrl-v", SECOND,
-      PLUS(NAME("b"), NAME("d")) },
-    { "in the box the keys are the box's", "a+b", "@LR click Ctrl-c @LL click x Ctrl-v", EDITOR,
-      "/LL \"X\" 1 1" },
+// clang-format off
+const CGestureCase s_aCases[] = {
+    { "left stays in the control, left neither", "a+b", "@L click Left", { { SELECTION, "/LL:1" }, { FOCUS, "first 0" } } },
+    { "right", "a+b", "@L click Right", { { SELECTION, "/LR:1" } } },
+    { "up", "a+b", "@LR click Up", { { SELECTION, "/L:1" } } },
+    { "down moves no focus", "a+b", "@L click Down", { { FOCUS, "first 0" } } },
+    { "delete, delete moves no focus", "a+b", HOLE, { { TREE, PLUS(PLACE, NAME("b")) }, { FOCUS, "first 0" } } },
+    { "Tab leaves the control", "a+b", "@L click Tab", { { FOCUS, "second 0" } } },
+    { "backwards", "a+b", "@L click Shift-Tab", { { FOCUS, "text 0" } } },
+    { "Enter is the dialog's", "a+b", "@L click Enter", { { FOCUS, "first 1" } } },
+    { "a mnemonic too", "a+b", "@LL click Alt-a", { { FOCUS, "button 1" } } },
+    { "Tab ends the edit, with its text", "a+b", "@LL click x Tab", { { FOCUS, "first 0" }, { TREE, PLUS(NAME("X"), NAME("b")) } } },
+    { "Enter ends the edit, Enter takes a step", "a+b", "@LL click x Enter", { { FOCUS, "first 0" }, { COUNTS, "undo 1 changed 1" } } },
+    { "Escape ends the edit, without its text", "a+b", "@LL click x Esc", { { FOCUS, "first 0" }, { TREE, PLUS(NAME("a"), NAME("b")) } } },
+    { "arrows end the edit", "a+b", "@LL click x Left", { { FOCUS, "first 0" } } },
+    { "other keys stay", "a+b", "@LL click x y Home Del", { { EDITOR, "/LL \"y\" 0 0" } } },
+    { "delete in the box deletes no node", "a+b", "@LL click x Del Del Enter", { { TREE, PLUS(NAME("X"), NAME("b")) } } },
+    { "Alt with a character in the box, is no mnemonic", "a+b", "@LL click x Alt-a", { { EDITOR, "/LL \"X\" 1 1" }, { FOCUS, "box 0" } } },
+    { "a name begins with a capital", "a+b", HOLE "v a r", { { EDITOR, "/LL \"Var\" 3 3" } } },
+    { "also with Shift", "a+b", HOLE "Shift-v Shift-a r", { { EDITOR, "/LL \"VAr\" 3 3" } } },
+    { "a digit is one also with Shift", "a+b", HOLE "Shift-2", { { EDITOR, "/LL \"2\" 1 1" } } },
+    { "the number pad gives letters", "a+b", HOLE "Pad1", { { EDITOR, "/LL \"a\" 1 1" } } },
+    { "Space and Delete", "a+b", "@L click Space Del", { { TREE, TREE_OF(PLACE) } } },
+    { "a double click, its four messages", "a+b", "@L double", { { SELECTION, "/L:2" }, { CLICKS, "duDu" } } },
+    { "two clicks open the editor, and are no double click", "2", OPEN, { { EDITOR, "/L \"2\" 0 1" }, { CLICKS, "dudu" } } },
+    { "a double click falls to the box, which stays open", "2", "@L click @L+ double", { { CLICKS, "dudu" }, { FOCUS, "box 0" } } },
+    { "a click beside it ends the edit, and selects", "2", OPEN "3 free click", { { TREE, NUMBER("3") }, { SELECTION, "/:1" } } },
+    { "Tab after an edit leaves", "2", OPEN "3 Tab Tab", { { FOCUS, "second 0" } } },
+    { "copy and paste", "a+b", "@LR click Ctrl-c " HOLE "Ctrl-v", { { TREE, PLUS(NAME("b"), NAME("b")) } } },
+    { "by the other keys", "a+b", "@LR click Ctrl-Ins " HOLE "Shift-Ins", { { TREE, PLUS(NAME("b"), NAME("b")) } } },
+    { "cut and paste elsewhere", "a+b", "@LR click Ctrl-x Ctrl-a Left Left Del Ctrl-v", { { TREE, PLUS(NAME("b"), PLACE) } } },
+    { "copied to another control", "a+b", "@LR click Ctrl-c #LL click Del Ctrl-v", { { SECOND, PLUS(NAME("b"), NAME("d")) } } },
+    { "in the box the keys are the box's", "a+b", "@LR click Ctrl-c @LL click x Ctrl-v", { { EDITOR, "/LL \"X\" 1 1" } } },
 };
+// clang-format on
 
 TEST(Input, KeysAndMouseInADialog)
 {
-    for (const SInputCase& one : s_aCases)
-        PlayCase(one);
+    PlayCases(s_aCases);
 }
 
 #define DRAG_B HOLE "@LR down @LL =2 "
 
-const SInputCase s_aDrags[] = {
-    { "moved", "a+b", DRAG_B "up", TREE, PLUS(NAME("b"), PLACE) },
-    { "with one step", "a+b", DRAG_B "up", COUNTS, "undo 1 changed 1" },
-    { "the source is selected", "a+b", DRAG_B "up", SELECTION, "/LR:2" },
-    { "copied", "a+b", DRAG_B "+Ctrl =1 up", TREE, PLUS(NAME("b"), NAME("b")) },
-    { "cancelled", "a+b", DRAG_B "Esc up", TREE, PLUS(PLACE, NAME("b")) },
-    { "selects in mode 2", "a+b", DRAG_B "Esc up", SELECTION, "/LR:2" },
-    { "and tells the dialog nothing", "a+b", DRAG_B "Esc up", FOCUS, "first 0" },
-    { "refused by another node", "a+b", "@LR down @LL =0 up", TREE, PLUS(NAME("a"), NAME("b")) },
-    { "let go outside", "a+b", DRAG_B "off =0 up", TREE, PLUS(PLACE, NAME("b")) },
-    { "a placeholder on itself", "a+b", HOLE "@LL down @LR =0 @LL =2 up", TREE,
-      PLUS(PLACE, NAME("b")) },
-    { "a subtree", "a+b+c", "@LR click Del @LL double down @LR =2 up", TREE,
-      PLUS(PLACE, "(PLUS \"+\" " NAME("a") " " NAME("b") ")") },
-    { "to another control", "a+b", "#LL click Del @LR down @LL #LL =2 up", SECOND,
-      PLUS(NAME("b"), NAME("d")) },
-    { "which leaves a placeholder", "a+b", "#LL click Del @LR down @LL #LL =2 up", TREE,
-      PLUS(NAME("a"), PLACE) },
-    { "copied there", "a+b", "#LL click Del @LR down @LL #LL =2 +Ctrl =1 up", TREE,
-      PLUS(NAME("a"), NAME("b")) },
-    { "refused by a read-only control", "a+b", "#LL click Del lock @LR down @LL #LL =0 up", SECOND,
-      PLUS(PLACE, NAME("d")) },
-    { "nothing is lost then", "a+b", "#LL click Del lock @LR down @LL #LL =0 up", TREE,
-      PLUS(NAME("a"), NAME("b")) },
+// clang-format off
+const CGestureCase s_aDrags[] = {
+    { "moved, with one step, the source is selected", "a+b", DRAG_B "up", { { TREE, PLUS(NAME("b"), PLACE) }, { COUNTS, "undo 1 changed 1" }, { SELECTION, "/LR:2" } } },
+    { "copied", "a+b", DRAG_B "+Ctrl =1 up", { { TREE, PLUS(NAME("b"), NAME("b")) } } },
+    { "cancelled, selects in mode 2, and tells the dialog nothing", "a+b", DRAG_B "Esc up", { { TREE, PLUS(PLACE, NAME("b")) }, { SELECTION, "/LR:2" }, { FOCUS, "first 0" } } },
+    { "refused by another node", "a+b", "@LR down @LL =0 up", { { TREE, PLUS(NAME("a"), NAME("b")) } } },
+    { "let go outside", "a+b", DRAG_B "off =0 up", { { TREE, PLUS(PLACE, NAME("b")) } } },
+    { "a placeholder on itself", "a+b", HOLE "@LL down @LR =0 @LL =2 up", { { TREE, PLUS(PLACE, NAME("b")) } } },
+    { "a subtree", "a+b+c", "@LR click Del @LL double down @LR =2 up", { { TREE, PLUS(PLACE, "(PLUS \"+\" " NAME("a") " " NAME("b") ")") } } },
+    { "to another control, which leaves a placeholder", "a+b", "#LL click Del @LR down @LL #LL =2 up", { { SECOND, PLUS(NAME("b"), NAME("d")) }, { TREE, PLUS(NAME("a"), PLACE) } } },
+    { "copied there", "a+b", "#LL click Del @LR down @LL #LL =2 +Ctrl =1 up", { { TREE, PLUS(NAME("a"), NAME("b")) } } },
+    { "refused by a read-only control, nothing is lost then", "a+b", "#LL click Del lock @LR down @LL #LL =0 up", { { SECOND, PLUS(PLACE, NAME("d")) }, { TREE, PLUS(NAME("a"), NAME("b")) } } },
 };
+// clang-format on
 
 TEST(Input, DragsInOneProcess)
 {
     const CBoxedPlaceholders boxed;
-    for (const SInputCase& one : s_aDrags)
-        PlayCase(one);
+    PlayCases(s_aDrags);
 }
 
 // ---- Two processes
@@ -187,44 +154,34 @@ public:
     std::vector<CPoint> m_spots;
 };
 
+// The partner's text and actions, the script, the tree and the partner's tree.
+// clang-format off
+const std::array<const char*, 4> s_aBetween[] = {
+    { "c+d hole=LL", "@LR down @LL $0 =2 up", PLUS(NAME("a"), PLACE), PLUS(NAME("b"), NAME("d")) },
+    { "c+d hole=LL", "@LR down @LL $0 =2 +Ctrl =1 up", PLUS(NAME("a"), NAME("b")), PLUS(NAME("b"), NAME("d")) },
+    { "c+d hole=LL", "@LR down @LL $0 =2 Esc up", PLUS(NAME("a"), NAME("b")), PLUS(PLACE, NAME("d")) },
+    { "c+d", "@LR down @LL $0 =0 up", PLUS(NAME("a"), NAME("b")), PLUS(NAME("c"), NAME("d")) },
+    { "c+d hole=LL lock=", "@LR down @LL $0 =0 up", PLUS(NAME("a"), NAME("b")), PLUS(PLACE, NAME("d")) },
+    { "c+d", "hole $1 down $0 ?0 @LL =2 up", PLUS(NAME("d"), NAME("b")), PLUS(NAME("c"), PLACE) },
+    { "c+d", "hole $1 down $0 ?0 @LL =2 +Ctrl =1 up", PLUS(NAME("d"), NAME("b")), PLUS(NAME("c"), NAME("d")) },
+    { "c+d", "hole $1 down $0 ?0 @LL =2 @LR =0 up", PLUS(PLACE, NAME("b")), PLUS(NAME("c"), NAME("d")) },
+};
+// clang-format on
+
 TEST(Input, DragsBetweenProcesses)
 {
     const CBoxedPlaceholders boxed;
-    const struct
+    for (const auto& [pszPartner, pszScript, pszTree, pszItsTree] : s_aBetween)
     {
-        const char* pszPartner;
-        const char* pszScript;
-        const char* pszTree;
-        const char* pszItsTree;
-    } aCases[] = {
-        { "c+d hole=LL", "@LR down @LL $0 =2 up", PLUS(NAME("a"), PLACE),
-          PLUS(NAME("b"), NAME("d")) },
-        { "c+d hole=LL", "@LR down @LL $0 =2 +Ctrl =1 up", PLUS(NAME("a"), NAME("b")),
-          PLUS(NAME("b"), NAME("d")) },
-        { "c+d hole=LL", "@LR down @LL $0 =2 Esc up", PLUS(NAME("a"), NAME("b")),
-          PLUS(PLACE, NAME("d")) },
-        { "c+d", "@LR down @LL $0 =0 up", PLUS(NAME("a"), NAME("b")), PLUS(NAME("c"), NAME("d")) },
-        { "c+d hole=LL lock=", "@LR down @LL $0 =0 up", PLUS(NAME("a"), NAME("b")),
-          PLUS(PLACE, NAME("d")) },
-        { "c+d", "hole $1 down $0 ?0 @LL =2 up", PLUS(NAME("d"), NAME("b")),
-          PLUS(NAME("c"), PLACE) },
-        { "c+d", "hole $1 down $0 ?0 @LL =2 +Ctrl =1 up", PLUS(NAME("d"), NAME("b")),
-          PLUS(NAME("c"), NAME("d")) },
-        { "c+d", "hole $1 down $0 ?0 @LL =2 @LR =0 up", PLUS(PLACE, NAME("b")),
-          PLUS(NAME("c"), NAME("d")) },
-    };
-    for (const auto& one : aCases)
-    {
-        SCOPED_TRACE(one.pszScript);
-        CInputPartner partner(one.pszPartner);
+        SCOPED_TRACE(pszScript);
+        CInputPartner partner(pszPartner);
         CInputDialog dialog(CPoint(100, 100), "a+b", "x");
         dialog.m_hPartner = partner.m_hDialog;
         dialog.m_spots = partner.m_spots;
         Begin(dialog);
-        CInputHand hand(dialog, one.pszScript);
-        EXPECT_TRUE(hand.Play());
-        ExpectState(dialog, TREE, one.pszTree);
-        EXPECT_EQ(partner.End(), one.pszItsTree);
+        Play(dialog, pszScript);
+        ExpectState(dialog, { TREE, pszTree });
+        EXPECT_EQ(partner.End(), pszItsTree);
     }
 }
 
@@ -235,10 +192,7 @@ TEST(Input, ClipboardBetweenProcesses)
         SCOPED_TRACE(bOwnerEnds);
         std::optional<CInputDialog> dialog(std::in_place, CPoint(100, 100), "a+b", "x");
         Begin(*dialog);
-        {
-            CInputHand hand(*dialog, "@LR click Ctrl-c");
-            EXPECT_TRUE(hand.Play());
-        }
+        Play(*dialog, "@LR click Ctrl-c");
         if (bOwnerEnds)
             dialog.reset();
         CInputPartner reader("c+d hole=LL paste=LL");
@@ -250,9 +204,8 @@ TEST(Input, ClipboardBetweenProcesses)
         if (!dialog)
             dialog.emplace(CPoint(100, 100), "a+b", "x");
         Begin(*dialog);
-        CInputHand hand(*dialog, HOLE "Ctrl-v");
-        EXPECT_TRUE(hand.Play());
-        ExpectState(*dialog, TREE, PLUS(NAME("d"), NAME("b")));
+        Play(*dialog, HOLE "Ctrl-v");
+        ExpectState(*dialog, { TREE, PLUS(NAME("d"), NAME("b")) });
     }
 }
 
@@ -345,27 +298,22 @@ TEST(Input, TwoHundredControlsLeaveNothing)
     EXPECT_EQ(dialog.GetDlgItem(30), nullptr);
 }
 
+// The edit has ended with its text and a step, and the control goes on.
 TEST(Input, HostThrows)
 {
-    const SInputCase aCases[] = {
-        { "the edit has ended", "2", OPEN "3 Enter", EDITOR, "-" },
-        { "with its text and a step", "2", OPEN "3 Enter", COUNTS, "undo 1 changed 1" },
-        { "the control goes on", "2", OPEN "3 Enter @L click @L+ click 4 Enter", TREE,
-          NUMBER("4") },
-    };
-    std::string strMessages;
-    const auto remember = [](const char* pszText, unsigned, void* pContext)
+    int nMessages = 0;
+    const auto count = [](const char* pszText, unsigned, void* pCount)
     {
-        *static_cast<std::string*>(pContext) += pszText;
+        *static_cast<int*>(pCount) += std::string(pszText).starts_with("no room");
         return IDOK;
     };
-    AfxSetMessageBoxHandler(remember, &strMessages);
-    for (const SInputCase& one : aCases)
-    {
-        strMessages.clear();
-        PlayCase(one, [] { throw std::runtime_error("no room"); });
-        EXPECT_EQ(strMessages.substr(0, 7), "no room") << one.pszName;
-    }
+    AfxSetMessageBoxHandler(count, &nMessages);
+    const CGestureCase aCases[] = {
+        { "once", "2", OPEN "3 Enter", { { EDITOR, "-" }, { COUNTS, "undo 1 changed 1" } } },
+        { "again", "2", OPEN "3 Enter @L click @L+ click 4 Enter", { { TREE, NUMBER("4") } } },
+    };
+    PlayCases(aCases, [] { throw std::runtime_error("no room"); });
+    EXPECT_EQ(nMessages, 3);
     AfxSetMessageBoxHandler(nullptr, nullptr);
 }
 

@@ -82,9 +82,7 @@ CRealControl::CRealControl(const char* pszText, CSize size)
     CParseReport report;
     if (pszText != nullptr)
         ParseIntoTree(m_Formula, pszText, report);
-    ::OpenClipboard(nullptr);
-    ::EmptyClipboard();
-    ::CloseClipboard();
+    FillClipboard({});
     m_pCtrl->SetTree(&m_Formula.m_Tree);
     m_pCtrl->Create(m_pParent.get(), CRect(CPoint(0, 0), size), 1, WS_CHILD | WS_VISIBLE);
     m_pCtrl->SetFocus();
@@ -111,10 +109,10 @@ CWnd* CRealControl::Editor() const
     return m_pCtrl->GetDlgItem(FORMULA_EDIT_ID);
 }
 
-void CRealControl::SendMouse(const CScriptEvent& event)
+void CRealControl::SendMouse(UINT nMessage, const CScriptEvent& event)
 {
     const CPoint point(event.nFirst, event.nSecond);
-    if (CWnd* pEditor = Editor())
+    if (CWnd* pEditor = Editor(); pEditor != nullptr && nMessage != WM_MOUSEMOVE)
     {
         CRect rect;
         pEditor->GetWindowRect(&rect);
@@ -122,10 +120,7 @@ void CRealControl::SendMouse(const CScriptEvent& event)
         if (rect.PtInRect(point))
             return;
     }
-    const UINT nMessage = event.nType == EVENT_PRESS     ? WM_LBUTTONDOWN
-                          : event.nType == EVENT_RELEASE ? WM_LBUTTONUP
-                                                         : WM_LBUTTONDBLCLK;
-    m_pCtrl->SendMessage(nMessage, 0, MAKELPARAM(point.x, point.y));
+    m_pCtrl->SendMessage(nMessage, event.bLeft ? MK_LBUTTON : 0, MAKELPARAM(point.x, point.y));
 }
 
 void CRealControl::SendKey(const CScriptEvent& event)
@@ -159,67 +154,41 @@ void CRealControl::FillClipboard(const CScriptEvent& event)
 
 void CRealControl::Send(const CScriptEvent& event)
 {
-    CFormulaCtrl& ctrl = *m_pCtrl;
     const auto nCode = static_cast<WPARAM>(event.nFirst);
     switch (event.nType)
     {
         case EVENT_SIZE:
-            ctrl.MoveWindow(0, 0, std::max(event.nFirst, 0), std::max(event.nSecond, 0));
-            break;
+            return m_pCtrl->MoveWindow(0, 0, std::max(event.nFirst, 0), std::max(event.nSecond, 0));
         case EVENT_PAINT:
-            ctrl.Invalidate(TRUE);
-            break;
+            return m_pCtrl->Invalidate(TRUE);
         case EVENT_MOVE:
-            ctrl.SendMessage(WM_MOUSEMOVE, event.bLeft ? MK_LBUTTON : 0,
-                             MAKELPARAM(event.nFirst, event.nSecond));
-            break;
+            return SendMouse(WM_MOUSEMOVE, event);
         case EVENT_PRESS:
+            return SendMouse(WM_LBUTTONDOWN, event);
         case EVENT_RELEASE:
+            return SendMouse(WM_LBUTTONUP, event);
         case EVENT_DOUBLE:
-            SendMouse(event);
-            break;
+            return SendMouse(WM_LBUTTONDBLCLK, event);
         case EVENT_KEY:
-            SendKey(event);
-            break;
+            return SendKey(event);
         case EVENT_CHAR:
             if (CWnd* pEditor = Editor())
                 pEditor->SendMessage(WM_CHAR, nCode);
-            break;
+            return;
         case EVENT_BLUR:
             m_pParent->SetFocus();
-            break;
+            return;
         case EVENT_HSCROLL:
-            ctrl.SendMessage(WM_HSCROLL, nCode);
-            break;
         case EVENT_VSCROLL:
-            ctrl.SendMessage(WM_VSCROLL, nCode);
-            break;
+            m_pCtrl->SendMessage(event.nType == EVENT_HSCROLL ? WM_HSCROLL : WM_VSCROLL, nCode);
+            return;
         case EVENT_WHEEL:
-            ctrl.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, event.nFirst));
-            break;
-        case EVENT_CUT:
-            ctrl.Cut();
-            break;
-        case EVENT_COPY:
-            ctrl.Copy();
-            break;
-        case EVENT_PASTE:
-            ctrl.Paste();
-            break;
-        case EVENT_ALL:
-            ctrl.SelectAll();
-            break;
-        case EVENT_DELETE:
-            ctrl.DeleteSelection();
-            break;
-        case EVENT_READONLY:
-            ctrl.SetReadOnly(event.nFirst);
-            break;
+            m_pCtrl->SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, event.nFirst));
+            return;
         case EVENT_CLIP:
-            FillClipboard(event);
-            break;
+            return FillClipboard(event);
         default:
-            break;
+            return SendCommand(*m_pCtrl, event);
     }
 }
 

@@ -34,7 +34,7 @@ private:
     class CCtrl;
 
     CWnd* Editor() const;
-    void SendMouse(const CScriptEvent& event);
+    void SendMouse(UINT nMessage, const CScriptEvent& event);
     void SendKey(const CScriptEvent& event);
     void FillClipboard(const CScriptEvent& event);
 
