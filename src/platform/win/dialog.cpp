@@ -186,28 +186,6 @@ void CDialog::EndDialog(int nResult)
     CallSystem([hWnd = m_hWnd, nResult] { return ::EndDialog(hWnd, nResult); });
 }
 
-// ---- Controls
-
-void CDialog::GotoDlgCtrl(CWnd* pControl)
-{
-    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pControl->GetSafeHwnd()), TRUE);
-}
-
-void CDialog::NextDlgCtrl() const
-{
-    CallSystem([this] { return ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, 0, FALSE); });
-}
-
-void CDialog::PrevDlgCtrl() const
-{
-    CallSystem([this] { return ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, 1, FALSE); });
-}
-
-void CDialog::SetDefID(UINT nID)
-{
-    SendMessage(DM_SETDEFID, nID);
-}
-
 // ---- What may be overridden
 
 BOOL CDialog::OnInitDialog()

@@ -227,12 +227,6 @@ BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nItem, LPCSTR pszTe
     return ::ModifyMenuA(m_hMenu, nPosition, nFlags, nItem, pszText);
 }
 
-BOOL CMenu::RemoveMenu(UINT nPosition, UINT nFlags)
-{
-    ASSERT(::IsMenu(m_hMenu));
-    return ::RemoveMenu(m_hMenu, nPosition, nFlags);
-}
-
 BOOL CMenu::SetDefaultItem(UINT nItem, BOOL bByPosition)
 {
     ASSERT(::IsMenu(m_hMenu));
