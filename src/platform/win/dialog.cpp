@@ -24,9 +24,8 @@ constexpr UINT s_nLastCommand = 0xEFFF;
 // Null if there is none.
 const DLGTEMPLATE* FindTemplate(LPCSTR pszName)
 {
-    const LPCSTR pszType = MAKEINTRESOURCEA(5);
-    const HINSTANCE hModule = AfxFindResourceHandle(pszName, pszType);
-    const HRSRC hInfo = ::FindResourceA(hModule, pszName, pszType);
+    const HINSTANCE hModule = AfxFindResourceHandle(pszName, RT_DIALOG);
+    const HRSRC hInfo = ::FindResourceA(hModule, pszName, RT_DIALOG);
     const HGLOBAL hTemplate = hInfo != nullptr ? ::LoadResource(hModule, hInfo) : nullptr;
     return hTemplate != nullptr ? static_cast<const DLGTEMPLATE*>(::LockResource(hTemplate))
                                 : nullptr;

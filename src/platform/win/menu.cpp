@@ -118,7 +118,7 @@ BOOL CMenu::CreatePopupMenu()
 
 BOOL CMenu::LoadMenu(LPCSTR pszName)
 {
-    return Attach(::LoadMenuA(AfxFindResourceHandle(pszName, MAKEINTRESOURCEA(4)), pszName));
+    return Attach(::LoadMenuA(AfxFindResourceHandle(pszName, RT_MENU), pszName));
 }
 
 BOOL CMenu::LoadMenu(UINT nID)

@@ -71,7 +71,6 @@ class CTestFrame : public CFrameWnd
 public:
     CTestView m_view;
     CWnd m_status;
-    std::function<void()> m_onApp;
     UINT m_nKey = VK_RETURN;  // for a menu that opens
 
 private:
@@ -173,7 +172,7 @@ TEST_F(Frame, MenusShowWhatCommandsCan)
     } aItems[] = {
         { s_nIdOfView, MF_STRING, MF_ENABLED },  { s_nIdOfApp, MF_STRING, MF_ENABLED },
         { s_nIdOfNobody, MF_STRING, MF_GRAYED }, { 0, MF_SEPARATOR, MF_SEPARATOR },
-        { s_nIdChecked, MF_STRING, MF_CHECKED }, { SC_CLOSE, MF_STRING, MF_ENABLED },
+        { s_nIdChecked, MF_STRING, MF_CHECKED }, { SC_SIZE, MF_STRING, MF_ENABLED },
     };
     CMenu menu;
     ASSERT_TRUE(menu.CreatePopupMenu());
@@ -201,30 +200,21 @@ TEST_F(Frame, MenusShowWhatCommandsCan)
 
 TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
 {
-    CMenu bar;
-    bar.CreateMenu();
-    CMenu popup;
-    popup.CreatePopupMenu();
-    popup.AppendMenu(MF_STRING, s_nIdOfFrame, "first");
-    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "popup");
-    const CRect exclude(100, 100, 200, 200);
-    CMenu* pSub = bar.GetSubMenu(0);
-    ASSERT_NE(pSub, nullptr);
-    const auto track = [this](CMenu& menu, UINT nKey, LPCRECT pExclude = nullptr)
+    CDrawnMenu menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_OWNERDRAW, s_nIdOfFrame);
+    menu.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
+    const auto track = [&](UINT nKey, LPCRECT pExclude)
     {
         m_pFrame->m_nKey = nKey;
         return static_cast<UINT>(menu.TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, pExclude));
     };
-    EXPECT_EQ(track(*pSub, VK_RETURN, &exclude), s_nIdOfFrame);
-    EXPECT_EQ(track(*pSub, VK_ESCAPE), 0U);
-
-    CDrawnMenu drawn;
-    drawn.CreatePopupMenu();
-    drawn.AppendMenu(MF_OWNERDRAW, s_nIdOfFrame);
-    drawn.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
+    EXPECT_EQ(track(VK_ESCAPE, nullptr), 0U);
     TakeLog();
-    EXPECT_EQ(track(drawn, VK_RETURN), s_nIdOfFrame);
+    EXPECT_EQ(track(VK_RETURN, nullptr), s_nIdOfFrame);
     EXPECT_EQ(TakeLog(), "Measure(32769) Measure(32770) Draw(32769) Draw(32770)");
+    const CRect exclude(100, 100, 200, 200);
+    EXPECT_EQ(track(VK_RETURN, &exclude), s_nIdOfFrame);
 }
 
 TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)

@@ -64,10 +64,12 @@ TEST_F(OleClipboard, HoldsASourceUntilTheNextOne)
         EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);
         ExpectBlocks(nSize);
         (new CCountedSource(nSize + 1))->SetClipboard();
-        (new CCountedSource(nSize + 2))->SetClipboard();
+        pSource = new CCountedSource(nSize + 2);
+        const CObjectPtr<IDataObject> held(pSource->GetIDataObject(TRUE));
+        pSource->SetClipboard();
         EXPECT_EQ(s_nSources, 1);
         OleSetClipboard(nullptr);
-        EXPECT_EQ(s_nSources, 0);
+        EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr) << "though somebody holds it";
     }
 }
 
@@ -150,6 +152,7 @@ TEST_F(OleClipboard, AnswersWishesByTheDocumentedCodes)
         DWORD nConnection = 1;
         EXPECT_EQ(object->SetData(&format, &medium, FALSE), DV_E_FORMATETC);
         EXPECT_EQ(object->DAdvise(&format, 0, nullptr, &nConnection), OLE_E_ADVISENOTSUPPORTED);
+        EXPECT_EQ(nConnection, 0U);
         EXPECT_EQ(object->QueryGetData(nullptr), E_INVALIDARG);
     }
     FORMATETC format = aCases[0].format;

@@ -267,6 +267,7 @@ TEST(Window, TenThousandLeakNothing)
         CWnd window;
         MakeChild(window, parent, 3, 0);
         const CClientDC dc(&window);
+        const CPaintDC paint(&window);
         bDestroy = !bDestroy;
         if (bDestroy)
             window.DestroyWindow();
