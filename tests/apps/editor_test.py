@@ -64,24 +64,22 @@ class Editor(unittest.TestCase):
         self.hand.stdout.close()
 
     def do(self, script, **places):
-        """Each line goes to the hand, which must be content with it."""
-        for line in filter(None, map(str.strip, script.format(**places).splitlines())):
-            print(line, file=self.hand.stdin, flush=True)
+        """Steps, and behind arrows what they lead to: the hand must be content with each."""
+        for step in filter(None, map(str.strip, re.split(" -> |\n", script.format(**places)))):
+            print(step, file=self.hand.stdin, flush=True)
             answer = self.hand.stdout.readline().strip()
-            self.assertEqual(answer, "yes", line)
+            self.assertEqual(answer, "yes", step)
 
     def answer_dialog(self, command, name):
         """Types a path into the dialog that a command opens."""
         self.do(f"""{command}
                     dialog yes
                     type {windows_path(self.folder / name)}
-                    key enter
-                    dialog no""")
+                    key enter -> dialog no""")
 
     def close(self):
-        self.do("key alt+f4")
-        print("gone", file=self.hand.stdin, flush=True)
-        self.assertEqual(self.hand.stdout.readline().strip(), "yes 0")
+        self.do("""key alt+f4
+                   gone 0""")
 
     def check_file(self, name, text, tree):
         """The command line and the independent reader find the same in a stored formula."""
@@ -100,26 +98,19 @@ class Editor(unittest.TestCase):
             title formula - {TITLE}
             type {text}
             key enter
-            click {CONTROL} {{b}}
-            await {NODE} NT_VARIABLE, node
-            key delete
-            await {NODE} NT_PLACEHOLDER, node
+            click {CONTROL} {{b}} -> await {NODE} NT_VARIABLE, node
+            key delete -> await {NODE} NT_PLACEHOLDER, node
             await {CHANGES} changes: 1
-            key n
-            focus Edit
+            key n -> focus Edit
             type ame
-            key enter
-            focus {CONTROL}
+            key enter -> focus {CONTROL}
             await {CHANGES} changes: 2
             await {NODE} nothing selected
-            double {CONTROL} {{plus}}
-            await {NODE} NT_PLUS, subtree
+            double {CONTROL} {{plus}} -> await {NODE} NT_PLUS, subtree
             """, b=middle(text, "LLR"), plus=middle("a/Name+c", "L"))
         self.do(f"""
-            click {CONTROL} {{c}}
-            await {NODE} NT_VARIABLE, node
-            key ctrl+x
-            await {NODE} nothing selected
+            click {CONTROL} {{c}} -> await {NODE} NT_VARIABLE, node
+            key ctrl+x -> await {NODE} nothing selected
             """, c=middle("a/Name+c", "LR"))
         self.answer_dialog("key ctrl+s", "mouse.fml")
         self.do(f"""
@@ -136,39 +127,25 @@ class Editor(unittest.TestCase):
         self.start()
         self.do(f"""
             type {text}
-            key enter tab
-            focus {CONTROL}
+            key enter tab -> focus {CONTROL}
             await {NODE} NT_STANDARD, subtree
-            key left
-            await {NODE} NT_PLUS, subtree
-            key right
-            await {NODE} NT_DIVISION, subtree
-            key delete
-            await {NODE} NT_PLACEHOLDER, subtree
+            key left -> await {NODE} NT_PLUS, subtree
+            key right -> await {NODE} NT_DIVISION, subtree
+            key delete -> await {NODE} NT_PLACEHOLDER, subtree
             await {CHANGES} changes: 1
-            key up left
-            await {NODE} NT_TIMES, subtree
-            key ctrl+x
-            await {NODE} nothing selected
-            key ctrl+a left right
-            await {NODE} NT_PLACEHOLDER, subtree
-            key ctrl+v
-            await {NODE} nothing selected
-            key ctrl+a left left
-            await {NODE} NT_PLACEHOLDER, subtree
-            key space
-            await {NODE} NT_PLACEHOLDER, node
-            key k
-            focus Edit
+            key up left -> await {NODE} NT_TIMES, subtree
+            key ctrl+x -> await {NODE} nothing selected
+            key ctrl+a left right -> await {NODE} NT_PLACEHOLDER, subtree
+            key ctrl+v -> await {NODE} nothing selected
+            key ctrl+a left left -> await {NODE} NT_PLACEHOLDER, subtree
+            key space -> await {NODE} NT_PLACEHOLDER, node
+            key k -> focus Edit
             type appa
-            key tab
-            focus {CONTROL}
+            key tab -> focus {CONTROL}
             await {CHANGES} changes: 2
-            key tab
-            focus Edit
+            key tab -> focus Edit
             await {TEXT} {text}
-            key alt+f
-            menu yes
+            key alt+f -> menu yes
             key a
             """)
         self.answer_dialog("menu no", "keys.fml")
@@ -183,12 +160,9 @@ class Editor(unittest.TestCase):
         self.start()
         self.do(f"""
             type ab
-            key ctrl+a ctrl+c end ctrl+v
-            await {TEXT} abab
-            key enter tab left
-            await {NODE} NT_VARIABLE, subtree
-            key z
-            focus Edit
+            key ctrl+a ctrl+c end ctrl+v -> await {TEXT} abab
+            key enter tab left -> await {NODE} NT_VARIABLE, subtree
+            key z -> focus Edit
             key ctrl+a ctrl+v
             """)
         # Saving ends the edit and takes its text.
@@ -204,25 +178,17 @@ class Editor(unittest.TestCase):
         self.start()
         self.do(f"""
             type 2x
-            key enter
-            await {MESSAGE} Error at Position 2!
+            key enter -> await {MESSAGE} Error at Position 2!
             key ctrl+a
             type a/b
-            key enter
-            await {MESSAGE}
-            key ctrl+r
-            await {READ_ONLY} read-only
+            key enter -> await {MESSAGE}
+            key ctrl+r -> await {READ_ONLY} read-only
             click {CONTROL} {{b}}
-            key tab
-            focus {CONTROL}
-            key delete
-            await {NODE} nothing selected
-            key ctrl+a
-            await {NODE} NT_STANDARD, subtree
-            key ctrl+x ctrl+c ctrl+v k
-            await {NODE} NT_STANDARD, subtree
-            key ctrl+r
-            await {READ_ONLY}
+            key tab -> focus {CONTROL}
+            key delete -> await {NODE} nothing selected
+            key ctrl+a -> await {NODE} NT_STANDARD, subtree
+            key ctrl+x ctrl+c ctrl+v k -> await {NODE} NT_STANDARD, subtree
+            key ctrl+r -> await {READ_ONLY}
             await {CHANGES} changes: 0
             """, b=middle("a/b", "LR"))
 
@@ -247,19 +213,15 @@ class Editor(unittest.TestCase):
         tree = mivora("tree", "a/b").split("\t")[0]
         self.check_file("out.fml", "a/b", tree)
 
-        self.do(f"""key ctrl+n
-                    dialog yes
-                    key n
-                    dialog no
+        self.do(f"""key ctrl+n -> dialog yes
+                    key n -> dialog no
                     await {TEXT}""")
         self.answer_dialog("key ctrl+o", "out.fml")
         self.do(f"""title out.fml - {TITLE}
                     await {TEXT} a/b
                     click {CONTROL} {{b}}
-                    key delete
-                    await {CHANGES} changes: 1
-                    key alt+f4
-                    dialog yes
+                    key delete -> await {CHANGES} changes: 1
+                    key alt+f4 -> dialog yes
                     key n""", b=b)
         self.check_file("out.fml", "a/b", tree)
 
@@ -268,11 +230,9 @@ class Editor(unittest.TestCase):
         (self.folder / "no.fml").write_bytes(b"nothing")
         self.start(windows_path(self.folder / "no.fml"))
         self.do(f"""dialog yes
-                    key enter
-                    dialog no
+                    key enter -> dialog no
                     await {NODE} NT_PLACEHOLDER, node
-                    key tab q enter
-                    await {CHANGES} changes: 1""")
+                    key tab q enter -> await {CHANGES} changes: 1""")
 
 
 if __name__ == "__main__":

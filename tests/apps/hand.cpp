@@ -13,16 +13,16 @@
 //   focus CLASS             until a window of this class has the focus
 //   dialog yes|no           until another window stands before the main one, or none
 //   menu yes|no             until a popup menu is there, or none
-//   gone                    until the program has ended; "yes CODE"
-#include <windows.h>
+//   gone CODE               until the program has ended with this exit code
+#include "platform/win/real_input.h"
 
 #include <algorithm>
 #include <cctype>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace
@@ -35,17 +35,17 @@ HWND s_hMain = nullptr;
 
 const std::string YES = "yes";
 
-// Asks until the answer is "yes".
-std::string Until(const std::function<std::string()>& ask)
+// Looks until it sees what is wanted.
+std::string Await(const std::string& strWanted, const std::function<std::string()>& see)
 {
     const DWORD nBegin = GetTickCount();
-    std::string strAnswer = ask();
-    while (strAnswer != YES && GetTickCount() - nBegin < s_nPatience)
+    std::string strSeen = see();
+    while (strSeen != strWanted && GetTickCount() - nBegin < s_nPatience)
     {
         Sleep(5);
-        strAnswer = ask();
+        strSeen = see();
     }
-    return strAnswer == YES ? YES : "no: " + strAnswer;
+    return strSeen == strWanted ? YES : "no: " + strSeen;
 }
 
 // ---- What is on the display
@@ -66,163 +66,113 @@ std::string TextOf(HWND hWnd)
     return szText;
 }
 
-struct CSearch
+// The first of all windows inside hParent, or of those at the top level for null.
+HWND Find(HWND hParent, const std::function<bool(HWND)>& isWanted)
 {
-    std::function<bool(HWND)> isWanted;
-    HWND hFound = nullptr;
-};
-
-BOOL CALLBACK Look(HWND hWnd, LPARAM lParam)
-{
-    auto& search = *reinterpret_cast<CSearch*>(lParam);
-    if (!search.isWanted(hWnd))
+    std::vector<HWND> windows;
+    const WNDENUMPROC pfnAdd = [](HWND hWnd, LPARAM lList) -> BOOL
+    {
+        reinterpret_cast<std::vector<HWND>*>(lList)->push_back(hWnd);
         return TRUE;
-    search.hFound = hWnd;
-    return FALSE;
+    };
+    const auto lList = reinterpret_cast<LPARAM>(&windows);
+    hParent != nullptr ? EnumChildWindows(hParent, pfnAdd, lList) : EnumWindows(pfnAdd, lList);
+    const auto found = std::ranges::find_if(windows, isWanted);
+    return found != windows.end() ? *found : nullptr;
 }
 
-// A window of the program that is to be seen, at the top level.
-HWND FindTop(const std::function<bool(HWND)>& isWanted)
+DWORD ProcessOf(HWND hWnd)
 {
-    CSearch search{ [&](HWND hWnd)
-                    {
-                        DWORD nProcess = 0;
-                        GetWindowThreadProcessId(hWnd, &nProcess);
-                        return nProcess == s_nProcess && IsWindowVisible(hWnd) && isWanted(hWnd);
-                    } };
-    EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
-    return search.hFound;
+    DWORD nProcess = 0;
+    GetWindowThreadProcessId(hWnd, &nProcess);
+    return nProcess;
 }
 
-HWND FindInside(const std::string& strClass)
+bool IsTopOfProgram(HWND hWnd)
 {
-    CSearch search{ [&](HWND hWnd)
-                    {
-                        return ClassOf(hWnd) == strClass;
-                    } };
-    EnumChildWindows(s_hMain, Look, reinterpret_cast<LPARAM>(&search));
-    return search.hFound;
+    return ProcessOf(hWnd) == s_nProcess && IsWindowVisible(hWnd);
 }
 
-std::string YesIf(bool bYes, const std::string& strElse)
+std::string IsThere(const std::string& strTopClass)
 {
-    return bYes ? YES : strElse;
+    const auto isIt = [&](HWND hWnd)
+    {
+        return IsTopOfProgram(hWnd) && ClassOf(hWnd) == strTopClass;
+    };
+    return Find(nullptr, isIt) != nullptr ? YES : "no";
 }
 
-std::string AwaitText(const std::function<HWND()>& find, const std::string& strWanted)
+std::string FocusClass()
 {
-    return Until(
-        [&]
-        {
-            const std::string strText = TextOf(find());
-            return YesIf(strText == strWanted, strText);
-        });
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(s_hMain, nullptr), &info);
+    return ClassOf(info.hwndFocus);
 }
 
-std::string AwaitTop(bool bWanted, const std::function<bool(HWND)>& isIt)
+std::string ExitCode()
 {
-    return Until(
-        [&]
-        {
-            const HWND hTop = FindTop(isIt);
-            return YesIf((hTop != nullptr) == bWanted, TextOf(hTop));
-        });
-}
-
-std::string AwaitFocus(const std::string& strClass)
-{
-    return Until(
-        [&]
-        {
-            GUITHREADINFO info{};
-            info.cbSize = sizeof info;
-            GetGUIThreadInfo(GetWindowThreadProcessId(s_hMain, nullptr), &info);
-            return YesIf(ClassOf(info.hwndFocus) == strClass, ClassOf(info.hwndFocus));
-        });
-}
-
-std::string AwaitEnd()
-{
-    if (WaitForSingleObject(s_hProcess, s_nPatience) != WAIT_OBJECT_0)
-        return "no: it runs";
     DWORD nCode = 0;
     GetExitCodeProcess(s_hProcess, &nCode);
-    return YES + " " + std::to_string(nCode);
+    return WaitForSingleObject(s_hProcess, 0) == WAIT_OBJECT_0 ? std::to_string(nCode) : "it runs";
+}
+
+// What the waiting commands look at; the identifier is that of "await".
+std::string See(const std::string& strCommand, int nID)
+{
+    if (strCommand == "await")
+        return TextOf(GetDlgItem(s_hMain, nID));
+    if (strCommand == "title")
+        return TextOf(s_hMain);
+    if (strCommand == "focus")
+        return FocusClass();
+    if (strCommand == "gone")
+        return ExitCode();
+    return IsThere(strCommand == "dialog" ? "#32770" : "#32768");
 }
 
 // ---- The hand
 
-void SendKey(WORD nKey, WORD nScan, DWORD nFlags)
-{
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = nKey;
-    input.ki.wScan = nScan;
-    input.ki.dwFlags = nFlags;
-    SendInput(1, &input, sizeof input);
-}
-
-std::string Type(const std::string& strText)
+void Type(const std::string& strText)
 {
     for (const char c : strText)
     {
-        SendKey(0, static_cast<BYTE>(c), KEYEVENTF_UNICODE);
-        SendKey(0, static_cast<BYTE>(c), KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+        for (const bool bDown : { true, false })
+            SendKey(0, bDown, static_cast<BYTE>(c), KEYEVENTF_UNICODE);
     }
-    return YES;
 }
-
-constexpr std::pair<const char*, WORD> s_aKeys[] = {
-    { "ctrl", VK_CONTROL }, { "shift", VK_SHIFT },   { "alt", VK_MENU },    { "enter", VK_RETURN },
-    { "tab", VK_TAB },      { "escape", VK_ESCAPE }, { "space", VK_SPACE }, { "left", VK_LEFT },
-    { "right", VK_RIGHT },  { "up", VK_UP },         { "down", VK_DOWN },   { "home", VK_HOME },
-    { "end", VK_END },      { "delete", VK_DELETE }, { "back", VK_BACK },   { "insert", VK_INSERT },
-    { "f1", VK_F1 },        { "f4", VK_F4 },
-};
 
 // A letter's or digit's own code is that of its key.
 WORD KeyOf(const std::string& strName)
 {
-    for (const auto& [pszName, nKey] : s_aKeys)
-    {
-        if (strName == pszName)
-            return nKey;
-    }
-    return static_cast<WORD>(std::toupper(static_cast<BYTE>(strName[0])));
+    static const std::map<std::string, WORD> s_keys = {
+        { "ctrl", VK_CONTROL },  { "shift", VK_SHIFT },   { "alt", VK_MENU },
+        { "enter", VK_RETURN },  { "tab", VK_TAB },       { "escape", VK_ESCAPE },
+        { "space", VK_SPACE },   { "left", VK_LEFT },     { "right", VK_RIGHT },
+        { "up", VK_UP },         { "down", VK_DOWN },     { "home", VK_HOME },
+        { "end", VK_END },       { "delete", VK_DELETE }, { "back", VK_BACK },
+        { "insert", VK_INSERT }, { "f1", VK_F1 },         { "f4", VK_F4 },
+    };
+    const auto found = s_keys.find(strName);
+    return found != s_keys.end() ? found->second
+                                 : static_cast<WORD>(std::toupper(static_cast<BYTE>(strName[0])));
 }
 
-std::string Press(const std::string& strKey)
+void Press(const std::string& strKey)
 {
     std::vector<WORD> held;
     std::stringstream names(strKey);
     for (std::string strName; std::getline(names, strName, '+');)
         held.push_back(KeyOf(strName));
     for (const WORD nKey : held)
-        SendKey(nKey, 0, 0);
+        SendKey(nKey, true);
     std::ranges::reverse(held);
     for (const WORD nKey : held)
-        SendKey(nKey, 0, KEYEVENTF_KEYUP);
-    return YES;
+        SendKey(nKey, false);
 }
 
-void SendMouse(DWORD nFlags, POINT point)
-{
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = nFlags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-    const int nWidth = GetSystemMetrics(SM_CXSCREEN);
-    const int nHeight = GetSystemMetrics(SM_CYSCREEN);
-    input.mi.dx = (point.x * 65536 + nWidth / 2) / nWidth + 1;
-    input.mi.dy = (point.y * 65536 + nHeight / 2) / nHeight + 1;
-    SendInput(1, &input, sizeof input);
-}
-
-struct CGesture
-{
-    const char* pszName;
-    std::vector<DWORD> buttons;
-};
-const CGesture s_aGestures[] = {
+// Buttons of the mouse, in the order in which they go down and up.
+const std::map<std::string, std::vector<DWORD>> s_gestures = {
     { "move", {} },
     { "press", { MOUSEEVENTF_LEFTDOWN } },
     { "release", { MOUSEEVENTF_LEFTUP } },
@@ -233,25 +183,26 @@ const CGesture s_aGestures[] = {
 };
 
 // A click soon after another one would be a double click: the first waits until that is over.
-std::string Gesture(const CGesture& gesture, std::istream& words)
+std::string Gesture(const std::vector<DWORD>& buttons, std::istream& words)
 {
     std::string strClass;
     POINT point{};
     words >> strClass >> point.x >> point.y;
-    const HWND hWnd = FindInside(strClass);
+    const HWND hWnd = Find(s_hMain, [&](HWND h) { return ClassOf(h) == strClass; });
     if (hWnd == nullptr)
         return "no: " + strClass;
     ClientToScreen(hWnd, &point);
     static DWORD s_nLast = 0;
-    if (!gesture.buttons.empty())
+    if (!buttons.empty())
     {
         while (GetTickCount() - s_nLast <= GetDoubleClickTime())
             Sleep(20);
         s_nLast = GetTickCount();
     }
-    SendMouse(0, point);
-    for (const DWORD nButton : gesture.buttons)
-        SendMouse(nButton, point);
+    constexpr DWORD nThere = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    SendMouse(nThere, point);
+    for (const DWORD nButton : buttons)
+        SendMouse(nThere | nButton, point);
     return YES;
 }
 
@@ -262,40 +213,26 @@ std::string Obey(const std::string& strLine)
     std::stringstream words(strLine);
     std::string strCommand;
     words >> strCommand;
-    for (const CGesture& gesture : s_aGestures)
-    {
-        if (strCommand == gesture.pszName)
-            return Gesture(gesture, words);
-    }
-    const std::string strRest = strLine.substr(std::min(strLine.size(), strCommand.size() + 1));
-    if (strCommand == "type")
-        return Type(strRest);
+    const auto gesture = s_gestures.find(strCommand);
+    if (gesture != s_gestures.end())
+        return Gesture(gesture->second, words);
+    int nID = 0;
     if (strCommand == "await")
+        words >> nID;
+    words.get();  // the blank
+    std::string strRest;
+    std::getline(words, strRest);
+    if (strCommand == "type")
     {
-        const size_t nBlank = strRest.find(' ');
-        const int nID = std::stoi(strRest);
-        const std::string strText = nBlank == std::string::npos ? "" : strRest.substr(nBlank + 1);
-        return AwaitText([=] { return GetDlgItem(s_hMain, nID); }, strText);
+        Type(strRest);
+        return YES;
     }
-    if (strCommand == "title")
-    {
-        return AwaitText([] { return s_hMain; }, strRest);
-    }
-    if (strCommand == "focus")
-        return AwaitFocus(strRest);
-    if (strCommand == "dialog")
-    {
-        return AwaitTop(strRest == YES, [](HWND hWnd) { return ClassOf(hWnd) == "#32770"; });
-    }
-    if (strCommand == "menu")
-    {
-        return AwaitTop(strRest == YES, [](HWND hWnd) { return ClassOf(hWnd) == "#32768"; });
-    }
-    if (strCommand == "gone")
-        return AwaitEnd();
     if (strCommand != "key")
-        return "no: what is " + strCommand;
-    for (std::string strKey; words >> strKey;)
+    {
+        return Await(strRest, [&] { return See(strCommand, nID); });
+    }
+    std::stringstream keys(strRest);
+    for (std::string strKey; keys >> strKey;)
         Press(strKey);
     return YES;
 }
@@ -310,14 +247,16 @@ bool Start(std::string strCommand)
         return false;
     s_hProcess = process.hProcess;
     s_nProcess = process.dwProcessId;
-    const auto isForeground = []
+    const auto isMain = [](HWND hWnd)
     {
-        DWORD nProcess = 0;
-        GetWindowThreadProcessId(GetForegroundWindow(), &nProcess);
-        s_hMain = FindTop([](HWND hWnd) { return GetWindow(hWnd, GW_OWNER) == nullptr; });
-        return YesIf(s_hMain != nullptr && nProcess == s_nProcess, "");
+        return IsTopOfProgram(hWnd) && GetWindow(hWnd, GW_OWNER) == nullptr;
     };
-    return Until(isForeground) == YES;
+    const auto seeMain = [&]
+    {
+        s_hMain = Find(nullptr, isMain);
+        return s_hMain != nullptr && ProcessOf(GetForegroundWindow()) == s_nProcess ? YES : "no";
+    };
+    return Await(YES, seeMain) == YES;
 }
 }  // namespace
 

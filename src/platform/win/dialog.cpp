@@ -24,9 +24,8 @@ constexpr UINT s_nLastCommand = 0xEFFF;
 // Null if there is none.
 const DLGTEMPLATE* FindTemplate(LPCSTR pszName)
 {
-    const LPCSTR pszType = MAKEINTRESOURCEA(5);
-    const HINSTANCE hModule = AfxFindResourceHandle(pszName, pszType);
-    const HRSRC hInfo = ::FindResourceA(hModule, pszName, pszType);
+    const HINSTANCE hModule = AfxFindResourceHandle(pszName, RT_DIALOG);
+    const HRSRC hInfo = ::FindResourceA(hModule, pszName, RT_DIALOG);
     const HGLOBAL hTemplate = hInfo != nullptr ? ::LoadResource(hModule, hInfo) : nullptr;
     return hTemplate != nullptr ? static_cast<const DLGTEMPLATE*>(::LockResource(hTemplate))
                                 : nullptr;
@@ -184,28 +183,6 @@ void CDialog::EndDialog(int nResult)
     m_bModal = false;
     PostMessage(WM_NULL);  // the loop may be waiting
     CallSystem([hWnd = m_hWnd, nResult] { return ::EndDialog(hWnd, nResult); });
-}
-
-// ---- Controls
-
-void CDialog::GotoDlgCtrl(CWnd* pControl)
-{
-    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pControl->GetSafeHwnd()), TRUE);
-}
-
-void CDialog::NextDlgCtrl() const
-{
-    CallSystem([this] { return ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, 0, FALSE); });
-}
-
-void CDialog::PrevDlgCtrl() const
-{
-    CallSystem([this] { return ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, 1, FALSE); });
-}
-
-void CDialog::SetDefID(UINT nID)
-{
-    SendMessage(DM_SETDEFID, nID);
 }
 
 // ---- What may be overridden

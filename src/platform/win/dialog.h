@@ -37,11 +37,6 @@ public:
     BOOL Create(UINT nTemplate, CWnd* pParent = nullptr);
     BOOL CreateIndirect(const DLGTEMPLATE* pTemplate, CWnd* pParent = nullptr);
 
-    void GotoDlgCtrl(CWnd* pControl);
-    void NextDlgCtrl() const;
-    void PrevDlgCtrl() const;
-    void SetDefID(UINT nID);
-
     // All controls are there. FALSE where the focus has been set.
     virtual BOOL OnInitDialog();
     // Navigation by keys, after the controls have seen the message.

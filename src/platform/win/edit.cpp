@@ -21,11 +21,6 @@ BOOL CEdit::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID)
     return CWnd::Create("EDIT", nullptr, dwStyle, rect, pParent, nID);
 }
 
-BOOL CEdit::CanUndo() const
-{
-    return Ask(this, EM_CANUNDO) != 0;
-}
-
 void CEdit::Clear()
 {
     SendMessage(WM_CLEAR);
@@ -41,11 +36,6 @@ void CEdit::Cut()
     SendMessage(WM_CUT);
 }
 
-BOOL CEdit::GetModify() const
-{
-    return Ask(this, EM_GETMODIFY) != 0;
-}
-
 void CEdit::GetSel(int& nStart, int& nEnd) const
 {
     Ask(this, EM_GETSEL, reinterpret_cast<WPARAM>(&nStart), reinterpret_cast<LPARAM>(&nEnd));
@@ -59,16 +49,6 @@ void CEdit::LimitText(int nMost)
 void CEdit::Paste()
 {
     SendMessage(WM_PASTE);
-}
-
-void CEdit::ReplaceSel(LPCSTR pszText, BOOL bCanUndo)
-{
-    SendMessage(EM_REPLACESEL, static_cast<WPARAM>(bCanUndo), reinterpret_cast<LPARAM>(pszText));
-}
-
-void CEdit::SetModify(BOOL bModified)
-{
-    SendMessage(EM_SETMODIFY, static_cast<WPARAM>(bModified));
 }
 
 BOOL CEdit::SetReadOnly(BOOL bReadOnly)

@@ -11,16 +11,12 @@ public:
     // ES_ and WS_ styles; WS_CHILD is added.
     virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID);
 
-    BOOL CanUndo() const;
     void Clear();  // deletes the selection
     void Copy();
     void Cut();
-    BOOL GetModify() const;
     void GetSel(int& nStart, int& nEnd) const;
     void LimitText(int nMost = 0);
     void Paste();
-    void ReplaceSel(LPCSTR pszText, BOOL bCanUndo = FALSE);
-    void SetModify(BOOL bModified = TRUE);
     BOOL SetReadOnly(BOOL bReadOnly = TRUE);
     // (0, -1) is everything; (-1, n) takes the selection away. Then the caret is scrolled into
     // view.

@@ -20,18 +20,14 @@ END_MESSAGE_MAP()
 
 namespace
 {
-const LPCSTR s_pszMenuType = MAKEINTRESOURCEA(4);
-const LPCSTR s_pszAcceleratorType = MAKEINTRESOURCEA(9);
-const LPCSTR s_pszIconType = MAKEINTRESOURCEA(14);
-const LPCSTR s_pszStringType = MAKEINTRESOURCEA(6);
 constexpr UINT s_nStringsInBlock = 16;
 
 CString LoadText(UINT nID)
 {
     char szText[256];
     const LPCSTR pszBlock = MAKEINTRESOURCEA(nID / s_nStringsInBlock + 1);
-    const int nLength = ::LoadStringA(AfxFindResourceHandle(pszBlock, s_pszStringType), nID, szText,
-                                      sizeof(szText));
+    const int nLength =
+        ::LoadStringA(AfxFindResourceHandle(pszBlock, RT_STRING), nID, szText, sizeof(szText));
     return { szText, nLength };
 }
 }  // namespace
@@ -54,7 +50,7 @@ BOOL CFrameWnd::Create(LPCSTR pszClassName, LPCSTR pszTitle, DWORD dwStyle, cons
     HMENU hMenu = nullptr;
     if (pszMenu != nullptr)
     {
-        hMenu = ::LoadMenuA(AfxFindResourceHandle(pszMenu, s_pszMenuType), pszMenu);
+        hMenu = ::LoadMenuA(AfxFindResourceHandle(pszMenu, RT_MENU), pszMenu);
         if (hMenu == nullptr)
             return FALSE;
     }
@@ -72,7 +68,7 @@ BOOL CFrameWnd::Create(LPCSTR pszClassName, LPCSTR pszTitle, DWORD dwStyle, cons
 BOOL CFrameWnd::LoadFrame(UINT nIDResource, DWORD dwStyle, CWnd* pParent, CCreateContext* pContext)
 {
     const LPCSTR pszName = MAKEINTRESOURCEA(nIDResource);
-    m_hIcon = ::LoadIconA(AfxFindResourceHandle(pszName, s_pszIconType), pszName);
+    m_hIcon = ::LoadIconA(AfxFindResourceHandle(pszName, RT_GROUP_ICON), pszName);
     LoadAccelTable(pszName);
     return Create(nullptr, LoadText(nIDResource), dwStyle, rectDefault, pParent, pszName, 0,
                   pContext);
@@ -80,8 +76,7 @@ BOOL CFrameWnd::LoadFrame(UINT nIDResource, DWORD dwStyle, CWnd* pParent, CCreat
 
 BOOL CFrameWnd::LoadAccelTable(LPCSTR pszName)
 {
-    m_hAccelTable =
-        ::LoadAcceleratorsA(AfxFindResourceHandle(pszName, s_pszAcceleratorType), pszName);
+    m_hAccelTable = ::LoadAcceleratorsA(AfxFindResourceHandle(pszName, RT_ACCELERATOR), pszName);
     return m_hAccelTable != nullptr;
 }
 

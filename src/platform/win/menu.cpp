@@ -118,7 +118,7 @@ BOOL CMenu::CreatePopupMenu()
 
 BOOL CMenu::LoadMenu(LPCSTR pszName)
 {
-    return Attach(::LoadMenuA(AfxFindResourceHandle(pszName, MAKEINTRESOURCEA(4)), pszName));
+    return Attach(::LoadMenuA(AfxFindResourceHandle(pszName, RT_MENU), pszName));
 }
 
 BOOL CMenu::LoadMenu(UINT nID)
@@ -225,12 +225,6 @@ BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nItem, LPCSTR pszTe
 {
     ASSERT(::IsMenu(m_hMenu));
     return ::ModifyMenuA(m_hMenu, nPosition, nFlags, nItem, pszText);
-}
-
-BOOL CMenu::RemoveMenu(UINT nPosition, UINT nFlags)
-{
-    ASSERT(::IsMenu(m_hMenu));
-    return ::RemoveMenu(m_hMenu, nPosition, nFlags);
 }
 
 BOOL CMenu::SetDefaultItem(UINT nItem, BOOL bByPosition)

@@ -62,7 +62,6 @@ public:
     CMenu* GetSubMenu(int nPosition) const;
     BOOL InsertMenu(UINT nPosition, UINT nFlags, UINT_PTR nItem = 0, LPCSTR pszText = nullptr);
     BOOL ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nItem = 0, LPCSTR pszText = nullptr);
-    BOOL RemoveMenu(UINT nPosition, UINT nFlags);
     BOOL SetDefaultItem(UINT nItem, BOOL bByPosition = FALSE);
 
     HMENU m_hMenu = nullptr;

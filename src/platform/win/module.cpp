@@ -9,8 +9,6 @@
 
 namespace
 {
-constinit HINSTANCE g_hResources = nullptr;
-
 std::vector<HINSTANCE>& FurtherModules()
 {
     static auto& s_modules = *new std::vector<HINSTANCE>;
@@ -33,12 +31,7 @@ HINSTANCE AfxGetInstanceHandle()
 
 HINSTANCE AfxGetResourceHandle()
 {
-    return g_hResources != nullptr ? g_hResources : ::GetModuleHandleA(nullptr);
-}
-
-void AfxSetResourceHandle(HINSTANCE hInstance)
-{
-    g_hResources = hInstance;
+    return ::GetModuleHandleA(nullptr);
 }
 
 void AfxAddResourceModule(HINSTANCE hInstance)

@@ -7,9 +7,8 @@
 // registered under it.
 HINSTANCE AfxGetInstanceHandle();
 
-// Where resources are looked for first: what AfxSetResourceHandle said, or else the program.
+// Where resources are looked for first: the program.
 HINSTANCE AfxGetResourceHandle();
-void AfxSetResourceHandle(HINSTANCE hInstance);
 // A further place, as of a library with resources of its own; it stays until the process ends.
 void AfxAddResourceModule(HINSTANCE hInstance);
 // The first module that has the resource (of any language): the two above, then the module with

@@ -1,3 +1,4 @@
+// Reading what others offer.
 #include "platform/win/ole_data_object.h"
 
 #include "platform/base/win32/com_pointer.h"
@@ -14,12 +15,6 @@ FORMATETC FullFormat(CLIPFORMAT nFormat, const FORMATETC* pFormat)
     if (nFormat != 0)
         format.cfFormat = nFormat;
     return format;
-}
-
-void ReleaseAndForget(IUnknown* pObject)
-{
-    if (pObject != nullptr)
-        pObject->Release();
 }
 }  // namespace
 
@@ -46,7 +41,6 @@ BOOL COleDataObject::AttachClipboard()
 
 IDataObject* COleDataObject::Detach()
 {
-    ReleaseAndForget(std::exchange(m_pFormats, nullptr));
     return std::exchange(m_pDataObject, nullptr);
 }
 
@@ -54,8 +48,8 @@ void COleDataObject::Release()
 {
     const bool bOwned = m_bAutoRelease;
     IDataObject* pDataObject = Detach();
-    if (bOwned)
-        ReleaseAndForget(pDataObject);
+    if (bOwned && pDataObject != nullptr)
+        pDataObject->Release();
 }
 
 BOOL COleDataObject::IsDataAvailable(CLIPFORMAT nFormat, FORMATETC* pFormat)
@@ -79,29 +73,4 @@ HGLOBAL COleDataObject::GetGlobalData(CLIPFORMAT nFormat, FORMATETC* pFormat)
         hCopy = OleDuplicateData(medium.hGlobal, format.cfFormat, GMEM_MOVEABLE);
     ReleaseStgMedium(&medium);
     return hCopy;
-}
-
-void COleDataObject::BeginEnumFormats()
-{
-    ReleaseAndForget(std::exchange(m_pFormats, nullptr));
-    if (m_pDataObject != nullptr && FAILED(m_pDataObject->EnumFormatEtc(DATADIR_GET, &m_pFormats)))
-        m_pFormats = nullptr;
-}
-
-BOOL COleDataObject::GetNextFormat(FORMATETC* pFormat)
-{
-    *pFormat = {};
-    if (m_pFormats == nullptr)
-        return FALSE;
-    if (m_pFormats->Next(1, pFormat, nullptr) == S_OK)
-        return TRUE;
-    ReleaseAndForget(std::exchange(m_pFormats, nullptr));
-    return FALSE;
-}
-
-IDataObject* COleDataObject::GetIDataObject(BOOL bAddRef)
-{
-    if (bAddRef && m_pDataObject != nullptr)
-        m_pDataObject->AddRef();
-    return m_pDataObject;
 }

@@ -31,16 +31,7 @@ public:
     // The data in a block of global memory, which the caller frees; null if they are not there.
     HGLOBAL GetGlobalData(CLIPFORMAT nFormat, FORMATETC* pFormat = nullptr);
 
-    // BeginEnumFormats, then GetNextFormat until it is FALSE: all formats, those first that tell
-    // most. A target device in a format is freed by the caller with CoTaskMemFree.
-    void BeginEnumFormats();
-    BOOL GetNextFormat(FORMATETC* pFormat);
-
-    // With bAddRef the caller has a reference to release. Null if nothing is attached.
-    IDataObject* GetIDataObject(BOOL bAddRef);
-
 private:
     IDataObject* m_pDataObject = nullptr;
-    IEnumFORMATETC* m_pFormats = nullptr;  // owned; the rest of an enumeration
-    BOOL m_bAutoRelease = TRUE;            // m_pDataObject is a reference of our own
+    BOOL m_bAutoRelease = TRUE;  // m_pDataObject is a reference of our own
 };

@@ -1,3 +1,4 @@
+// A source as the system sees it, and its way to the clipboard and into a drag.
 #include "platform/win/ole_data_source.h"
 
 #include "platform/base/win32/com_object.h"
@@ -94,7 +95,6 @@ public:
     explicit CContent(COleDataSource* pSource) : m_pSource(pSource) {}
 
     void Put(const FORMATETC& format, CGlobalPtr memory);
-    void Empty() { m_entries.clear(); }
     void OwnSource() { m_bOwnsSource = true; }
     void LoseSource();
 
@@ -311,11 +311,6 @@ void COleDataSource::CacheGlobalData(CLIPFORMAT nFormat, HGLOBAL hMemory, FORMAT
         format.lindex = pFormat->lindex;
     }
     m_pContent->Put(format, std::move(memory));
-}
-
-void COleDataSource::Empty()
-{
-    m_pContent->Empty();
 }
 
 void COleDataSource::SetClipboard()

@@ -28,9 +28,6 @@ public:
     // of the data; a target device is refused with CInvalidArgException.
     void CacheGlobalData(CLIPFORMAT nFormat, HGLOBAL hMemory, FORMATETC* pFormat = nullptr);
 
-    // Takes back all that was offered.
-    void Empty();
-
     // Puts the data on the clipboard. The source, made with new, belongs to the system from now on
     // and ends with its turn there; it is gone also if this throws COleException.
     void SetClipboard();

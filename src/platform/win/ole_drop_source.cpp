@@ -1,3 +1,4 @@
+// Waiting for a drag to begin, and its course.
 #include "platform/win/ole_drop_source.h"
 
 #include "platform/base/win32/com_object.h"

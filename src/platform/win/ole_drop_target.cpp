@@ -1,3 +1,4 @@
+// The events of a drag, from the system to the handlers.
 #include "platform/win/ole_drop_target.h"
 
 #include "platform/base/win32/com_object.h"

@@ -1,3 +1,4 @@
+// The start and the end of OLE on a thread, and its failures.
 #include "platform/win/ole_init.h"
 
 #include "platform/win/ole_data_source.h"

@@ -204,28 +204,6 @@ void CWnd::SendMessageToDescendants(UINT nMessage, WPARAM wParam, LPARAM lParam)
 
 // ---- One call of the system each
 
-BOOL CWnd::BringWindowToTop()
-{
-    return On(m_hWnd, [=](HWND hWnd) { return ::BringWindowToTop(hWnd); });
-}
-
-void CWnd::CenterWindow()
-{
-    CRect rect;
-    CRect around;
-    GetWindowRect(&rect);
-    const HWND hParent = ::GetParent(m_hWnd);
-    if (hParent != nullptr && ::IsWindowVisible(hParent) && !::IsIconic(hParent))
-        ::GetWindowRect(hParent, &around);
-    else
-        ::SystemParametersInfoA(SPI_GETWORKAREA, 0, &around, 0);
-    CPoint place((around.left + around.right - rect.Width()) / 2,
-                 (around.top + around.bottom - rect.Height()) / 2);
-    if ((GetStyle() & WS_CHILD) != 0)
-        ::ScreenToClient(hParent, &place);
-    SetWindowPos(nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void CWnd::ClientToScreen(LPPOINT pPoint) const
 {
     ASSERT(::IsWindow(m_hWnd));
@@ -254,16 +232,6 @@ BOOL CWnd::EnableWindow(BOOL bEnable)
     return On(m_hWnd, [=](HWND hWnd) { return ::EnableWindow(hWnd, bEnable); });
 }
 
-CWnd* CWnd::GetActiveWindow()
-{
-    return FromHandle(::GetActiveWindow());
-}
-
-CWnd* CWnd::GetCapture()
-{
-    return FromHandle(::GetCapture());
-}
-
 void CWnd::GetClientRect(LPRECT pRect) const
 {
     ASSERT(::IsWindow(m_hWnd));
@@ -280,12 +248,6 @@ CWnd* CWnd::GetDlgItem(int nID) const
 {
     ASSERT(::IsWindow(m_hWnd));
     return FromHandle(::GetDlgItem(m_hWnd, nID));
-}
-
-DWORD CWnd::GetExStyle() const
-{
-    ASSERT(::IsWindow(m_hWnd));
-    return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_EXSTYLE));
 }
 
 CWnd* CWnd::GetFocus()
@@ -327,18 +289,6 @@ BOOL CWnd::GetScrollInfo(int nBar, SCROLLINFO* pInfo, UINT nMask)
     return ::GetScrollInfo(m_hWnd, nBar, pInfo);
 }
 
-int CWnd::GetScrollPos(int nBar) const
-{
-    ASSERT(::IsWindow(m_hWnd));
-    return ::GetScrollPos(m_hWnd, nBar);
-}
-
-void CWnd::GetScrollRange(int nBar, LPINT pnMin, LPINT pnMax) const
-{
-    ASSERT(::IsWindow(m_hWnd));
-    ::GetScrollRange(m_hWnd, nBar, pnMin, pnMax);
-}
-
 DWORD CWnd::GetStyle() const
 {
     ASSERT(::IsWindow(m_hWnd));
@@ -351,12 +301,6 @@ CWnd* CWnd::GetTopLevelParent() const
     while (const HWND hParent = ::GetParent(hWnd))
         hWnd = hParent;
     return FromHandle(hWnd);
-}
-
-CWnd* CWnd::GetWindow(UINT nCommand) const
-{
-    ASSERT(::IsWindow(m_hWnd));
-    return FromHandle(::GetWindow(m_hWnd, nCommand));
 }
 
 void CWnd::GetWindowRect(LPRECT pRect) const
@@ -416,21 +360,6 @@ int CWnd::MessageBox(LPCSTR pszText, LPCSTR pszCaption, UINT nType)
     return On(m_hWnd, [=](HWND hWnd) { return ::MessageBoxA(hWnd, pszText, pszCaption, nType); });
 }
 
-BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nPosFlags)
-{
-    const DWORD dwOld = GetStyle();
-    const DWORD dwNew = (dwOld & ~dwRemove) | dwAdd;
-    if (dwNew == dwOld)
-        return FALSE;
-    On(m_hWnd, [=](HWND hWnd) { ::SetWindowLongA(hWnd, GWL_STYLE, static_cast<LONG>(dwNew)); });
-    if (nPosFlags != 0)
-    {
-        SetWindowPos(nullptr, 0, 0, 0, 0,
-                     SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | nPosFlags);
-    }
-    return TRUE;
-}
-
 void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint)
 {
     On(m_hWnd, [=](HWND hWnd) { ::MoveWindow(hWnd, x, y, nWidth, nHeight, bRepaint); });
@@ -470,11 +399,6 @@ LRESULT CWnd::SendMessage(UINT nMessage, WPARAM wParam, LPARAM lParam)
     return On(m_hWnd, [=](HWND hWnd) { return ::SendMessageA(hWnd, nMessage, wParam, lParam); });
 }
 
-CWnd* CWnd::SetCapture()
-{
-    return On(m_hWnd, [=](HWND hWnd) { return FromHandle(::SetCapture(hWnd)); });
-}
-
 CWnd* CWnd::SetFocus()
 {
     return On(m_hWnd, [=](HWND hWnd) { return FromHandle(::SetFocus(hWnd)); });
@@ -509,11 +433,6 @@ BOOL CWnd::SetScrollInfo(int nBar, SCROLLINFO* pInfo, BOOL bRedraw)
               [=](HWND hWnd) { return (::SetScrollInfo(hWnd, nBar, pInfo, bRedraw), TRUE); });
 }
 
-int CWnd::SetScrollPos(int nBar, int nPos, BOOL bRedraw)
-{
-    return On(m_hWnd, [=](HWND hWnd) { return ::SetScrollPos(hWnd, nBar, nPos, bRedraw); });
-}
-
 void CWnd::SetScrollRange(int nBar, int nMin, int nMax, BOOL bRedraw)
 {
     On(m_hWnd, [=](HWND hWnd) { ::SetScrollRange(hWnd, nBar, nMin, nMax, bRedraw); });
@@ -529,11 +448,6 @@ BOOL CWnd::SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, 
 void CWnd::SetWindowText(LPCSTR pszText)
 {
     On(m_hWnd, [=](HWND hWnd) { ::SetWindowTextA(hWnd, pszText); });
-}
-
-void CWnd::ShowScrollBar(int nBar, BOOL bShow)
-{
-    On(m_hWnd, [=](HWND hWnd) { ::ShowScrollBar(hWnd, nBar, bShow); });
 }
 
 BOOL CWnd::ShowWindow(int nShow)

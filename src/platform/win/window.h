@@ -100,8 +100,6 @@ public:
     // Puts this object before the procedure of a window that is there.
     BOOL SubclassWindow(HWND hWnd);
     BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
-    // The window as it was; null if its procedure is no longer ours to take away.
-    HWND UnsubclassWindow();
     // Goes up from the message's window to hWndStop and asks each object; TRUE: one took it.
     static BOOL WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
     BOOL IsDialogMessage(MSG* pMsg);
@@ -111,19 +109,14 @@ public:
 
     // ---- One call of the system each
 
-    BOOL BringWindowToTop();
-    void CenterWindow();  // over its parent, or on the screen's work area
     void ClientToScreen(LPPOINT pPoint) const;
     void ClientToScreen(LPRECT pRect) const;
     void DrawMenuBar();
     BOOL EnableScrollBarCtrl(int nBar, BOOL bEnable = TRUE);  // shows or hides the window's own bar
     BOOL EnableWindow(BOOL bEnable = TRUE);
-    static CWnd* GetActiveWindow();
-    static CWnd* GetCapture();
     void GetClientRect(LPRECT pRect) const;
     int GetDlgCtrlID() const;
     CWnd* GetDlgItem(int nID) const;
-    DWORD GetExStyle() const;
     static CWnd* GetFocus();
     CFont* GetFont() const;
     CMenu* GetMenu() const;
@@ -131,11 +124,8 @@ public:
     CWnd* GetOwner() const;
     CWnd* GetParent() const;
     BOOL GetScrollInfo(int nBar, SCROLLINFO* pInfo, UINT nMask = SIF_ALL);
-    int GetScrollPos(int nBar) const;
-    void GetScrollRange(int nBar, LPINT pnMin, LPINT pnMax) const;
     DWORD GetStyle() const;
     CWnd* GetTopLevelParent() const;
-    CWnd* GetWindow(UINT nCommand) const;
     void GetWindowRect(LPRECT pRect) const;
     int GetWindowText(LPSTR pszText, int nMost) const;
     void GetWindowText(CString& strText) const;
@@ -146,7 +136,6 @@ public:
     BOOL IsWindowEnabled() const;
     BOOL IsWindowVisible() const;
     int MessageBox(LPCSTR pszText, LPCSTR pszCaption = nullptr, UINT nType = MB_OK);
-    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nPosFlags = 0);
     void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE);
     void MoveWindow(LPCRECT pRect, BOOL bRepaint = TRUE);
     BOOL PostMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
@@ -155,18 +144,15 @@ public:
     void ScreenToClient(LPPOINT pPoint) const;
     void ScreenToClient(LPRECT pRect) const;
     LRESULT SendMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
-    CWnd* SetCapture();
     CWnd* SetFocus();
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
     BOOL SetForegroundWindow();
     BOOL SetMenu(CMenu* pMenu);
     void SetOwner(CWnd* pOwner);
     BOOL SetScrollInfo(int nBar, SCROLLINFO* pInfo, BOOL bRedraw = TRUE);
-    int SetScrollPos(int nBar, int nPos, BOOL bRedraw = TRUE);
     void SetScrollRange(int nBar, int nMin, int nMax, BOOL bRedraw = TRUE);
     BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
     void SetWindowText(LPCSTR pszText);
-    void ShowScrollBar(int nBar, BOOL bShow = TRUE);
     BOOL ShowWindow(int nShow);
     void UpdateWindow();
     void ValidateRect(LPCRECT pRect);

@@ -6,7 +6,6 @@
 #include "platform/win/window.h"
 
 IMPLEMENT_DYNAMIC(CPaintDC, CDC)
-IMPLEMENT_DYNAMIC(CWindowDC, CDC)
 
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->GetSafeHwnd())
 {
@@ -28,16 +27,4 @@ CPaintDC::~CPaintDC()
     if (m_hDC)
         Detach();
     ::EndPaint(m_hWnd, &m_ps);
-}
-
-CWindowDC::CWindowDC(CWnd* pWnd) : m_hWnd(pWnd ? pWnd->GetSafeHwnd() : nullptr)
-{
-    if (!Attach(::GetWindowDC(m_hWnd)))
-        AfxThrowResourceException();
-}
-
-CWindowDC::~CWindowDC()
-{
-    if (m_hDC)
-        ::ReleaseDC(m_hWnd, Detach());
 }

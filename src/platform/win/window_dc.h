@@ -1,5 +1,4 @@
-// Device contexts of windows, as long as the object lives; for the inside of a window see
-// CClientDC.
+// The device context of a window that is painted; for the inside of one at any time see CClientDC.
 #pragma once
 
 #include "platform/gdi/dc.h"
@@ -15,20 +14,6 @@ public:
     ~CPaintDC() override;
 
     PAINTSTRUCT m_ps = {};
-
-protected:
-    HWND m_hWnd;
-};
-
-// A whole window, its frame and caption too, or the screen for null.
-class CWindowDC : public CDC
-{
-    DECLARE_DYNAMIC(CWindowDC)
-
-public:
-    // CResourceException if there is no device context to be had.
-    explicit CWindowDC(CWnd* pWnd);
-    ~CWindowDC() override;
 
 protected:
     HWND m_hWnd;

@@ -136,17 +136,6 @@ BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent)
     return SubclassWindow(::GetDlgItem(pParent->m_hWnd, static_cast<int>(nID)));
 }
 
-HWND CWnd::UnsubclassWindow()
-{
-    ASSERT(::IsWindow(m_hWnd));
-    if (m_pfnSuper != nullptr)
-    {
-        ::SetWindowLongPtrA(m_hWnd, GWLP_WNDPROC,
-                            reinterpret_cast<LONG_PTR>(std::exchange(m_pfnSuper, nullptr)));
-    }
-    return Detach();
-}
-
 LRESULT CWnd::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
     LRESULT lResult = 0;

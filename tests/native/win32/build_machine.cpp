@@ -19,32 +19,6 @@ std::string ReadText(const std::filesystem::path& path)
     return { std::istreambuf_iterator<char>(file), {} };
 }
 
-// A folder of its own for each command.
-class CCommandFolder
-{
-public:
-    CCommandFolder()
-    {
-        static int s_nNumber = 0;
-        m_path = std::filesystem::temp_directory_path() /
-                 ("command-" + std::to_string(GetCurrentProcessId()) + "-" +
-                  std::to_string(s_nNumber++));
-        std::filesystem::create_directories(m_path);
-    }
-    ~CCommandFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(m_path, ignored);
-    }
-    CCommandFolder(const CCommandFolder&) = delete;
-    CCommandFolder& operator=(const CCommandFolder&) = delete;
-
-    const std::filesystem::path& Path() const { return m_path; }
-
-private:
-    std::filesystem::path m_path;
-};
-
 bool StartShell(const std::filesystem::path& script)
 {
     std::wstring line = L"sh \"" + std::filesystem::path(NativePath(script)).wstring() + L"\"";
@@ -58,24 +32,27 @@ bool StartShell(const std::filesystem::path& script)
 
 CCommandResult RunCommand(const std::string& strCommand)
 {
-    CCommandResult result;
-    const CCommandFolder folder;
-    const std::filesystem::path script = folder.Path() / "script";
-    const std::filesystem::path done = folder.Path() / "done";
-    std::ofstream(script, std::ios::binary)
-        << "cd '" << NativePath(folder.Path()) << "'\n( " << strCommand << "\n) >output 2>&1 "
+    static int s_nNumber = 0;
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() /
+        ("command-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(s_nNumber++));
+    std::filesystem::create_directories(folder);
+    const std::filesystem::path done = folder / "done";
+    std::ofstream(folder / "script", std::ios::binary)
+        << "cd '" << NativePath(folder) << "'\n( " << strCommand << "\n) >output 2>&1 "
         << "</dev/null\necho $? >status\nmv status done\n";
-    if (!StartShell(script))
-        return result;
     const DWORD nStart = GetTickCount();
-    while (!std::filesystem::exists(done))
+    bool bGoing = StartShell(folder / "script");
+    while (bGoing && !std::filesystem::exists(done))
     {
-        if (GetTickCount() - nStart > s_nMostMilliseconds)
-            return result;
         Sleep(2);
+        bGoing = GetTickCount() - nStart <= s_nMostMilliseconds;
     }
-    result.m_nStatus = std::atoi(ReadText(done).c_str());
-    result.m_strOutput = ReadText(folder.Path() / "output");
+    CCommandResult result;
+    if (bGoing)
+        result = { std::atoi(ReadText(done).c_str()), ReadText(folder / "output") };
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
     return result;
 }
 

@@ -12,12 +12,6 @@
 
 namespace
 {
-void Send(const INPUT& input)
-{
-    INPUT copy = input;
-    SendInput(1, &copy, sizeof copy);
-}
-
 bool IsPressed(int nKey)
 {
     return GetAsyncKeyState(nKey) < 0;
@@ -54,28 +48,6 @@ void Handle(MSG& message)
     }
 }
 }  // namespace
-
-void SendMouse(DWORD nFlags, POINT point)
-{
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = nFlags;
-    const int nWidth = GetSystemMetrics(SM_CXSCREEN);
-    const int nHeight = GetSystemMetrics(SM_CYSCREEN);
-    input.mi.dx = (point.x * 65536 + nWidth / 2) / nWidth + 1;
-    input.mi.dy = (point.y * 65536 + nHeight / 2) / nHeight + 1;
-    Send(input);
-}
-
-void SendKey(WORD nKey, bool bDown, BYTE nScan)
-{
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = nKey;
-    input.ki.wScan = nScan;
-    input.ki.dwFlags = bDown ? 0 : KEYEVENTF_KEYUP;
-    Send(input);
-}
 
 void LetGo()
 {
@@ -188,26 +160,21 @@ CPartner::~CPartner()
 std::string CPartner::ReadLine()
 {
     std::string strLine;
-    bool bEnded = false;
-    PumpUntil(
+    std::atomic<bool> bEnded = false;
+    std::thread reader(
         [&]
         {
-            DWORD nThere = 0;
-            while (!bEnded)
-            {
-                char c = 0;
-                DWORD nRead = 0;
-                if (!PeekNamedPipe(m_hItsOutput, nullptr, 0, nullptr, &nThere, nullptr))
-                    bEnded = true;
-                else if (nThere == 0)
-                    break;
-                else if (ReadFile(m_hItsOutput, &c, 1, &nRead, nullptr) && c == '\n')
-                    bEnded = true;
-                else if (c != '\r')
-                    strLine += c;
-            }
-            return bEnded;
+            char c = 0;
+            DWORD nRead = 0;
+            while (ReadFile(m_hItsOutput, &c, 1, &nRead, nullptr) && nRead == 1 && c != '\n')
+                strLine += c;
+            bEnded = true;
         });
+    if (!PumpUntil([&] { return bEnded.load(); }))
+        TerminateProcess(m_hProcess, STILL_ACTIVE);  // which ends the line as well
+    reader.join();
+    if (strLine.ends_with('\r'))
+        strLine.pop_back();
     return strLine;
 }
 
@@ -216,9 +183,9 @@ DWORD CPartner::Finish()
     if (m_hItsInput != nullptr)
         CloseHandle(std::exchange(m_hItsInput, nullptr));
     DWORD nCode = STILL_ACTIVE;
-    PumpUntil([&] { return !GetExitCodeProcess(m_hProcess, &nCode) || nCode != STILL_ACTIVE; });
-    if (nCode == STILL_ACTIVE)
+    if (!PumpUntil([&] { return WaitForSingleObject(m_hProcess, 0) != WAIT_TIMEOUT; }))
         TerminateProcess(m_hProcess, nCode);
+    GetExitCodeProcess(m_hProcess, &nCode);
     return nCode;
 }
 
@@ -242,15 +209,16 @@ void PumpToEnd(const std::string& strReady)
 SGuiHandles SGuiHandles::Count()
 {
     SGuiHandles handles;
-    std::vector<HMENU> menus(500);
-    std::vector<HBRUSH> brushes(500);
-    for (HMENU& hMenu : menus)
-        handles.nUser = std::max<UINT>(handles.nUser, IndexOf(hMenu = CreateMenu()));
-    for (HBRUSH& hBrush : brushes)
-        handles.nGdi = std::max<UINT>(handles.nGdi, IndexOf(hBrush = CreateSolidBrush(1)));
-    for (HMENU hMenu : menus)
+    std::vector<std::pair<HMENU, HBRUSH>> made(500);
+    for (auto& [hMenu, hBrush] : made)
+    {
+        handles.nUser = std::max(handles.nUser, IndexOf(hMenu = CreateMenu()));
+        handles.nGdi = std::max(handles.nGdi, IndexOf(hBrush = CreateSolidBrush(1)));
+    }
+    for (const auto& [hMenu, hBrush] : made)
+    {
         DestroyMenu(hMenu);
-    for (HBRUSH hBrush : brushes)
         DeleteObject(hBrush);
+    }
     return handles;
 }

@@ -3,14 +3,11 @@
 #pragma once
 
 #include "platform/base/types.h"
+#include "real_input.h"
 
 #include <functional>
 #include <string>
 
-// Screen coordinates; nFlags: MOUSEEVENTF_...
-void SendMouse(DWORD nFlags, POINT point = {});
-// nScan tells presses of one key apart.
-void SendKey(WORD nKey, bool bDown, BYTE nScan = 0);
 // Leaves nothing pressed.
 void LetGo();
 

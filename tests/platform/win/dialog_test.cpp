@@ -8,11 +8,6 @@
 #include "platform/win/module.h"
 #include "test_window.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <vector>
-
 namespace
 {
 constexpr char s_szControlClass[] = "TestCustomControl";
@@ -30,7 +25,6 @@ public:
         Log("Pre", pMsg->wParam);
         if (pMsg->wParam != VK_LEFT)
             return CWnd::PreTranslateMessage(pMsg);
-        ::TranslateMessage(pMsg);
         ::DispatchMessage(pMsg);
         return TRUE;
     }
@@ -88,19 +82,9 @@ public:
     BOOL m_bDefaultFocus = TRUE;
 };
 
-// What the loop has in its queue now.
-void PumpAll()
-{
-    MSG message;
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) && AfxPumpMessage())
-    {
-    }
-}
-
 TEST(Dialog, KeysGoToTheControlThenToTheDialog)
 {
-    CTestParent parent;
-    parent.ShowWindow(SW_SHOW);
+    CTestParent parent(true);
     CTestDialog dialog;
     dialog.m_bDefaultFocus = FALSE;
     ASSERT_TRUE(dialog.CreateIndirect(dialog.m_template.Get(), &parent));
@@ -151,8 +135,7 @@ TEST(Dialog, MessagesAreOfferedUpToTheWindowThatStops)
 
 TEST(Dialog, RunsUntilItsEnd)
 {
-    CTestParent parent;
-    parent.ShowWindow(SW_SHOW);
+    CTestParent parent(true);
     CTestDialog dialog;
     ASSERT_TRUE(dialog.InitModalIndirect(dialog.m_template.Get(), &parent));
     const struct
@@ -180,18 +163,12 @@ TEST(Dialog, RunsUntilItsEnd)
         EXPECT_TRUE(parent.IsWindowEnabled()) << row.pszName;
         EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << row.pszName;
     }
-    dialog.m_onInit = []
-    {
-        AfxThrowMemoryException();
-    };
+    dialog.m_onInit = AfxThrowMemoryException;
     EXPECT_THROW(dialog.DoModal(), CMemoryException*);
     EXPECT_TRUE(parent.IsWindowEnabled());
     EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
 
-    dialog.m_onInit = []
-    {
-        ::PostQuitMessage(7);
-    };
+    dialog.m_onInit = std::bind_front(::PostQuitMessage, 7);
     EXPECT_EQ(dialog.DoModal(), -1);
     EXPECT_FALSE(AfxPumpMessage()) << "the loop around it ends as well";
     EXPECT_EQ(AfxQuitCode(), 7);

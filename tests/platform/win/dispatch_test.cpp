@@ -5,133 +5,115 @@
 #include "platform/win/menu.h"
 #include "test_window.h"
 
-#include <gtest/gtest.h>
+#include <concepts>
 
 namespace
 {
-// 1 for the window itself, 0 for null, 2 for another one.
-int Which(const CWnd* pSelf, const CWnd* pWnd)
-{
-    return pWnd == nullptr ? 0 : pWnd->GetSafeHwnd() == pSelf->GetSafeHwnd() ? 1 : 2;
-}
+constexpr int s_nAnswer = 5;  // of handlers that answer
 
-int Number(UINT_PTR n)
-{
-    return static_cast<int>(n);
-}
+// Messages, what their handlers give and are called, two arguments, and what arrives.
+// clang-format off
+#define ALL_MESSAGES(ROW)                                                                            \
+    ROW(ACTIVATE,          void,    Activate,          0x00010002, other,            "2,2,1,")       \
+    ROW(CANCELMODE,        void,    CancelMode,        0, 0,                         "")             \
+    ROW(CAPTURECHANGED,    void,    CaptureChanged,    self, 0,                      "0,")           \
+    ROW(CHAR,              void,    Char,              'x', key,                     "120,3,16385,") \
+    ROW(CLOSE,             void,    Close,             0, 0,                         "")             \
+    ROW(CONTEXTMENU,       void,    ContextMenu,       self, Words(-5, 6),           "1,-5,6,")      \
+    ROW(CREATE,            int,     Create,            0, at(create),                "31,")          \
+    ROW(DRAWITEM,          void,    DrawItem,          9, at(draw),                  "9,41,")        \
+    ROW(ENABLE,            void,    Enable,            1, 0,                         "1,")           \
+    ROW(ERASEBKGND,        BOOL,    EraseBkgnd,        0x1234, 0,                    "4660,")        \
+    ROW(GETDLGCODE,        UINT,    GetDlgCode,        0, 0,                         "")             \
+    ROW(HSCROLL,           void,    HScroll,           0xFFF00005, 0,                "5,65520,0,")   \
+    ROW(INITMENU,          void,    InitMenu,          menu, 0,                      "1,")           \
+    ROW(INITMENUPOPUP,     void,    InitMenuPopup,     menu, Words(2, 1),            "1,2,1,")       \
+    ROW(KEYDOWN,           void,    KeyDown,           VK_LEFT, key,                 "37,3,16385,")  \
+    ROW(KEYUP,             void,    KeyUp,             VK_LEFT, key,                 "37,3,16385,")  \
+    ROW(KILLFOCUS,         void,    KillFocus,         other, 0,                     "2,")           \
+    ROW(LBUTTONDBLCLK,     void,    LButtonDblClk,     MK_LBUTTON, Words(-1, 40000), "1,-1,-25536,") \
+    ROW(LBUTTONDOWN,       void,    LButtonDown,       MK_CONTROL, Words(10, 20),    "8,10,20,")     \
+    ROW(LBUTTONUP,         void,    LButtonUp,         0, Words(10, 20),             "0,10,20,")     \
+    ROW(MEASUREITEM,       void,    MeasureItem,       9, at(measure),               "9,51,")        \
+    ROW(MENUCHAR,          LRESULT, MenuChar,          0x00100041, menu,             "65,16,1,")     \
+    ROW(MENUSELECT,        void,    MenuSelect,        0x00900007, menu,             "7,144,1,")     \
+    ROW(MOUSEACTIVATE,     int,     MouseActivate,     other, Words(1, 0x201),       "2,1,513,")     \
+    ROW(MOUSEMOVE,         void,    MouseMove,         MK_LBUTTON, Words(3, -4),     "1,3,-4,")      \
+    ROW(MOUSEWHEEL,        BOOL,    MouseWheel,        0xFF880008, Words(7, -8),     "8,-120,7,-8,") \
+    ROW(MOVE,              void,    Move,              0, Words(-30, 40),            "-30,40,")      \
+    ROW(NCPAINT,           void,    NcPaint,           1, 0,                         "")             \
+    ROW(PAINT,             void,    Paint,             0, 0,                         "")             \
+    ROW(RBUTTONDBLCLK,     void,    RButtonDblClk,     2, Words(1, 2),               "2,1,2,")       \
+    ROW(RBUTTONDOWN,       void,    RButtonDown,       2, Words(1, 2),               "2,1,2,")       \
+    ROW(RBUTTONUP,         void,    RButtonUp,         2, Words(1, 2),               "2,1,2,")       \
+    ROW(SETCURSOR,         BOOL,    SetCursor,         self, Words(1, 0x200),        "1,1,512,")     \
+    ROW(SETFOCUS,          void,    SetFocus,          0, 0,                         "0,")           \
+    ROW(SHOWWINDOW,        void,    ShowWindow,        1, 3,                         "1,3,")         \
+    ROW(SIZE,              void,    Size,              2, Words(40000, 7),           "2,40000,7,")   \
+    ROW(SYSCHAR,           void,    SysChar,           'a', 1,                       "97,1,0,")      \
+    ROW(SYSCOLORCHANGE,    void,    SysColorChange,    0, 0,                         "")             \
+    ROW(SYSCOMMAND,        void,    SysCommand,        SC_CLOSE, 12,                 "61536,12,")    \
+    ROW(SYSKEYDOWN,        void,    SysKeyDown,        VK_LEFT, key,                 "37,3,16385,")  \
+    ROW(SYSKEYUP,          void,    SysKeyUp,          VK_LEFT, key,                 "37,3,16385,")  \
+    ROW(TIMER,             void,    Timer,             4660, 0,                      "4660,")        \
+    ROW(VSCROLL,           void,    VScroll,           1, self,                      "1,0,1,")       \
+    ROW(WINDOWPOSCHANGED,  void,    WindowPosChanged,  0, at(place),                 "61,")          \
+    ROW(WINDOWPOSCHANGING, void,    WindowPosChanging, 0, at(place),                 "61,")
+// clang-format on
 
 class CAllMessages : public CWnd
 {
 public:
-    // What this window has in its menu messages.
-    CMenu m_menu;
+    CMenu m_menu;  // what this window has in its menu messages
 
 private:
-    // clang-format off
-    void OnActivate(UINT nState, CWnd* pOther, BOOL bMin) { Log("Activate", nState, Which(this, pOther), bMin); }
-    void OnCancelMode() { Log("CancelMode"); }
-    void OnCaptureChanged(CWnd* pWnd) { Log("CaptureChanged", Which(this, pWnd)); }
-    void OnChar(UINT nChar, UINT nRepeat, UINT nFlags) { Log("Char", nChar, nRepeat, nFlags); }
-    void OnContextMenu(CWnd* pWnd, CPoint point) { Log("ContextMenu", Which(this, pWnd), point.x, point.y); }
-    int OnCreate(LPCREATESTRUCTA pCreate) { Log("Create", pCreate->cx); return 0; }
-    void OnDrawItem(int nID, LPDRAWITEMSTRUCT pDraw) { Log("DrawItem", nID, pDraw->itemID); }
-    void OnEnable(BOOL bEnable) { Log("Enable", bEnable); }
-    BOOL OnEraseBkgnd(CDC* pDC) { Log("EraseBkgnd", Number(reinterpret_cast<UINT_PTR>(pDC->GetSafeHdc()))); return 5; }
-    UINT OnGetDlgCode() { Log("GetDlgCode"); return 4; }
-    void OnHScroll(UINT nCode, UINT nPos, CScrollBar* pBar) { Log("HScroll", nCode, nPos, Which(this, pBar)); }
-    void OnInitMenu(CMenu* pMenu) { Log("InitMenu", Number(pMenu == &m_menu)); }
-    void OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSystem) { Log("InitMenuPopup", Number(pMenu == &m_menu), nIndex, bSystem); }
-    void OnKeyDown(UINT nChar, UINT nRepeat, UINT nFlags) { Log("KeyDown", nChar, nRepeat, nFlags); }
-    void OnKeyUp(UINT nChar, UINT nRepeat, UINT nFlags) { Log("KeyUp", nChar, nRepeat, nFlags); }
-    void OnKillFocus(CWnd* pNew) { Log("KillFocus", Which(this, pNew)); }
-    void OnLButtonDblClk(UINT nFlags, CPoint point) { Log("LButtonDblClk", nFlags, point.x, point.y); }
-    void OnLButtonDown(UINT nFlags, CPoint point) { Log("LButtonDown", nFlags, point.x, point.y); }
-    void OnLButtonUp(UINT nFlags, CPoint point) { Log("LButtonUp", nFlags, point.x, point.y); }
-    void OnMeasureItem(int nID, LPMEASUREITEMSTRUCT pMeasure) { Log("MeasureItem", nID, pMeasure->itemID); }
-    LRESULT OnMenuChar(UINT nChar, UINT nFlags, CMenu* pMenu) { Log("MenuChar", nChar, nFlags, Number(pMenu == &m_menu)); return MAKELONG(1, MNC_EXECUTE); }
-    void OnMenuSelect(UINT nItem, UINT nFlags, HMENU hMenu) { Log("MenuSelect", nItem, nFlags, Number(hMenu == m_menu.GetSafeHmenu())); }
-    int OnMouseActivate(CWnd* pTop, UINT nHit, UINT nMessage) { Log("MouseActivate", Which(this, pTop), nHit, nMessage); return MA_NOACTIVATE; }
-    void OnMouseMove(UINT nFlags, CPoint point) { Log("MouseMove", nFlags, point.x, point.y); }
-    BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint point) { Log("MouseWheel", nFlags, zDelta, point.y); return 1; }
-    void OnMove(int x, int y) { Log("Move", x, y); }
-    void OnPaint() { Log("Paint"); ValidateRect(nullptr); }
-    void OnRButtonDblClk(UINT nFlags, CPoint point) { Log("RButtonDblClk", nFlags, point.x, point.y); }
-    void OnRButtonDown(UINT nFlags, CPoint point) { Log("RButtonDown", nFlags, point.x, point.y); }
-    void OnRButtonUp(UINT nFlags, CPoint point) { Log("RButtonUp", nFlags, point.x, point.y); }
-    BOOL OnSetCursor(CWnd* pWnd, UINT nHit, UINT nMessage) { Log("SetCursor", Which(this, pWnd), nHit, nMessage); return 1; }
-    void OnSetFocus(CWnd* pOld) { Log("SetFocus", Which(this, pOld)); }
-    void OnShowWindow(BOOL bShow, UINT nStatus) { Log("ShowWindow", bShow, nStatus); }
-    void OnSize(UINT nType, int cx, int cy) { Log("Size", nType, cx, cy); }
-    void OnSysChar(UINT nChar, UINT nRepeat, UINT nFlags) { Log("SysChar", nChar, nRepeat, nFlags); }
-    void OnSysColorChange() { Log("SysColorChange"); }
-    void OnSysCommand(UINT nID, LPARAM lParam) { Log("SysCommand", nID, Number(static_cast<UINT_PTR>(lParam))); }
-    void OnTimer(UINT_PTR nTimer) { Log("Timer", Number(nTimer)); }
-    void OnVScroll(UINT nCode, UINT nPos, CScrollBar* pBar) { Log("VScroll", nCode, nPos, Which(this, pBar)); }
-    void OnWindowPosChanging(WINDOWPOS* pPos) { Log("WindowPosChanging", pPos->cx); }
-    LRESULT OnOwn(WPARAM wParam, LPARAM lParam) { Log("Own", Number(wParam), Number(static_cast<UINT_PTR>(lParam))); return 77; }
-    // clang-format on
+    // An argument in the log: whether it is this window (2: another one, 0: none) or its menu, a
+    // number, or the field that was filled.
+    std::string Tell(const CWnd* pWnd) const
+    {
+        return pWnd == nullptr ? "0" : pWnd->GetSafeHwnd() == m_hWnd ? "1" : "2";
+    }
+    std::string Tell(const CMenu* pMenu) const { return Tell(pMenu->GetSafeHmenu()); }
+    std::string Tell(HMENU hMenu) const { return hMenu == m_menu.GetSafeHmenu() ? "1" : "0"; }
+    std::string Tell(CDC* pDC) const { return Tell(reinterpret_cast<UINT_PTR>(pDC->GetSafeHdc())); }
+    std::string Tell(CPoint point) const { return Tell(point.x) + ',' + Tell(point.y); }
+    std::string Tell(const CREATESTRUCTA* p) const { return Tell(p->cx); }
+    std::string Tell(const DRAWITEMSTRUCT* p) const { return Tell(p->itemID); }
+    std::string Tell(const MEASUREITEMSTRUCT* p) const { return Tell(p->itemID); }
+    std::string Tell(const WINDOWPOS* p) const { return Tell(p->cx); }
+    template <std::integral T>
+    std::string Tell(T n) const
+    {
+        return std::to_string(n);
+    }
+    template <class R, class... A>
+    R Take(std::string strCall, A... args)
+    {
+        strCall += '(';
+        ((strCall += Tell(args) + ','), ...);
+        strCall += ')';
+        Log(strCall.c_str());
+        return static_cast<R>(s_nAnswer);
+    }
+#define HANDLER(message, R, name, ...)  \
+    template <class... A>               \
+    R On##name(A... args)               \
+    {                                   \
+        return Take<R>(#name, args...); \
+    }
+    ALL_MESSAGES(HANDLER)
+    LRESULT OnOwn(WPARAM wParam, LPARAM lParam)
+    {
+        return Take<LRESULT>("Own", wParam, lParam);
+    }
     DECLARE_MESSAGE_MAP()
 };
 
+#define MAPPED(message, ...) ON_WM_##message()
 BEGIN_MESSAGE_MAP(CAllMessages, CWnd)
-ON_WM_ACTIVATE()
-ON_WM_CANCELMODE()
-ON_WM_CAPTURECHANGED()
-ON_WM_CHAR()
-ON_WM_CONTEXTMENU()
-ON_WM_CREATE()
-ON_WM_DRAWITEM()
-ON_WM_ENABLE()
-ON_WM_ERASEBKGND()
-ON_WM_GETDLGCODE()
-ON_WM_HSCROLL()
-ON_WM_INITMENU()
-ON_WM_INITMENUPOPUP()
-ON_WM_KEYDOWN()
-ON_WM_KEYUP()
-ON_WM_KILLFOCUS()
-ON_WM_LBUTTONDBLCLK()
-ON_WM_LBUTTONDOWN()
-ON_WM_LBUTTONUP()
-ON_WM_MEASUREITEM()
-ON_WM_MENUCHAR()
-ON_WM_MENUSELECT()
-ON_WM_MOUSEACTIVATE()
-ON_WM_MOUSEMOVE()
-ON_WM_MOUSEWHEEL()
-ON_WM_MOVE()
-ON_WM_PAINT()
-ON_WM_RBUTTONDBLCLK()
-ON_WM_RBUTTONDOWN()
-ON_WM_RBUTTONUP()
-ON_WM_SETCURSOR()
-ON_WM_SETFOCUS()
-ON_WM_SHOWWINDOW()
-ON_WM_SIZE()
-ON_WM_SYSCHAR()
-ON_WM_SYSCOLORCHANGE()
-ON_WM_SYSCOMMAND()
-ON_WM_TIMER()
-ON_WM_VSCROLL()
-ON_WM_WINDOWPOSCHANGING()
+ALL_MESSAGES(MAPPED)
 ON_MESSAGE(WM_APP + 3, OnOwn)
 END_MESSAGE_MAP()
-
-// The words of an argument: low, high.
-constexpr LPARAM Words(int nLow, int nHigh)
-{
-    return static_cast<LPARAM>(static_cast<WORD>(nLow) |
-                               static_cast<DWORD>(static_cast<WORD>(nHigh)) << 16);
-}
-
-struct CMessageCase
-{
-    UINT nMessage;
-    WPARAM wParam;
-    LPARAM lParam;
-    const char* pszHandled;
-    LRESULT lResult;
-};
 
 TEST(Dispatch, EachMessageReachesItsHandler)
 {
@@ -139,7 +121,7 @@ TEST(Dispatch, EachMessageReachesItsHandler)
     CAllMessages window;
     MakeChild(window, parent, 1, 0);
     ASSERT_NE(window.GetSafeHwnd(), nullptr);
-    EXPECT_EQ(TakeLog().rfind("Create(200)"), 0U) << "the first message has come already";
+    EXPECT_EQ(TakeLog().rfind("Create(200,)"), 0U) << "the first message has come already";
     window.m_menu.CreatePopupMenu();
 
     CREATESTRUCTA create = {};
@@ -150,61 +132,20 @@ TEST(Dispatch, EachMessageReachesItsHandler)
     measure.itemID = 51;
     WINDOWPOS place = {};
     place.cx = 61;
-    const auto self = reinterpret_cast<UINT_PTR>(window.GetSafeHwnd());
-    const auto other = reinterpret_cast<LPARAM>(parent.GetSafeHwnd());
-    const auto menu = reinterpret_cast<UINT_PTR>(window.m_menu.GetSafeHmenu());
-    const auto lMenu = static_cast<LPARAM>(menu);
-    const auto wKey = static_cast<LPARAM>(0x40010003);
-    const CMessageCase aCases[] = {
-        { WM_ACTIVATE, 0x00010002, other, "Activate(2,2,1)", 0 },
-        { WM_CANCELMODE, 0, 0, "CancelMode", 0 },
-        { WM_CAPTURECHANGED, self, 0, "CaptureChanged(0)", 0 },
-        { WM_CHAR, 'x', wKey, "Char(120,3,16385)", 0 },
-        { WM_CONTEXTMENU, self, Words(-5, 6), "ContextMenu(1,-5,6)", 0 },
-        { WM_CREATE, 0, reinterpret_cast<LPARAM>(&create), "Create(31)", 0 },
-        { WM_DRAWITEM, 9, reinterpret_cast<LPARAM>(&draw), "DrawItem(9,41)", 0 },
-        { WM_ENABLE, 1, 0, "Enable(1)", 0 },
-        { WM_ERASEBKGND, 0x1234, 0, "EraseBkgnd(4660)", 5 },
-        { WM_GETDLGCODE, 0, 0, "GetDlgCode", 4 },
-        { WM_HSCROLL, 0xFFF00005, 0, "HScroll(5,65520,0)", 0 },
-        { WM_INITMENU, menu, 0, "InitMenu(1)", 0 },
-        { WM_INITMENUPOPUP, menu, Words(2, 1), "InitMenuPopup(1,2,1)", 0 },
-        { WM_KEYDOWN, VK_LEFT, wKey, "KeyDown(37,3,16385)", 0 },
-        { WM_KEYUP, VK_LEFT, wKey, "KeyUp(37,3,16385)", 0 },
-        { WM_KILLFOCUS, static_cast<WPARAM>(other), 0, "KillFocus(2)", 0 },
-        { WM_LBUTTONDBLCLK, MK_LBUTTON, Words(-1, 40000), "LButtonDblClk(1,-1,-25536)", 0 },
-        { WM_LBUTTONDOWN, MK_CONTROL, Words(10, 20), "LButtonDown(8,10,20)", 0 },
-        { WM_LBUTTONUP, 0, Words(10, 20), "LButtonUp(0,10,20)", 0 },
-        { WM_MEASUREITEM, 9, reinterpret_cast<LPARAM>(&measure), "MeasureItem(9,51)", 0 },
-        { WM_MENUCHAR, 0x00100041, lMenu, "MenuChar(65,16,1)", MAKELONG(1, MNC_EXECUTE) },
-        { WM_MENUSELECT, 0x00900007, lMenu, "MenuSelect(7,144,1)", 0 },
-        { WM_MOUSEACTIVATE, static_cast<WPARAM>(other), Words(1, 0x201), "MouseActivate(2,1,513)",
-          MA_NOACTIVATE },
-        { WM_MOUSEMOVE, MK_LBUTTON, Words(3, -4), "MouseMove(1,3,-4)", 0 },
-        { WM_MOUSEWHEEL, 0xFF880008, Words(7, -8), "MouseWheel(8,-120,-8)", 1 },
-        { WM_MOVE, 0, Words(-30, 40), "Move(-30,40)", 0 },
-        { WM_PAINT, 0, 0, "Paint", 0 },
-        { WM_RBUTTONDBLCLK, 2, Words(1, 2), "RButtonDblClk(2,1,2)", 0 },
-        { WM_RBUTTONDOWN, 2, Words(1, 2), "RButtonDown(2,1,2)", 0 },
-        { WM_RBUTTONUP, 2, Words(1, 2), "RButtonUp(2,1,2)", 0 },
-        { WM_SETCURSOR, self, Words(1, 0x200), "SetCursor(1,1,512)", 1 },
-        { WM_SETFOCUS, 0, 0, "SetFocus(0)", 0 },
-        { WM_SHOWWINDOW, 1, 3, "ShowWindow(1,3)", 0 },
-        { WM_SIZE, 2, Words(40000, 7), "Size(2,40000,7)", 0 },
-        { WM_SYSCHAR, 'a', 1, "SysChar(97,1,0)", 0 },
-        { WM_SYSCOLORCHANGE, 0, 0, "SysColorChange", 0 },
-        { WM_SYSCOMMAND, SC_CLOSE, 12, "SysCommand(61536,12)", 0 },
-        { WM_TIMER, 4660, 0, "Timer(4660)", 0 },
-        { WM_VSCROLL, 1, static_cast<LPARAM>(self), "VScroll(1,0,1)", 0 },
-        { WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&place), "WindowPosChanging(61)", 0 },
-        { WM_APP + 3, 11, 12, "Own(11,12)", 77 },
-    };
-    for (const CMessageCase& row : aCases)
+    const auto at = [](auto& object)
     {
-        EXPECT_EQ(window.SendMessage(row.nMessage, row.wParam, row.lParam), row.lResult)
-            << row.pszHandled;
-        EXPECT_EQ(TakeLog(), row.pszHandled);
-    }
+        return reinterpret_cast<LPARAM>(&object);
+    };
+    const auto self = reinterpret_cast<LPARAM>(window.GetSafeHwnd());
+    const auto other = reinterpret_cast<LPARAM>(parent.GetSafeHwnd());
+    const auto menu = reinterpret_cast<LPARAM>(window.m_menu.GetSafeHmenu());
+    const auto key = static_cast<LPARAM>(0x40010003);
+#define CASE(message, R, name, wParam, lParam, pszArguments)                         \
+    { WM_##message, static_cast<WPARAM>(wParam), lParam, #name "(" pszArguments ")", \
+      std::is_void_v<R> ? 0 : s_nAnswer },
+    const SMessageCase aCases[] = { ALL_MESSAGES(CASE){ WM_APP + 3, 11, 12, "Own(11,12,)",
+                                                        s_nAnswer } };
+    ExpectHandled(window, aCases);
 }
 
 // ---- Commands, notifications, reflection
@@ -215,7 +156,7 @@ constexpr UINT s_nIdGrey = 40003;
 constexpr UINT s_nIdRange = 40010;
 constexpr UINT s_nIdReflected = 8;
 constexpr UINT s_nIdUnreflected = 9;
-constexpr WORD s_nNotice = 0xFF96;  // -106
+constexpr UINT s_nNotice = static_cast<UINT>(-106);
 
 class CBaseTarget : public CWnd
 {
@@ -239,30 +180,28 @@ ON_COMMAND_EX(s_nIdRefused, OnBase)
 ON_COMMAND(s_nIdPlain, OnPlain)
 ON_EN_UPDATE(s_nIdReflected, OnUpdate)
 ON_EN_UPDATE(s_nIdUnreflected, OnUpdate)
-ON_NOTIFY(static_cast<UINT>(-106), s_nIdReflected, OnNotice)
-ON_NOTIFY(static_cast<UINT>(-106), s_nIdUnreflected, OnNotice)
+ON_NOTIFY(s_nNotice, s_nIdReflected, OnNotice)
+ON_NOTIFY(s_nNotice, s_nIdUnreflected, OnNotice)
 END_MESSAGE_MAP()
 
 class CTarget : public CBaseTarget
 {
     void OnPlain() { Log("Plain"); }
     void OnRange(UINT nID) { Log("Range", nID); }
-    void OnGrey() { Log("Grey"); }
     void OnUpdateGrey(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
     void OnUpdatePlain(CCmdUI*) {}
-    void OnControls(UINT nID) { Log("Controls", nID); }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTarget, CBaseTarget)
 ON_COMMAND(s_nIdPlain, OnPlain)
-ON_COMMAND(s_nIdGrey, OnGrey)
+ON_COMMAND(s_nIdGrey, OnPlain)
 ON_COMMAND_RANGE(s_nIdRange, s_nIdRange + 5, OnRange)
 ON_UPDATE_COMMAND_UI(s_nIdGrey, OnUpdateGrey)
 ON_UPDATE_COMMAND_UI(s_nIdPlain, OnUpdatePlain)
-ON_CONTROL_RANGE(EN_CHANGE, s_nIdReflected, s_nIdUnreflected, OnControls)
+ON_CONTROL_RANGE(EN_CHANGE, s_nIdReflected, s_nIdUnreflected, OnRange)
 END_MESSAGE_MAP()
 
-class CReflecting : public CWnd
+class CReflecting : public CEdit
 {
     void OnUpdate() { Log("ReflectedUpdate"); }
     BOOL OnChange()
@@ -277,19 +216,10 @@ class CReflecting : public CWnd
     }
     DECLARE_MESSAGE_MAP()
 };
-BEGIN_MESSAGE_MAP(CReflecting, CWnd)
+BEGIN_MESSAGE_MAP(CReflecting, CEdit)
 ON_CONTROL_REFLECT(EN_UPDATE, OnUpdate)
 ON_CONTROL_REFLECT_EX(EN_CHANGE, OnChange)
-ON_NOTIFY_REFLECT(static_cast<UINT>(-106), OnNotice)
-END_MESSAGE_MAP()
-
-class CUpdatingEdit : public CEdit
-{
-    void OnUpdate() { Log("Update"); }
-    DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CUpdatingEdit, CEdit)
-ON_CONTROL_REFLECT(EN_UPDATE, OnUpdate)
+ON_NOTIFY_REFLECT(s_nNotice, OnNotice)
 END_MESSAGE_MAP()
 
 TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
@@ -299,50 +229,45 @@ TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
     CTarget target;
     MakeChild(target, parent);
     CReflecting reflecting;
-    MakeChild(reflecting, target, s_nIdReflected);
+    ASSERT_TRUE(reflecting.Create(0, CRect(0, 0, 50, 20), &target, s_nIdReflected));
     CWnd plain;
     MakeChild(plain, target, s_nIdUnreflected);
+    TakeLog();
+    reflecting.SetWindowText("t");
+    reflecting.SendMessage(WM_CHAR, 'x');
+    EXPECT_EQ(TakeLog(),
+              "ReflectedUpdate ReflectedChange Range(8) "
+              "ReflectedUpdate ReflectedChange Range(8)");
+
     const auto lReflecting = reinterpret_cast<LPARAM>(reflecting.GetSafeHwnd());
     const auto lPlain = reinterpret_cast<LPARAM>(plain.GetSafeHwnd());
-    NMHDR aHeaders[] = { { reflecting, s_nIdReflected, static_cast<UINT>(-106) },
-                         { plain, s_nIdUnreflected, static_cast<UINT>(-106) },
-                         { plain, s_nIdUnreflected, static_cast<UINT>(-107) } };
-    const auto command = [](UINT nID, UINT nCode)
-    {
-        return static_cast<WPARAM>(MAKELONG(nID, nCode));
-    };
+    NMHDR aHeaders[] = { { reflecting, s_nIdReflected, s_nNotice },
+                         { plain, s_nIdUnreflected, s_nNotice },
+                         { plain, s_nIdUnreflected, s_nNotice - 1 } };
     const auto header = [&](int n)
     {
         return reinterpret_cast<LPARAM>(&aHeaders[n]);
     };
-    const CMessageCase aCases[] = {
-        { WM_COMMAND, command(s_nIdPlain, 0), 0, "Plain", 1 },
-        { WM_COMMAND, command(s_nIdPlain, 1), 0, "Plain", 1 },  // an accelerator
-        { WM_COMMAND, command(s_nIdGrey, 0), 0, "", 1 },        // disabled, and so done with
-        { WM_COMMAND, command(s_nIdRefused, 0), 0, "Base(40002)", 1 },
-        { WM_COMMAND, command(s_nIdRange + 5, 0), 0, "Range(40015)", 1 },
-        { WM_COMMAND, command(s_nIdRange + 6, 0), 0, "", 0 },
-        { WM_COMMAND, command(s_nIdReflected, EN_UPDATE), lReflecting, "ReflectedUpdate", 1 },
-        { WM_COMMAND, command(s_nIdUnreflected, EN_UPDATE), lPlain, "EnUpdate", 1 },
-        { WM_COMMAND, command(s_nIdReflected, EN_CHANGE), lReflecting,
-          "ReflectedChange Controls(8)", 1 },
-        { WM_COMMAND, command(s_nIdUnreflected, EN_KILLFOCUS), lPlain, "", 0 },
+    const auto code = [](UINT nID, UINT nCode)
+    {
+        return static_cast<WPARAM>(MAKELONG(nID, nCode));
+    };
+    const SMessageCase aCases[] = {
+        { WM_COMMAND, s_nIdPlain, 0, "Plain", 1 },
+        { WM_COMMAND, code(s_nIdPlain, 1), 0, "Plain", 1 },  // an accelerator
+        { WM_COMMAND, s_nIdGrey, 0, "", 1 },                 // disabled, and so done with
+        { WM_COMMAND, s_nIdRefused, 0, "Base(40002)", 1 },
+        { WM_COMMAND, s_nIdRange + 5, 0, "Range(40015)", 1 },
+        { WM_COMMAND, s_nIdRange + 6, 0, "", 0 },
+        { WM_COMMAND, code(s_nIdReflected, EN_UPDATE), lReflecting, "ReflectedUpdate", 1 },
+        { WM_COMMAND, code(s_nIdUnreflected, EN_UPDATE), lPlain, "EnUpdate", 1 },
+        { WM_COMMAND, code(s_nIdUnreflected, EN_CHANGE), lPlain, "Range(9)", 1 },
+        { WM_COMMAND, code(s_nIdUnreflected, EN_KILLFOCUS), lPlain, "", 0 },
         { WM_NOTIFY, s_nIdReflected, header(0), "ReflectedNotice", 6 },
         { WM_NOTIFY, s_nIdUnreflected, header(1), "Notice(9,-106)", 5 },
         { WM_NOTIFY, s_nIdUnreflected, header(2), "", 0 },
     };
-    for (const CMessageCase& row : aCases)
-    {
-        EXPECT_EQ(target.SendMessage(row.nMessage, row.wParam, row.lParam), row.lResult)
-            << row.pszHandled;
-        EXPECT_EQ(TakeLog(), row.pszHandled);
-    }
-
-    CUpdatingEdit edit;
-    ASSERT_TRUE(edit.Create(0, CRect(0, 0, 50, 20), &target, s_nIdReflected + 20));
-    edit.SetWindowText("t");
-    edit.SendMessage(WM_CHAR, 'x');
-    EXPECT_EQ(TakeLog(), "Update Update");
+    ExpectHandled(target, aCases);
 
     AFX_CMDHANDLERINFO info = {};
     EXPECT_TRUE(target.OnCmdMsg(s_nIdPlain, CN_COMMAND, nullptr, &info));
@@ -356,13 +281,11 @@ class CDefaulting : public CWnd
 {
 public:
     int m_nTimes = 1;  // calls of Default by the handler
-    int m_nDefault = 0;
 
 private:
     LRESULT DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
     {
-        m_nDefault += nMessage == WM_APP || nMessage == WM_LBUTTONDOWN;
-        if (nMessage == WM_LBUTTONDOWN)
+        if (nMessage == WM_APP || nMessage == WM_LBUTTONDOWN)
             Log("Default", wParam, LOWORD(lParam), HIWORD(lParam));
         return CWnd::DefWindowProc(nMessage, wParam, lParam);
     }
@@ -386,18 +309,13 @@ TEST(Dispatch, DefaultGoesOnOnceAndWithTheMessagesOwnArguments)
     CTestParent parent;
     CDefaulting window;
     MakeChild(window, parent);
-    for (const int nTimes : { 0, 1, 2 })
+    const char* const apszLogs[] = { "", "Default(8,3,4)", "Default(8,3,4) Default(8,3,4)" };
+    for (window.m_nTimes = 0; window.m_nTimes < 3; ++window.m_nTimes)
     {
-        window.m_nTimes = nTimes;
-        window.m_nDefault = 0;
         window.SendMessage(WM_LBUTTONDOWN, MK_CONTROL, Words(3, 4));
-        EXPECT_EQ(window.m_nDefault, nTimes);
-        EXPECT_EQ(TakeLog(), nTimes == 0   ? ""
-                             : nTimes == 1 ? "Default(8,3,4)"
-                                           : "Default(8,3,4) Default(8,3,4)");
+        EXPECT_EQ(TakeLog(), apszLogs[window.m_nTimes]);
     }
-    window.m_nDefault = 0;
     window.SendMessage(WM_APP);  // no handler
-    EXPECT_EQ(window.m_nDefault, 1);
+    EXPECT_EQ(TakeLog(), "Default(0,0,0)");
 }
 }  // namespace

@@ -8,10 +8,6 @@
 #include "platform/win/menu.h"
 #include "test_window.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
 namespace
 {
 constexpr UINT s_nIdOfView = 0xE122;
@@ -24,10 +20,10 @@ constexpr UINT s_nIdStatus = 0xE801;
 class CTestApp : public CWindowApp
 {
 public:
-    std::function<BOOL()> m_onInit;
+    BOOL m_bInit = TRUE;
     std::function<void()> m_onIdle;
 
-    BOOL InitInstance() override { return m_onInit(); }
+    BOOL InitInstance() override { return m_bInit; }
     BOOL OnIdle(LONG lCount) override
     {
         const BOOL bMore = CWindowApp::OnIdle(lCount);
@@ -75,7 +71,6 @@ class CTestFrame : public CFrameWnd
 public:
     CTestView m_view;
     CWnd m_status;
-    std::function<void()> m_onApp;
     UINT m_nKey = VK_RETURN;  // for a menu that opens
 
 private:
@@ -133,10 +128,7 @@ protected:
     {
         if (m_app.m_pMainWnd != nullptr)
             m_app.m_pMainWnd->DestroyWindow();
-        MSG message;
-        while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-        {
-        }
+        PumpAll();
         TakeLog();
     }
     CTestApp m_app;
@@ -146,19 +138,13 @@ protected:
 TEST_F(Frame, CommandsGoToViewFrameAndApplication)
 {
     EXPECT_EQ(AfxGetMainWnd(), m_pFrame);
-    const struct
-    {
-        UINT nID;
-        const char* pszLog;
-    } aCases[] = { { s_nIdOfView, "View" },
-                   { s_nIdOfFrame, "Frame" },
-                   { s_nIdOfApp, "App" },
-                   { s_nIdOfNobody, "" } };
-    for (const auto& row : aCases)
-    {
-        m_pFrame->SendMessage(WM_COMMAND, row.nID);
-        EXPECT_EQ(TakeLog(), row.pszLog);
-    }
+    const SMessageCase aCases[] = {
+        { WM_COMMAND, s_nIdOfView, 0, "View", 1 },
+        { WM_COMMAND, s_nIdOfFrame, 0, "Frame", 1 },
+        { WM_COMMAND, s_nIdOfApp, 0, "App", 1 },
+        { WM_COMMAND, s_nIdOfNobody, 0, "", 0 },
+    };
+    ExpectHandled(*m_pFrame, aCases);
     m_pFrame->m_view.DestroyWindow();  // a view that is gone is not asked
     m_pFrame->SendMessage(WM_COMMAND, s_nIdOfView);
     EXPECT_EQ(TakeLog(), "Frame");
@@ -178,55 +164,57 @@ TEST_F(Frame, TheViewFillsItAndHasTheFocus)
 
 TEST_F(Frame, MenusShowWhatCommandsCan)
 {
+    const struct
+    {
+        UINT nID;
+        UINT nFlags;
+        UINT nState;
+    } aItems[] = {
+        { s_nIdOfView, MF_STRING, MF_ENABLED },  { s_nIdOfApp, MF_STRING, MF_ENABLED },
+        { s_nIdOfNobody, MF_STRING, MF_GRAYED }, { 0, MF_SEPARATOR, MF_SEPARATOR },
+        { s_nIdChecked, MF_STRING, MF_CHECKED }, { SC_SIZE, MF_STRING, MF_ENABLED },
+    };
     CMenu menu;
     ASSERT_TRUE(menu.CreatePopupMenu());
-    for (const UINT nID :
-         { s_nIdOfView, s_nIdOfApp, s_nIdOfNobody, 0U, s_nIdChecked, UINT{ SC_CLOSE } })
-        menu.AppendMenu(nID == 0 ? MF_SEPARATOR : MF_STRING, nID, "text");
-    m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()), 0);
-    const UINT anStates[] = { MF_ENABLED,   MF_ENABLED, MF_GRAYED,
-                              MF_SEPARATOR, MF_CHECKED, MF_ENABLED };
+    for (const auto& item : aItems)
+        menu.AppendMenu(item.nFlags, item.nID, "text");
+    const auto open = [&]
+    {
+        m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()));
+    };
+    open();
     for (UINT n = 0; n < menu.GetMenuItemCount(); ++n)
     {
-        const UINT nState = menu.GetMenuState(n, MF_BYPOSITION);
         const UINT nShown =
-            MF_SEPARATOR | ((nState & MF_SEPARATOR) != 0 ? 0 : MF_GRAYED | MF_CHECKED);
-        EXPECT_EQ(nState & nShown, anStates[n]) << n;
+            MF_SEPARATOR | (aItems[n].nFlags == MF_SEPARATOR ? 0 : MF_GRAYED | MF_CHECKED);
+        EXPECT_EQ(menu.GetMenuState(n, MF_BYPOSITION) & nShown, aItems[n].nState) << n;
     }
     CString strText;
     EXPECT_EQ(menu.GetMenuString(s_nIdChecked, strText, MF_BYCOMMAND), 10);
     EXPECT_STREQ(strText, "other text");
     m_pFrame->m_bAutoMenuEnable = FALSE;
     menu.EnableMenuItem(s_nIdOfNobody, MF_BYCOMMAND | MF_ENABLED);
-    m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()), 0);
+    open();
     EXPECT_EQ(menu.GetMenuState(s_nIdOfNobody, MF_BYCOMMAND), UINT{ MF_ENABLED });
 }
 
 TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
 {
-    CMenu bar;
-    bar.CreateMenu();
-    CMenu popup;
-    popup.CreatePopupMenu();
-    popup.AppendMenu(MF_STRING, s_nIdOfFrame, "first");
-    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "popup");
-    const CRect exclude(100, 100, 200, 200);
-    CMenu* pSub = bar.GetSubMenu(0);
-    ASSERT_NE(pSub, nullptr);
-    EXPECT_EQ(pSub->TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, &exclude),
-              static_cast<BOOL>(s_nIdOfFrame));
-    m_pFrame->m_nKey = VK_ESCAPE;
-    EXPECT_EQ(pSub->TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame), 0);
-    m_pFrame->m_nKey = VK_RETURN;
-
-    CDrawnMenu drawn;
-    drawn.CreatePopupMenu();
-    drawn.AppendMenu(MF_OWNERDRAW, s_nIdOfFrame);
-    drawn.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
+    CDrawnMenu menu;
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_OWNERDRAW, s_nIdOfFrame);
+    menu.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
+    const auto track = [&](UINT nKey, LPCRECT pExclude)
+    {
+        m_pFrame->m_nKey = nKey;
+        return static_cast<UINT>(menu.TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, pExclude));
+    };
+    EXPECT_EQ(track(VK_ESCAPE, nullptr), 0U);
     TakeLog();
-    EXPECT_EQ(drawn.TrackPopupMenu(TPM_RETURNCMD, 10, 10, m_pFrame),
-              static_cast<BOOL>(s_nIdOfFrame));
+    EXPECT_EQ(track(VK_RETURN, nullptr), s_nIdOfFrame);
     EXPECT_EQ(TakeLog(), "Measure(32769) Measure(32770) Draw(32769) Draw(32770)");
+    const CRect exclude(100, 100, 200, 200);
+    EXPECT_EQ(track(VK_RETURN, &exclude), s_nIdOfFrame);
 }
 
 TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)
@@ -236,34 +224,27 @@ TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)
     AfxSetMessageBoxHandler([](const char*, unsigned, void*) { return ++s_nMessages; }, nullptr);
     ACCEL accelerator = { FVIRTKEY, VK_F7, s_nIdOfFrame };
     m_pFrame->m_hAccelTable = ::CreateAcceleratorTableA(&accelerator, 1);
-    CWnd* pTemporary = CWnd::FromHandle(::GetDesktopWindow());
-    ASSERT_NE(pTemporary, nullptr);
-    m_app.m_onInit = []
-    {
-        return TRUE;
-    };
-    CString strStatus;
+    std::string strStatus;
+    CWnd::FromHandle(::GetDesktopWindow())->SetOwner(m_pFrame);
     m_pFrame->m_view.PostMessage(WM_KEYDOWN, VK_F7, 1);
     m_pFrame->PostMessage(WM_APP);  // throws: the loop goes on
     m_app.m_onIdle = [&]
     {
         m_app.m_onIdle = nullptr;
-        m_pFrame->m_status.GetWindowText(strStatus);
+        strStatus = TextOf(m_pFrame->m_status);
+        EXPECT_EQ(CWnd::FromHandle(::GetDesktopWindow())->GetOwner(), nullptr) << "a new object";
         m_pFrame->PostMessage(WM_CLOSE);
     };
     const HACCEL hAccelerators = m_pFrame->m_hAccelTable;
     EXPECT_EQ(AfxWinMain(), 0);
-    EXPECT_STREQ(strStatus, "idle");
+    EXPECT_EQ(strStatus, "idle");
     EXPECT_EQ(TakeLog(), "Frame FrameGone");
     EXPECT_EQ(s_nMessages, 1);
     EXPECT_EQ(m_app.m_pMainWnd, nullptr);
     ::DestroyAcceleratorTable(hAccelerators);
     AfxSetMessageBoxHandler(nullptr, nullptr);
 
-    m_app.m_onInit = []
-    {
-        return FALSE;
-    };
+    m_app.m_bInit = FALSE;
     EXPECT_EQ(AfxWinMain(), 0) << "no loop";
 }
 
@@ -271,9 +252,7 @@ TEST_F(Frame, ResourcesAreFoundByTheirNumber)
 {
     auto* pLoaded = new CTestFrame;
     ASSERT_TRUE(pLoaded->LoadFrame(102));
-    CString strTitle;
-    pLoaded->GetWindowText(strTitle);
-    EXPECT_STREQ(strTitle, "a title");
+    EXPECT_EQ(TextOf(*pLoaded), "a title");
     EXPECT_EQ(pLoaded->GetMenu()->GetSubMenu(0)->GetMenuItemID(0), s_nIdOfFrame);
     MSG message = { *pLoaded, WM_KEYDOWN, VK_F7, 1, 0, {} };
     EXPECT_TRUE(pLoaded->PreTranslateMessage(&message));

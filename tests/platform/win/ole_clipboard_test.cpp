@@ -1,12 +1,9 @@
 // The clipboard, and data objects as plain COM sees them.
+#include "ole_blocks.h"
+
 #include <gtest/gtest.h>
 
-#include "ole_desk.h"
-#include "platform/base/exception.h"
-#include "platform/base/win32/com_pointer.h"
-#include "platform/win/ole_data_object.h"
-#include "platform/win/ole_data_source.h"
-#include "platform/win/ole_init.h"
+#include <thread>
 
 namespace
 {
@@ -19,6 +16,7 @@ public:
     {
         ++s_nSources;
         CacheGlobalData(TestFormat(), MakeBlock(nSize));
+        CacheGlobalData(CF_PRIVATEFIRST, MakeBlock(nSize));
     }
     ~CCountedSource() override { --s_nSources; }
 };
@@ -34,17 +32,18 @@ protected:
     }
 };
 
-// Two of them: whoever gets a block may write into it.
-void ExpectBlock(SIZE_T nSize)
+// Each twice: whoever gets a block may write into it.
+void ExpectBlocks(SIZE_T nSize)
 {
     COleDataObject object;
     ASSERT_TRUE(object.AttachClipboard());
-    EXPECT_TRUE(object.IsDataAvailable(TestFormat()));
     EXPECT_FALSE(object.IsDataAvailable(CF_TEXT));
     EXPECT_EQ(object.GetGlobalData(CF_TEXT), nullptr);
-    for (int i = 0; i < 2; ++i)
+    for (const CLIPFORMAT nFormat : { TestFormat(), TestFormat(), CLIPFORMAT{ CF_PRIVATEFIRST },
+                                      CLIPFORMAT{ CF_PRIVATEFIRST } })
     {
-        const CGlobalPtr block(object.GetGlobalData(TestFormat()));
+        EXPECT_TRUE(object.IsDataAvailable(nFormat));
+        const CGlobalPtr block(object.GetGlobalData(nFormat));
         ASSERT_TRUE(IsBlock(block.get(), nSize));
         *CGlobalLock(block.get()).Data() ^= 1;
     }
@@ -55,16 +54,22 @@ TEST_F(OleClipboard, HoldsASourceUntilTheNextOne)
     for (const SIZE_T nSize : { 1, 6, 4096, 70001 })
     {
         auto* pSource = new CCountedSource(nSize);
-        EXPECT_NE(COleDataSource::GetClipboardOwner(), pSource);
+        EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);
         pSource->SetClipboard();
         EXPECT_EQ(COleDataSource::GetClipboardOwner(), pSource);
         EXPECT_EQ(s_nSources, 1);
-        ExpectBlock(nSize);
+        ExpectBlocks(nSize);
         COleDataSource::FlushClipboard();
         EXPECT_EQ(s_nSources, 0);
         EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);
-        ExpectBlock(nSize);
+        ExpectBlocks(nSize);
         (new CCountedSource(nSize + 1))->SetClipboard();
+        pSource = new CCountedSource(nSize + 2);
+        const CObjectPtr<IDataObject> held(pSource->GetIDataObject(TRUE));
+        pSource->SetClipboard();
+        EXPECT_EQ(s_nSources, 1);
+        OleSetClipboard(nullptr);
+        EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr) << "though somebody holds it";
     }
 }
 
@@ -74,43 +79,8 @@ TEST_F(OleClipboard, IsLeftFilledWhenOleEnds)
     AfxOleTerm();
     EXPECT_EQ(s_nSources, 0);
     EXPECT_FALSE(AfxOleIsInitialized());
-    COleDataObject object;
     ASSERT_TRUE(AfxOleInit());
-    ExpectBlock(10);
-}
-
-// The partner reads by plain COM; the owner answers or has left a copy.
-TEST_F(OleClipboard, IsReadByAnotherProcess)
-{
-    for (const bool bFlushed : { false, true })
-    {
-        auto* pSource = new CCountedSource(5003);
-        pSource->CacheGlobalData(CF_PRIVATEFIRST, MakeBlock(5003));
-        pSource->SetClipboard();
-        if (bFlushed)
-            COleDataSource::FlushClipboard();
-        COlePartner partner("read 5003");
-        EXPECT_EQ(partner.ReadLine(), "own 1 0 same");
-        EXPECT_EQ(partner.ReadLine(), "private 1 0 same");
-        EXPECT_EQ(partner.ReadLine(), "");
-        EXPECT_EQ(partner.Finish(), 0U);
-    }
-}
-
-TEST_F(OleClipboard, IsFilledByAnotherProcess)
-{
-    for (const char* pszRole : { "put", "flush" })
-    {
-        (new CCountedSource(4))->SetClipboard();
-        COlePartner partner(std::string(pszRole) + " 9001");
-        EXPECT_EQ(partner.ReadLine(), "ready");
-        EXPECT_TRUE(PumpUntil([] { return s_nSources == 0; }));
-        EXPECT_EQ(COleDataSource::GetClipboardOwner(), nullptr);
-        ExpectBlock(9001);
-        EXPECT_EQ(partner.Finish(), 0U);
-        if (pszRole[0] == 'f')
-            ExpectBlock(9001);
-    }
+    ExpectBlocks(10);
 }
 
 TEST_F(OleClipboard, IsRefusedWithoutOle)
@@ -182,6 +152,7 @@ TEST_F(OleClipboard, AnswersWishesByTheDocumentedCodes)
         DWORD nConnection = 1;
         EXPECT_EQ(object->SetData(&format, &medium, FALSE), DV_E_FORMATETC);
         EXPECT_EQ(object->DAdvise(&format, 0, nullptr, &nConnection), OLE_E_ADVISENOTSUPPORTED);
+        EXPECT_EQ(nConnection, 0U);
         EXPECT_EQ(object->QueryGetData(nullptr), E_INVALIDARG);
     }
     FORMATETC format = aCases[0].format;
@@ -192,41 +163,42 @@ TEST_F(OleClipboard, AnswersWishesByTheDocumentedCodes)
     EXPECT_EQ(object.release()->Release(), 0U);
 }
 
+// What one call of Next gives: whether it is all that was asked for, and the formats.
+std::string Fetch(const CObjectPtr<IEnumFORMATETC>& formats, ULONG nCount)
+{
+    FORMATETC aFormats[3] = {};
+    ULONG nFetched = 0;
+    std::string strFetched = formats->Next(nCount, aFormats, &nFetched) == S_OK ? "all" : "end";
+    for (ULONG n = 0; n < nFetched; ++n)
+    {
+        EXPECT_EQ(aFormats[n].tymed, static_cast<DWORD>(TYMED_HGLOBAL));
+        strFetched += aFormats[n].cfFormat == CF_TEXT           ? " text"
+                      : aFormats[n].cfFormat == CF_PRIVATEFIRST ? " private"
+                      : aFormats[n].cfFormat == TestFormat()    ? " own"
+                                                                : " other";
+    }
+    return strFetched;
+}
+
 TEST_F(OleClipboard, EnumeratesFormats)
 {
     CCountedSource source(3);
     source.CacheGlobalData(CF_TEXT, MakeBlock(3));
-    source.CacheGlobalData(CF_PRIVATEFIRST, MakeBlock(3));
     IEnumFORMATETC* pFormats = nullptr;
     IDataObject* pObject = source.GetIDataObject(FALSE);
     EXPECT_EQ(pObject->EnumFormatEtc(DATADIR_SET, &pFormats), E_NOTIMPL);
     ASSERT_EQ(pObject->EnumFormatEtc(DATADIR_GET, &pFormats), S_OK);
     const CObjectPtr<IEnumFORMATETC> formats(pFormats);
-    FORMATETC aFormats[3];
-    ULONG nFetched = 0;
     EXPECT_EQ(formats->Skip(1), S_OK);
-    IEnumFORMATETC* pClone = nullptr;
-    ASSERT_EQ(formats->Clone(&pClone), S_OK);
-    const CObjectPtr<IEnumFORMATETC> clone(pClone);
-    EXPECT_EQ(formats->Next(3, aFormats, &nFetched), S_FALSE);
-    EXPECT_EQ(nFetched, 2U);
-    EXPECT_EQ(aFormats[1].cfFormat, CF_PRIVATEFIRST);
+    ASSERT_EQ(formats->Clone(&pFormats), S_OK);
+    const CObjectPtr<IEnumFORMATETC> clone(pFormats);
+    FORMATETC aFormats[2];
+    EXPECT_EQ(Fetch(formats, 3), "end private text");
     EXPECT_EQ(formats->Next(1, aFormats, nullptr), S_FALSE);
     EXPECT_EQ(formats->Next(2, aFormats, nullptr), E_INVALIDARG);
-    EXPECT_EQ(clone->Next(1, aFormats, nullptr), S_OK);  // goes on where the original stood
-    EXPECT_EQ(aFormats[0].cfFormat, CF_TEXT);
+    EXPECT_EQ(Fetch(clone, 1), "all private") << "goes on where the original stood";
     EXPECT_EQ(formats->Reset(), S_OK);
-    EXPECT_EQ(formats->Next(3, aFormats, &nFetched), S_OK);
-    EXPECT_EQ(aFormats[0].cfFormat, TestFormat());
+    EXPECT_EQ(Fetch(formats, 3), "all own private text");
     EXPECT_EQ(formats->Skip(1), S_FALSE);
-
-    COleDataObject object;
-    object.Attach(pObject, FALSE);
-    object.BeginEnumFormats();
-    int nFormats = 0;
-    while (object.GetNextFormat(aFormats))
-        nFormats += aFormats[0].tymed == TYMED_HGLOBAL;
-    EXPECT_EQ(nFormats, 3);
-    EXPECT_FALSE(object.GetNextFormat(aFormats));
 }
 }  // namespace

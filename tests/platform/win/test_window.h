@@ -1,7 +1,11 @@
-// Windows for tests: a parent that is never shown, and a log of what was handled.
+// What the tests of windows share: a log of what was handled, windows that are never shown, the
+// messages that wait, what is left behind.
 #pragma once
 
+#include "desk.h"
 #include "platform/win/message_map.h"
+
+#include <gtest/gtest.h>
 
 #include <string>
 
@@ -11,12 +15,9 @@ inline std::string g_log;
 template <class... A>
 void Log(const char* pszName, const A&... args)
 {
+    static constexpr const char* s_apszFormats[] = { "%s", "%s(%d)", "%s(%d,%d)", "%s(%d,%d,%d)" };
     CString strLine;
-    strLine.Format(sizeof...(args) == 0   ? "%s"
-                   : sizeof...(args) == 1 ? "%s(%d)"
-                   : sizeof...(args) == 2 ? "%s(%d,%d)"
-                                          : "%s(%d,%d,%d)",
-                   pszName, args...);
+    strLine.Format(s_apszFormats[sizeof...(args)], pszName, args...);
     g_log += (g_log.empty() ? "" : " ") + std::string(strLine);
 }
 
@@ -29,10 +30,12 @@ inline std::string TakeLog()
 class CTestParent : public CWnd
 {
 public:
-    CTestParent()
+    explicit CTestParent(bool bShown = false)
     {
         g_log.clear();
         CreateEx(0, nullptr, "parent", WS_OVERLAPPEDWINDOW, 10, 10, 400, 300, nullptr, nullptr);
+        if (bShown)
+            ShowWindow(SW_SHOW);
     }
 };
 
@@ -40,4 +43,81 @@ template <class T>
 void MakeChild(T& window, CWnd& parent, UINT nID = 1, DWORD dwStyle = WS_VISIBLE)
 {
     window.CWnd::Create(nullptr, "", dwStyle, CRect(0, 0, 200, 100), &parent, nID);
+}
+
+// Handles the messages that wait.
+inline void PumpAll()
+{
+    PumpUntil([] { return false; }, 0);
+}
+
+inline std::string TextOf(const CWnd& window)
+{
+    CString strText;
+    window.GetWindowText(strText);
+    return std::string(strText);
+}
+
+// The words of an argument: low, high.
+constexpr LPARAM Words(int nLow, int nHigh)
+{
+    return static_cast<LPARAM>(static_cast<WORD>(nLow) |
+                               static_cast<DWORD>(static_cast<WORD>(nHigh)) << 16);
+}
+
+struct SMessageCase
+{
+    UINT nMessage;
+    WPARAM wParam;
+    LPARAM lParam;
+    const char* pszLog;
+    LRESULT lResult;
+};
+
+template <std::size_t N>
+void ExpectHandled(CWnd& window, const SMessageCase (&aCases)[N])
+{
+    for (const SMessageCase& row : aCases)
+    {
+        EXPECT_EQ(window.SendMessage(row.nMessage, row.wParam, row.lParam), row.lResult)
+            << row.pszLog;
+        EXPECT_EQ(TakeLog(), row.pszLog);
+    }
+}
+
+// What this process holds.
+struct SHoldings
+{
+    SGuiHandles gui = SGuiHandles::Count();
+    DWORD nHandles = 0;
+    size_t nBlocks = 0;  // of memory
+
+    SHoldings()
+    {
+        GetProcessHandleCount(GetCurrentProcess(), &nHandles);
+        HANDLE aHeaps[32];
+        const DWORD nHeaps = std::min<DWORD>(GetProcessHeaps(32, aHeaps), 32);
+        for (DWORD i = 0; i < nHeaps; ++i)
+        {
+            PROCESS_HEAP_ENTRY entry{};
+            while (HeapWalk(aHeaps[i], &entry))
+                nBlocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
+        }
+    }
+};
+
+// The first rounds may leave what is made once.
+template <class F>
+void ExpectNothingLeft(int nRounds, F round)
+{
+    for (int i = 0; i < 20; ++i)
+        round();
+    const SHoldings before;
+    for (int i = 0; i < nRounds && !testing::Test::HasFailure(); ++i)
+        round();
+    const SHoldings after;
+    EXPECT_LE(after.gui.nUser, before.gui.nUser + 5);
+    EXPECT_LE(after.gui.nGdi, before.gui.nGdi + 5);
+    EXPECT_LE(after.nHandles, before.nHandles + 5);
+    EXPECT_LE(after.nBlocks, before.nBlocks + 50);
 }

@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <stdexcept>
 
 namespace
@@ -28,14 +27,8 @@ TEST(Window, IsFoundByItsHandleWhileItLives)
     EXPECT_EQ(CWnd::FromHandlePermanent(hWnd), nullptr);
     EXPECT_FALSE(parent.DestroyWindow());
 
-    // Of somebody else: one object, until the loop is idle. It owns nothing.
     const HWND hForeign =
         ::CreateWindowA("STATIC", "", 0, 0, 0, 5, 5, nullptr, nullptr, nullptr, nullptr);
-    CWnd* pTemporary = CWnd::FromHandle(hForeign);
-    EXPECT_EQ(CWnd::FromHandle(hForeign), pTemporary);
-    EXPECT_EQ(CWnd::FromHandlePermanent(hForeign), nullptr);
-    CWnd::DeleteTempMap();
-    EXPECT_TRUE(::IsWindow(hForeign));
     CWnd attached;
     EXPECT_TRUE(attached.Attach(hForeign));
     EXPECT_EQ(CWnd::FromHandle(hForeign), &attached);
@@ -50,22 +43,18 @@ TEST(Window, ThinOperationsAreTheSystems)
     MakeChild(window, parent, 17, WS_VISIBLE | WS_HSCROLL | WS_VSCROLL);
     EXPECT_EQ(window.GetDlgCtrlID(), 17);
     EXPECT_EQ(parent.GetDlgItem(17), &window);
-    EXPECT_EQ(window.GetParent(), &parent);
-    EXPECT_EQ(window.GetOwner(), &parent);
-    CTestParent owner;
-    window.SetOwner(&owner);
-    EXPECT_EQ(window.GetOwner(), &owner);
-    EXPECT_EQ(window.GetParent(), &parent);
-    window.SetOwner(nullptr);
-    EXPECT_EQ(window.GetOwner(), &parent);
-
-    CString strText;
-    window.SetWindowText("a text of some length");
-    window.GetWindowText(strText);
-    EXPECT_STREQ(strText, "a text of some length");
-    window.SetWindowText("");
-    window.GetWindowText(strText);
-    EXPECT_TRUE(strText.IsEmpty());
+    CTestParent other;
+    for (CWnd* pOwner : { static_cast<CWnd*>(&other), static_cast<CWnd*>(nullptr) })
+    {
+        window.SetOwner(pOwner);
+        EXPECT_EQ(window.GetOwner(), pOwner != nullptr ? pOwner : &parent);
+        EXPECT_EQ(window.GetParent(), &parent);
+    }
+    for (const char* pszText : { "a text of some length", "" })
+    {
+        window.SetWindowText(pszText);
+        EXPECT_EQ(TextOf(window), pszText);
+    }
 
     const int nBar = ::GetSystemMetrics(SM_CXVSCROLL);
     CRect rect;
@@ -77,14 +66,13 @@ TEST(Window, ThinOperationsAreTheSystems)
     window.EnableScrollBarCtrl(SB_BOTH, TRUE);
     window.SetScrollRange(SB_HORZ, 0, 99);
     SCROLLINFO info = {};
-    info.fMask = SIF_PAGE;
+    info.fMask = SIF_PAGE | SIF_POS;
     info.nPage = 20;
+    info.nPos = 200;
     window.SetScrollInfo(SB_HORZ, &info);
-    EXPECT_EQ(window.SetScrollPos(SB_HORZ, 200), 0);
-    EXPECT_EQ(window.GetScrollPos(SB_HORZ), 80);  // 99 - (20 - 1)
     ASSERT_TRUE(window.GetScrollInfo(SB_HORZ, &info));
-    EXPECT_EQ(info.nMax, 99);
-    EXPECT_EQ(info.nPage, 20U);
+    EXPECT_EQ(CRect(info.nMin, info.nMax, static_cast<LONG>(info.nPage), info.nPos),
+              CRect(0, 99, 20, 80));  // 99 - (20 - 1)
 
     window.MoveWindow(CRect(5, 6, 55, 46), FALSE);
     window.GetWindowRect(&rect);
@@ -103,45 +91,27 @@ TEST(Window, ThinOperationsAreTheSystems)
     ASSERT_TRUE(edit.Create(WS_VISIBLE, CRect(0, 0, 90, 20), &parent, 3));
     edit.SetFont(&font);
     EXPECT_EQ(edit.GetFont()->GetSafeHandle(), font.GetSafeHandle());
-    edit.SetWindowText("number");
-    edit.SetSel(1, 3);
-    edit.ReplaceSel("");
-    int nStart = 9;
-    int nEnd = 9;
-    edit.GetSel(nStart, nEnd);
-    EXPECT_EQ(CPoint(nStart, nEnd), CPoint(1, 1));
-    edit.SetSel(0, -1);
-    edit.GetSel(nStart, nEnd);
-    EXPECT_EQ(CPoint(nStart, nEnd), CPoint(0, 4));
 }
 
 TEST(Window, ContextsBelongToTheirWindow)
 {
-    CTestParent parent;
+    CTestParent parent(true);
     CWnd window;
     MakeChild(window, parent, 1, WS_VISIBLE | WS_BORDER);
-    parent.ShowWindow(SW_SHOW);
     window.ValidateRect(nullptr);
     window.InvalidateRect(CRect(10, 20, 30, 40), FALSE);
+    // The second time there is nothing to paint: nothing is drawn, and nothing fails.
+    for (const CRect& update : { CRect(10, 20, 30, 40), CRect(0, 0, 0, 0) })
     {
-        CPaintDC dc(&window);
-        EXPECT_EQ(CRect(dc.m_ps.rcPaint), CRect(10, 20, 30, 40));
+        const CPaintDC dc(&window);
+        EXPECT_EQ(CRect(dc.m_ps.rcPaint), update);
         EXPECT_EQ(::WindowFromDC(dc), window.GetSafeHwnd());
-    }
-    EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE));
-    {
-        CPaintDC dc(&window);  // nothing to paint: nothing is drawn, and nothing fails
-        EXPECT_TRUE(CRect(dc.m_ps.rcPaint).IsRectEmpty());
+        EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE));
     }
     CRect rect;
-    CWindowDC whole(&window);
-    EXPECT_EQ(::GetClipBox(whole, &rect), SIMPLEREGION);
-    EXPECT_EQ(rect.Size(), CSize(200, 100));
-    CClientDC inside(&window);
-    ::GetClipBox(inside, &rect);
+    const CClientDC inside(&window);
+    EXPECT_EQ(::GetClipBox(inside, &rect), SIMPLEREGION);
     EXPECT_EQ(rect.Size(), CSize(198, 98));
-    CWnd none;
-    EXPECT_NO_THROW(CWindowDC screen(nullptr));
 }
 
 // ---- Life
@@ -153,19 +123,24 @@ public:
     explicit CMortal(bool bDelete = false) : m_bDelete(bDelete) {}
     ~CMortal() override { Log("Deleted"); }
 
-    std::function<int()> m_onCreate;
-    std::function<void()> m_onApp;
+    // Runs it in a handler of its window.
+    void Handle(const std::function<void()>& body)
+    {
+        EXPECT_EQ(SendMessage(WM_APP, 0, reinterpret_cast<LPARAM>(&body)), 3);
+    }
+
+    int m_nCreated = 0;  // what OnCreate gives
 
 private:
-    int OnCreate(LPCREATESTRUCTA) { return m_onCreate ? m_onCreate() : 0; }
+    int OnCreate(LPCREATESTRUCTA) { return m_nCreated; }
     void OnDestroy()
     {
         Log("Destroy");
         Default();
     }
-    LRESULT OnApp(WPARAM, LPARAM)
+    LRESULT OnApp(WPARAM, LPARAM lBody)
     {
-        m_onApp();
+        (*reinterpret_cast<const std::function<void()>*>(lBody))();
         return 3;
     }
     void PostNcDestroy() override
@@ -186,62 +161,51 @@ END_MESSAGE_MAP()
 TEST(Window, ObjectAndWindowMayEndInAnyOrder)
 {
     CTestParent parent;
+    const struct
     {
-        CMortal window;  // the window first
-        MakeChild(window, parent);
-        window.DestroyWindow();
-        EXPECT_EQ(TakeLog(), "Destroy Gone(1)");
+        const char* pszName;
+        bool bDelete;  // the object deletes itself
+        std::function<void(CMortal*)> end;
+        const char* pszLog;
+    } aCases[] = {
+        { "the window first", false, [](CMortal* p) { p->DestroyWindow(); }, "Destroy Gone(1)" },
+        // Its handlers are gone by the time its window goes.
+        { "the object first", false, [](CMortal* p) { delete p; }, "Deleted" },
+        { "with the window", true, [](CMortal* p) { p->DestroyWindow(); },
+          "Destroy Gone(1) Deleted" },
+        { "the window in a handler", true,
+          [](CMortal* p) { p->Handle([=] { p->DestroyWindow(); }); }, "Destroy Gone(1) Deleted" },
+        { "the object in its handler", false, [](CMortal* p) { p->Handle([=] { delete p; }); },
+          "Deleted" },
+        { "with its parent", true,
+          [](CMortal* p)
+          {
+              MakeChild(*(new CMortal(true)), *p);
+              p->DestroyWindow();
+          },
+          "Destroy Destroy Gone(1) Deleted Gone(1) Deleted" },
+    };
+    for (const auto& row : aCases)
+    {
+        auto* pWindow = new CMortal(row.bDelete);
+        MakeChild(*pWindow, parent);
+        const HWND hWnd = *pWindow;
+        row.end(pWindow);
+        EXPECT_FALSE(::IsWindow(hWnd)) << row.pszName;
+        const std::string strLog = TakeLog();
+        EXPECT_EQ(strLog, row.pszLog) << row.pszName;
+        if (!strLog.ends_with("Deleted"))
+            delete pWindow;
+        EXPECT_EQ(TakeLog(), strLog.ends_with("Deleted") ? "" : "Deleted") << row.pszName;
     }
-    EXPECT_EQ(TakeLog(), "Deleted");
-    auto pWindow = std::make_unique<CMortal>();  // the object first
-    MakeChild(*pWindow, parent);
-    const HWND hWnd = *pWindow;
-    pWindow.reset();
-    EXPECT_FALSE(::IsWindow(hWnd));
-    EXPECT_EQ(TakeLog(), "Deleted") << "the handlers of the derived class are gone by then";
 
-    auto* pSelf = new CMortal(true);  // the window takes the object with it
-    MakeChild(*pSelf, parent);
-    pSelf->DestroyWindow();
-    EXPECT_EQ(TakeLog(), "Destroy Gone(1) Deleted");
-
-    pSelf = new CMortal(true);  // in a handler
-    MakeChild(*pSelf, parent);
-    pSelf->m_onApp = [=]
-    {
-        pSelf->DestroyWindow();
-    };
-    EXPECT_EQ(pSelf->SendMessage(WM_APP), 3);
-    EXPECT_EQ(TakeLog(), "Destroy Gone(1) Deleted");
-
-    pSelf = new CMortal;  // the object, in its own handler
-    MakeChild(*pSelf, parent);
-    pSelf->m_onApp = [=]
-    {
-        delete pSelf;
-    };
-    EXPECT_EQ(pSelf->SendMessage(WM_APP), 3);
-    EXPECT_EQ(TakeLog(), "Deleted");
-
-    auto* pOwner = new CMortal(true);  // with its parent
-    MakeChild(*pOwner, parent);
-    MakeChild(*(new CMortal(true)), *pOwner);
-    pOwner->DestroyWindow();
-    EXPECT_EQ(TakeLog(), "Destroy Destroy Gone(1) Deleted Gone(1) Deleted");
-
-    // Stopped by its own handler, and never begun.
-    pSelf = new CMortal(true);
-    pSelf->m_onCreate = []
-    {
-        return -1;
-    };
-    EXPECT_FALSE(pSelf->Create(nullptr, "", 0, CRect(), &parent, 1));
-    EXPECT_NE(TakeLog().find("Gone(1) Deleted"), std::string::npos);
-    {
-        CMortal window(true);
-        EXPECT_FALSE(window.Create("no such class", "", 0, CRect(), &parent, 1));
-        EXPECT_EQ(TakeLog(), "");
-    }
+    auto* pStopped = new CMortal(true);  // by its own handler
+    pStopped->m_nCreated = -1;
+    EXPECT_FALSE(pStopped->Create(nullptr, "", 0, CRect(), &parent, 1));
+    EXPECT_TRUE(TakeLog().ends_with("Gone(1) Deleted"));
+    CMortal never(true);
+    EXPECT_FALSE(never.Create("no such class", "", 0, CRect(), &parent, 1));
+    EXPECT_EQ(TakeLog(), "");
 }
 
 class CUpperEdit : public CEdit
@@ -264,16 +228,16 @@ TEST(Window, TemporaryObjectsOutliveTheHandlerThatMayUseThem)
     const HWND hForeign =
         ::CreateWindowA("STATIC", "", WS_CHILD, 0, 0, 5, 5, parent, nullptr, nullptr, nullptr);
     CTestParent owner;
-    CWnd::FromHandle(hForeign)->SetOwner(&owner);
+    CWnd* pTemporary = CWnd::FromHandle(hForeign);  // one object, until the loop is idle
+    pTemporary->SetOwner(&owner);
+    EXPECT_EQ(CWnd::FromHandlePermanent(hForeign), nullptr);
     CMortal window;
     MakeChild(window, parent);
-    window.m_onApp = []
-    {
-        CWnd::DeleteTempMap();
-    };
-    window.SendMessage(WM_APP);
-    EXPECT_EQ(CWnd::FromHandle(hForeign)->GetOwner(), &owner);
+    window.Handle([] { CWnd::DeleteTempMap(); });
+    EXPECT_EQ(CWnd::FromHandle(hForeign), pTemporary);
+    EXPECT_EQ(pTemporary->GetOwner(), &owner);
     CWnd::DeleteTempMap();
+    EXPECT_TRUE(::IsWindow(hForeign)) << "it owns nothing";
     EXPECT_EQ(CWnd::FromHandle(hForeign)->GetOwner(), &parent) << "a new one";
 }
 
@@ -282,7 +246,6 @@ TEST(Window, SubclassingStandsBeforeTheProcedureThatIsThere)
     CTestParent parent;
     const HWND hEdit = ::CreateWindowA("EDIT", "", WS_CHILD, 0, 0, 50, 20, parent,
                                        reinterpret_cast<HMENU>(5), nullptr, nullptr);
-    const LONG_PTR nProc = ::GetWindowLongPtrA(hEdit, GWLP_WNDPROC);
     CUpperEdit edit;
     EXPECT_FALSE(edit.SubclassDlgItem(6, &parent));
     ASSERT_TRUE(edit.SubclassDlgItem(5, &parent));
@@ -290,15 +253,7 @@ TEST(Window, SubclassingStandsBeforeTheProcedureThatIsThere)
     EXPECT_FALSE(second.SubclassWindow(hEdit)) << "it has an object";
     edit.SendMessage(WM_CHAR, 'q');
     EXPECT_EQ(TakeLog(), "Pre Char(113)");
-    CString strText;
-    edit.GetWindowText(strText);
-    EXPECT_STREQ(strText, "q");
-    EXPECT_EQ(edit.UnsubclassWindow(), hEdit);
-    EXPECT_EQ(::GetWindowLongPtrA(hEdit, GWLP_WNDPROC), nProc);
-    ::SendMessageA(hEdit, WM_CHAR, 'r', 0);
-    EXPECT_EQ(TakeLog(), "");
-    EXPECT_EQ(::GetWindowTextLengthA(hEdit), 2);
-    ASSERT_TRUE(edit.SubclassWindow(hEdit));
+    EXPECT_EQ(TextOf(edit), "q");
     parent.DestroyWindow();
     EXPECT_EQ(edit.GetSafeHwnd(), nullptr) << "the window took the object's handle with it";
 }
@@ -306,33 +261,18 @@ TEST(Window, SubclassingStandsBeforeTheProcedureThatIsThere)
 TEST(Window, TenThousandLeakNothing)
 {
     CTestParent parent;
-    const auto makeAll = [&](int nCount)
+    bool bDestroy = false;
+    const auto round = [&]
     {
-        for (int n = 0; n < nCount; ++n)
-        {
-            CWnd window;
-            MakeChild(window, parent, 3, 0);
-            CClientDC dc(&window);
-            CWindowDC screen(nullptr);
-            if (n % 2 == 0)
-                window.DestroyWindow();
-        }
+        CWnd window;
+        MakeChild(window, parent, 3, 0);
+        const CClientDC dc(&window);
+        const CPaintDC paint(&window);
+        bDestroy = !bDestroy;
+        if (bDestroy)
+            window.DestroyWindow();
     };
-    makeAll(100);
-    const HANDLE hSelf = ::GetCurrentProcess();
-    const auto count = [=](DWORD nKind)
-    {
-        return ::GetGuiResources(hSelf, nKind);
-    };
-    const DWORD nUser = count(GR_USEROBJECTS);
-    const DWORD nGdi = count(GR_GDIOBJECTS);
-    DWORD nHandles[2] = {};
-    ::GetProcessHandleCount(hSelf, &nHandles[0]);
-    makeAll(10'000);
-    ::GetProcessHandleCount(hSelf, &nHandles[1]);
-    EXPECT_LE(count(GR_USEROBJECTS), nUser + 5);
-    EXPECT_LE(count(GR_GDIOBJECTS), nGdi + 5);
-    EXPECT_LE(nHandles[1], nHandles[0] + 5);
+    ExpectNothingLeft(10'000, round);
     EXPECT_EQ(::GetTopWindow(parent), nullptr);
 }
 
@@ -363,79 +303,36 @@ private:
 TEST(Exceptions, ComeOutOfTheCallThatLedToThem)
 {
     AfxSetMessageBoxHandler(RememberMessage, nullptr);
-    CTestParent parent;
-    parent.ShowWindow(SW_SHOW);
+    CTestParent parent(true);
     CThrowing window;
     MakeChild(window, parent);
+    // clang-format off
     const struct
     {
         const char* pszName;
         UINT nMessage;
         std::function<void()> call;
     } aCases[] = {
-        { "SendMessage", WM_APP,
-          [&]
-          {
-              window.SendMessage(WM_APP);
-          } },
-        { "MoveWindow", WM_SIZE,
-          [&]
-          {
-              window.MoveWindow(0, 0, 10, 10);
-          } },
-        { "UpdateWindow", WM_PAINT,
-          [&]
-          {
-              window.Invalidate(), window.UpdateWindow();
-          } },
-        { "SetFocus", WM_SETFOCUS,
-          [&]
-          {
-              window.SetFocus();
-          } },
-        { "SetWindowText", WM_SETTEXT,
-          [&]
-          {
-              window.SetWindowText("t");
-          } },
-        { "ShowWindow", WM_SHOWWINDOW,
-          [&]
-          {
-              window.ShowWindow(SW_HIDE);
-          } },
-        { "Descendants", WM_APP,
-          [&]
-          {
-              parent.SendMessageToDescendants(WM_APP);
-          } },
-        { "Default", WM_CLOSE,
-          [&]
-          {
-              window.SendMessage(WM_SYSCOMMAND, SC_CLOSE);
-          } },
+        { "SendMessage",   WM_APP,        [&] { window.SendMessage(WM_APP); } },
+        { "MoveWindow",    WM_SIZE,       [&] { window.MoveWindow(0, 0, 10, 10); } },
+        { "UpdateWindow",  WM_PAINT,      [&] { window.Invalidate(), window.UpdateWindow(); } },
+        { "SetFocus",      WM_SETFOCUS,   [&] { window.SetFocus(); } },
+        { "SetWindowText", WM_SETTEXT,    [&] { window.SetWindowText("t"); } },
+        { "ShowWindow",    WM_SHOWWINDOW, [&] { window.ShowWindow(SW_HIDE); } },
+        { "Descendants",   WM_APP,        [&] { parent.SendMessageToDescendants(WM_APP); } },
+        { "Default",       WM_CLOSE,      [&] { window.SendMessage(WM_SYSCOMMAND, SC_CLOSE); } },
     };
+    // clang-format on
     for (const auto& row : aCases)
     {
         window.m_nMessage = row.nMessage;
-        bool bCame = false;
-        try
-        {
-            row.call();
-        }
-        catch (CMemoryException* pException)
-        {
-            bCame = true;
-            pException->Delete();
-        }
+        EXPECT_THROW(row.call(), CMemoryException*) << row.pszName;
         window.m_nMessage = 0;
-        EXPECT_TRUE(bCame) << row.pszName;
+        EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE) && row.nMessage == WM_PAINT)
+            << "a paint that failed is not repeated";
         window.ShowWindow(SW_SHOW);
     }
     EXPECT_EQ(TakeLog(), "");
-    window.m_nMessage = WM_PAINT;
-    window.Invalidate();
-    EXPECT_THROW(window.UpdateWindow(), CMemoryException*);
-    EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE)) << "a paint that failed is not repeated";
 
     CThrowing late;  // nothing is left of one that throws while it is made
     late.m_nMessage = WM_CREATE;
@@ -461,22 +358,17 @@ TEST(Exceptions, ComeOutOfTheCallThatLedToThem)
 
 TEST(Exceptions, TheFirstOfSeveralIsKept)
 {
-    std::string strCaught;
-    try
+    const auto fail = [](auto what)
     {
-        CallSystem(
-            []
-            {
-                GuardCallback(0, []() -> int { throw std::runtime_error("first"); });
-                GuardCallback(0, []() -> int { AfxThrowMemoryException(); });
-                EXPECT_THROW(CallSystem([] { GuardCallback(0, []() -> int { throw 5; }); }), int);
-            });
-    }
-    catch (const std::exception& exception)
+        GuardCallback(0, [=]() -> int { throw what; });
+    };
+    const auto several = [&]
     {
-        strCaught = exception.what();
-    }
-    EXPECT_EQ(strCaught, "first");
+        fail(1);
+        fail("second");
+        EXPECT_THROW(CallSystem([&] { fail(2.0); }), double);
+    };
+    EXPECT_THROW(CallSystem(several), int);
 }
 
 TEST(Module, KnowsItsClassesAndResources)
