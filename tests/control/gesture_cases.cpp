@@ -144,6 +144,7 @@ constexpr CGestureCase s_aDrops[] = {
     { "read-only refuses", "a+b", "press @LR;copy;" HOLE "readonly 1;over @LL", { { ANSWER, "0" } } },
     { "read-only lets foreign data enter", "a+b", HOLE "readonly 1;enter @LL", { { ANSWER, "2" } } },
     { "a drop, is taken, with a step", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL", { { TREE, A_PLUS(NAME("b")) }, { ANSWER, "TRUE" }, { COUNTS, "undo 1 changed 1" } } },
+    { "a second one does not come by itself", "a+b", "press @LR;copy;" HOLE "over @LL;drop @LL;drop @LL", { { ANSWER, "-" } } },
     { "after a refusal it does not come", "a+b", "press @LR;copy;" HOLE "over @LR;drop @LL", { { ANSWER, "-" } } },
     { "nor after leaving", "a+b", "press @LR;copy;" HOLE "over @LL;leave;drop @LL", { { ANSWER, "-" } } },
     { "after a paint it has no target", "a+b", "press @LR;copy;" HOLE "over @LL;paint;drop @LL", { { ANSWER, "FALSE" } } },

@@ -1,4 +1,4 @@
-// Lines of a script read and written by a table of events.
+// Lines of a script read by a table of events.
 #include "control/script/script_event.h"
 
 #include <algorithm>
@@ -147,30 +147,6 @@ std::optional<CScriptEvent> ParseScriptEvent(std::string_view strLine)
                                                   : ParseWords(*pRow, words, event);
     const bool bSwitch = pRow->nType != EVENT_READONLY || (event.nFirst | 1) == 1;
     return bTaken && bSwitch ? std::optional(event) : std::nullopt;
-}
-
-std::string ScriptEventText(const CScriptEvent& event)
-{
-    constexpr char achDigits[] = "0123456789ABCDEF";
-    const CEventRow& row = s_aEvents[event.nType];
-    std::string strText(row.strName);
-    if (row.nMostNumbers >= 1)
-        strText += ' ' + std::to_string(event.nFirst);
-    if (row.nMostNumbers >= 2)
-        strText += ' ' + std::to_string(event.nSecond);
-    for (const CFlagRow& flag : s_aFlags)
-    {
-        if (event.*flag.pFlag)
-            strText.append(" ").append(flag.strName);
-    }
-    if (event.nType != EVENT_CLIP)
-        return strText;
-    strText += ' ';
-    if (!event.bytes)
-        return strText.append(s_strNoBytes);
-    for (const BYTE nByte : *event.bytes)
-        strText.append({ achDigits[nByte >> 4], achDigits[nByte & 15] });
-    return strText;
 }
 
 bool IsSkippedScriptLine(std::string_view strLine)

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -55,9 +54,6 @@ constexpr bool IsDragEvent(EScriptEvent nType)
 
 // No value for a line that is none.
 std::optional<CScriptEvent> ParseScriptEvent(std::string_view strLine);
-
-// The line that gives the event.
-std::string ScriptEventText(const CScriptEvent& event);
 
 // Blank lines and comments.
 bool IsSkippedScriptLine(std::string_view strLine);
