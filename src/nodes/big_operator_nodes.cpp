@@ -43,7 +43,7 @@ void ArrangeBigOperator(CNode& node, CRect& rect, CRect& left, CRect& right, CRe
     CNode* pRange = node.m_pLeft;  // null only if a host unlinked it
     int nGap = pRange != nullptr ? pRange->m_nBaseline : 0;
     const int nAxisRight = AxisOf(node.m_pRight, right);
-    const int nAxisSign = Sum(H(own) / 2, nGap);
+    const int nAxisSign = Sum(own.Height() / 2, nGap);
     const int nSignDown = Excess(nAxisRight, nAxisSign);
     const int nRightDown = Excess(nAxisSign, nAxisRight);
 
@@ -52,13 +52,13 @@ void ArrangeBigOperator(CNode& node, CRect& rect, CRect& left, CRect& right, CRe
         pRange->m_nBaseline = nGap;
 
     int x = rect.left;
-    Place(own, x, Sum(rect.top, nGap));
+    own.OffsetRect(x, Sum(rect.top, nGap));
     PlaceInRow(left, x, Sum(rect.top, nSignDown));
     CentreHorizontally(own, left);
     PlaceInRow(right, x, Sum(rect.top, nRightDown));
     rect.right = x;
-    rect.bottom = Sum(rect.top, H(Union(left, right)));
-    node.m_nBaseline = Sum(WrapSub(own.top, rect.top), H(own) / 2);
+    rect.bottom = Sum(rect.top, (left | right).Height());
+    node.m_nBaseline = Sum(WrapSub(own.top, rect.top), own.Height() / 2);
 }
 }  // namespace
 

@@ -53,9 +53,11 @@ CNode::CParts CNode::MeasureParts(CDC* pDC)
 void CNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
     // Axis of each part; a part without height follows the own sign.
-    const int nOwnAxis = H(own) / 2;
-    const int nLeftAxis = H(left) != 0 && m_pLeft != nullptr ? m_pLeft->m_nBaseline : nOwnAxis;
-    const int nRightAxis = H(right) != 0 && m_pRight != nullptr ? m_pRight->m_nBaseline : nOwnAxis;
+    const int nOwnAxis = own.Height() / 2;
+    const int nLeftAxis =
+        left.Height() != 0 && m_pLeft != nullptr ? m_pLeft->m_nBaseline : nOwnAxis;
+    const int nRightAxis =
+        right.Height() != 0 && m_pRight != nullptr ? m_pRight->m_nBaseline : nOwnAxis;
     const int nAxis = std::max({ nOwnAxis, nLeftAxis, nRightAxis });
 
     int x = rect.left;
@@ -64,8 +66,9 @@ void CNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
     PlaceInRow(own, x, WrapSub(y, nOwnAxis));
     PlaceInRow(right, x, WrapSub(y, nRightAxis));
     rect.right = x;
-    rect.bottom = WrapAdd(y, std::max({ WrapSub(H(left), nLeftAxis), WrapSub(H(own), nOwnAxis),
-                                        WrapSub(H(right), nRightAxis) }));
+    rect.bottom =
+        WrapAdd(y, std::max({ WrapSub(left.Height(), nLeftAxis), WrapSub(own.Height(), nOwnAxis),
+                              WrapSub(right.Height(), nRightAxis) }));
     m_nBaseline = nAxis;
 }
 
