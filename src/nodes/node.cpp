@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include "format/tree_format.h"
-#include "nodes/node_data.h"
 #include "platform/base/deep_call.h"
 #include "platform/gdi/gdi.h"
 
@@ -56,7 +55,7 @@ CNode::CNode(ENodeType nType)
       m_colour(GetSysColor(COLOR_WINDOWTEXT)),
       m_logFont(s_newFont)
 {
-    const CNodeData& data = NodeData(nType);
+    const CNodeType& data = NodeTypeData(nType);
     m_nPriority = data.nPriority;
     m_nFlags = data.nFlags;
     m_nLevel = 0;

@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
 #include "platform/base/object.h"
@@ -17,7 +17,6 @@ class CArchive;
 class CBinTree;
 class CBinTreeFormat;
 class CDC;
-struct CNodeData;
 
 // Bits of CNode::m_nFlags.
 constexpr UINT NF_TEXTEDIT = 1;     // the symbol can be edited in place

@@ -138,10 +138,10 @@ void CNode::LoadCommon(CArchive& ar)
     ar >> m_nFlags >> m_nPriority >> m_nLevel >> m_nLeftLevelStep >> m_nRightLevelStep;
     CString strType = m_strType;
     ar >> strType;
-    const std::optional<ENodeType> nType = NodeTypeFromName(strType);
-    if (!nType)
+    const ENodeType nType = FindNodeType(strType);
+    if (nType == NTI_COUNT)
         AfxThrowArchiveException(CArchiveException::badClass);
-    m_strType = NodeTypeName(*nType);
+    m_strType = NodeTypeName(nType);
     ar >> m_strSymbol >> m_strDescription >> m_colour;
     ar >> m_rect.left >> m_rect.top >> m_rect.right >> m_rect.bottom >> m_nBaseline;
 }
