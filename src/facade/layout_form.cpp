@@ -34,11 +34,12 @@ std::string FieldsOf(const CNode& node)
     std::string strFields = SignAsJson(node);
     strFields += ",\"level\":" + std::to_string(node.m_nLevel);
     strFields += ",\"height\":" + std::to_string(node.m_logFont.lfHeight);
+    const CMeasured& measured = node.GetMeasured();
     if (MeasuresText(node))
-        strFields += ",\"extent\":" + JsonPair(node.GetSignExtent());
-    strFields += ",\"own\":" + JsonPair(node.GetMeasuredOwn());
-    strFields += ",\"size\":" + JsonPair(node.GetMeasuredSize());
-    strFields += ",\"axis\":" + std::to_string(node.GetMeasuredBaseline());
+        strFields += ",\"extent\":" + JsonPair(measured.sign);
+    strFields += ",\"own\":" + JsonPair(measured.own);
+    strFields += ",\"size\":" + JsonPair(measured.size);
+    strFields += ",\"axis\":" + std::to_string(measured.nBaseline);
     return strFields;
 }
 

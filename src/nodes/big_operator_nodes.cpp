@@ -2,6 +2,7 @@
 #include "nodes/big_operator_nodes.h"
 
 #include "format/tree_format.h"
+#include "nodes/big_operator_archive.h"
 #include "nodes/moves.h"
 #include "nodes/range_node.h"
 #include "nodes/sign_drawing.h"
@@ -77,7 +78,7 @@ void CSumNode::ApplyFormat(CBinTreeFormat* pFormat)
 
 void CSumNode::SerializeNode(CArchive& ar, CBinTree* pTree)
 {
-    SerializeBigOperator(ar, pTree, nullptr);
+    SerializeBigOperator(*this, ar, pTree, nullptr);
 }
 
 void CSumNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
@@ -106,7 +107,7 @@ void CIntegralNode::ApplyFormat(CBinTreeFormat* pFormat)
 
 void CIntegralNode::SerializeNode(CArchive& ar, CBinTree* pTree)
 {
-    SerializeBigOperator(ar, pTree, &m_nKind);
+    SerializeBigOperator(*this, ar, pTree, &m_nKind);
 }
 
 void CIntegralNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)

@@ -12,7 +12,6 @@ IMPLEMENT_DYNAMIC(CNode, CObject)
 
 const int g_nOwnGap = 2;
 int g_nTimesGap = 2;
-bool CNode::s_bPlainRecursion = false;
 
 namespace
 {
@@ -49,9 +48,6 @@ CNode::CNode(ENodeType nType)
       m_pLeft(nullptr),
       m_pRight(nullptr),
       m_nBaseline(0),
-      m_nMeasuredPass(0),
-      m_nMeasuredBaseline(0),
-      m_bBorrowsOwn(false),
       m_colour(GetSysColor(COLOR_WINDOWTEXT)),
       m_logFont(s_newFont)
 {
