@@ -1,11 +1,15 @@
-// Builds a tree from a sketch: (TYPE left right), a word for a variable, - for no node.
+// Builds a tree from a sketch: (TYPE left right), a word for a variable, - for no node. Compares
+// one with a sketch.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
 #include "nodes/node.h"
 #include "tree/bin_tree.h"
+#include "tree/tree_form.h"
 
 class CTreeMaker
 {
@@ -61,4 +65,33 @@ inline CNode* MakeTree(CBinTree& tree, std::string_view strSketch)
     tree.DeleteContents();
     tree.SetRootNode(CTreeMaker(tree, strSketch).Next());
     return tree.GetRootNode();
+}
+
+inline CString Form(const CBinTree& tree)
+{
+    return TreeForm(tree.GetRootNode());
+}
+
+// Whether links and levels below a node are what they would be had the tree been built in one go.
+inline void ExpectLinks(CNode* pNode, CNode* pExpected)
+{
+    EXPECT_EQ(pNode->GetLevel(), pExpected->GetLevel());
+    EXPECT_EQ(pNode->GetLogFont()->lfHeight, pExpected->GetLogFont()->lfHeight);
+    EXPECT_EQ(pNode->GetFontName(), pExpected->GetFontName());
+    for (auto side : { &CNode::m_pLeft, &CNode::m_pRight })
+    {
+        if (CNode* pChild = pNode->*side)
+        {
+            EXPECT_EQ(pChild->GetParent(), pNode);
+            ExpectLinks(pChild, pExpected->*side);
+        }
+    }
+}
+
+inline void ExpectTree(const CBinTree& tree, std::string_view strSketch)
+{
+    CBinTree expected;
+    MakeTree(expected, strSketch);
+    ASSERT_STREQ(Form(tree), Form(expected));
+    ExpectLinks(tree.GetRootNode(), expected.GetRootNode());
 }
