@@ -97,9 +97,8 @@ TEST(BinTree, KeepsTheSelectionWhenItsContentsGo)
 TEST(BinTree, CopiesNodesAttributesAndName)
 {
     CBinTree source;
-    CNode* pRoot = MakeTree(source, R"((STANDARD (DIVISION x (SUM i n)) -))");
+    CNode* pRoot = MakeTree(source, R"((STANDARD (DIVISION[1] x (SUM (RANGE - i) n)) -))");
     CNode* pDivision = pRoot->GetLeft();
-    static_cast<CTypedNode*>(pDivision)->SetKind(1);
     pDivision->GetLeft()->SetFontName("Symbol");
     pDivision->GetRight()->SetColour(0x123456);
     source.SetName("formula");

@@ -12,7 +12,7 @@ namespace
 class CWholeTree : public CBinTree
 {
 public:
-    CWholeTree() { MakeTree(*this, "(STANDARD (EQUATION (SUM i n) (POWERTO x y)) -)"); }
+    CWholeTree() { MakeTree(*this, "(STANDARD (EQUATION (SUM (RANGE - i) n) (POWERTO x y)) -)"); }
 };
 
 class CLoadedTree : public CBinTree
@@ -60,6 +60,7 @@ TEST(TreeSerialize, ComesBackAsItWas)
     EXPECT_EQ(loaded.GetName(), "name");
     EXPECT_EQ(loaded.m_rectFormula, tree.m_rectFormula);
     EXPECT_EQ(loaded.GetSelection(), nullptr);
+    EXPECT_EQ(loaded.GetSelectionMode(), 2);
     EXPECT_EQ(Stored(loaded), strBytes);
 }
 
