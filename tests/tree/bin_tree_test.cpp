@@ -4,10 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cstring>
-#include <initializer_list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "archived.h"
 #include "format/tree_format.h"
@@ -18,17 +17,14 @@
 
 namespace
 {
-// Types repeated, each the right child of the one before; the last of them.
-CNode* MakeChain(CBinTree& tree, int nTimes, std::initializer_list<ENodeType> types)
+// Nodes of alternating types, each the right child of the one before; the last of them.
+CNode* MakeChain(CBinTree& tree, std::size_t nNodes, const std::vector<ENodeType>& types)
 {
     CNode* pNode = tree.CreateRootNode("NT_STANDARD");
-    for (int i = 0; i < nTimes; i++)
+    for (std::size_t i = 0; i < nNodes; i++)
     {
-        for (const ENodeType nType : types)
-        {
-            pNode->LinkRight(tree.CreateBareNode(nType));
-            pNode = pNode->GetRight();
-        }
+        pNode->LinkRight(tree.CreateBareNode(types[i % types.size()]));
+        pNode = pNode->GetRight();
     }
     return pNode;
 }
@@ -131,12 +127,8 @@ TEST(BinTree, CopiesASubtreeInTheFormatOfItsSourceAtTheTopOnly)
     EXPECT_STREQ(TreeForm(pFlat.get()), R"((DIVISION[0] "/" - -))");
     const std::unique_ptr<CNode> pDeep(tree.CopySubtree(pExponent, 1));
     EXPECT_STREQ(TreeForm(pDeep.get()), TreeForm(pExponent));
-    EXPECT_EQ(pDeep->GetFontName(), "Arial");
-    EXPECT_EQ(pDeep->GetLevel(), 1);
-    EXPECT_EQ(pDeep->GetLeft()->GetFontName(), "Times New Roman");
-    EXPECT_EQ(pDeep->GetLeft()->GetLevel(), 1);
-    EXPECT_EQ(pDeep->GetLeft()->GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(pDeep->GetLeft()->GetParent(), pDeep.get());
+    pExponent->GetLeft()->SetFontName("Times New Roman");
+    ExpectLinks(pDeep.get(), pExponent);
     EXPECT_EQ(tree.CopySubtree(nullptr, 1), nullptr);
 }
 
@@ -156,21 +148,19 @@ TEST(BinTree, FindsParentsByTheChildLinks)
 
 TEST(BinTree, BreaksLongTextsLikeCards)
 {
-    const auto letters = [](int n)
-    {
-        return std::string(n, 'a');
-    };
+    const std::string strFirst(54, 'a');
     const std::string strBreak = "\r\n     +";
+    const std::string strNext = strBreak + std::string(59, 'a');
     const struct
     {
         int nSymbol;  // six blanks come ahead of it
         std::string strExpected;
     } aCases[] = {
         { 0, "" },
-        { 54, letters(54) },
-        { 55, letters(54) + strBreak + letters(1) },
-        { 54 + 59, letters(54) + strBreak + letters(59) },
-        { 54 + 60, letters(54) + strBreak + letters(59) + strBreak + letters(1) },
+        { 54, strFirst },
+        { 55, strFirst + strBreak + "a" },
+        { 54 + 59, strFirst + strNext },
+        { 54 + 60, strFirst + strNext + strBreak + "a" },
     };
     CBinTree empty;
     EXPECT_EQ(empty.GetFormulaText(0), "      ");
@@ -178,7 +168,7 @@ TEST(BinTree, BreaksLongTextsLikeCards)
     tree.CreateRootNode("NT_VARIABLE");
     for (const auto& row : aCases)
     {
-        tree.GetRootNode()->SetSymbol(letters(row.nSymbol).c_str());
+        tree.GetRootNode()->SetSymbol(std::string(row.nSymbol, 'a').c_str());
         EXPECT_EQ(std::string(tree.GetFormulaText(0)), "      " + row.strExpected);
     }
     for (const int nForm : { 1, -1, TEXT_FORMS, INT_MAX, INT_MIN })
@@ -188,48 +178,59 @@ TEST(BinTree, BreaksLongTextsLikeCards)
     }
 }
 
-// Nothing that moves keeps a font of its own, nor the level that it had: not in an exponent either.
 TEST(BinTree, SortsByPriorityToTheRight)
 {
-    const char* const apszCases[][2] = {
+    // What becomes of the last node of a tree: it keeps its font, takes the default one, or is
+    // deleted, and then selected no more.
+    enum ELast
+    {
+        STAYS,
+        MOVES,
+        GOES
+    };
+    const struct
+    {
+        const char* pszTree;
+        const char* pszSorted;
+        ELast nLast;
+    } aCases[] = {
         // Left child up; the parent's left link stays empty.
-        { "(STANDARD (TIMES (PLUS a b) c) -)", "(STANDARD - (PLUS a (TIMES b c)))" },
+        { "(STANDARD (TIMES (PLUS a b) c) -)", "(STANDARD - (PLUS a (TIMES b c)))", MOVES },
         // What hung on the right of the parent goes.
-        { "(STANDARD (TIMES (PLUS a b) c) (DIVISION d e))", "(STANDARD - (PLUS a (TIMES b c)))" },
+        { "(STANDARD (TIMES (PLUS a b) c) (DIVISION d e))", "(STANDARD - (PLUS a (TIMES b c)))",
+          GOES },
         // Right child up: its right part goes below the node.
-        { "(STANDARD - (TIMES a (PLUS b c)))", "(STANDARD - (PLUS b (TIMES a c)))" },
+        { "(STANDARD - (TIMES a (PLUS b c)))", "(STANDARD - (PLUS b (TIMES a c)))", MOVES },
         { "(STANDARD (DIVISION (PLUS a b) (MINUS c d)) -)",
-          "(STANDARD - (PLUS a (MINUS c (DIVISION b d))))" },
+          "(STANDARD - (PLUS a (MINUS c (DIVISION b d))))", MOVES },
         // Below the node that moved.
         { "(STANDARD (EQUATION (TIMES (PLUS a b) c) d) -)",
-          "(STANDARD (EQUATION - (PLUS a (TIMES b c))) -)" },
+          "(STANDARD (EQUATION - (PLUS a (TIMES b c))) -)", GOES },
+        // Out of an exponent.
         { "(STANDARD (POWERTO a (TIMES (PLUS b c) d)) -)",
-          "(STANDARD - (PLUS b (TIMES c (POWERTO a d))))" },
-        { "(STANDARD (PLUS a (TIMES b c)) -)", "(STANDARD (PLUS a (TIMES b c)) -)" },
+          "(STANDARD - (PLUS b (TIMES c (POWERTO a d))))", MOVES },
+        { "(STANDARD (PLUS a (TIMES b c)) -)", "(STANDARD (PLUS a (TIMES b c)) -)", STAYS },
         // A root stays where it is.
-        { "(TIMES (PLUS a b) c)", "(TIMES (PLUS a b) c)" },
+        { "(TIMES (PLUS a b) c)", "(TIMES (PLUS a b) c)", STAYS },
     };
-    for (const auto& [pszTree, pszSorted] : apszCases)
+    for (const auto& row : aCases)
     {
-        SCOPED_TRACE(pszTree);
+        SCOPED_TRACE(row.pszTree);
         CBinTree tree;
-        CNode* pLast = MakeTree(tree, pszTree);
+        CNode* pLast = MakeTree(tree, row.pszTree);
         while (CNode* pChild = pLast->GetRight() != nullptr ? pLast->GetRight() : pLast->GetLeft())
             pLast = pChild;
-        if (std::strcmp(pszTree, pszSorted) != 0)
-            pLast->SetFontName("Arial");
+        pLast->SetFontName("Arial");
+        tree.SetSelection(pLast, 1);
         tree.SortByPriority(tree.GetRootNode());
-        ExpectTree(tree, pszSorted);
+        EXPECT_EQ(tree.GetSelection(), row.nLast == GOES ? nullptr : pLast);
+        if (row.nLast == STAYS)
+        {
+            EXPECT_EQ(pLast->GetFontName(), "Arial");
+            pLast->SetFontName("Times New Roman");
+        }
+        ExpectTree(tree, row.pszSorted);
     }
-}
-
-TEST(BinTree, SelectsNothingThatSortingDeletes)
-{
-    CBinTree tree;
-    CNode* pRoot = MakeTree(tree, "(STANDARD (TIMES (PLUS a b) c) (DIVISION d e))");
-    tree.SetSelection(pRoot->GetRight()->GetLeft(), 2);
-    tree.SortByPriority(pRoot);
-    EXPECT_EQ(tree.GetSelection(), nullptr);
 }
 
 TEST(BinTree, WorksAtAnyDepthOnASmallStack)
@@ -258,7 +259,7 @@ TEST(BinTree, SortsADeepTree)
 {
     constexpr int nLevels = 20000;
     CBinTree tree;
-    MakeChain(tree, nLevels, { NTI_TIMES, NTI_PLUS });
+    MakeChain(tree, 2 * nLevels, { NTI_TIMES, NTI_PLUS });
     tree.SortByPriority(tree.GetRootNode());
     const CNode* pTop = tree.GetRootNode()->GetRight();
     int nPlus = 0;

@@ -58,7 +58,7 @@ TEST(TreeEditing, ChangesTheNodeAndKeepsTheSelection)
         { "(STANDARD (PLUS a b) -)",                  "L",  CHANGE, "NT_SUM",         "(STANDARD (SUM a b) -)" },
         { "(STANDARD a -)",                           "",   CHANGE, "NT_PLUS",        "(PLUS a -)" },
         { "(STANDARD (PLUS (DIVISION x y) c) -)",     "LL", RENEW,  "NT_PLACEHOLDER", "(STANDARD (PLUS (PLACEHOLDER - -) c) -)" },
-        { "(STANDARD (SUM (RANGE - i) n) -)",                   "L",  RENEW,  "NT_PLACEHOLDER", "(STANDARD (PLACEHOLDER - -) -)" },
+        { "(STANDARD (SUM (RANGE - i) n) -)",         "L",  RENEW,  "NT_PLACEHOLDER", "(STANDARD (PLACEHOLDER - -) -)" },
         { "(STANDARD a (POWERTO b c))",               "RR", RENEW,  "NT_NUMBER",      "(STANDARD a (POWERTO b (NUMBER - -)))" },
         { "(STANDARD (PLUS (PLUS a b) c) -)",         "LL", REPLACE, "(DIVISION x y)", "(STANDARD (PLUS (DIVISION x y) c) -)" },
         { "(STANDARD (PLUS a b) -)", "LR", INSERT_LEFT,     "NT_DIVISION", "(STANDARD (PLUS a (DIVISION b -)) -)" },
