@@ -1,6 +1,5 @@
 #include "exchange/reading.h"
 
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -379,16 +378,7 @@ constexpr CTypeRow s_aRows[] = {
 };
 // clang-format on
 
-constexpr bool IsInOrder()
-{
-    for (int i = 0; i < NTI_COUNT; ++i)
-    {
-        if (s_aRows[i].nType != i)
-            return false;
-    }
-    return std::size(s_aRows) == NTI_COUNT;
-}
-static_assert(IsInOrder(), "the row number is the type");
+static_assert(IsInOrder(s_aRows, &CTypeRow::nType, NTI_COUNT), "the row number is the type");
 }  // namespace
 
 bool IsNothing(const CPart& part)

@@ -2,7 +2,7 @@
 // writers put words around forms; what belongs together is decided here, once for all of them.
 #pragma once
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 
 class CNode;
 

@@ -172,13 +172,6 @@ std::string_view WithoutEndBlanks(std::string_view text)
         text.remove_prefix(1);
     return text;
 }
-
-// The classes whose kind chooses sign and face; the kind of a division chooses neither.
-bool HasKindSigns(ENodeType nType)
-{
-    return nType == NTI_BRACE || nType == NTI_POISON || nType == NTI_EQUATION ||
-           nType == NTI_INTEGRAL || nType == NTI_VECTOR || nType == NTI_ARROWS || nType == NTI_FUNC;
-}
 }  // namespace
 
 EFace FaceFromName(const char* pszFace)
@@ -213,7 +206,7 @@ const CSign& SignOf(EFace nFace, unsigned char nCode)
 CShownText ShownTextOf(const CNode& node, ENodeType nType)
 {
     constexpr int nNoKind = -1;  // a function that shows what it holds
-    if (HasKindSigns(nType))
+    if (NodeTypeData(nType).nKinds == KINDS_SIGN)
     {
         // A damaged archive can give a node of another class the name of a type with kinds.
         const auto* pTyped = dynamic_cast<const CTypedNode*>(&node);

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 
 class CNode;
 

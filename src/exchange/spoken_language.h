@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "exchange/form_writer.h"
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 
 // Shorter words where the operands are simple.
 enum EShortForm

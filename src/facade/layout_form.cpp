@@ -1,20 +1,22 @@
+// How a formula is laid out, node by node, as JSON.
 #include "facade/layout_form.h"
 
-#include <algorithm>
-#include <string_view>
 #include <vector>
 
 #include "facade/node_json.h"
+#include "format/node_types.h"
 #include "nodes/node.h"
 #include "platform/gdi/dc.h"
 #include "tree/tree_form.h"
 
 namespace
 {
-// Types whose own part has no text to be measured.
-constexpr std::string_view s_aTextless[] = { "NT_DIVISION", "NT_POWERTO", "NT_PLACEHOLDER",
-                                             "NT_RANGE",    "NT_INDEX",   "NT_MATRIX",
-                                             "NT_LINE",     "NT_ELEMENT" };
+// A name that no type has is a plain node, which measures its text.
+bool MeasuresText(const CNode& node)
+{
+    const ENodeType nType = FindNodeType(node.m_strType);
+    return nType == NTI_COUNT || NodeTypeData(nType).bMeasuresText;
+}
 
 std::string JsonPair(const CSize& size)
 {
@@ -32,12 +34,12 @@ std::string FieldsOf(const CNode& node)
     std::string strFields = SignAsJson(node);
     strFields += ",\"level\":" + std::to_string(node.m_nLevel);
     strFields += ",\"height\":" + std::to_string(node.m_logFont.lfHeight);
-    if (std::find(std::begin(s_aTextless), std::end(s_aTextless), node.m_strType.View()) ==
-        std::end(s_aTextless))
-        strFields += ",\"extent\":" + JsonPair(node.GetSignExtent());
-    strFields += ",\"own\":" + JsonPair(node.GetMeasuredOwn());
-    strFields += ",\"size\":" + JsonPair(node.GetMeasuredSize());
-    strFields += ",\"axis\":" + std::to_string(node.GetMeasuredBaseline());
+    const CMeasured& measured = node.GetMeasured();
+    if (MeasuresText(node))
+        strFields += ",\"extent\":" + JsonPair(measured.sign);
+    strFields += ",\"own\":" + JsonPair(measured.own);
+    strFields += ",\"size\":" + JsonPair(measured.size);
+    strFields += ",\"axis\":" + std::to_string(measured.nBaseline);
     return strFields;
 }
 

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <memory>
 
+#include "format/node_types.h"
 #include "platform/base/archive.h"
 #include "platform/base/system.h"
 #include "platform/gdi/gdi.h"
@@ -17,6 +18,7 @@ using CSlot = CFormatInfoOb* CBinTreeFormat::*;
 
 struct CRecordRow
 {
+    EFormatRecord nRecord;
     CSlot slot;
     const char* pszFont;
     bool bWindowText;  // else black, whatever the system's colour is
@@ -25,75 +27,22 @@ struct CRecordRow
     BYTE nCharSet;
 };
 
-// In the order of the archive, which leaves out the last one.
-constexpr int s_nStoredRecords = 7;
+constexpr int s_nStoredRecords = FR_EXTRA;
 // clang-format off
-const CRecordRow s_aRecords[] = {
-    // slot                        face            window text bold italic charset
-    { &CBinTreeFormat::m_pText,     "Times New Roman", true,  0, 0, 0 },
-    { &CBinTreeFormat::m_pVariable, "Times New Roman", false, 0, 1, 0 },
-    { &CBinTreeFormat::m_pConstant, "Times New Roman", false, 0, 1, 0 },
-    { &CBinTreeFormat::m_pNumber,   "Times New Roman", false, 0, 0, 0 },
-    { &CBinTreeFormat::m_pFunction, "Times New Roman", false, 1, 0, 0 },
-    { &CBinTreeFormat::m_pOperator, "Symbol",          true,  0, 0, 2 },
-    { &CBinTreeFormat::m_pSymbol,   "Symbol",          true,  0, 0, 2 },
-    { &CBinTreeFormat::m_pExtra,    "MT Extra",        true,  0, 0, 2 },
+constexpr CRecordRow s_aRecords[] = {
+    // record       slot                          face            window text bold italic charset
+    { FR_TEXT,     &CBinTreeFormat::m_pText,     "Times New Roman", true,  0, 0, 0 },
+    { FR_VARIABLE, &CBinTreeFormat::m_pVariable, "Times New Roman", false, 0, 1, 0 },
+    { FR_CONSTANT, &CBinTreeFormat::m_pConstant, "Times New Roman", false, 0, 1, 0 },
+    { FR_NUMBER,   &CBinTreeFormat::m_pNumber,   "Times New Roman", false, 0, 0, 0 },
+    { FR_FUNCTION, &CBinTreeFormat::m_pFunction, "Times New Roman", false, 1, 0, 0 },
+    { FR_OPERATOR, &CBinTreeFormat::m_pOperator, "Symbol",          true,  0, 0, 2 },
+    { FR_SYMBOL,   &CBinTreeFormat::m_pSymbol,   "Symbol",          true,  0, 0, 2 },
+    { FR_EXTRA,    &CBinTreeFormat::m_pExtra,    "MT Extra",        true,  0, 0, 2 },
 };
 // clang-format on
-
-struct CTypeRow
-{
-    const char* pszType;
-    CSlot slot;
-};
-
-// Archives of formulas rely on these pairings, the odd ones too: a derivative is set as text, a
-// partial one as an operator; limits and binomials are bold like function names.
-// clang-format off
-const CTypeRow s_aTypes[] = {
-    { "NT_STANDARD",    &CBinTreeFormat::m_pText },
-    { "NT_PLACEHOLDER", &CBinTreeFormat::m_pText },
-    { "NT_DERIVE",      &CBinTreeFormat::m_pText },
-    { "NT_INTEGRAND",   &CBinTreeFormat::m_pText },
-    { "NT_INDEX",       &CBinTreeFormat::m_pText },
-    { "NT_MATRIX",      &CBinTreeFormat::m_pText },
-    { "NT_LINE",        &CBinTreeFormat::m_pText },
-    { "NT_ELEMENT",     &CBinTreeFormat::m_pText },
-    { "NT_LABEL",       &CBinTreeFormat::m_pText },
-    { "NT_VARIABLE",    &CBinTreeFormat::m_pVariable },
-    { "NT_CONSTANT",    &CBinTreeFormat::m_pConstant },
-    { "NT_NUMBER",      &CBinTreeFormat::m_pNumber },
-    { "NT_FUNC",        &CBinTreeFormat::m_pFunction },
-    { "NT_USERFUNC",    &CBinTreeFormat::m_pFunction },
-    { "NT_EXTFUNC",     &CBinTreeFormat::m_pFunction },
-    { "NT_LIMES",       &CBinTreeFormat::m_pFunction },
-    { "NT_BINOMIAL",    &CBinTreeFormat::m_pFunction },
-    { "NT_DIVISION",    &CBinTreeFormat::m_pOperator },
-    { "NT_POWERTO",     &CBinTreeFormat::m_pOperator },
-    { "NT_PLUS",        &CBinTreeFormat::m_pOperator },
-    { "NT_MINUS",       &CBinTreeFormat::m_pOperator },
-    { "NT_TIMES",       &CBinTreeFormat::m_pOperator },
-    { "NT_EQUATION",    &CBinTreeFormat::m_pOperator },
-    { "NT_PARTDERIVE",  &CBinTreeFormat::m_pOperator },
-    { "NT_RANGE",       &CBinTreeFormat::m_pOperator },
-    { "NT_OPERATOR",    &CBinTreeFormat::m_pOperator },
-    { "NT_CROSS",       &CBinTreeFormat::m_pOperator },
-    { "NT_NTHROOT",     &CBinTreeFormat::m_pSymbol },
-    { "NT_ROOT",        &CBinTreeFormat::m_pSymbol },
-    { "NT_BRACE",       &CBinTreeFormat::m_pSymbol },
-    { "NT_SUM",         &CBinTreeFormat::m_pSymbol },
-    { "NT_PROD",        &CBinTreeFormat::m_pSymbol },
-    { "NT_INTEGRAL",    &CBinTreeFormat::m_pSymbol },
-    { "NT_POISON",      &CBinTreeFormat::m_pSymbol },
-    { "NT_VECTOR",      &CBinTreeFormat::m_pSymbol },
-    { "NT_NABLA",       &CBinTreeFormat::m_pSymbol },
-    { "NT_LAPLACE",     &CBinTreeFormat::m_pSymbol },
-    { "NT_ARROWS",      &CBinTreeFormat::m_pSymbol },
-    { "NT_INFINITY",    &CBinTreeFormat::m_pSymbol },
-    { "NT_PLANCK",      &CBinTreeFormat::m_pExtra },
-    { "NT_LAMBDA",      &CBinTreeFormat::m_pExtra },
-};
-// clang-format on
+static_assert(IsInOrder(s_aRecords, &CRecordRow::nRecord, FR_COUNT),
+              "types tell records by number");
 
 constexpr int s_anSizes[] = { -12, -10, -8, -16, -12 };
 
@@ -130,8 +79,11 @@ CBinTreeFormat::CBinTreeFormat() : m_TypeMap(10)
     const int nStep = SizeStep();
     std::transform(std::begin(s_anSizes), std::end(s_anSizes), m_nSizes,
                    [nStep](int nSize) { return nSize - nStep; });
-    for (const CTypeRow& row : s_aTypes)
-        m_TypeMap.SetAt(CString::Immortal(row.pszType), this->*row.slot);
+    for (int i = 0; i < NTI_COUNT; ++i)
+    {
+        const auto nType = static_cast<ENodeType>(i);
+        m_TypeMap.SetAt(NodeTypeName(nType), this->*s_aRecords[NodeTypeData(nType).nRecord].slot);
+    }
     for (auto& pRecord : aRecords)
         pRecord.release();
 }

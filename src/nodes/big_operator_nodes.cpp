@@ -2,6 +2,7 @@
 #include "nodes/big_operator_nodes.h"
 
 #include "format/tree_format.h"
+#include "nodes/big_operator_archive.h"
 #include "nodes/moves.h"
 #include "nodes/range_node.h"
 #include "nodes/sign_drawing.h"
@@ -43,7 +44,7 @@ void ArrangeBigOperator(CNode& node, CRect& rect, CRect& left, CRect& right, CRe
     CNode* pRange = node.m_pLeft;  // null only if a host unlinked it
     int nGap = pRange != nullptr ? pRange->m_nBaseline : 0;
     const int nAxisRight = AxisOf(node.m_pRight, right);
-    const int nAxisSign = Sum(H(own) / 2, nGap);
+    const int nAxisSign = Sum(own.Height() / 2, nGap);
     const int nSignDown = Excess(nAxisRight, nAxisSign);
     const int nRightDown = Excess(nAxisSign, nAxisRight);
 
@@ -52,13 +53,13 @@ void ArrangeBigOperator(CNode& node, CRect& rect, CRect& left, CRect& right, CRe
         pRange->m_nBaseline = nGap;
 
     int x = rect.left;
-    Place(own, x, Sum(rect.top, nGap));
+    own.OffsetRect(x, Sum(rect.top, nGap));
     PlaceInRow(left, x, Sum(rect.top, nSignDown));
     CentreHorizontally(own, left);
     PlaceInRow(right, x, Sum(rect.top, nRightDown));
     rect.right = x;
-    rect.bottom = Sum(rect.top, H(Union(left, right)));
-    node.m_nBaseline = Sum(WrapSub(own.top, rect.top), H(own) / 2);
+    rect.bottom = Sum(rect.top, (left | right).Height());
+    node.m_nBaseline = Sum(WrapSub(own.top, rect.top), own.Height() / 2);
 }
 }  // namespace
 
@@ -77,7 +78,7 @@ void CSumNode::ApplyFormat(CBinTreeFormat* pFormat)
 
 void CSumNode::SerializeNode(CArchive& ar, CBinTree* pTree)
 {
-    SerializeBigOperator(ar, pTree, nullptr);
+    SerializeBigOperator(*this, ar, pTree, nullptr);
 }
 
 void CSumNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
@@ -106,7 +107,7 @@ void CIntegralNode::ApplyFormat(CBinTreeFormat* pFormat)
 
 void CIntegralNode::SerializeNode(CArchive& ar, CBinTree* pTree)
 {
-    SerializeBigOperator(ar, pTree, &m_nKind);
+    SerializeBigOperator(*this, ar, pTree, &m_nKind);
 }
 
 void CIntegralNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)

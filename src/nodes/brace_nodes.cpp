@@ -75,16 +75,16 @@ CBraceNode::CBraceNode(ENodeType nType) : COpNode(nType)
 
 void CBraceNode::Arrange(CRect& rect, CRect& left, CRect&, CRect& own)
 {
-    const int nWidth = BracketWidth(H(left));
+    const int nWidth = BracketWidth(left.Height());
 
-    Place(own, rect.left, rect.top);
+    own.OffsetRect(rect.left, rect.top);
     int x = Sum(rect.left, nWidth, 1);
     PlaceInRow(left, x, rect.top);
     own.right = Sum(x, nWidth);
-    own.bottom = Sum(own.top, H(left));
+    own.bottom = Sum(own.top, left.Height());
     rect.right = Sum(x, nWidth, 1);
-    rect.bottom = Sum(rect.top, H(own));
-    m_nBaseline = H(own) / 2;  // the content's axis is not handed on
+    rect.bottom = Sum(rect.top, own.Height());
+    m_nBaseline = own.Height() / 2;  // the content's axis is not handed on
 }
 
 CRect CBraceNode::GetOwnSize(CDC* pDC)
@@ -96,8 +96,8 @@ CRect CBraceNode::GetOwnSize(CDC* pDC)
 void CBraceNode::PaintOwn(CDC* pDC, CRect rect, UINT)
 {
     SelectKind();
-    const int nWidth = BracketWidth(H(rect));
-    m_logFont.lfHeight = BracketFontHeight(H(rect));
+    const int nWidth = BracketWidth(rect.Height());
+    m_logFont.lfHeight = BracketFontHeight(rect.Height());
     m_logFont.lfWidth = nWidth;
 
     const CFontScope font(pDC, m_logFont);

@@ -24,7 +24,7 @@ void ArrangeAroundBar(CRect& rect, CRect& left, CRect& right, CRect& own)
     StackDown(right, rect.left, y);
     rect.right = Sum(rect.left, WidestOf(left, own, right), s_nOverhang);
     rect.bottom = y;
-    own.right = Sum(own.right, W(rect));
+    own.right = Sum(own.right, rect.Width());
     CentreHorizontally(left, rect);
     CentreHorizontally(right, rect);
 }
@@ -34,9 +34,9 @@ void SpreadSlash(CRect& rect, CRect& right, CRect& own)
 {
     own.top = rect.top;
     own.bottom = rect.bottom;
-    own.right = Sum(own.left, H(own) / 4);
-    Place(right, W(own), 0);
-    rect.right = Sum(rect.right, W(own));
+    own.right = Sum(own.left, own.Height() / 4);
+    right.OffsetRect(own.Width(), 0);
+    rect.right = Sum(rect.right, own.Width());
 }
 }  // namespace
 

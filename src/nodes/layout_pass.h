@@ -30,6 +30,10 @@ public:
     CLayoutPass(const CLayoutPass&) = delete;
     CLayoutPass& operator=(const CLayoutPass&) = delete;
 
+    // Measures everything afresh at each request, and formats at each link of a loaded tree: what
+    // passes must give the same results as. For tests.
+    static bool s_bPlainRecursion;
+
     // Never given twice in a process; 0 outside any pass.
     static ULONGLONG GetCurrent() { return s_nCurrent; }
 

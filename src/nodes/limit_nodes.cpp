@@ -15,19 +15,19 @@ CLimesNode::CLimesNode() : CNode(NTI_LIMES) {}
 
 void CLimesNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
-    const int nAxisOwn = H(own) / 2;
+    const int nAxisOwn = own.Height() / 2;
     const int nAxisRight = AxisOf(m_pRight, right);
 
     int y = Sum(rect.top, Excess(nAxisRight, nAxisOwn));
     StackDown(own, rect.left, y);
-    Place(left, rect.left, y);
+    left.OffsetRect(rect.left, y);
     rect.right = Sum(rect.left, WidestOf(left, own));
     CentreHorizontally(left, rect);
     CentreHorizontally(own, rect);
-    Place(right, Sum(rect.right, 1), Sum(rect.top, Excess(nAxisOwn, nAxisRight)));
-    rect.right = Sum(rect.right, W(right), 1);
-    rect.bottom = Sum(rect.top, H(Union(Union(own, right), left)));
-    m_nBaseline = Sum(WrapSub(own.top, rect.top), H(own) / 2);
+    right.OffsetRect(Sum(rect.right, 1), Sum(rect.top, Excess(nAxisOwn, nAxisRight)));
+    rect.right = Sum(rect.right, right.Width(), 1);
+    rect.bottom = Sum(rect.top, (own | right | left).Height());
+    m_nBaseline = Sum(WrapSub(own.top, rect.top), own.Height() / 2);
 }
 
 CPartialDerivativeNode::CPartialDerivativeNode() : CPartialDerivativeNode(NTI_PARTDERIVE) {}
@@ -39,24 +39,25 @@ CDerivativeNode::CDerivativeNode() : CPartialDerivativeNode(NTI_DERIVE) {}
 // own comes as one symbol and leaves as the whole small fraction, with room for the variable.
 void CPartialDerivativeNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
-    const int nBar = Sum(H(own), s_nBarOffset);
+    const int nBar = Sum(own.Height(), s_nBarOffset);
     const int nAxisRight = AxisOf(m_pRight, right);
 
     int x = rect.left;
-    Place(own, x, Sum(rect.top, Excess(nAxisRight, nBar)));
-    x = Sum(x, W(own), 1, W(left), 1);
+    own.OffsetRect(x, Sum(rect.top, Excess(nAxisRight, nBar)));
+    x = Sum(x, own.Width(), 1, left.Width(), 1);
     PlaceInRow(right, x, Sum(rect.top, Excess(nBar, nAxisRight)));
-    own.right = Sum(own.right, W(left));
-    own.bottom = Sum(own.bottom, H(left), 6);
+    own.right = Sum(own.right, left.Width());
+    own.bottom = Sum(own.bottom, left.Height(), 6);
     rect.right = x;
-    rect.bottom = Sum(rect.top, H(Union(own, right)));
-    Place(left, WrapSub(Sum(own.left, W(own), 1), W(left)), WrapSub(own.bottom, H(left)));
+    rect.bottom = Sum(rect.top, (own | right).Height());
+    left.OffsetRect(WrapSub(Sum(own.left, own.Width(), 1), left.Width()),
+                    WrapSub(own.bottom, left.Height()));
     m_nBaseline = Sum(WrapSub(own.top, rect.top), nBar);
 }
 
 void CPartialDerivativeNode::PaintOwn(CDC* pDC, CRect rect, UINT)
 {
-    const int nSymbol = H(GetOwnSize(pDC));
+    const int nSymbol = GetOwnSize(pDC).Height();
     const CFontScope font(pDC, m_logFont);
     pDC->DrawText(m_strSymbol, &rect, SIGN_FORMAT | DT_CENTER);
 

@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include "format/tree_format.h"
-#include "nodes/node_data.h"
 #include "platform/base/deep_call.h"
 #include "platform/gdi/gdi.h"
 
@@ -13,7 +12,6 @@ IMPLEMENT_DYNAMIC(CNode, CObject)
 
 const int g_nOwnGap = 2;
 int g_nTimesGap = 2;
-bool CNode::s_bPlainRecursion = false;
 
 namespace
 {
@@ -50,13 +48,10 @@ CNode::CNode(ENodeType nType)
       m_pLeft(nullptr),
       m_pRight(nullptr),
       m_nBaseline(0),
-      m_nMeasuredPass(0),
-      m_nMeasuredBaseline(0),
-      m_bBorrowsOwn(false),
       m_colour(GetSysColor(COLOR_WINDOWTEXT)),
       m_logFont(s_newFont)
 {
-    const CNodeData& data = NodeData(nType);
+    const CNodeType& data = NodeTypeData(nType);
     m_nPriority = data.nPriority;
     m_nFlags = data.nFlags;
     m_nLevel = 0;

@@ -3,11 +3,9 @@
 // child in a row; the classes below change only what differs.
 #pragma once
 
-#include <memory>
-
 #include <cstddef>
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
 #include "platform/base/object.h"
@@ -17,7 +15,6 @@ class CArchive;
 class CBinTree;
 class CBinTreeFormat;
 class CDC;
-struct CNodeData;
 
 // Bits of CNode::m_nFlags.
 constexpr UINT NF_TEXTEDIT = 1;     // the symbol can be edited in place
@@ -36,6 +33,17 @@ constexpr int TEXT_FORMS = 1;  // form 0 is FORTRAN
 
 extern const int g_nOwnGap;  // added to the width of a sign, logical units
 extern int g_nTimesGap;      // the same for a product; the latest parse decides it for all trees
+
+// What the last Measure found of a node.
+struct CMeasured
+{
+    ULONGLONG nPass = 0;        // in which it was found; 0 never
+    CSize size;                 // of the subtree
+    CSize own;                  // of the own part
+    int nBaseline = 0;          // m_nBaseline, as it was right behind that Measure
+    bool bOwnBorrowed = false;  // own holds only while the parent's sign stays as it was
+    CSize sign;  // of the sign's text without a gap; (0, 0) where no text is measured
+};
 
 // A parent owns its children. All lengths are logical units of the device context in use, y
 // down; integer division cuts towards zero, and rectangles may have negative extents.
@@ -133,7 +141,7 @@ public:
     void SetBold(int n) { m_logFont.lfWeight = n == 1 ? 700 : 400; }
     BOOL IsBold() const { return m_logFont.lfWeight == 700; }
     BOOL IsSameDescription(const CNode* p) const;
-    bool BorrowsOwnSize() const { return m_bBorrowsOwn; }
+    bool BorrowsOwnSize() const { return m_measured.bOwnBorrowed; }
 
     // Whether pTop is this node or stands above it, by the parent links.
     bool IsWithin(const CNode* pTop) const;
@@ -142,19 +150,7 @@ public:
     // first, then left, then right. Null if there is none.
     CNode* FindParentOf(const CNode* p);
 
-    // What the last Measure found here: extent of subtree and sign, and the base line as it was
-    // right behind that Measure.
-    CSize GetMeasuredSize() const { return m_sizeMeasured; }
-    CSize GetMeasuredOwn() const { return m_sizeMeasuredOwn; }
-    int GetMeasuredBaseline() const { return m_nMeasuredBaseline; }
-
-    // Bare extent of the sign's text before any gap, when it was last asked for; (0, 0) in
-    // classes that measure no text.
-    CSize GetSignExtent() const { return m_sizeSign; }
-
-    // Measures everything afresh at each request, and formats at each link of a loaded tree: what
-    // passes must give the same results as. For tests.
-    static bool s_bPlainRecursion;
+    const CMeasured& GetMeasured() const { return m_measured; }
 
     // What measuring and painting touch stands together, in this order: a long formula is larger
     // than the fast caches.
@@ -165,13 +161,7 @@ public:
     int m_nBaseline;   // height of the line on which neighbours align; right behind Measure only
 
 private:
-    // Bookkeeping of passes. Extents are those of rectangles at (0, 0).
-    ULONGLONG m_nMeasuredPass;  // in which the following three were found; 0 never
-    CSize m_sizeMeasured;
-    CSize m_sizeMeasuredOwn;
-    int m_nMeasuredBaseline;
-    bool m_bBorrowsOwn;
-    CSize m_sizeSign;
+    CMeasured m_measured;
 
 public:
     CString m_strSymbol;  // the sign, shown in m_logFont
@@ -192,19 +182,14 @@ protected:
     // A node with the data of a type, in the default font. The name is the factory's to set.
     explicit CNode(ENodeType nType);
 
-    // For ranges, whose own size is that of the parent: what was measured for one holds only while
-    // the parent's sign stays as it was.
-    void BorrowOwnSize() { m_bBorrowsOwn = true; }
+    // For ranges, whose own size is that of the parent.
+    void BorrowOwnSize() { m_measured.bOwnBorrowed = true; }
 
     // Bare extent of m_strSymbol in m_logFont.
     CSize MeasureSign(CDC* pDC);
 
     // m_strSymbol in m_logFont; nFormat goes to DrawText.
     void DrawSign(CDC* pDC, const CRect& rect, UINT nFormat);
-
-    // The archive form of the big operators: no font, the left record is read into the range
-    // that the constructor made, and behind the common items *pKind if it is not null.
-    void SerializeBigOperator(CArchive& ar, CBinTree* pTree, int* pKind);
 
     // The parts at (0, 0), measured in this order; zero rectangles for missing children.
     struct CParts
@@ -224,12 +209,4 @@ private:
     void ApplyRecord(CBinTreeFormat* pFormat);
     void AppendText(CString& strText, int nForm);
     void AppendArgument(CString& strText, int nForm, int nArg);
-
-    void StoreChildren(CArchive& ar, CBinTree* pTree) const;
-    void StoreCommon(CArchive& ar) const;
-    void LoadCommon(CArchive& ar);
-    void LoadFont(CArchive& ar);
-    void LoadRange(CArchive& ar, CBinTree* pTree);
-    void LinkLoadedLeft(std::unique_ptr<CNode> pLeft);
-    void LinkLoadedRight(std::unique_ptr<CNode> pRight);
 };

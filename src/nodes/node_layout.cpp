@@ -12,19 +12,19 @@ CRect CNode::Measure(CDC* pDC)
     const CLayoutPass pass(pDC);
     if (IsMeasured(pDC))
     {
-        m_nBaseline = m_nMeasuredBaseline;
-        return CRect(CPoint(0, 0), m_sizeMeasured);
+        m_nBaseline = m_measured.nBaseline;
+        return CRect(CPoint(0, 0), m_measured.size);
     }
     return Descend(
         [&]
         {
             CParts parts = MeasureParts(pDC);
-            m_sizeMeasuredOwn = CSize(parts.own.right, parts.own.bottom);
+            m_measured.own = CSize(parts.own.right, parts.own.bottom);
             CRect rect(0, 0, 0, 0);
             Arrange(rect, parts.left, parts.right, parts.own);
-            m_sizeMeasured = CSize(rect.right, rect.bottom);
-            m_nMeasuredBaseline = m_nBaseline;
-            m_nMeasuredPass = CLayoutPass::GetCurrent();
+            m_measured.size = CSize(rect.right, rect.bottom);
+            m_measured.nBaseline = m_nBaseline;
+            m_measured.nPass = CLayoutPass::GetCurrent();
             return rect;
         });
 }
@@ -34,8 +34,8 @@ CRect CNode::Measure(CDC* pDC)
 // asked itself, and painting can change that sign's font.
 bool CNode::IsMeasured(CDC* pDC)
 {
-    return m_nMeasuredPass == CLayoutPass::GetCurrent() && !s_bPlainRecursion &&
-           (!m_bBorrowsOwn || GetOwnSize(pDC) == CRect(CPoint(0, 0), m_sizeMeasuredOwn));
+    return m_measured.nPass == CLayoutPass::GetCurrent() && !CLayoutPass::s_bPlainRecursion &&
+           (!m_measured.bOwnBorrowed || GetOwnSize(pDC) == CRect(CPoint(0, 0), m_measured.own));
 }
 
 // The order matters: the own size of a range asks the node above.
@@ -53,9 +53,11 @@ CNode::CParts CNode::MeasureParts(CDC* pDC)
 void CNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
     // Axis of each part; a part without height follows the own sign.
-    const int nOwnAxis = H(own) / 2;
-    const int nLeftAxis = H(left) != 0 && m_pLeft != nullptr ? m_pLeft->m_nBaseline : nOwnAxis;
-    const int nRightAxis = H(right) != 0 && m_pRight != nullptr ? m_pRight->m_nBaseline : nOwnAxis;
+    const int nOwnAxis = own.Height() / 2;
+    const int nLeftAxis =
+        left.Height() != 0 && m_pLeft != nullptr ? m_pLeft->m_nBaseline : nOwnAxis;
+    const int nRightAxis =
+        right.Height() != 0 && m_pRight != nullptr ? m_pRight->m_nBaseline : nOwnAxis;
     const int nAxis = std::max({ nOwnAxis, nLeftAxis, nRightAxis });
 
     int x = rect.left;
@@ -64,8 +66,9 @@ void CNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
     PlaceInRow(own, x, WrapSub(y, nOwnAxis));
     PlaceInRow(right, x, WrapSub(y, nRightAxis));
     rect.right = x;
-    rect.bottom = WrapAdd(y, std::max({ WrapSub(H(left), nLeftAxis), WrapSub(H(own), nOwnAxis),
-                                        WrapSub(H(right), nRightAxis) }));
+    rect.bottom =
+        WrapAdd(y, std::max({ WrapSub(left.Height(), nLeftAxis), WrapSub(own.Height(), nOwnAxis),
+                              WrapSub(right.Height(), nRightAxis) }));
     m_nBaseline = nAxis;
 }
 
@@ -77,8 +80,8 @@ CRect CNode::GetOwnSize(CDC* pDC)
 
 CSize CNode::MeasureSign(CDC* pDC)
 {
-    m_sizeSign = pDC->GetPointFontExtent(m_logFont, m_strSymbol);
-    return m_sizeSign;
+    m_measured.sign = pDC->GetPointFontExtent(m_logFont, m_strSymbol);
+    return m_measured.sign;
 }
 
 CNode* CNode::HitTest(CDC* pDC, CRect& rect, CPoint point)

@@ -2,7 +2,7 @@
 #include "nodes/operator_nodes.h"
 
 #include "format/tree_format.h"
-#include "nodes/box.h"
+#include "nodes/moves.h"
 #include "nodes/sign_drawing.h"
 
 namespace

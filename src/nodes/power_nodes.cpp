@@ -11,15 +11,15 @@ void CPowerToNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
     constexpr int nDrop = 8;     // of the exponent below the top
 
     int x = rect.left;
-    Place(right, -nOverlap, nDrop);
-    Place(left, x, rect.top);
-    x = Sum(x, W(left));
+    right.OffsetRect(-nOverlap, nDrop);
+    left.OffsetRect(x, rect.top);
+    x = Sum(x, left.Width());
     PlaceInRow(right, x, rect.top);
-    Place(left, 0, H(right));
-    own = Union(right, left);
+    left.OffsetRect(0, right.Height());
+    own = right | left;
     rect.right = x;
-    rect.bottom = Sum(rect.top, H(left), H(right));
-    m_nBaseline = Sum(WrapSub(left.top, rect.top), H(left) / 2);  // not the base's own axis
+    rect.bottom = Sum(rect.top, left.Height(), right.Height());
+    m_nBaseline = Sum(WrapSub(left.top, rect.top), left.Height() / 2);  // not the base's own axis
 }
 
 CRect CPowerToNode::GetOwnSize(CDC*)
@@ -42,7 +42,7 @@ void CIndexNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
     rect.right = Sum(rect.left, WidestOf(left, right));
     rect.bottom = y;
     own.SetRectEmpty();
-    m_nBaseline = Sum(H(left), 2);  // the symbol's axis goes just below the upper index
+    m_nBaseline = Sum(left.Height(), 2);  // the symbol's axis goes just below the upper index
 }
 
 CRect CIndexNode::GetOwnSize(CDC*)

@@ -28,23 +28,23 @@ CSquareRootNode::CSquareRootNode() : CNthRootNode(NTI_ROOT) {}
 void CNthRootNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
     int x = rect.left;
-    Place(right, x, rect.top);
-    x = Sum(x, W(right));
-    Place(own, x, rect.top);
-    x = Sum(x, RadicalWidth(H(left)), 1);
+    right.OffsetRect(x, rect.top);
+    x = Sum(x, right.Width());
+    own.OffsetRect(x, rect.top);
+    x = Sum(x, RadicalWidth(left.Height()), 1);
     PlaceInRow(left, x, Sum(rect.top, 2));
     rect.right = x;
     rect.bottom = Sum(rect.top, HighestOf(left, own, right), 2);
     own.right = rect.right;  // carries the line over the radicand
     own.bottom = rect.bottom;
-    m_nBaseline = H(own) / 2;
+    m_nBaseline = own.Height() / 2;
 }
 
 void CNthRootNode::PaintOwn(CDC* pDC, CRect rect, UINT)
 {
-    const int nWidth = RadicalWidth(H(rect));
+    const int nWidth = RadicalWidth(rect.Height());
     const LONG nHeight = m_logFont.lfHeight;
-    m_logFont.lfHeight = RadicalFontHeight(H(rect));
+    m_logFont.lfHeight = RadicalFontHeight(rect.Height());
     m_logFont.lfWidth = nWidth;  // stays, unlike the height
     DrawSign(pDC, rect, SIGN_FORMAT | DT_VCENTER);
     m_logFont.lfHeight = nHeight;

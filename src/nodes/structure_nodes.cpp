@@ -46,10 +46,10 @@ CLineNode::CLineNode() : CNode(NTI_LINE) {}
 // The left child holds the lines before this one and stands below it.
 void CLineNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
 {
-    Place(right, rect.left, rect.top);
-    Place(left, rect.left, Sum(rect.top, H(right)));
+    right.OffsetRect(rect.left, rect.top);
+    left.OffsetRect(rect.left, Sum(rect.top, right.Height()));
     rect.right = Sum(rect.left, WidestOf(left, own, right));
-    rect.bottom = Sum(rect.top, H(right), H(left));
+    rect.bottom = Sum(rect.top, right.Height(), left.Height());
     CentreHorizontally(left, rect);
     CentreHorizontally(right, rect);
 }
@@ -68,13 +68,13 @@ void CElementNode::Arrange(CRect& rect, CRect& left, CRect& right, CRect& own)
     int x = rect.left;
     PlaceInRow(left, x, rect.top);
     PlaceInRow(own, x, rect.top);
-    Place(right, x, rect.top);
-    rect.right = Sum(x, W(right));
+    right.OffsetRect(x, rect.top);
+    rect.right = Sum(x, right.Width());
     rect.bottom = Sum(rect.top, HighestOf(left, own, right));
     CentreVertically(left, rect);
     CentreVertically(own, rect);
     CentreVertically(right, rect);
-    m_nBaseline = Sum(own.top, H(own) / 2);  // a distance while rect.top is 0, as in Measure
+    m_nBaseline = Sum(own.top, own.Height() / 2);  // a distance while rect.top is 0, as in Measure
     own.SetRectEmpty();
 }
 

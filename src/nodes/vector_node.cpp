@@ -56,7 +56,7 @@ void CVectorNode::Arrange(CRect& rect, CRect& left, CRect&, CRect& own)
     own.right = rect.right;
     CentreHorizontally(left, rect);
     CentreHorizontally(own, rect);
-    m_nBaseline = Sum(H(own), nAxisLeft, 1);
+    m_nBaseline = Sum(own.Height(), nAxisLeft, 1);
 }
 
 CRect CVectorNode::GetOwnSize(CDC* pDC)
@@ -73,7 +73,7 @@ void CVectorNode::PaintOwn(CDC* pDC, CRect rect, UINT)
     const CFontScope font(pDC, m_logFont);
     pDC->DrawText(m_strSymbol, &rect, SIGN_FORMAT | DT_BOTTOM | (bLined ? DT_RIGHT : DT_CENTER));
 
-    const int yMiddle = Sum(rect.top, H(rect) / 2);
+    const int yMiddle = Sum(rect.top, rect.Height() / 2);
     if (bLined)
     {
         // With heights of negative sign the line runs beyond the right edge.

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 #include "parser/dropped_text.h"
 #include "platform/base/collections.h"
 #include "platform/base/cstring.h"

@@ -1,7 +1,7 @@
 // The keywords of the formula language and what a parse does with each of them.
 #pragma once
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 #include "platform/base/collections.h"
 #include "platform/base/types.h"
 

@@ -16,7 +16,7 @@ struct CPlacedNode
 
 CRect ExtentOf(const CNode* pNode)
 {
-    return pNode == nullptr ? CRect(0, 0, 0, 0) : CRect(CPoint(0, 0), pNode->GetMeasuredSize());
+    return pNode == nullptr ? CRect(0, 0, 0, 0) : CRect(CPoint(0, 0), pNode->GetMeasured().size);
 }
 }  // namespace
 
@@ -36,7 +36,7 @@ std::vector<CNodeBox> FindBoxes(CBinTree& tree, CDC* pDC)
         CRect rect(placed.origin, CSize(0, 0));
         CRect left = ExtentOf(pNode->GetLeft());
         CRect right = ExtentOf(pNode->GetRight());
-        CRect own(CPoint(0, 0), pNode->GetMeasuredOwn());
+        CRect own(CPoint(0, 0), pNode->GetMeasured().own);
         pNode->Arrange(rect, left, right, own);
         boxes.push_back({ pNode, rect, pNode->m_rect, rect.top + pNode->m_nBaseline });
         if (pNode->GetRight() != nullptr)

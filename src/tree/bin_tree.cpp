@@ -101,10 +101,10 @@ CNode* CBinTree::CreateBareNode(ENodeType nType)
 
 CNode* CBinTree::CreateStoredNode(const CString& strType)
 {
-    const std::optional<ENodeType> nType = NodeTypeFromName(strType);
-    if (!nType)
+    const ENodeType nType = FindNodeType(strType);
+    if (nType == NTI_COUNT)
         AfxThrowArchiveException(CArchiveException::badClass);
-    return MakeNode(*nType);
+    return MakeNode(nType);
 }
 
 CNode* CBinTree::CreateRootNode(CString strType)

@@ -1,7 +1,7 @@
 // One formula: the tree of its nodes, which it owns, and what is selected in it.
 #pragma once
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 #include "platform/base/cstring.h"
 #include "platform/base/geometry.h"
 #include "platform/base/object.h"

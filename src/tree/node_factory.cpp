@@ -1,8 +1,6 @@
 // How a node is made from its type: one row for each type, in the order of the types.
 #include "tree/node_factory.h"
 
-#include <optional>
-
 #include "nodes/big_operator_nodes.h"
 #include "nodes/brace_nodes.h"
 #include "nodes/fraction_nodes.h"
@@ -93,16 +91,7 @@ constexpr CMaker s_aMakers[] = {
     { NTI_LABEL, Make<CLabelNode> },
 };
 
-constexpr bool RowsStandInOrder()
-{
-    for (int i = 0; i < NTI_COUNT; i++)
-    {
-        if (s_aMakers[i].nType != i)
-            return false;
-    }
-    return sizeof s_aMakers == NTI_COUNT * sizeof(CMaker);
-}
-static_assert(RowsStandInOrder(), "a type is looked up by its number");
+static_assert(IsInOrder(s_aMakers, &CMaker::nType, NTI_COUNT), "a type is looked up by its number");
 
 }  // namespace
 
@@ -115,8 +104,9 @@ CNode* MakeNode(ENodeType nType)
 
 CNode* MakeNode(const CString& strType)
 {
-    if (const std::optional<ENodeType> nType = NodeTypeFromName(strType))
-        return MakeNode(*nType);
+    const ENodeType nType = FindNodeType(strType);
+    if (nType != NTI_COUNT)
+        return MakeNode(nType);
     CNode* pNode = new CNode;
     pNode->m_strType = strType;
     return pNode;

@@ -2,7 +2,7 @@
 // Beside the table of the types' names, this is the only place that knows all classes.
 #pragma once
 
-#include "nodes/type_names.h"
+#include "format/node_types.h"
 
 class CNode;
 

@@ -1,7 +1,6 @@
 // A tree written as one line of text, without recursion: trees can be deep.
 #include "tree/tree_form.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +12,6 @@ namespace
 {
 
 constexpr std::string_view s_strTypePrefix = "NT_";
-constexpr ENodeType s_anKindTypes[] = { NTI_DIVISION, NTI_BRACE,  NTI_POISON, NTI_EQUATION,
-                                        NTI_INTEGRAL, NTI_VECTOR, NTI_ARROWS, NTI_FUNC };
 
 void AppendEscaped(std::string& strForm, std::string_view strText)
 {
@@ -63,8 +60,8 @@ bool HasShownKind(const CNode* pNode, int& nKind)
     const auto* pTyped = dynamic_cast<const CTypedNode*>(pNode);
     if (pTyped == nullptr)
         return false;
-    const auto nType = NodeTypeFromName(pNode->m_strType);
-    if (!nType || !std::ranges::count(s_anKindTypes, *nType))
+    const ENodeType nType = FindNodeType(pNode->m_strType);
+    if (nType == NTI_COUNT || NodeTypeData(nType).nKinds == KINDS_NONE)
         return false;
     nKind = pTyped->GetKind();
     return true;

@@ -6,7 +6,7 @@
 class CNode;
 
 // (TYPE[kind] "symbol" left right); a missing node is "-". The kind stands for the types that
-// have a table of kinds, and a value node in the face "Symbol" is marked.
+// have kinds, and a value node in the face "Symbol" is marked.
 CString TreeForm(const CNode* pNode);
 
 // Bytes outside printable ASCII, the quotation mark and the backslash as \xNN.

@@ -4,32 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <sstream>
 #include <string>
 
-#include "platform/base/archive.h"
-#include "platform/base/exception.h"
-#include "platform/base/file.h"
+#include "archived.h"
 
 namespace
 {
-std::string Stored(CBinTreeFormat& format)
-{
-    CMemFile file;
-    CArchive ar(&file, CArchive::store);
-    format.Serialize(ar);
-    ar.Close();
-    return { reinterpret_cast<const char*>(file.GetData()),
-             static_cast<std::size_t>(file.GetLength()) };
-}
-
-void Load(CBinTreeFormat& format, std::string strBytes)
-{
-    CMemFile file(reinterpret_cast<BYTE*>(strBytes.data()), static_cast<UINT>(strBytes.size()));
-    CArchive ar(&file, CArchive::load);
-    format.Serialize(ar);
-    ar.Close();
-}
-
 // A record as it stands in an archive: length and face, colour, bold, italic, character set.
 std::string Record(const std::string& strFace, char chBold, char chItalic, char chCharSet)
 {
@@ -56,14 +37,29 @@ std::string DefaultBytes()
 TEST(TreeFormat, KnowsTheRecordOfEveryType)
 {
     CBinTreeFormat format;
-    EXPECT_EQ(format.m_TypeMap.GetCount(), 41);
-    EXPECT_EQ(format.FindRecord("NT_PLACEHOLDER"), format.m_pText);
-    EXPECT_EQ(format.FindRecord("NT_DERIVE"), format.m_pText);
-    EXPECT_EQ(format.FindRecord("NT_PARTDERIVE"), format.m_pOperator);
-    EXPECT_EQ(format.FindRecord("NT_BINOMIAL"), format.m_pFunction);
-    EXPECT_EQ(format.FindRecord("NT_INFINITY"), format.m_pSymbol);
-    EXPECT_EQ(format.FindRecord("NT_LAMBDA"), format.m_pExtra);
-    EXPECT_EQ(format.FindRecord("nt_lambda"), nullptr);
+    const struct
+    {
+        CFormatInfoOb* pRecord;
+        const char* pszTypes;
+    } aRows[] = {
+        { format.m_pText, "STANDARD PLACEHOLDER DERIVE INTEGRAND INDEX MATRIX LINE ELEMENT LABEL" },
+        { format.m_pVariable, "VARIABLE" },
+        { format.m_pConstant, "CONSTANT" },
+        { format.m_pNumber, "NUMBER" },
+        { format.m_pFunction, "FUNC USERFUNC EXTFUNC LIMES BINOMIAL" },
+        { format.m_pOperator, "DIVISION POWERTO PLUS MINUS TIMES EQUATION PARTDERIVE RANGE" },
+        { format.m_pOperator, "OPERATOR CROSS" },
+        { format.m_pSymbol, "NTHROOT ROOT BRACE SUM PROD INTEGRAL POISON VECTOR NABLA LAPLACE" },
+        { format.m_pSymbol, "ARROWS INFINITY" },
+        { format.m_pExtra, "PLANCK LAMBDA" },
+        { nullptr, "plus PLUSS" },
+    };
+    for (const auto& row : aRows)
+    {
+        std::istringstream types(row.pszTypes);
+        for (std::string strType; types >> strType;)
+            EXPECT_EQ(format.FindRecord(("NT_" + strType).c_str()), row.pRecord) << strType;
+    }
     EXPECT_EQ(format.FindRecord(""), nullptr);
     EXPECT_EQ(format.m_TypeMap.GetCount(), 41) << "asking for a name adds none";
 }
@@ -71,11 +67,10 @@ TEST(TreeFormat, KnowsTheRecordOfEveryType)
 TEST(TreeFormat, SizesByLevel)
 {
     CBinTreeFormat format;
-    const int anHeights[][3] = {
-        // level, ordinary, big operator
-        { INT_MIN, -120, -160 }, { -1, -120, -160 }, { 0, -120, -160 },      { 1, -100, -120 },
-        { 2, -80, -120 },        { 5, -80, -120 },   { INT_MAX, -80, -120 },
-    };
+    // level, ordinary, big operator
+    const int anHeights[][3] = { { INT_MIN, -120, -160 }, { -1, -120, -160 }, { 0, -120, -160 },
+                                 { 1, -100, -120 },       { 2, -80, -120 },   { 5, -80, -120 },
+                                 { INT_MAX, -80, -120 } };
     for (const auto& row : anHeights)
     {
         EXPECT_EQ(format.GetHeight(row[0]), row[1]) << row[0];
@@ -85,15 +80,10 @@ TEST(TreeFormat, SizesByLevel)
     EXPECT_EQ(format.GetHeight(0), static_cast<int>(0x8000000AU)) << "wraps";
 }
 
-TEST(TreeFormat, HasItsArchiveForm)
-{
-    CBinTreeFormat format;
-    EXPECT_EQ(Stored(format), DefaultBytes());
-}
-
 TEST(TreeFormat, ComesBackButForTheExtraRecord)
 {
     CBinTreeFormat source;
+    EXPECT_EQ(Stored(source), DefaultBytes());
     source.m_pText->m_crColour = 0x00123456;
     source.m_pSymbol->m_strFontName = "Arial";
     source.m_pSymbol->m_nCharSet = 255;
@@ -123,16 +113,8 @@ TEST(TreeFormat, ACutArchiveLeavesTheTableAsItWas)
     for (std::size_t nLength = 0; nLength < strBytes.size(); ++nLength)
     {
         CBinTreeFormat loaded;
-        try
-        {
-            Load(loaded, strBytes.substr(0, nLength));
-            ADD_FAILURE() << nLength;
-        }
-        catch (CArchiveException* pException)
-        {
-            EXPECT_EQ(pException->m_cause, CArchiveException::endOfFile);
-            pException->Delete();
-        }
+        EXPECT_EQ(CauseOf([&] { Load(loaded, strBytes.substr(0, nLength)); }),
+                  CArchiveException::endOfFile);
         EXPECT_EQ(Stored(loaded), DefaultBytes());
     }
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <climits>
 
+#include "format/node_types.h"
 #include "format/tree_format.h"
 #include "nodes/node_fixture.h"
-#include "nodes/type_names.h"
 
 namespace
 {

@@ -19,8 +19,8 @@ namespace
 class CPlainRecursion
 {
 public:
-    explicit CPlainRecursion(bool bPlain) { CNode::s_bPlainRecursion = bPlain; }
-    ~CPlainRecursion() { CNode::s_bPlainRecursion = false; }
+    explicit CPlainRecursion(bool bPlain) { CLayoutPass::s_bPlainRecursion = bPlain; }
+    ~CPlainRecursion() { CLayoutPass::s_bPlainRecursion = false; }
 };
 
 template <class T>
@@ -38,10 +38,10 @@ std::string StateOf(const CNode& node)
     AppendBytes(strState, node.m_logFont);
     AppendBytes(strState, node.m_nLevel);
     AppendBytes(strState, node.m_colour);
-    AppendBytes(strState, node.GetMeasuredSize());
-    AppendBytes(strState, node.GetMeasuredOwn());
-    AppendBytes(strState, node.GetMeasuredBaseline());
-    AppendBytes(strState, node.GetSignExtent());
+    AppendBytes(strState, node.GetMeasured().size);
+    AppendBytes(strState, node.GetMeasured().own);
+    AppendBytes(strState, node.GetMeasured().nBaseline);
+    AppendBytes(strState, node.GetMeasured().sign);
     return strState;
 }
 
@@ -303,13 +303,13 @@ TEST(LayoutPass, ARangeFollowsASignThatPaintingChanged)
         CNodePtr pBrace = Node("NT_BRACE", Node("NT_RANGE", Node("NT_RANGE", Text("a"))));
         const CNode* pInner = pBrace->GetLeft()->GetLeft();
         pBrace->Measure(&dc);
-        EXPECT_EQ(pInner->GetMeasuredOwn(), CSize(18, 16)) << bPlain;
+        EXPECT_EQ(pInner->GetMeasured().own, CSize(18, 16)) << bPlain;
         CRect rect(5, 5, 0, 0);
         pBrace->Paint(&dc, rect, nullptr, 0);
         // The letter is 11 high at level 2, the inner range 11 + 1 + 16 + 1 + 1, the outer one and
         // the bracket 30 + 1 + 16 + 1 + 1 = 49. The bracket's font grows to 47 * 100 / 12 = 391
         // tenths of a point, 52 pixels.
-        EXPECT_EQ(pInner->GetMeasuredOwn(), CSize(18, 52)) << bPlain;
+        EXPECT_EQ(pInner->GetMeasured().own, CSize(18, 52)) << bPlain;
     }
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "format/tree_format.h"
+#include "nodes/layout_pass.h"
 #include "nodes/node_fixture.h"
 #include "nodes/random_tree.h"
 #include "nodes/value_nodes.h"
@@ -247,9 +248,9 @@ TEST(NodeArchive, LeavesWhatFormattingAtEveryLinkLeaves)
         CRandomTree tree(nSeed, { 30, true });
         const CString strType = tree.GetRoot()->GetTypeName();
         const std::string strBytes = BytesOf(*tree.GetRoot());
-        CNode::s_bPlainRecursion = true;
+        CLayoutPass::s_bPlainRecursion = true;
         CNodePtr pPlain = Loaded(strType, strBytes);
-        CNode::s_bPlainRecursion = false;
+        CLayoutPass::s_bPlainRecursion = false;
         CNodePtr pOnce = Loaded(strType, strBytes);
         ASSERT_EQ(StateOf(*pOnce), StateOf(*pPlain)) << nSeed;
         ASSERT_EQ(BytesOf(*pOnce), BytesOf(*pPlain)) << nSeed;

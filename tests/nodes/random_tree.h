@@ -10,8 +10,8 @@
 #include <random>
 #include <vector>
 
+#include "format/node_types.h"
 #include "format/tree_format.h"
-#include "nodes/type_names.h"
 #include "nodes/typed_node.h"
 #include "tree/bin_tree.h"
 

@@ -6,26 +6,28 @@
 #include <climits>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "archived.h"
 #include "format/tree_format.h"
-#include "nodes/node.h"
 #include "nodes/typed_node.h"
-#include "parser/short_form.h"
 #include "parser/small_thread.h"
-#include "platform/base/archive.h"
-#include "platform/base/exception.h"
-#include "platform/base/file.h"
-#include "tree/tree_form.h"
+#include "platform/gdi/dc.h"
 #include "tree/tree_maker.h"
 
 namespace
 {
-
-std::string Form(const CBinTree& tree)
+// Nodes of alternating types, each the right child of the one before; the last of them.
+CNode* MakeChain(CBinTree& tree, std::size_t nNodes, const std::vector<ENodeType>& types)
 {
-    return TreeForm(tree.GetRootNode()).GetString();
+    CNode* pNode = tree.CreateRootNode("NT_STANDARD");
+    for (std::size_t i = 0; i < nNodes; i++)
+    {
+        pNode->LinkRight(tree.CreateBareNode(types[i % types.size()]));
+        pNode = pNode->GetRight();
+    }
+    return pNode;
 }
-
 }  // namespace
 
 TEST(NodeFactory, MakesEveryTypeByItsName)
@@ -42,6 +44,16 @@ TEST(NodeFactory, MakesEveryTypeByItsName)
         const bool bRange = i == NTI_SUM || i == NTI_PROD || i == NTI_INTEGRAL;
         ASSERT_EQ(pNode->GetLeft() != nullptr, bRange);
         EXPECT_EQ(pNode->GetRight(), nullptr);
+
+        // What the table says of the class.
+        const CNodeType& data = NodeTypeData(static_cast<ENodeType>(i));
+        const auto* pTyped = dynamic_cast<const CTypedNode*>(pNode.get());
+        const bool bSigns = pTyped != nullptr && !pTyped->m_saSymbols.IsEmpty();
+        EXPECT_EQ(data.nKinds, bSigns ? KINDS_SIGN : i == NTI_DIVISION ? KINDS_SHAPE : KINDS_NONE);
+        CClientDC screen(nullptr);
+        pNode->SetSymbol("x");
+        pNode->Measure(&screen);
+        EXPECT_EQ(data.bMeasuresText, pNode->GetMeasured().sign.cx > 0);
         if (bRange)
         {
             EXPECT_EQ(pNode->GetLeft()->GetTypeName(), "NT_RANGE");
@@ -81,9 +93,8 @@ TEST(BinTree, KeepsTheSelectionWhenItsContentsGo)
 TEST(BinTree, CopiesNodesAttributesAndName)
 {
     CBinTree source;
-    CNode* pRoot = MakeTree(source, R"((STANDARD (DIVISION x (SUM i n)) -))");
+    CNode* pRoot = MakeTree(source, R"((STANDARD (DIVISION[1] x (SUM (RANGE - i) n)) -))");
     CNode* pDivision = pRoot->GetLeft();
-    static_cast<CTypedNode*>(pDivision)->SetKind(1);
     pDivision->GetLeft()->SetFontName("Symbol");
     pDivision->GetRight()->SetColour(0x123456);
     source.SetName("formula");
@@ -115,13 +126,9 @@ TEST(BinTree, CopiesASubtreeInTheFormatOfItsSourceAtTheTopOnly)
     const std::unique_ptr<CNode> pFlat(tree.CopySubtree(pExponent, 0));
     EXPECT_STREQ(TreeForm(pFlat.get()), R"((DIVISION[0] "/" - -))");
     const std::unique_ptr<CNode> pDeep(tree.CopySubtree(pExponent, 1));
-    EXPECT_STREQ(TreeForm(pDeep.get()), Long(R"((DIVISION[0] "/" 'b' 'c'))").c_str());
-    EXPECT_EQ(pDeep->GetFontName(), "Arial");
-    EXPECT_EQ(pDeep->GetLevel(), 1);
-    EXPECT_EQ(pDeep->GetLeft()->GetFontName(), "Times New Roman");
-    EXPECT_EQ(pDeep->GetLeft()->GetLevel(), 1);
-    EXPECT_EQ(pDeep->GetLeft()->GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(pDeep->GetLeft()->GetParent(), pDeep.get());
+    EXPECT_STREQ(TreeForm(pDeep.get()), TreeForm(pExponent));
+    pExponent->GetLeft()->SetFontName("Times New Roman");
+    ExpectLinks(pDeep.get(), pExponent);
     EXPECT_EQ(tree.CopySubtree(nullptr, 1), nullptr);
 }
 
@@ -141,101 +148,89 @@ TEST(BinTree, FindsParentsByTheChildLinks)
 
 TEST(BinTree, BreaksLongTextsLikeCards)
 {
-    struct CLengthCase
+    const std::string strFirst(54, 'a');
+    const std::string strBreak = "\r\n     +";
+    const std::string strNext = strBreak + std::string(59, 'a');
+    const struct
     {
         int nSymbol;  // six blanks come ahead of it
         std::string strExpected;
+    } aCases[] = {
+        { 0, "" },
+        { 54, strFirst },
+        { 55, strFirst + strBreak + "a" },
+        { 54 + 59, strFirst + strNext },
+        { 54 + 60, strFirst + strNext + strBreak + "a" },
     };
-    const auto letters = [](int n)
-    {
-        return std::string(n, 'a');
-    };
-    const std::string strBlanks = "      ";
-    const std::string strBreak = "\r\n     +";
-    const CLengthCase aCases[] = {
-        { 54, strBlanks + letters(54) },
-        { 55, strBlanks + letters(54) + strBreak + letters(1) },
-        { 54 + 59, strBlanks + letters(54) + strBreak + letters(59) },
-        { 54 + 60, strBlanks + letters(54) + strBreak + letters(59) + strBreak + letters(1) },
-    };
-    for (const CLengthCase& length : aCases)
-    {
-        CBinTree tree;
-        tree.CreateRootNode("NT_VARIABLE")->SetSymbol(letters(length.nSymbol).c_str());
-        EXPECT_EQ(std::string(tree.GetFormulaText(0)), length.strExpected);
-    }
     CBinTree empty;
     EXPECT_EQ(empty.GetFormulaText(0), "      ");
-    CBinTree variable;
-    variable.CreateRootNode("NT_VARIABLE");
+    CBinTree tree;
+    tree.CreateRootNode("NT_VARIABLE");
+    for (const auto& row : aCases)
+    {
+        tree.GetRootNode()->SetSymbol(std::string(row.nSymbol, 'a').c_str());
+        EXPECT_EQ(std::string(tree.GetFormulaText(0)), "      " + row.strExpected);
+    }
     for (const int nForm : { 1, -1, TEXT_FORMS, INT_MAX, INT_MIN })
     {
         EXPECT_THROW(empty.GetFormulaText(nForm), CInvalidArgException*) << nForm;
-        EXPECT_THROW(variable.GetFormulaText(nForm), CInvalidArgException*) << nForm;
+        EXPECT_THROW(tree.GetFormulaText(nForm), CInvalidArgException*) << nForm;
     }
 }
 
 TEST(BinTree, SortsByPriorityToTheRight)
 {
-    struct CSortCase
+    // What becomes of the last node of a tree: it keeps its font, takes the default one, or is
+    // deleted, and then selected no more.
+    enum ELast
+    {
+        STAYS,
+        MOVES,
+        GOES
+    };
+    const struct
     {
         const char* pszTree;
         const char* pszSorted;
-    };
-    const CSortCase aCases[] = {
+        ELast nLast;
+    } aCases[] = {
         // Left child up; the parent's left link stays empty.
-        { "(STANDARD (TIMES (PLUS a b) c) -)", "(STANDARD - (PLUS a (TIMES b c)))" },
+        { "(STANDARD (TIMES (PLUS a b) c) -)", "(STANDARD - (PLUS a (TIMES b c)))", MOVES },
         // What hung on the right of the parent goes.
-        { "(STANDARD (TIMES (PLUS a b) c) (DIVISION d e))", "(STANDARD - (PLUS a (TIMES b c)))" },
+        { "(STANDARD (TIMES (PLUS a b) c) (DIVISION d e))", "(STANDARD - (PLUS a (TIMES b c)))",
+          GOES },
         // Right child up: its right part goes below the node.
-        { "(STANDARD - (TIMES a (PLUS b c)))", "(STANDARD - (PLUS b (TIMES a c)))" },
+        { "(STANDARD - (TIMES a (PLUS b c)))", "(STANDARD - (PLUS b (TIMES a c)))", MOVES },
         { "(STANDARD (DIVISION (PLUS a b) (MINUS c d)) -)",
-          "(STANDARD - (PLUS a (MINUS c (DIVISION b d))))" },
+          "(STANDARD - (PLUS a (MINUS c (DIVISION b d))))", MOVES },
         // Below the node that moved.
         { "(STANDARD (EQUATION (TIMES (PLUS a b) c) d) -)",
-          "(STANDARD (EQUATION - (PLUS a (TIMES b c))) -)" },
-        { "(STANDARD (PLUS a (TIMES b c)) -)", "(STANDARD (PLUS a (TIMES b c)) -)" },
+          "(STANDARD (EQUATION - (PLUS a (TIMES b c))) -)", GOES },
+        // Out of an exponent.
+        { "(STANDARD (POWERTO a (TIMES (PLUS b c) d)) -)",
+          "(STANDARD - (PLUS b (TIMES c (POWERTO a d))))", MOVES },
+        { "(STANDARD (PLUS a (TIMES b c)) -)", "(STANDARD (PLUS a (TIMES b c)) -)", STAYS },
+        // A root stays where it is.
+        { "(TIMES (PLUS a b) c)", "(TIMES (PLUS a b) c)", STAYS },
     };
-    for (const CSortCase& sort : aCases)
+    for (const auto& row : aCases)
     {
-        SCOPED_TRACE(sort.pszTree);
+        SCOPED_TRACE(row.pszTree);
         CBinTree tree;
-        CBinTree sorted;
-        CNode* pRoot = MakeTree(tree, sort.pszTree);
-        MakeTree(sorted, sort.pszSorted);
-        tree.SortByPriority(pRoot);
-        EXPECT_EQ(Form(tree), Form(sorted));
+        CNode* pLast = MakeTree(tree, row.pszTree);
+        while (CNode* pChild = pLast->GetRight() != nullptr ? pLast->GetRight() : pLast->GetLeft())
+            pLast = pChild;
+        pLast->SetFontName("Arial");
+        tree.SetSelection(pLast, 1);
+        tree.SortByPriority(tree.GetRootNode());
+        EXPECT_EQ(tree.GetSelection(), row.nLast == GOES ? nullptr : pLast);
+        if (row.nLast == STAYS)
+        {
+            EXPECT_EQ(pLast->GetFontName(), "Arial");
+            pLast->SetFontName("Times New Roman");
+        }
+        ExpectTree(tree, row.pszSorted);
     }
-    // A root stays where it is.
-    CBinTree tree;
-    tree.SortByPriority(MakeTree(tree, "(TIMES (PLUS a b) c)"));
-    EXPECT_EQ(Form(tree), Long(R"((TIMES "\xB4" (PLUS "+" 'a' 'b') 'c'))"));
-}
-
-// Both parts of the tree that move come from an exponent and its base.
-TEST(BinTree, FormatsWhatItSorts)
-{
-    CBinTree tree;
-    CNode* pRoot = MakeTree(tree, "(STANDARD (POWERTO a (TIMES (PLUS b c) d)) -)");
-    CNode* pLast = pRoot->GetLeft()->GetRight()->GetLeft()->GetRight();
-    EXPECT_EQ(pLast->GetLevel(), 1);
-    pLast->SetFontName("Arial");
-    tree.SortByPriority(pRoot);
-    CBinTree sorted;
-    MakeTree(sorted, "(STANDARD - (PLUS b (TIMES c (POWERTO a d))))");
-    EXPECT_EQ(Form(tree), Form(sorted));
-    EXPECT_EQ(pLast->GetLevel(), 0);
-    EXPECT_EQ(pLast->GetFontName(), "Times New Roman");
-    EXPECT_EQ(pLast->GetLogFont()->lfHeight, -120);
-}
-
-TEST(BinTree, SelectsNothingThatSortingDeletes)
-{
-    CBinTree tree;
-    CNode* pRoot = MakeTree(tree, "(STANDARD (TIMES (PLUS a b) c) (DIVISION d e))");
-    tree.SetSelection(pRoot->GetRight()->GetLeft(), 2);
-    tree.SortByPriority(pRoot);
-    EXPECT_EQ(tree.GetSelection(), nullptr);
 }
 
 TEST(BinTree, WorksAtAnyDepthOnASmallStack)
@@ -245,13 +240,7 @@ TEST(BinTree, WorksAtAnyDepthOnASmallStack)
         {
             constexpr int nLevels = 40000;
             CBinTree tree;
-            CNode* pNode = tree.CreateRootNode("NT_STANDARD");
-            for (int i = 0; i < nLevels; i++)
-            {
-                CNode* pChild = tree.CreateBareNode(NTI_PLUS);
-                pNode->LinkRight(pChild);
-                pNode = pChild;
-            }
+            CNode* pNode = MakeChain(tree, nLevels, { NTI_PLUS });
             EXPECT_EQ(tree.FindParent(pNode), pNode->GetParent());
             CBinTree copy;
             copy.CopyFrom(tree);
@@ -260,13 +249,7 @@ TEST(BinTree, WorksAtAnyDepthOnASmallStack)
             copy.SortByPriority(copy.GetRootNode());
             EXPECT_EQ(Form(copy), Form(tree));
 
-            CMemFile file(1 << 20);
-            CArchive store(&file, CArchive::store);
-            tree.Serialize(store);
-            store.Close();
-            file.SeekToBegin();
-            CArchive load(&file, CArchive::load);
-            copy.Serialize(load);
+            Load(copy, Stored(tree));
             EXPECT_EQ(Form(copy), Form(tree));
         });
 }
@@ -276,22 +259,14 @@ TEST(BinTree, SortsADeepTree)
 {
     constexpr int nLevels = 20000;
     CBinTree tree;
-    CNode* pRoot = tree.CreateRootNode("NT_STANDARD");
-    CNode* pNode = pRoot;
-    for (int i = 0; i < nLevels; i++)
-    {
-        CNode* pTimes = tree.CreateBareNode(NTI_TIMES);
-        CNode* pPlus = tree.CreateBareNode(NTI_PLUS);
-        pNode->LinkRight(pTimes);
-        pTimes->LinkRight(pPlus);
-        pNode = pPlus;
-    }
-    tree.SortByPriority(pRoot);
+    MakeChain(tree, 2 * nLevels, { NTI_TIMES, NTI_PLUS });
+    tree.SortByPriority(tree.GetRootNode());
+    const CNode* pTop = tree.GetRootNode()->GetRight();
     int nPlus = 0;
     int nTimes = 0;
-    for (CNode* p = pRoot->GetRight(); p != nullptr; p = p->GetRight())
+    for (const CNode* p = pTop; p != nullptr; p = p->GetRight())
         ++(p->GetTypeName() == "NT_PLUS" ? nPlus : nTimes);
     EXPECT_EQ(nPlus, nLevels);
     EXPECT_EQ(nTimes, nLevels);
-    EXPECT_EQ(pRoot->GetRight()->GetTypeName(), "NT_PLUS");
+    EXPECT_EQ(pTop->GetTypeName(), "NT_PLUS");
 }

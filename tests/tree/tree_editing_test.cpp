@@ -3,130 +3,101 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
-#include "nodes/node.h"
-#include "tree/bin_tree.h"
-#include "tree/tree_form.h"
 #include "tree/tree_maker.h"
 
 namespace
 {
 
-void ExpectTree(const CBinTree& tree, const char* pszSketch)
+enum EEdit
 {
-    CBinTree expected;
-    MakeTree(expected, pszSketch);
-    EXPECT_STREQ(TreeForm(tree.GetRootNode()), TreeForm(expected.GetRootNode()));
+    CHANGE,         // ChangeNodeType
+    RENEW,          // ReplaceByNewNode
+    REPLACE,        // ReplaceNode, by a sketch
+    INSERT_LEFT,    // InsertNodeAbove: the node goes to the left of the new one,
+    INSERT_RIGHT,   // to the right,
+    INSERT_NOWHERE  // to neither side
+};
+
+struct CEditCase
+{
+    const char* pszTree;
+    const char* pszNode;  // L and R from the root
+    EEdit nEdit;
+    const char* pszNew;
+    const char* pszEdited;
+};
+
+CNode* Edit(CBinTree& tree, CNode* pNode, const CEditCase& edit)
+{
+    if (edit.nEdit == CHANGE)
+        return tree.ChangeNodeType(pNode, edit.pszNew);
+    if (edit.nEdit == RENEW)
+        return tree.ReplaceByNewNode(pNode, edit.pszNew);
+    if (edit.nEdit >= INSERT_LEFT)
+    {
+        const int nSide = edit.nEdit - INSERT_LEFT + 1;
+        return tree.InsertNodeAbove(pNode->GetParent(), pNode, edit.pszNew, nSide);
+    }
+    CBinTree other;
+    CNode* pNew = MakeTree(other, edit.pszNew);
+    other.SetRootNode(nullptr);
+    tree.ReplaceNode(pNode, pNew);
+    return pNew;
 }
 
 }  // namespace
 
-TEST(TreeEditing, ChangesATypeAndKeepsTheChildren)
+TEST(TreeEditing, ChangesTheNodeAndKeepsTheSelection)
 {
-    CBinTree tree;
-    CNode* pRoot = MakeTree(tree, "(STANDARD (PLUS a b) -)");
-    CNode* pPlus = pRoot->GetLeft();
-    tree.SetSelection(pPlus, 2);
-    CNode* pPower = tree.ChangeNodeType(pPlus, "NT_POWERTO");
-    ExpectTree(tree, "(STANDARD (POWERTO a b) -)");
-    EXPECT_EQ(tree.GetSelection(), pPower);
-    EXPECT_EQ(pPower->GetParent(), pRoot);
-    EXPECT_EQ(pPower->GetRight()->GetLevel(), 1);
-    EXPECT_EQ(pPower->GetRight()->GetParent(), pPower);
-
-    // The range of the sum's constructor gives way to what hung there.
-    tree.ChangeNodeType(pPower, "NT_SUM");
-    EXPECT_EQ(pRoot->GetLeft()->GetLeft()->GetSymbol(), "a");
-
-    CNode* pPlaceHolder = tree.ReplaceByNewNode(pRoot->GetLeft(), "NT_PLACEHOLDER");
-    tree.SetSelection(pPlaceHolder, 1);
-    CNode* pVariable = tree.ChangeNodeType(pPlaceHolder, "NT_VARIABLE");
-    EXPECT_EQ(tree.GetSelection(), pVariable);
-    ExpectTree(tree, "(STANDARD var -)");
+    // clang-format off
+    const CEditCase aCases[] = {
+        { "(STANDARD (PLUS a b) -)",                  "L",  CHANGE, "NT_POWERTO",     "(STANDARD (POWERTO a b) -)" },
+        { "(STANDARD (PLACEHOLDER - -) -)",           "L",  CHANGE, "NT_VARIABLE",    "(STANDARD var -)" },
+        { "(STANDARD (PLUS a b) -)",                  "LR", CHANGE, "NT_PLACEHOLDER", "(STANDARD (PLUS a (PLACEHOLDER - -)) -)" },
+        { "(STANDARD (PLUS a b) -)",                  "L",  CHANGE, "NT_SUM",         "(STANDARD (SUM a b) -)" },
+        { "(STANDARD a -)",                           "",   CHANGE, "NT_PLUS",        "(PLUS a -)" },
+        { "(STANDARD (PLUS (DIVISION x y) c) -)",     "LL", RENEW,  "NT_PLACEHOLDER", "(STANDARD (PLUS (PLACEHOLDER - -) c) -)" },
+        { "(STANDARD (SUM (RANGE - i) n) -)",         "L",  RENEW,  "NT_PLACEHOLDER", "(STANDARD (PLACEHOLDER - -) -)" },
+        { "(STANDARD a (POWERTO b c))",               "RR", RENEW,  "NT_NUMBER",      "(STANDARD a (POWERTO b (NUMBER - -)))" },
+        { "(STANDARD (PLUS (PLUS a b) c) -)",         "LL", REPLACE, "(DIVISION x y)", "(STANDARD (PLUS (DIVISION x y) c) -)" },
+        { "(STANDARD (PLUS a b) -)", "LR", INSERT_LEFT,     "NT_DIVISION", "(STANDARD (PLUS a (DIVISION b -)) -)" },
+        { "(STANDARD (PLUS a b) -)", "LR", INSERT_RIGHT,    "NT_ROOT",     "(STANDARD (PLUS a (ROOT - b)) -)" },
+        { "(STANDARD (PLUS a b) -)", "LR", INSERT_RIGHT,    "NT_SUM",      "(STANDARD (PLUS a (SUM - b)) -)" },
+        { "(STANDARD (PLUS a b) -)", "LL", INSERT_RIGHT,    "NT_POWERTO",  "(STANDARD (PLUS (POWERTO - a) b) -)" },
+        { "(STANDARD (PLUS a b) -)", "LR", INSERT_NOWHERE,  "NT_SUM",      "(STANDARD (PLUS a (SUM - -)) -)" },
+    };
+    // clang-format on
+    for (const CEditCase& edit : aCases)
+    {
+        for (const bool bSelected : { true, false })
+        {
+            SCOPED_TRACE(edit.pszEdited);
+            CBinTree tree;
+            CNode* pNode = NodeAt(MakeTree(tree, edit.pszTree), edit.pszNode);
+            const bool bTop = pNode == tree.GetRootNode();
+            CNode* pSelected = bSelected || bTop ? pNode : tree.GetRootNode();
+            tree.SetSelection(pSelected, 2);
+            CNode* pNew = Edit(tree, pNode, edit);
+            ExpectTree(tree, edit.pszEdited);
+            EXPECT_EQ(pNew, NodeAt(tree.GetRootNode(), edit.pszNode));
+            const bool bMoves = pSelected == pNode && edit.nEdit < INSERT_LEFT;
+            EXPECT_EQ(tree.GetSelection(), bMoves ? pNew : pSelected);
+            EXPECT_EQ(tree.GetSelectionMode(), 2);
+            if (edit.nEdit == INSERT_NOWHERE)
+                tree.DeleteSubtree(pNode);
+        }
+    }
 }
 
-TEST(TreeEditing, ChangesTheRightChild)
-{
-    CBinTree tree;
-    CNode* pRoot = MakeTree(tree, "(STANDARD (PLUS a b) -)");
-    tree.SetSelection(pRoot, 1);
-    tree.ChangeNodeType(pRoot->GetLeft()->GetRight(), "NT_PLACEHOLDER");
-    ExpectTree(tree, "(STANDARD (PLUS a (PLACEHOLDER - -)) -)");
-    EXPECT_EQ(tree.GetSelection(), pRoot);
-}
-
-TEST(TreeEditing, ReplacesANodeWithAllBelowIt)
-{
-    CBinTree tree;
-    CNode* pRoot = MakeTree(tree, "(STANDARD (PLUS (PLUS a b) c) -)");
-    CBinTree other;
-    CNode* pNew = MakeTree(other, "(DIVISION x y)");
-    other.SetRootNode(nullptr);
-    tree.SetSelection(pRoot, 1);
-    tree.ReplaceNode(pRoot->GetLeft()->GetLeft(), pNew);
-    ExpectTree(tree, "(STANDARD (PLUS (DIVISION x y) c) -)");
-    EXPECT_EQ(tree.GetSelection(), pRoot);
-    EXPECT_EQ(pNew->GetParent(), pRoot->GetLeft());
-
-    tree.SetSelection(pNew, 2);
-    CNode* pPlaceHolder = tree.ReplaceByNewNode(pNew, "NT_PLACEHOLDER");
-    ExpectTree(tree, "(STANDARD (PLUS (PLACEHOLDER - -) c) -)");
-    EXPECT_EQ(tree.GetSelection(), pPlaceHolder);
-    EXPECT_EQ(tree.GetSelectionMode(), 2);
-}
-
-TEST(TreeEditing, SelectsNothingOutsideTheTree)
-{
-    CBinTree tree;
-    MakeTree(tree, "(STANDARD a -)");
-    const std::unique_ptr<CNode> pStray(tree.CreateNode("NT_NUMBER"));
-    tree.ReplaceNode(nullptr, pStray.get());
-    ExpectTree(tree, "(STANDARD a -)");
-    EXPECT_EQ(tree.GetSelection(), nullptr);
-}
-
-TEST(TreeEditing, LeavesTheRootAlone)
+TEST(TreeEditing, ChangesNothingWhereThereIsNothingToReplace)
 {
     CBinTree tree;
     CNode* pRoot = MakeTree(tree, "(STANDARD a -)");
+    const std::unique_ptr<CNode> pStray(tree.CreateNode("NT_NUMBER"));
+    tree.ReplaceNode(nullptr, pStray.get());
+    EXPECT_EQ(tree.GetSelection(), nullptr);
     EXPECT_EQ(tree.ReplaceByNewNode(pRoot, "NT_PLACEHOLDER"), nullptr);
     EXPECT_EQ(tree.GetRootNode(), pRoot);
     ExpectTree(tree, "(STANDARD a -)");
-}
-
-TEST(TreeEditing, InsertsANodeAboveAnother)
-{
-    struct CInsertCase
-    {
-        int nSide;
-        const char* pszType;
-        const char* pszExpected;
-    };
-    const CInsertCase aCases[] = {
-        { 1, "NT_DIVISION", "(STANDARD (PLUS a (DIVISION b -)) -)" },
-        { 2, "NT_ROOT", "(STANDARD (PLUS a (ROOT - b)) -)" },
-        { 2, "NT_SUM", "(STANDARD (PLUS a (SUM - b)) -)" },
-        { 3, "NT_SUM", "(STANDARD (PLUS a (SUM - -)) -)" },
-    };
-    for (const CInsertCase& insert : aCases)
-    {
-        SCOPED_TRACE(insert.pszExpected);
-        CBinTree tree;
-        CNode* pPlus = MakeTree(tree, "(STANDARD (PLUS a b) -)")->GetLeft();
-        CNode* pChild = pPlus->GetRight();
-        tree.SetSelection(pChild, 1);
-        CNode* pNew = tree.InsertNodeAbove(pPlus, pChild, insert.pszType, insert.nSide);
-        ExpectTree(tree, insert.pszExpected);
-        EXPECT_EQ(pPlus->GetRight(), pNew);
-        EXPECT_EQ(tree.GetSelection(), pChild);
-        if (insert.nSide == 3)
-        {
-            tree.DeleteSubtree(pChild);
-        }
-        else
-        {
-            EXPECT_EQ(pChild->GetParent(), pNew);
-        }
-    }
 }

@@ -1,58 +1,19 @@
 // The archive form of a tree, and what a damaged archive leaves behind.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
 #include <string>
 
-#include "nodes/node.h"
-#include "platform/base/archive.h"
-#include "platform/base/exception.h"
-#include "platform/base/file.h"
-#include "tree/bin_tree.h"
-#include "tree/tree_form.h"
+#include "archived.h"
 #include "tree/tree_maker.h"
 
 namespace
 {
 
-constexpr const char* SKETCH = "(STANDARD (EQUATION (SUM i n) (POWERTO x y)) -)";
-
-std::string Stored(CBinTree& tree)
+class CWholeTree : public CBinTree
 {
-    CMemFile file;
-    CArchive ar(&file, CArchive::store);
-    tree.Serialize(ar);
-    ar.Close();
-    return { reinterpret_cast<const char*>(file.GetData()),
-             static_cast<std::size_t>(file.GetLength()) };
-}
-
-// Bytes that are left behind what the tree read.
-ULONGLONG Load(CBinTree& tree, std::string strBytes)
-{
-    CMemFile file(reinterpret_cast<BYTE*>(strBytes.data()), static_cast<UINT>(strBytes.size()));
-    CArchive ar(&file, CArchive::load);
-    tree.Serialize(ar);
-    ar.Close();
-    return file.GetLength() - file.GetPosition();
-}
-
-// The cause of the archive exception, or -1 if there was none.
-int CauseOf(const std::function<void()>& job)
-{
-    try
-    {
-        job();
-    }
-    catch (CArchiveException* pException)
-    {
-        const int nCause = pException->m_cause;
-        pException->Delete();
-        return nCause;
-    }
-    return -1;
-}
+public:
+    CWholeTree() { MakeTree(*this, "(STANDARD (EQUATION (SUM (RANGE - i) n) (POWERTO x y)) -)"); }
+};
 
 class CLoadedTree : public CBinTree
 {
@@ -78,21 +39,28 @@ private:
     CNode* m_pOldRoot;
 };
 
+void ExpectRefused(const std::string& strBytes, int nCause)
+{
+    CLoadedTree loaded;
+    EXPECT_EQ(CauseOf([&] { Load(loaded, strBytes); }), nCause) << strBytes.size();
+    loaded.ExpectUntouched();
+}
+
 }  // namespace
 
 TEST(TreeSerialize, ComesBackAsItWas)
 {
-    CBinTree tree;
-    MakeTree(tree, SKETCH);
+    CWholeTree tree;
     tree.SetName("name");
     tree.m_rectFormula = CRect(-1, 2, 300, 400000);
     const std::string strBytes = Stored(tree);
     CLoadedTree loaded;
     EXPECT_EQ(Load(loaded, strBytes + "more"), 4U);
-    EXPECT_STREQ(TreeForm(loaded.GetRootNode()), TreeForm(tree.GetRootNode()));
+    EXPECT_EQ(Form(loaded), Form(tree));
     EXPECT_EQ(loaded.GetName(), "name");
     EXPECT_EQ(loaded.m_rectFormula, tree.m_rectFormula);
     EXPECT_EQ(loaded.GetSelection(), nullptr);
+    EXPECT_EQ(loaded.GetSelectionMode(), 2);
     EXPECT_EQ(Stored(loaded), strBytes);
 }
 
@@ -109,40 +77,24 @@ TEST(TreeSerialize, AnEmptyTreeKeepsTheLoadersRootAndLeavesThreeBytes)
     EXPECT_EQ(loaded.GetSelection(), nullptr);
 }
 
-TEST(TreeSerialize, ACutArchiveLeavesTheTreeAsItWas)
+TEST(TreeSerialize, ACutArchiveOrAnUnknownTypeLeavesTheTreeAsItWas)
 {
-    CBinTree tree;
-    MakeTree(tree, SKETCH);
+    CWholeTree tree;
     const std::string strBytes = Stored(tree);
     for (std::size_t nLength = 0; nLength < strBytes.size(); nLength++)
-    {
-        SCOPED_TRACE(nLength);
-        CLoadedTree loaded;
-        EXPECT_EQ(CauseOf([&] { Load(loaded, strBytes.substr(0, nLength)); }),
-                  CArchiveException::endOfFile);
-        loaded.ExpectUntouched();
-    }
-}
-
-TEST(TreeSerialize, AnUnknownTypeIsRefused)
-{
-    CBinTree tree;
-    MakeTree(tree, SKETCH);
+        ExpectRefused(strBytes.substr(0, nLength), CArchiveException::endOfFile);
     for (const char* pszName : { "NT_STANDARD", "NT_EQUATION", "NT_POWERTO" })
     {
-        std::string strBytes = Stored(tree);
-        strBytes.replace(strBytes.find(pszName), 2, "nt");
-        CLoadedTree loaded;
-        EXPECT_EQ(CauseOf([&] { Load(loaded, strBytes); }), CArchiveException::badClass);
-        loaded.ExpectUntouched();
+        std::string strDamaged = strBytes;
+        strDamaged.replace(strDamaged.find(pszName), 2, "nt");
+        ExpectRefused(strDamaged, CArchiveException::badClass);
     }
 }
 
 // Whatever a byte becomes, the answer is one of the two exceptions or a whole tree.
 TEST(TreeSerialize, AnyDamagedByteIsAnswered)
 {
-    CBinTree tree;
-    MakeTree(tree, SKETCH);
+    CWholeTree tree;
     const std::string strBytes = Stored(tree);
     for (std::size_t i = 0; i < strBytes.size(); i++)
     {
@@ -154,7 +106,7 @@ TEST(TreeSerialize, AnyDamagedByteIsAnswered)
             try
             {
                 Load(loaded, strDamaged);
-                EXPECT_FALSE(TreeForm(loaded.GetRootNode()).IsEmpty());
+                EXPECT_FALSE(Form(loaded).IsEmpty());
             }
             catch (CException* pException)
             {
