@@ -10,27 +10,24 @@ bytes in ours, and the scale of a text record may differ in its last bit.
 import argparse
 import io
 import re
-import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
 from formula_list import formula_list
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tools"))
+TESTS = Path(__file__).resolve().parents[1]
+sys.path[:0] = [str(TESTS / "tools"), str(TESTS / "exchange")]
 import emf_dump  # noqa: E402
+from run_program import Program  # noqa: E402
 
 TREES = 400
 LEFT_OUT = re.compile(r"^(\S+) \d+|(?<= )scale=\S+ |(?<= )at=\d+ ?")
 
 
-def run(command, texts, folder):
+def run(program, texts, folder):
     """The report's lines; Wine is given native paths, which it knows."""
-    result = subprocess.run([*command, str(texts), str(folder), str(TREES)],
-                            stdout=subprocess.PIPE, check=False, timeout=600)
-    if result.returncode != 0:
-        sys.exit("%s ended with %d" % (command[-1], result.returncode))
-    return result.stdout.decode("ascii").replace("\r\n", "\n").splitlines()
+    return program.run(texts, folder, TREES).decode("ascii").splitlines()
 
 
 def records(path):
@@ -102,8 +99,8 @@ def main():
         second.mkdir(exist_ok=True)
         formulas = formula_list(arguments.source)
         texts.write_text("".join(text.hex() + "\n" for text in formulas))
-        ours = run([arguments.first], texts, first)
-        theirs = run([*arguments.runner.split(), arguments.second], texts, second)
+        ours = run(Program(arguments.first), texts, first)
+        theirs = run(Program(arguments.second, arguments.runner), texts, second)
         unequal = ["%s\n    %s" % pair for pair in zip(ours, theirs) if pair[0] != pair[1]]
         if len(ours) != len(theirs) or len(ours) != len(formulas) + TREES:
             unequal.append("%d lines, %d lines" % (len(ours), len(theirs)))

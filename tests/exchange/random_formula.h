@@ -4,8 +4,10 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <random>
 #include <span>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,15 +15,26 @@
 class CRandomFormula
 {
 public:
+    using CRows = std::span<const std::string_view>;
+    struct CLanguage
+    {
+        CRows aRows;
+        CRows aLeaves;
+    };
+    static const CLanguage TEXTS;     // source texts
+    static const CLanguage SKETCHES;  // in the form of examples/gallery/sketch.h
+
     explicit CRandomFormula(unsigned nSeed) : m_random(nSeed) {}
 
-    // A source text with at most so many levels of operators.
-    std::string Text(int nLevels) { return Make(Texts(), nLevels); }
+    // A formula with at most so many levels of operators.
+    std::string Make(const CLanguage& language, int nLevels)
+    {
+        if (nLevels == 0 || m_random() % 5 == 0)
+            return std::string(Pick(language.aLeaves, 3, 1));
+        return Expand(Pick(language.aRows, 0, 3), [&](int) { return Make(language, nLevels - 1); });
+    }
 
-    // A sketch, in the form of examples/gallery/sketch.h.
-    std::string Sketch(int nLevels) { return Make(Sketches(), nLevels); }
-
-    // From now on formulas are made of a few operators and one leaf, chosen anew: they are more
+    // From now on formulas are made of three operators and one leaf, chosen anew: they are more
     // alike than those of all operators.
     void Narrow()
     {
@@ -31,8 +44,23 @@ public:
     }
 
     // Every operator in every place of every other one, with one leaf everywhere else.
-    std::vector<std::string> TextPairs(std::string_view leaf) { return Pairs(Texts(), leaf); }
-    std::vector<std::string> SketchPairs(std::string_view leaf) { return Pairs(Sketches(), leaf); }
+    std::vector<std::string> Pairs(const CLanguage& language, const std::string& strLeaf)
+    {
+        std::vector<std::string> pairs;
+        for (const std::string_view outer : language.aRows)
+        {
+            for (int nPlace = 0; nPlace < std::count(outer.begin(), outer.end(), '%'); ++nPlace)
+            {
+                for (const std::string_view inner : language.aRows)
+                {
+                    const std::string strInner = Expand(inner, [&](int) { return strLeaf; });
+                    pairs.push_back(
+                        Expand(outer, [&](int n) { return n == nPlace ? strInner : strLeaf; }));
+                }
+            }
+        }
+        return pairs;
+    }
 
 private:
     // % stands for another formula, # for one of the kinds behind the bar.
@@ -151,52 +179,11 @@ private:
         "(CONSTANT \"two words\")",
     };
 
-    using CRows = std::span<const std::string_view>;
-    struct CLanguage
+    // When formulas are narrow, one of nCount choices from nFirst on.
+    std::string_view Pick(CRows aRows, std::size_t nFirst, std::size_t nCount)
     {
-        CRows aRows;
-        CRows aLeaves;
-    };
-    static CLanguage Texts() { return { s_aTexts, s_aTextLeaves }; }
-    static CLanguage Sketches() { return { s_aSketches, s_aSketchLeaves }; }
-
-    std::string_view PickRow(CRows aRows)
-    {
-        return aRows[(m_bNarrow ? m_aChoices[m_random() % 3] : m_random()) % aRows.size()];
-    }
-
-    std::string_view PickLeaf(CRows aLeaves)
-    {
-        return aLeaves[(m_bNarrow ? m_aChoices[3] : m_random()) % aLeaves.size()];
-    }
-
-    std::string Make(const CLanguage& language, int nLevels)
-    {
-        if (nLevels == 0 || m_random() % 5 == 0)
-            return std::string(PickLeaf(language.aLeaves));
-        return Expand(PickRow(language.aRows), [&](int) { return Make(language, nLevels - 1); });
-    }
-
-    std::vector<std::string> Pairs(const CLanguage& language, std::string_view leaf)
-    {
-        std::vector<std::string> pairs;
-        const auto leafAt = [&](int)
-        {
-            return std::string(leaf);
-        };
-        for (const std::string_view outer : language.aRows)
-        {
-            for (int nPlace = 0; nPlace < std::count(outer.begin(), outer.end(), '%'); ++nPlace)
-            {
-                for (const std::string_view inner : language.aRows)
-                {
-                    pairs.push_back(Expand(
-                        outer, [&](int n)
-                        { return n == nPlace ? Expand(inner, leafAt) : std::string(leaf); }));
-                }
-            }
-        }
-        return pairs;
+        return aRows[(m_bNarrow ? m_aChoices[nFirst + m_random() % nCount] : m_random()) %
+                     aRows.size()];
     }
 
     // The row with what operand(0), operand(1), ... give in its places.
@@ -211,26 +198,24 @@ private:
             if (ch == '%')
                 strFormula += operand(nPlace++);
             else if (ch == '#')
-                strFormula += Kind(row.substr(nBar + 1));
+                strFormula += Kind(std::string(row.substr(nBar + 1)));
             else
                 strFormula += ch;
         }
         return strFormula;
     }
 
-    std::string_view Kind(std::string_view kinds)
+    std::string Kind(const std::string& strKinds)
     {
-        for (unsigned nSkip = m_random() % 20; nSkip > 0; --nSkip)
-        {
-            const std::size_t nBlank = kinds.find(' ');
-            if (nBlank == kinds.npos)
-                break;
-            kinds.remove_prefix(nBlank + 1);
-        }
-        return kinds.substr(0, kinds.find(' '));
+        std::istringstream in(strKinds);
+        const std::vector<std::string> kinds{ std::istream_iterator<std::string>(in), {} };
+        return kinds[m_random() % kinds.size()];
     }
 
     std::mt19937 m_random;
     bool m_bNarrow = false;
     std::size_t m_aChoices[4] = {};  // of three operators and a leaf
 };
+
+inline const CRandomFormula::CLanguage CRandomFormula::TEXTS = { s_aTexts, s_aTextLeaves };
+inline const CRandomFormula::CLanguage CRandomFormula::SKETCHES = { s_aSketches, s_aSketchLeaves };

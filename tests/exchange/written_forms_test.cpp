@@ -1,6 +1,7 @@
 // What formulas are written as, in all forms.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <map>
 #include <memory>
 #include <string>
@@ -34,11 +35,7 @@ struct CFormCase
     const char* pszWords;
 };
 
-bool IsSketch(const std::string& strSource)
-{
-    return strSource.size() > 1 && strSource[0] == '(' && strSource[1] >= 'A' &&
-           strSource[1] <= 'Z';
-}
+std::string (*const s_apfnWrite[])(const CNode*) = { MathMLText, LatexText, SpokenText };
 
 // clang-format off
 const CFormCase s_aCases[] = {
@@ -138,13 +135,12 @@ TEST(WrittenForms, AreThoseOfTheTable)
     for (const CFormCase& form : s_aCases)
     {
         SCOPED_TRACE(form.pszSource);
+        const bool bSketch = form.pszSource[0] == '(' && std::isupper(form.pszSource[1]);
+        const CParsed parsed(bSketch ? "" : form.pszSource);
         CBinTree tree;
-        std::unique_ptr<CParsed> pParsed;
-        if (IsSketch(form.pszSource))
+        if (bSketch)
             BuildTree(tree, form.pszSource);
-        else
-            pParsed = std::make_unique<CParsed>(form.pszSource);
-        const CNode* pRoot = pParsed ? pParsed->pTop.get() : tree.GetRootNode();
+        const CNode* pRoot = bSketch ? tree.GetRootNode() : parsed.pTop.get();
         if (form.pszMathML != nullptr)
         {
             EXPECT_EQ(MathMLOf(pRoot), form.pszMathML);
@@ -169,18 +165,8 @@ TEST(WrittenForms, RefuseAKindThatThereIsNot)
         CBinTree tree;
         BuildTree(tree, pszSketch);
         static_cast<CTypedNode*>(tree.GetRootNode())->SetKind(99);
-        for (std::string (*pfnWrite)(const CNode*) : { MathMLText, LatexText, SpokenText })
-        {
-            try
-            {
-                pfnWrite(tree.GetRootNode());
-                ADD_FAILURE() << pszSketch;
-            }
-            catch (CInvalidArgException* pException)
-            {
-                pException->Delete();
-            }
-        }
+        for (const auto pfnWrite : s_apfnWrite)
+            EXPECT_THROW(pfnWrite(tree.GetRootNode()), CInvalidArgException*) << pszSketch;
     }
 }
 
@@ -253,17 +239,17 @@ TEST(SpokenText, FitsOneFormulaOnly)
     CRandomFormula random(7);
     for (const char* pszLeaf : { "x", "2", "f" })
     {
-        for (const std::string& strText : random.TextPairs(pszLeaf))
+        for (const std::string& strText : random.Pairs(random.TEXTS, pszLeaf))
             texts.EnterText(strText);
-        for (const std::string& strSketch : random.SketchPairs(pszLeaf))
+        for (const std::string& strSketch : random.Pairs(random.SKETCHES, pszLeaf))
             sketches.EnterSketch(strSketch);
     }
     for (int n = 0; n < 4000; ++n)
     {
         if (n >= 1000 && n % 10 == 0)
             random.Narrow();
-        texts.EnterText(random.Text(1 + n % 4));
-        sketches.EnterSketch(random.Sketch(1 + n % 4));
+        texts.EnterText(random.Make(random.TEXTS, 1 + n % 4));
+        sketches.EnterSketch(random.Make(random.SKETCHES, 1 + n % 4));
     }
     EXPECT_GT(texts.GetSize(), 4000U);
     EXPECT_GT(sketches.GetSize(), 9000U);
@@ -287,7 +273,7 @@ TEST(WrittenForms, HaveNoLimitOfDepth)
                 bLeft ? pAbove->LinkLeft(pRoot.release()) : pAbove->LinkRight(pRoot.release());
                 pRoot.reset(pAbove);
             }
-            for (std::string (*pfnWrite)(const CNode*) : { MathMLText, LatexText, SpokenText })
+            for (const auto pfnWrite : s_apfnWrite)
             {
                 const std::string strText = pfnWrite(pRoot.get());
                 EXPECT_NE(strText.find("0.0"), strText.npos);

@@ -18,6 +18,8 @@ import sys
 import tempfile
 import xml.etree.ElementTree as ElementTree
 
+from run_program import Program
+
 NAMESPACE = "{http://www.w3.org/1998/Math/MathML}"
 
 # Element: how many children (None: any number), which ones, which attributes.
@@ -63,25 +65,20 @@ for (const line of lines) {
 class Forms:
     """Rows of source, MathML, LaTeX and words."""
 
-    def __init__(self, program, runner, data):
-        self.command = ([runner] if runner else []) + [program]
+    def __init__(self, program, data):
+        self.program = program
         self.data = pathlib.Path(data)
 
     def rows(self, *words):
-        out = subprocess.run(self.command + [str(word) for word in words], check=True, timeout=300,
-                             stdout=subprocess.PIPE).stdout
         return [tuple(part.decode(errors="replace") for part in line.split(b"\t"))
-                for line in out.replace(b"\r\n", b"\n").split(b"\n")[:-1]]
+                for line in self.program.run(*words).split(b"\n")[:-1]]
 
     def all(self, count):
         with tempfile.TemporaryDirectory() as work:
-            characters = os.path.join(work, "characters.txt")
-            with open(characters, "wb") as file:
-                for code in range(1, 256):
-                    if code not in (9, 10, 13):
-                        byte = bytes([code])
-                        file.write(b"str(\\" + byte + b")+str(a\\" + byte + b")\n"
-                                   b"greek str(\\" + byte + b")\n")
+            characters = pathlib.Path(work, "characters.txt")
+            codes = (bytes([code]) for code in range(1, 256) if code not in (9, 10, 13))
+            characters.write_bytes(b"".join(b"str(\\%b)+str(a\\%b)\ngreek str(\\%b)\n" % (c, c, c)
+                                            for c in codes))
             return (self.rows("sketch", self.data / "sketches.txt")
                     + self.rows("text", self.data / "formulas.txt")
                     + self.rows("text", characters) + self.rows("random", count))
@@ -143,12 +140,12 @@ def main():
     for option in ("--forms", "--data", "--runner", "--other", "--pdflatex", "--katex"):
         parser.add_argument(option)
     options = parser.parse_args()
-    rows = Forms(options.forms, options.runner, options.data).all(1000)
+    rows = Forms(Program(options.forms, options.runner), options.data).all(1000)
     if len(rows) < 3600 or any(len(row) != 4 for row in rows):
         sys.exit(f"{len(rows)} rows")
     if options.mathml:
         check_mathml(rows)
-        if options.other and Forms(options.other, None, options.data).all(1000) != rows:
+        if options.other and Forms(Program(options.other), options.data).all(1000) != rows:
             sys.exit("the systems write different forms")
     if options.pdflatex:
         check_pdflatex(options.pdflatex, rows)

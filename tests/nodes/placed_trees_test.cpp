@@ -199,8 +199,10 @@ TEST(PlacedTrees, StandAndAreHit)
                 ExpectHit(pRoot.get(), row.origin, hit);
             EXPECT_EQ(PaintAt(*pRoot, row.origin), row.extent);
             for (const CPlaced& placed : row.placed)
+            {
                 EXPECT_EQ(NodeAt(pRoot.get(), placed.pszPath)->m_rect, placed.rect)
                     << placed.pszPath;
+            }
         }
     }
 }

@@ -71,6 +71,7 @@ const struct
     { "LAPLACE",                          "D",         "Symbol" },
     { "LABEL",                            "label",     "Times New Roman" },
 };
+// clang-format on
 
 // L is the left, R the right child, s the symbol.
 const struct
@@ -78,20 +79,39 @@ const struct
     const char* pszTypes;
     const char* pszText;
 } s_aTexts[] = {
-    { "STANDARD EXTFUNC ARROWS BINOMIAL",              "L s R" },
-    { "VARIABLE NUMBER CONSTANT USERFUNC LABEL",       "LsR" },
-    { "INFINITY", "LINFINITYR" },  { "PLANCK", "LPLANCKR" },  { "LAMBDA", "LLAMBDAR" },
-    { "NABLA", "LNABLAR" },        { "PLUS", "L + R" },       { "MINUS", "L - R" },
-    { "TIMES", "(L)*(R)" },        { "DIVISION", "(L)/(R)" }, { "CROSS", "(L)VEC_PROD(R)" },
-    { "POWERTO", "(L) ** (R)" },   { "ROOT", "SQRT(L)R" },    { "NTHROOT", "(L) ** (-(1.0D0 / (R)))" },
-    { "BRACE POISON", "(L)R" },    { "EQUATION", "L = R" },   { "FUNC", "LSINR" },
-    { "OPERATOR", "L , R" },       { "SUM", "SUM(L , R)" },   { "PROD", "PROD(L , R)" },
-    { "INTEGRAL", "INT(L , R)" },  { "RANGE", "RANGE(L , R)" }, { "INTEGRAND", "L, R" },
-    { "LIMES", "LIMES(L , R)" },   { "DERIVE PARTDERIVE", "DERIVE(L , R)" }, { "VECTOR", "L_PR" },
-    { "INDEX", "_L_sR" },          { "MATRIX", "MATRIX(L)R" }, { "LINE", "L LINE(R)" },
-    { "ELEMENT", " ELEMENT(L)R" }, { "LAPLACE", "LDELTA_R" }, { "PLACEHOLDER", "LEMPTYR" },
+    { "STANDARD EXTFUNC ARROWS BINOMIAL", "L s R" },
+    { "VARIABLE NUMBER CONSTANT USERFUNC LABEL", "LsR" },
+    { "INFINITY", "LINFINITYR" },
+    { "PLANCK", "LPLANCKR" },
+    { "LAMBDA", "LLAMBDAR" },
+    { "NABLA", "LNABLAR" },
+    { "PLUS", "L + R" },
+    { "MINUS", "L - R" },
+    { "TIMES", "(L)*(R)" },
+    { "DIVISION", "(L)/(R)" },
+    { "CROSS", "(L)VEC_PROD(R)" },
+    { "POWERTO", "(L) ** (R)" },
+    { "ROOT", "SQRT(L)R" },
+    { "NTHROOT", "(L) ** (-(1.0D0 / (R)))" },
+    { "BRACE POISON", "(L)R" },
+    { "EQUATION", "L = R" },
+    { "FUNC", "LSINR" },
+    { "OPERATOR", "L , R" },
+    { "SUM", "SUM(L , R)" },
+    { "PROD", "PROD(L , R)" },
+    { "INTEGRAL", "INT(L , R)" },
+    { "RANGE", "RANGE(L , R)" },
+    { "INTEGRAND", "L, R" },
+    { "LIMES", "LIMES(L , R)" },
+    { "DERIVE PARTDERIVE", "DERIVE(L , R)" },
+    { "VECTOR", "L_PR" },
+    { "INDEX", "_L_sR" },
+    { "MATRIX", "MATRIX(L)R" },
+    { "LINE", "L LINE(R)" },
+    { "ELEMENT", " ELEMENT(L)R" },
+    { "LAPLACE", "LDELTA_R" },
+    { "PLACEHOLDER", "LEMPTYR" },
 };
-// clang-format on
 
 // Raised by a kind outside its table.
 template <class F>
