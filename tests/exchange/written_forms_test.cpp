@@ -37,6 +37,21 @@ struct CFormCase
 
 std::string (*const s_apfnWrite[])(const CNode*) = { MathMLText, LatexText, SpokenText };
 
+// The tree of a source text or of a sketch.
+struct CSource
+{
+    CSource(const std::string& strSource, bool bSketch) : parsed(bSketch ? "" : strSource)
+    {
+        if (bSketch)
+            BuildTree(tree, strSource);
+        pRoot = bSketch ? tree.GetRootNode() : parsed.pTop.get();
+    }
+
+    CParsed parsed;
+    CBinTree tree;
+    const CNode* pRoot;
+};
+
 // clang-format off
 const CFormCase s_aCases[] = {
     { "", "", "", "empty" },
@@ -135,18 +150,14 @@ TEST(WrittenForms, AreThoseOfTheTable)
     for (const CFormCase& form : s_aCases)
     {
         SCOPED_TRACE(form.pszSource);
-        const bool bSketch = form.pszSource[0] == '(' && std::isupper(form.pszSource[1]);
-        const CParsed parsed(bSketch ? "" : form.pszSource);
-        CBinTree tree;
-        if (bSketch)
-            BuildTree(tree, form.pszSource);
-        const CNode* pRoot = bSketch ? tree.GetRootNode() : parsed.pTop.get();
+        const CSource source(form.pszSource,
+                             form.pszSource[0] == '(' && std::isupper(form.pszSource[1]));
         if (form.pszMathML != nullptr)
         {
-            EXPECT_EQ(MathMLOf(pRoot), form.pszMathML);
+            EXPECT_EQ(MathMLOf(source.pRoot), form.pszMathML);
         }
-        EXPECT_EQ(LatexText(pRoot), form.pszLatex);
-        EXPECT_EQ(SpokenText(pRoot), form.pszWords);
+        EXPECT_EQ(LatexText(source.pRoot), form.pszLatex);
+        EXPECT_EQ(SpokenText(source.pRoot), form.pszWords);
     }
 }
 
@@ -160,13 +171,12 @@ TEST(WrittenForms, OfNoTreeAreEmpty)
 // A kind outside its table is refused as in every other use.
 TEST(WrittenForms, RefuseAKindThatThereIsNot)
 {
-    for (const char* pszSketch : { "(BRACE x)", "(EQUATION a b)", "(FUNC - x)", "(VECTOR x)" })
+    for (const char* pszSketch :
+         { "(BRACE[99] x)", "(EQUATION[99] a b)", "(FUNC[99] - x)", "(VECTOR[99] x)" })
     {
-        CBinTree tree;
-        BuildTree(tree, pszSketch);
-        static_cast<CTypedNode*>(tree.GetRootNode())->SetKind(99);
         for (const auto pfnWrite : s_apfnWrite)
-            EXPECT_THROW(pfnWrite(tree.GetRootNode()), CInvalidArgException*) << pszSketch;
+            EXPECT_THROW(pfnWrite(CSource(pszSketch, true).pRoot), CInvalidArgException*)
+                << pszSketch;
     }
 }
 
@@ -202,57 +212,41 @@ TEST(WrittenForms, TakeAnyTreeAndLeaveItAsItIs)
 }
 
 // Words that fit two formulas would leave the listener in doubt.
-class CWordBook
+using CWordBook = std::map<std::string, std::string>;
+
+void Enter(CWordBook& book, const std::string& strSource, bool bSketch)
 {
-public:
-    void EnterText(const std::string& strText)
-    {
-        const CParsed parsed(strText);
-        ASSERT_EQ(parsed.nErrorPos, 0) << strText;
-        std::string strForm = parsed.Form();
-        const std::string strEmpty = "(STANDARD \"\" - -)";  // shows as much as no child
-        for (std::size_t i; (i = strForm.find(strEmpty)) != strForm.npos;)
-            strForm.replace(i, strEmpty.size(), "-");
-        Enter(SpokenText(parsed.pTop.get()), strForm);
-    }
-    void EnterSketch(const std::string& strSketch)
-    {
-        CBinTree tree;
-        BuildTree(tree, strSketch);
-        Enter(SpokenText(tree.GetRootNode()), strSketch);
-    }
-    std::size_t GetSize() const { return m_book.size(); }
-
-private:
-    void Enter(const std::string& strWords, const std::string& strFormula)
-    {
-        EXPECT_EQ(m_book.emplace(strWords, strFormula).first->second, strFormula) << strWords;
-    }
-
-    std::map<std::string, std::string> m_book;
-};
+    const CSource source(strSource, bSketch);
+    EXPECT_EQ(source.parsed.nErrorPos, 0) << strSource;
+    const std::string strEmpty = "(STANDARD \"\" - -)";  // shows as much as no child
+    std::string strForm = bSketch ? strSource : source.parsed.Form();
+    for (std::size_t i; !bSketch && (i = strForm.find(strEmpty)) != strForm.npos;)
+        strForm.replace(i, strEmpty.size(), "-");
+    const std::string strWords = SpokenText(source.pRoot);
+    EXPECT_EQ(book.emplace(strWords, strForm).first->second, strForm) << strWords;
+}
 
 TEST(SpokenText, FitsOneFormulaOnly)
 {
-    CWordBook texts;
-    CWordBook sketches;
-    CRandomFormula random(7);
-    for (const char* pszLeaf : { "x", "2", "f" })
+    for (const bool bSketch : { false, true })
     {
-        for (const std::string& strText : random.Pairs(random.TEXTS, pszLeaf))
-            texts.EnterText(strText);
-        for (const std::string& strSketch : random.Pairs(random.SKETCHES, pszLeaf))
-            sketches.EnterSketch(strSketch);
+        CWordBook book;
+        CRandomFormula random(7);
+        const CRandomFormula::CLanguage& language =
+            bSketch ? CRandomFormula::SKETCHES : CRandomFormula::TEXTS;
+        for (const char* pszLeaf : { "x", "2", "f" })
+        {
+            for (const std::string& strSource : random.Pairs(language, pszLeaf))
+                Enter(book, strSource, bSketch);
+        }
+        for (int n = 0; n < 4000; ++n)
+        {
+            if (n % 10 == 0)
+                random.Narrow(n >= 1000);
+            Enter(book, random.Make(language, 1 + n % 4), bSketch);
+        }
+        EXPECT_GT(book.size(), bSketch ? 9000U : 4000U);
     }
-    for (int n = 0; n < 4000; ++n)
-    {
-        if (n >= 1000 && n % 10 == 0)
-            random.Narrow();
-        texts.EnterText(random.Make(random.TEXTS, 1 + n % 4));
-        sketches.EnterSketch(random.Make(random.SKETCHES, 1 + n % 4));
-    }
-    EXPECT_GT(texts.GetSize(), 4000U);
-    EXPECT_GT(sketches.GetSize(), 9000U);
 }
 
 // As deep as an archive can be.
