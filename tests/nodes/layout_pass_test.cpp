@@ -17,7 +17,7 @@ namespace
 class CObservedDC : public CPaintDC
 {
 public:
-    CObservedDC() : m_screen(nullptr) { SetAttribDC(m_screen.m_hDC); }
+    CObservedDC() { SetAttribDC(m_screen.m_hDC); }
     ~CObservedDC() override { SetAttribDC(nullptr); }
 
     CSize GetPointFontExtent(const LOGFONTA& lf, const CString& strText) override
@@ -26,16 +26,17 @@ public:
     }
 
 private:
-    CClientDC m_screen;
+    CClientDC m_screen{ nullptr };
 };
 
-// A tree and what was seen of it in a series of operations that the seed decides.
-class CObserved
+// What is seen of a random tree in a series of operations that its seed decides.
+class CObserver
 {
 public:
-    CObserved(unsigned nSeed, const CRandomTree::COptions& options, bool bPlain)
-        : m_plain(bPlain), m_tree(nSeed, options), m_nGap(g_nTimesGap)
+    CObserver(unsigned nSeed, const CRandomTree::COptions& options, bool bPlain)
+        : m_plain(bPlain), m_tree(nSeed, options)
     {
+        const int nOldGap = g_nTimesGap;
         g_nTimesGap = m_tree.Pick({ 2, -5, -6 });
         for (int i = 0; i < 6; ++i)
         {
@@ -44,11 +45,10 @@ public:
                 m_seen.push_back(StateOf(*pNode));
         }
         m_seen.push_back(BytesOf(*m_tree.GetRoot()));
+        g_nTimesGap = nOldGap;
     }
 
-    ~CObserved() { g_nTimesGap = m_nGap; }
-
-    const std::vector<std::string>& GetSeen() const { return m_seen; }
+    std::vector<std::string> m_seen;
 
 private:
     void Operate(int nOperation)
@@ -56,19 +56,6 @@ private:
         if (nOperation == 0)
             m_tree.GetRoot()->ApplyFormat(&m_tree.GetFormat());
         CObservedDC dc;
-        SetMapping(dc);
-        if (nOperation == 1)
-            Hit(dc);
-        else if (nOperation == 2)
-            Measure(dc);
-        else
-            Paint(dc);
-        for (const std::string& strCall : dc.TakeCalls())
-            m_seen.push_back(strCall);
-    }
-
-    void SetMapping(CDC& dc)
-    {
         if (m_tree.Chance(40))
         {
             dc.SetMapMode(MM_ANISOTROPIC);
@@ -76,61 +63,53 @@ private:
             dc.SetViewportExt(96, m_tree.Pick({ 96, 50, -96 }));
             dc.SetWindowOrg(m_tree.Below(20) - 10, 3);
         }
-    }
-
-    CNode* AnyNode()
-    {
-        const auto& nodes = m_tree.GetNodes();
-        return nodes[static_cast<std::size_t>(m_tree.Below(static_cast<int>(nodes.size())))];
-    }
-
-    void Paint(CDC& dc)
-    {
-        CRect rect(m_tree.Below(50), m_tree.Below(50) - 25, 0, 0);
-        m_tree.GetRoot()->Paint(&dc, rect, m_tree.Chance(60) ? AnyNode() : nullptr,
-                                static_cast<UINT>(m_tree.Below(8)));
-        See(rect);
-    }
-
-    void Measure(CDC& dc)
-    {
-        See(m_tree.GetRoot()->Measure(&dc));
-        See(AnyNode()->Measure(&dc));
+        if (nOperation == 1)
+        {
+            for (int i = 0; i < 5; ++i)
+                Hit(dc);
+        }
+        else if (nOperation == 2)
+        {
+            See(m_tree.GetRoot()->Measure(&dc));
+            See(m_tree.AnyNode()->Measure(&dc));
+        }
+        else
+        {
+            CRect rect(m_tree.Below(50), m_tree.Below(50) - 25, 0, 0);
+            m_tree.GetRoot()->Paint(&dc, rect, m_tree.Chance(60) ? m_tree.AnyNode() : nullptr,
+                                    static_cast<UINT>(m_tree.Below(8)));
+            See(rect);
+        }
+        const CCalls calls = dc.TakeCalls();
+        m_seen.insert(m_seen.end(), calls.begin(), calls.end());
     }
 
     void Hit(CDC& dc)
     {
-        for (int i = 0; i < 5; ++i)
-        {
-            CRect rect(7, -3, 0, 0);
-            const CPoint point(m_tree.Below(150), m_tree.Below(80));
-            const CNode* pFound = m_tree.GetRoot()->HitTest(&dc, rect, point);
-            See(rect);
-            const auto& nodes = m_tree.GetNodes();
-            See(std::find(nodes.begin(), nodes.end(), pFound) - nodes.begin());
-        }
+        CRect rect(7, -3, 0, 0);
+        const CPoint point(m_tree.Below(150), m_tree.Below(80));
+        const CNode* pFound = m_tree.GetRoot()->HitTest(&dc, rect, point);
+        See(rect);
+        See(std::ranges::find(m_tree.GetNodes(), pFound) - m_tree.GetNodes().begin());
     }
 
     template <class T>
     void See(const T& value)
     {
-        m_seen.emplace_back();
-        AppendBytes(m_seen.back(), value);
+        AppendBytes(m_seen.emplace_back(), value);
     }
 
     CPlainRecursion m_plain;
     CRandomTree m_tree;
-    int m_nGap;
-    std::vector<std::string> m_seen;
 };
 
 void ExpectSame(unsigned nSeed, const CRandomTree::COptions& options)
 {
-    const CObserved plain(nSeed, options, true);
-    const CObserved passes(nSeed, options, false);
-    ASSERT_EQ(plain.GetSeen().size(), passes.GetSeen().size()) << "seed " << nSeed;
-    for (std::size_t i = 0; i < plain.GetSeen().size(); ++i)
-        ASSERT_EQ(plain.GetSeen()[i], passes.GetSeen()[i]) << "seed " << nSeed << " item " << i;
+    const std::vector<std::string> plain = CObserver(nSeed, options, true).m_seen;
+    const std::vector<std::string> passes = CObserver(nSeed, options, false).m_seen;
+    ASSERT_EQ(plain.size(), passes.size()) << "seed " << nSeed;
+    for (std::size_t i = 0; i < plain.size(); ++i)
+        ASSERT_EQ(plain[i], passes[i]) << "seed " << nSeed << " item " << i;
 }
 
 // Counts how often text is measured.

@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "format/tree_format.h"
+#include "nodes/brace_nodes.h"
 #include "nodes/node_fixture.h"
 #include "nodes/value_nodes.h"
 
@@ -191,6 +192,9 @@ TEST(NodeAttributes, CopyAcrossClasses)
     EXPECT_EQ(pTarget->m_nBaseline, 31);
     EXPECT_EQ(pTarget->GetLogFont()->lfWidth, 9);
     EXPECT_EQ(pTarget->MakeText(0), "s") << "the symbol in the template of the target's own class";
+    CPoisonNode typed;
+    typed.CopyAttributes(pSource.get());
+    EXPECT_EQ(typed.GetKind(), 7);
 
     CVariableNode source;
     EXPECT_EQ(source.GetValueAttrA(), 1);

@@ -42,6 +42,8 @@ public:
     const std::vector<CNode*>& GetNodes() const { return m_nodes; }  // in pre-order
     CBinTreeFormat& GetFormat() { return m_format; }
 
+    CNode* AnyNode() { return m_nodes.begin()[Below(static_cast<int>(m_nodes.size()))]; }
+
     int Below(int nLimit) { return static_cast<int>(m_random() % static_cast<unsigned>(nLimit)); }
     bool Chance(int nPercent) { return Below(100) < nPercent; }
     template <class T>
