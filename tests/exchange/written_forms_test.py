@@ -50,6 +50,7 @@ VALUES = {
     "stretchy": "true|false", "rspace": r"[0-9.]+em", "linethickness": "0", "accent": "true",
     "arg": "[a-z]", "intent": r"[a-z-]+(\(\$[a-z](,\$[a-z])*\))?",
 }
+CODES = [bytes([code]) for code in range(1, 256) if code not in b"\t\n\r"]
 LATEX_HEAD = (r"\documentclass{article}\usepackage{amsmath}\begin{document}\sloppy\hbadness=10000"
               r"\hfuzz=\maxdimen")
 KATEX_SCRIPT = """
@@ -73,15 +74,17 @@ class Forms:
         return [tuple(part.decode(errors="replace") for part in line.split(b"\t"))
                 for line in self.program.run(*words).split(b"\n")[:-1]]
 
-    def all(self, count):
+    def characters(self):
+        """Two rows for each code, one of them Greek."""
         with tempfile.TemporaryDirectory() as work:
-            characters = pathlib.Path(work, "characters.txt")
-            codes = (bytes([code]) for code in range(1, 256) if code not in (9, 10, 13))
-            characters.write_bytes(b"".join(b"str(\\%b)+str(a\\%b)\ngreek str(\\%b)\n" % (c, c, c)
-                                            for c in codes))
-            return (self.rows("sketch", self.data / "sketches.txt")
-                    + self.rows("text", self.data / "formulas.txt")
-                    + self.rows("text", characters) + self.rows("random", count))
+            path = pathlib.Path(work, "characters.txt")
+            path.write_bytes(b"".join(b"str(\\%b)+str(a\\%b)\ngreek str(\\%b)\n" % (c, c, c)
+                                      for c in CODES))
+            return self.rows("text", path)
+
+    def all(self, count):
+        return (self.characters() + self.rows("sketch", self.data / "sketches.txt")
+                + self.rows("text", self.data / "formulas.txt") + self.rows("random", count))
 
 
 def check_element(element, may_be_empty):
@@ -111,6 +114,15 @@ def check_mathml(rows):
                 check_element(element, source.startswith("tree "))
         except (AssertionError, ElementTree.ParseError) as error:
             sys.exit(f"{source}\n{mathml}\n{error!r}")
+
+
+def check_characters(rows):
+    """Texts are in Windows-1252; codes that show nothing are told."""
+    for code, (_, mathml, *_) in zip(CODES, rows[::2]):
+        shown = "\uFFFD" if code < b" " or code == b"\x7F" else code.decode("cp1252", "replace")
+        text = "".join(ElementTree.fromstring(mathml).itertext())
+        if code != b" " and text != f"{shown}+a{shown}":
+            sys.exit(f"code {code} is shown as {text}")
 
 
 def check_pdflatex(program, rows):
@@ -145,6 +157,7 @@ def main():
         sys.exit(f"{len(rows)} rows")
     if options.mathml:
         check_mathml(rows)
+        check_characters(rows)
         if options.other and Forms(Program(options.other), options.data).all(1000) != rows:
             sys.exit("the systems write different forms")
     if options.pdflatex:
