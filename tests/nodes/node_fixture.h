@@ -25,14 +25,6 @@ inline void PrintTo(const CRect& r, std::ostream* os)
 {
     *os << "(" << r.left << "," << r.top << "," << r.right << "," << r.bottom << ")";
 }
-inline void PrintTo(const CPoint& p, std::ostream* os)
-{
-    *os << "(" << p.x << "," << p.y << ")";
-}
-inline void PrintTo(const CSize& s, std::ostream* os)
-{
-    *os << "(" << s.cx << "," << s.cy << ")";
-}
 inline void PrintTo(const CString& s, std::ostream* os)
 {
     *os << '"' << s.GetString() << '"';
@@ -114,25 +106,6 @@ inline std::vector<std::string> Words(const std::string& strWords)
     std::istringstream in(strWords);
     return { std::istream_iterator<std::string>(in), {} };
 }
-
-// Parts of the given sizes at (0, 0), placed by the node with its origin at the point. The
-// children's base lines are the caller's.
-struct CArranged
-{
-    CArranged(CNode& node, CPoint origin, CSize sizeLeft, CSize sizeRight, CSize sizeOwn)
-        : rect(origin, origin),
-          left(CPoint(), sizeLeft),
-          right(CPoint(), sizeRight),
-          own(CPoint(), sizeOwn)
-    {
-        node.Arrange(rect, left, right, own);
-    }
-
-    CRect rect;
-    CRect left;
-    CRect right;
-    CRect own;
-};
 
 template <class T>
 void AppendBytes(std::string& strBytes, const T& value)

@@ -112,8 +112,6 @@ const struct
     { "(POISON (POWERTO x n))",     {  50, 29 }, 14 },
     { "(VECTOR (DIVISION a b))",    {  17, 53 }, 31 },  // 19, and over it the mark, 11 high
     { "(PLACEHOLDER)",              { -11,  0 }, -5 },  // the sign of the sizes is in them
-    { "(NABLA)",                    {  13, 16 },  8 },
-    { "(LAPLACE)",                  {  13, 16 },  8 },
     { "(LABEL)",                    {  45, 16 },  8 },
 };
 // clang-format on
