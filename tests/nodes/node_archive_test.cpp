@@ -116,6 +116,10 @@ std::string AdditionBytes(const CRow& row, bool bChanged)
 
 void Change(CNode& node)
 {
+    node.SetLevel(6);
+    node.SetColour(0x0A0B0C);
+    node.m_rect = CRect(1, 2, 3, 4);
+    node.m_nBaseline = 5;
     if (auto* pTyped = dynamic_cast<CTypedNode*>(&node))
         pTyped->SetKind(3);
     if (auto* pValue = dynamic_cast<CValueNode*>(&node))
@@ -131,12 +135,17 @@ const std::string s_strNoChildren(2, '\0');
 // strChildren: items 1 to 4.
 std::string RecordBytes(const CRow& row, const std::string& strChildren, bool bChanged = false)
 {
-    std::string strBytes = strChildren + Number(row.nFlags) +
-                           Number(static_cast<unsigned>(row.nPriority)) + Number(0) +
-                           Number(static_cast<unsigned>(row.nLeftStep)) +
-                           Number(static_cast<unsigned>(row.nRightStep)) + ShortText(row.pszType) +
-                           ShortText(row.pszSymbol) + ShortText(row.pszDescription) + Number(0) +
-                           std::string(16, '\0') + Number(0);
+    const auto changed = [&](unsigned n)
+    {
+        return Number(bChanged ? n : 0);
+    };
+    std::string strBytes =
+        strChildren + Number(row.nFlags) + Number(static_cast<unsigned>(row.nPriority)) +
+        changed(6) + Number(static_cast<unsigned>(row.nLeftStep)) +
+        Number(static_cast<unsigned>(row.nRightStep)) + ShortText(row.pszType) +
+        ShortText(row.pszSymbol) + ShortText(row.pszDescription) + changed(0x0A0B0C);
+    for (const unsigned n : { 1, 2, 3, 4, 5 })
+        strBytes += changed(n);  // rectangle and base line
     if (row.pszFace != nullptr)
         strBytes += ShortText(row.pszFace) + Number(row.nItalic) + Number(row.nBold);
     return strBytes + AdditionBytes(row, bChanged);
