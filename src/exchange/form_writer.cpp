@@ -1,3 +1,4 @@
+// The memory that writers share.
 #include "exchange/form_writer.h"
 
 namespace

@@ -1,3 +1,4 @@
+// Forms as LaTeX, which is mostly a table of templates.
 #include "exchange/latex.h"
 
 #include <algorithm>
@@ -7,7 +8,6 @@
 
 #include "exchange/form_writer.h"
 #include "exchange/signs.h"
-#include "nodes/typed_node.h"
 
 namespace
 {
@@ -315,7 +315,7 @@ private:
         }
         else
         {
-            const bool bDouble = shown.nFace == FACE_SYMBOL && shown.text.starts_with("\xF2\xF2");
+            const bool bDouble = BeginsWithDoubleIntegral(shown);
             AppendText("\\mathop{");
             AppendText(bDouble ? "\\iint" : "");
             AppendOperatorText({ shown.text.substr(bDouble ? 2 : 0), shown.nFace });
@@ -358,8 +358,7 @@ private:
     // One line over the marks of kinds 3 and 5, two over kind 4.
     void AppendLines(const CReading& reading, std::string_view text)
     {
-        const auto* pTyped = dynamic_cast<const CTypedNode*>(reading.pNode);
-        const int nKind = pTyped != nullptr ? pTyped->GetKind() : 0;
+        const int nKind = KindOf(*reading.pNode, 0);
         if (nKind >= 3 && nKind <= 5)
             AppendText(text);
         if (nKind == 4)

@@ -1,10 +1,10 @@
+// Forms as elements of MathML, which is mostly a table of templates.
 #include "exchange/mathml.h"
 
 #include <iterator>
 
 #include "exchange/form_writer.h"
 #include "exchange/signs.h"
-#include "nodes/typed_node.h"
 
 namespace
 {
@@ -93,8 +93,6 @@ constexpr CMeaning s_aMeanings[] = {
     { NTI_INFINITY, "infinity" }, { NTI_NABLA, "nabla" },       { NTI_PROD, "product" },
     { NTI_INTEGRAL, "integral" }, { NTI_OPERATOR, "tends-to" }, { NTI_CROSS, "cross-product" },
 };
-
-constexpr CShownText s_unknownSign = { "?", FACE_SYMBOL };
 
 // The marks of the kinds, and how many lines are drawn over what they stand on.
 struct CMark
@@ -185,7 +183,7 @@ private:
 
     void AppendMeaning(const CReading& reading, const CShownText& shown)
     {
-        if (shown.text != s_unknownSign.text || shown.nFace != s_unknownSign.nFace)
+        if (!IsSymbol(shown, "?"))
             return;
         for (const CMeaning& meaning : s_aMeanings)
         {
@@ -228,8 +226,7 @@ private:
     // A sign of several characters is a row: only single ones grow.
     void AppendBigSign(const CReading& reading, const CShownText& shown)
     {
-        const CShownText two = { "\xF2\xF2", FACE_SYMBOL };
-        const bool bDouble = shown.nFace == two.nFace && shown.text.starts_with(two.text);
+        const bool bDouble = BeginsWithDoubleIntegral(shown);
         const bool bRow = shown.text.size() != (bDouble ? 2 : 1);
         if (bRow)
             OpenGroup();
@@ -265,8 +262,7 @@ private:
 
     static CMark MarkOf(const CReading& reading)
     {
-        const auto* pTyped = dynamic_cast<const CTypedNode*>(reading.pNode);
-        const int nKind = pTyped != nullptr ? pTyped->GetKind() : -1;
+        const int nKind = KindOf(*reading.pNode, -1);
         return nKind >= 0 && nKind < static_cast<int>(std::size(s_aMarks)) ? s_aMarks[nKind]
                                                                            : CMark{ nullptr, 0 };
     }

@@ -1,3 +1,4 @@
+// Which form a node is, by its type and by what hangs on it.
 #include "exchange/reading.h"
 
 #include <optional>

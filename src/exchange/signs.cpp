@@ -1,3 +1,4 @@
+// The signs of each face, and what a node shows of them.
 #include "exchange/signs.h"
 
 #include <cctype>
@@ -220,4 +221,15 @@ CShownText ShownTextOf(const CNode& node, ENodeType nType)
     }
     return { WithoutEndBlanks(node.m_strSymbol.View()),
              FaceFromName(node.GetLogFont()->lfFaceName) };
+}
+
+bool BeginsWithDoubleIntegral(const CShownText& shown)
+{
+    return shown.nFace == FACE_SYMBOL && shown.text.starts_with("\xF2\xF2");
+}
+
+int KindOf(const CNode& node, int nWithout)
+{
+    const auto* pTyped = dynamic_cast<const CTypedNode*>(&node);
+    return pTyped != nullptr ? pTyped->GetKind() : nWithout;
 }

@@ -36,3 +36,15 @@ struct CShownText
 // What the next painting will show: the row of the kind in the classes with kinds. nType is the
 // node's type. Raises CInvalidArgException if the kind is outside its table.
 CShownText ShownTextOf(const CNode& node, ENodeType nType);
+
+// Whether exactly this is shown, in "Symbol".
+inline bool IsSymbol(const CShownText& shown, std::string_view text)
+{
+    return shown.text == text && shown.nFace == FACE_SYMBOL;
+}
+
+// Whether two signs of an integral come first: both dialects have one sign for them.
+bool BeginsWithDoubleIntegral(const CShownText& shown);
+
+// The kind that the node is of; nWithout for one of a class without kinds.
+int KindOf(const CNode& node, int nWithout);

@@ -1,3 +1,4 @@
+// Forms in words, with shorter ones where the operands are simple.
 #include "exchange/speech.h"
 
 #include <algorithm>
@@ -7,7 +8,6 @@
 
 #include "exchange/signs.h"
 #include "exchange/spoken_language.h"
-#include "nodes/typed_node.h"
 
 namespace
 {
@@ -68,12 +68,6 @@ std::string_view FindWords(std::span<const CSpokenName> aNames, std::string_view
 CShownText TextOf(const CReading& reading)
 {
     return ShownTextOf(*reading.pNode, reading.nType);
-}
-
-int KindOf(const CNode& node)
-{
-    const auto* pTyped = dynamic_cast<const CTypedNode*>(&node);
-    return pTyped != nullptr ? pTyped->GetKind() : 0;
 }
 
 // Every word that the language itself uses: a name that is one of them is announced as a name.
@@ -254,11 +248,6 @@ private:
             default:
                 return SHORT_COUNT;
         }
-    }
-
-    static bool IsSymbol(const CShownText& shown, std::string_view text)
-    {
-        return shown.text == text && shown.nFace == FACE_SYMBOL;
     }
 
     static int ShortPower(const CPart& exponent)
@@ -537,7 +526,7 @@ private:
 
     void AppendMark(const CReading& reading)
     {
-        const int nKind = KindOf(*reading.pNode);
+        const int nKind = KindOf(*reading.pNode, 0);
         if (nKind >= 0 && nKind < static_cast<int>(m_language.aMarks.size()))
             m_out += m_language.aMarks[static_cast<std::size_t>(nKind)];
         else

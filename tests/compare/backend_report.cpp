@@ -38,11 +38,6 @@ std::string RectText(const CRect& rect)
            std::to_string(rect.right) + ',' + std::to_string(rect.bottom);
 }
 
-CString MetafilePath(const std::string& strName)
-{
-    return (g_strFolder + "/" + strName + ".wmf").c_str();
-}
-
 // One unit is a hundredth of an inch, y grows upwards.
 void MapToHundredths(CDC& dc)
 {
@@ -66,7 +61,7 @@ void ReportText(const std::string& strName, const std::string& text)
     const CRect pixels = formula.GetFormulaRect(&screen);
     const CNode* pRoot = formula.m_Tree.GetRootNode();
     const int nAxis = pRoot != nullptr ? pRoot->m_nBaseline : 0;
-    const int nWritten = formula.WriteFormulaToWMF(MetafilePath(strName));
+    const int nWritten = formula.WriteFormulaToWMF((g_strFolder + "/" + strName + ".wmf").c_str());
     Print(strName, pixels, formula.m_Tree.m_rectFormula, nAxis, nWritten);
     std::ofstream(g_strFolder + "/" + strName + ".svg", std::ios::binary)
         << MakePicture(formula, *FindPictureFormat("svg"), {}).strBytes;
@@ -93,9 +88,8 @@ void ReportTree(const std::string& strName, unsigned nSeed)
     tree.SetRootNode(random.GetRoot());
     if (nSeed % 3 == 0)
     {
-        const auto& nodes = random.GetNodes();
-        const auto nNode = static_cast<std::size_t>(random.Below(static_cast<int>(nodes.size())));
-        tree.SetSelection(nodes[nNode], 1 + random.Below(2));
+        CNode* pSelected = random.AnyNode();
+        tree.SetSelection(pSelected, 1 + random.Below(2));
     }
     CClientDC screen(nullptr);
     const CRect pixels = tree.MeasureTree(&screen);
@@ -103,7 +97,7 @@ void ReportTree(const std::string& strName, unsigned nSeed)
     CClientDC mapped(nullptr);
     MapToHundredths(mapped);
     const CRect hundredths = tree.MeasureTree(&mapped);
-    const int nWritten = tree.WriteMetafile(MetafilePath(strName));
+    const int nWritten = tree.WriteMetafile((g_strFolder + "/" + strName + ".wmf").c_str());
     tree.SetRootNode(nullptr);  // the nodes are the other object's
     Print(strName, pixels, hundredths, nAxis, nWritten);
 }

@@ -9,28 +9,21 @@ bytes in ours, and the scale of a text record may differ in its last bit.
 
 import argparse
 import io
+import itertools
 import re
-import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
 from formula_list import formula_list
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tools"))
+TESTS = Path(__file__).resolve().parents[1]
+sys.path[:0] = [str(TESTS / "tools"), str(TESTS / "exchange")]
 import emf_dump  # noqa: E402
+from run_program import Program  # noqa: E402
 
 TREES = 400
 LEFT_OUT = re.compile(r"^(\S+) \d+|(?<= )scale=\S+ |(?<= )at=\d+ ?")
-
-
-def run(command, texts, folder):
-    """The report's lines; Wine is given native paths, which it knows."""
-    result = subprocess.run([*command, str(texts), str(folder), str(TREES)],
-                            stdout=subprocess.PIPE, check=False, timeout=600)
-    if result.returncode != 0:
-        sys.exit("%s ended with %d" % (command[-1], result.returncode))
-    return result.stdout.decode("ascii").replace("\r\n", "\n").splitlines()
 
 
 def records(path):
@@ -42,23 +35,16 @@ def records(path):
     return [line for line in lines if not line.startswith("EOF")], faults
 
 
-def first_difference(ours, theirs):
-    for number, (a, b) in enumerate(zip(ours, theirs)):
-        if a != b:
-            return "record %d\n    %s\n    %s" % (number, a, b)
-    return "%d records, %d records" % (len(ours), len(theirs))
-
-
 def compare_metafiles(names, first, second):
-    differing = []
     for name in names:
         ours, our_faults = records(first / (name + ".wmf"))
         theirs, their_faults = records(second / (name + ".wmf"))
         if our_faults or their_faults:
-            differing.append("%s: not well formed: %s" % (name, our_faults or their_faults))
+            yield "%s: not well formed: %s" % (name, our_faults or their_faults)
         elif ours != theirs:
-            differing.append("%s: %s" % (name, first_difference(ours, theirs)))
-    return differing
+            pairs = itertools.zip_longest(ours, theirs)
+            yield "%s: record %d\n    %s\n    %s" % next(
+                (name, number, a, b) for number, (a, b) in enumerate(pairs) if a != b)
 
 
 def numbers_and_rest(path):
@@ -71,16 +57,12 @@ def numbers_and_rest(path):
 
 def compare_drawings(first, second):
     """Signs that a system slants or thickens itself may differ by a hundredth of a pixel."""
-    differing = []
     for path in sorted(first.glob("*.svg")):
-        if path.read_bytes() == (second / path.name).read_bytes():
-            continue
         ours, our_rest = numbers_and_rest(path)
         theirs, their_rest = numbers_and_rest(second / path.name)
         near = len(ours) == len(theirs) and all(abs(a - b) <= 2 for a, b in zip(ours, theirs))
         if not near or our_rest != their_rest:
-            differing.append("%s differs" % path.name)
-    return differing
+            yield "%s differs" % path.name
 
 
 def main():
@@ -102,16 +84,18 @@ def main():
         second.mkdir(exist_ok=True)
         formulas = formula_list(arguments.source)
         texts.write_text("".join(text.hex() + "\n" for text in formulas))
-        ours = run([arguments.first], texts, first)
-        theirs = run([*arguments.runner.split(), arguments.second], texts, second)
-        unequal = ["%s\n    %s" % pair for pair in zip(ours, theirs) if pair[0] != pair[1]]
-        if len(ours) != len(theirs) or len(ours) != len(formulas) + TREES:
-            unequal.append("%d lines, %d lines" % (len(ours), len(theirs)))
+        # Wine is given native paths, which it knows.
+        ours, theirs = (program.run(texts, folder, TREES).decode("ascii").splitlines()
+                        for program, folder in ((Program(arguments.first), first),
+                                                (Program(arguments.second, arguments.runner), second)))
+        unequal = ["%s\n    %s" % pair for pair in itertools.zip_longest(ours, theirs)
+                   if pair[0] != pair[1]]
+        if len(ours) != len(formulas) + TREES:
+            unequal.append("%d lines" % len(ours))
         written = [line.split()[0] for line in ours if line.endswith("written=1")]
         if len(written) < len(ours) * 9 // 10:
             unequal.append("only %d of %d metafiles written" % (len(written), len(ours)))
-        differing = compare_metafiles(written, first, second)
-        differing += compare_drawings(first, second)
+        differing = [*compare_metafiles(written, first, second), *compare_drawings(first, second)]
 
     for line in unequal[:20] + differing[:20]:
         print(line)

@@ -6,10 +6,9 @@ import re
 from pathlib import Path
 
 ARGUMENT_COUNTS = {
-    "abs": 1, "sqr": 1, "sinh": 1, "cosh": 1, "tanh": 1, "coth": 1, "arctan": 1, "arccot": 1,
-    "ln": 1, "log": 2, "exp": 1, "sin": 1, "cos": 1, "tan": 1, "cot": 1, "arcsin": 1, "arccos": 1,
-    "int": 4, "arsinh": 1, "arcosh": 1, "artanh": 1, "arcoth": 1, "nsqr": 2, "sum": 3, "greek": 1,
-    "mark": 2, "brace": 2,
+    **dict.fromkeys("abs sqr sinh cosh tanh coth arctan arccot ln exp sin cos tan cot arcsin arccos "
+                    "arsinh arcosh artanh arcoth greek".split(), 1),
+    "log": 2, "nsqr": 2, "mark": 2, "brace": 2, "sum": 3, "int": 4,
 }
 OPERATORS = ["+", "-", "*", "/", "^", "=", "<", ">", "<=", ">=", "<>", ","]
 # All bytes above ASCII are letters, or not, to the parser; the faces have a glyph for most.
@@ -23,31 +22,26 @@ class Generator:
     def atom(self):
         r = self.random
         return r.choice([
-            lambda: r.choice(LETTERS) * r.choice([1, 1, 2]),
-            lambda: str(r.randrange(1000)),
-            lambda: "%d.%d" % (r.randrange(100), r.randrange(100)),
-            lambda: "1.5e-%d" % r.randrange(9),
-            lambda: "str('%s')" % r.choice(["text", "a b", "Wi gf", "\xc4"]),
-            lambda: r.choice(["3rad", "rad", "45deg", "deg"]),
-        ])()
-
-    def keyword(self, depth):
-        name = self.random.choice(list(ARGUMENT_COUNTS))
-        count = ARGUMENT_COUNTS[name] + self.random.choice([0, 0, 0, 0, -1, 1])
-        return "%s(%s)" % (name, ",".join(self.formula(depth - 1) for _ in range(count)))
+            r.choice(LETTERS) * r.choice([1, 1, 2]),
+            str(r.randrange(1000)),
+            "%d.%d" % (r.randrange(100), r.randrange(100)),
+            "1.5e-%d" % r.randrange(9),
+            "str('%s')" % r.choice(["text", "a b", "Wi gf", "\xc4"]),
+            r.choice(["3rad", "rad", "45deg", "deg"]),
+        ])
 
     def formula(self, depth):
         r = self.random
         if depth <= 0 or r.random() < 0.15:
             return self.atom()
-        return r.choice([
-            lambda: self.keyword(depth),
-            lambda: self.keyword(depth),
-            lambda: self.formula(depth - 1) + r.choice(OPERATORS) + self.formula(depth - 1),
-            lambda: self.formula(depth - 1) + r.choice(OPERATORS) + self.formula(depth - 1),
-            lambda: "(%s)" % self.formula(depth - 1),
-            lambda: "-" + self.formula(depth - 1),
-        ])()
+        form = r.choice(["keyword", "keyword", "operator", "operator", "(%s)", "-%s"])
+        if form == "keyword":
+            name = r.choice(list(ARGUMENT_COUNTS))
+            count = ARGUMENT_COUNTS[name] + r.choice([0, 0, 0, 0, -1, 1])
+            return "%s(%s)" % (name, ",".join(self.formula(depth - 1) for _ in range(count)))
+        if form == "operator":
+            return self.formula(depth - 1) + r.choice(OPERATORS) + self.formula(depth - 1)
+        return form % self.formula(depth - 1)
 
 
 def texts_of_tests(source):

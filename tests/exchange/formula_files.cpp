@@ -3,6 +3,7 @@
 //   formula_files read FOLDER              each n.fml, a line: its tree, and what it stores again;
 //                                          its content stream goes to n.content
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -18,67 +19,54 @@ namespace
 {
 namespace fs = std::filesystem;
 
-int FailOnMessage(const char* pszText, unsigned, void*)
+// The file of a formula in a folder.
+CString PathOf(const fs::path& folder, int n, const char* pszExtension)
 {
-    std::fprintf(stderr, "formula_files: %s\n", pszText);
-    std::exit(1);
-}
-
-std::string Numbered(int n, const char* pszExtension)
-{
-    return std::to_string(n) + pszExtension;
+    return (folder / (std::to_string(n) + pszExtension)).string().c_str();
 }
 
 int Write(const fs::path& folder, const char* pszFormulas)
 {
     std::ifstream formulas(pszFormulas);
-    int nWritten = 0;
-    for (std::string strLine; std::getline(formulas, strLine); ++nWritten)
+    int n = 0;
+    for (std::string strLine; std::getline(formulas, strLine); ++n)
     {
-        const auto path = [&](const char* pszExtension)
-        {
-            return CString((folder / Numbered(nWritten, pszExtension)).string().c_str());
-        };
         CFormulaOut formula;
-        if (!formula.FormTree(strLine.c_str()) || !formula.WriteFormulaToWMF(path(".wmf")) ||
-            !formula.m_Tree.WriteBitmapFile(path(".bmp")) || !formula.SaveToFML(path(".fml")))
+        if (!formula.FormTree(strLine.c_str()) ||
+            !formula.WriteFormulaToWMF(PathOf(folder, n, ".wmf")) ||
+            !formula.m_Tree.WriteBitmapFile(PathOf(folder, n, ".bmp")) ||
+            !formula.SaveToFML(PathOf(folder, n, ".fml")))
             return 1;
     }
-    return nWritten > 0 ? 0 : 1;
+    return n > 0 ? 0 : 1;
 }
 
-void KeepContent(const CString& strFile, const fs::path& to)
+void KeepContent(const CString& strFile, const CString& strTo)
 {
     CFile file(strFile, CFile::modeRead);
     CMemFile content;
     UnpackCompoundFile(file, "Contents", content);
-    std::ofstream(to, std::ios::binary)
+    std::ofstream(strTo.GetString(), std::ios::binary)
         .write(reinterpret_cast<const char*>(content.GetData()),
                static_cast<std::streamsize>(content.GetLength()));
 }
 
-std::string StoredAgain(CFormulaDoc& document)
+void PrintStoredAgain(CFormulaDoc& document)
 {
     CMemFile file;
     CArchive archive(&file, CArchive::store);
     document.Serialize(archive);
     archive.Close();
-    std::string strHex;
     for (ULONGLONG n = 0; n < file.GetLength(); ++n)
-    {
-        char szByte[3];
-        std::snprintf(szByte, sizeof szByte, "%02x", unsigned{ file.GetData()[n] });
-        strHex += szByte;
-    }
-    return strHex;
+        std::printf("%02x", unsigned{ file.GetData()[n] });
 }
 
 int Read(const fs::path& folder)
 {
-    int nRead = 0;
-    for (; fs::exists(folder / Numbered(nRead, ".fml")); ++nRead)
+    int n = 0;
+    for (; fs::exists(PathOf(folder, n, ".fml").GetString()); ++n)
     {
-        const CString strFile((folder / Numbered(nRead, ".fml")).string().c_str());
+        const CString strFile = PathOf(folder, n, ".fml");
         CBinTree tree;
         CBinTreeFormat format;
         CFormulaDoc document;
@@ -86,17 +74,23 @@ int Read(const fs::path& folder)
         document.m_pFormat = &format;
         if (!document.OnOpenDocument(strFile))
             return 1;
-        KeepContent(strFile, folder / Numbered(nRead, ".content"));
-        std::printf("%s %s\n", TreeForm(tree.GetRootNode()).GetString(),
-                    StoredAgain(document).c_str());
+        KeepContent(strFile, PathOf(folder, n, ".content"));
+        std::printf("%s ", TreeForm(tree.GetRootNode()).GetString());
+        PrintStoredAgain(document);
+        std::puts("");
     }
-    return nRead > 0 ? 0 : 1;
+    return n > 0 ? 0 : 1;
 }
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    AfxSetMessageBoxHandler(FailOnMessage, nullptr);
+    const auto fail = [](const char* pszText, unsigned, void*) -> int
+    {
+        std::fprintf(stderr, "formula_files: %s\n", pszText);
+        std::exit(1);
+    };
+    AfxSetMessageBoxHandler(fail, nullptr);
     const std::string strCommand = argc > 1 ? argv[1] : "";
     if (strCommand == "write" && argc == 4)
         return Write(argv[2], argv[3]);

@@ -5,41 +5,24 @@
                           [--other PROGRAM_OF_THE_OTHER_SYSTEM]
 """
 import argparse
-import os
-import subprocess
+import pathlib
 import sys
 import tempfile
 
-
-class Program:
-    def __init__(self, path, runner=None):
-        self.command = ([runner] if runner else []) + [path]
-
-    def run(self, *arguments, **environment):
-        done = subprocess.run(self.command + list(arguments), stdout=subprocess.PIPE, timeout=300,
-                              env={**os.environ, **environment})
-        if done.returncode != 0:
-            sys.exit(f"{' '.join(self.command + list(arguments))}: status {done.returncode}")
-        return done.stdout.replace(b"\r\n", b"\n")
+from run_program import Program
 
 
-def contents(folder, suffix):
-    found = {}
-    for name in sorted(os.listdir(folder)):
-        if name.endswith(suffix):
-            with open(os.path.join(folder, name), "rb") as file:
-                found[name] = file.read()
-    return found
-
-
-def expect_equal(first, second, what):
-    if not first or first.keys() != second.keys():
-        sys.exit(f"{what}: {len(first)} and {len(second)} files")
-    for name in first:
-        if first[name] != second[name]:
-            place = next((i for i, (a, b) in enumerate(zip(first[name], second[name])) if a != b),
-                         min(len(first[name]), len(second[name])))
-            sys.exit(f"{what}: {name} differs from byte {place} on")
+def expect_equal(first, second, suffix):
+    """Files of two folders."""
+    names = sorted(path.name for path in first.glob("*" + suffix))
+    if not names or names != sorted(path.name for path in second.glob("*" + suffix)):
+        sys.exit(f"{first} and {second}: not the same files *{suffix}")
+    for name in names:
+        pair = (first / name).read_bytes(), (second / name).read_bytes()
+        if pair[0] != pair[1]:
+            place = next((i for i, (a, b) in enumerate(zip(*pair)) if a != b), "the end")
+            sys.exit(f"{first} and {second}: {name} differs from byte {place} on")
+    return len(names)
 
 
 def main():
@@ -49,24 +32,22 @@ def main():
     options = parser.parse_args()
     program = Program(options.program, options.runner)
     with tempfile.TemporaryDirectory() as work:
-        folders = [os.path.join(work, name) for name in ("first", "second", "other")]
-        for folder in folders:
-            os.mkdir(folder)
-        first, second, foreign = folders
+        first, second, foreign = (pathlib.Path(work, name) for name in ("1", "2", "other"))
+        for folder in (first, second, foreign):
+            folder.mkdir()
         program.run("write", first, options.formulas)
         # Another layout of the memory.
         program.run("write", second, options.formulas, MIVORA_TEST_PADDING="x" * 5000)
         for suffix in (".wmf", ".bmp", ".fml"):
-            expect_equal(contents(first, suffix), contents(second, suffix), "two runs")
+            count = expect_equal(first, second, suffix)
         read = program.run("read", first)
         if options.other:
             other = Program(options.other)
             other.run("write", foreign, options.formulas)
             if program.run("read", foreign) != read or other.run("read", first) != read:
                 sys.exit("the systems read stored formulas differently")
-            expect_equal(contents(first, ".content"), contents(foreign, ".content"),
-                         "two systems")
-        print(f"{len(contents(first, '.fml'))} formulas")
+            expect_equal(first, foreign, ".content")
+        print(f"{count} formulas")
 
 
 if __name__ == "__main__":

@@ -18,7 +18,6 @@
 #include "nodes/random_tree.h"
 #include "random_formula.h"
 #include "service/formula_out.h"
-#include "sketch_kinds.h"
 
 namespace
 {
@@ -48,20 +47,21 @@ void PrintText(const std::string& strLine)
     PrintAndStore(strLine, formula);
 }
 
+// "#3" in a sketch stands for the kinds 0 to 2.
 void PrintSketch(const std::string& strLine)
 {
-    for (const std::string& strSketch : SketchesOfKinds(strLine))
+    const std::size_t nPlace = strLine.find('#');
+    const bool bKinds = nPlace != std::string::npos;
+    const int nKinds = bKinds ? std::atoi(strLine.c_str() + nPlace + 1) : 1;
+    for (int nKind = 0; nKind < nKinds; ++nKind)
     {
+        std::string strSketch = strLine;
+        if (bKinds)
+            strSketch.replace(nPlace, strLine.find(']', nPlace) - nPlace, std::to_string(nKind));
         CFormulaOut formula;
         BuildTree(formula.m_Tree, strSketch);
         PrintAndStore(strSketch, formula);
     }
-}
-// Any child under any node, as damaged files have them.
-void PrintTree(unsigned nSeed)
-{
-    const CRandomTree tree(nSeed, {});
-    Print("tree " + std::to_string(nSeed), tree.GetRoot());
 }
 
 void PrintRandom(int nCount)
@@ -69,9 +69,10 @@ void PrintRandom(int nCount)
     CRandomFormula random(11);
     for (int n = 0; n < nCount; ++n)
     {
-        PrintText(random.Text(1 + n % 4));
-        PrintSketch(random.Sketch(1 + n % 4));
-        PrintTree(static_cast<unsigned>(n));
+        PrintText(random.Make(random.TEXTS, 1 + n % 4));
+        PrintSketch(random.Make(random.SKETCHES, 1 + n % 4));
+        // Any child under any node, as damaged files have them.
+        Print("tree " + std::to_string(n), CRandomTree(static_cast<unsigned>(n), {}).GetRoot());
     }
 }
 

@@ -1,6 +1,7 @@
 // What formulas are written as, in all forms.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <map>
 #include <memory>
 #include <string>
@@ -34,11 +35,22 @@ struct CFormCase
     const char* pszWords;
 };
 
-bool IsSketch(const std::string& strSource)
+std::string (*const s_apfnWrite[])(const CNode*) = { MathMLText, LatexText, SpokenText };
+
+// The tree of a source text or of a sketch.
+struct CSource
 {
-    return strSource.size() > 1 && strSource[0] == '(' && strSource[1] >= 'A' &&
-           strSource[1] <= 'Z';
-}
+    CSource(const std::string& strSource, bool bSketch) : parsed(bSketch ? "" : strSource)
+    {
+        if (bSketch)
+            BuildTree(tree, strSource);
+        pRoot = bSketch ? tree.GetRootNode() : parsed.pTop.get();
+    }
+
+    CParsed parsed;
+    CBinTree tree;
+    const CNode* pRoot;
+};
 
 // clang-format off
 const CFormCase s_aCases[] = {
@@ -118,6 +130,19 @@ const CFormCase s_aCases[] = {
       "\\begin{matrix}c\\\\a b\\end{matrix}", "the lines row c row a followed by b" },
     { "(FUNC[20] - (NABLA - (LAPLACE - f)))", "<mrow><mi mathvariant=\"normal\">Γ</mi><mo rspace=\"0.17em\">&#x2061;</mo><mrow><mover accent=\"true\"><mi intent=\"nabla\">?</mi><mo stretchy=\"false\">→</mo></mover><mrow><mi mathvariant=\"normal\" intent=\"laplacian\">Δ</mi><mi>f</mi></mrow></mrow></mrow>",
       "\\operatorname{\\Gamma}\\vec{?}\\Delta f", "function capital gamma of nabla applied to Laplacian applied to f" },
+    { "cos x+tan x+cot x+ln x", nullptr, "\\cos x+\\tan x+\\cot x+\\ln x",
+      "cosine of x plus tangent of x plus cotangent of x plus natural logarithm of x" },
+    { "(PLUS (PLUS (FUNC[4] - x) (FUNC[5] - x)) (FUNC[6] - x))", nullptr, "\\arcsin x+\\arccos x+\\arctan x",
+      "arc sine of x plus arc cosine of x plus arc tangent of x" },
+    { "(PLUS (PLUS (FUNC[9] - x) (FUNC[10] - x)) (FUNC[11] - x))", nullptr, "\\cosh x+\\tanh x+\\coth x",
+      "hyperbolic cosine of x plus hyperbolic tangent of x plus hyperbolic cotangent of x" },
+    { "(PLUS (PLUS (FUNC[12] - x) (FUNC[14] - x)) (FUNC[15] - x))", nullptr,
+      "\\operatorname{arsinh}x+\\operatorname{artanh}x+\\operatorname{arcoth}x",
+      "inverse hyperbolic sine of x plus inverse hyperbolic tangent of x plus inverse hyperbolic cotangent of x" },
+    { "(PLUS (PLUS (PLUS (FUNC[7] - x) (FUNC[16] - x)) (FUNC[18] - x)) (FUNC[19] - x))", nullptr,
+      "\\operatorname{arccot}x+\\exp x+\\operatorname{log2}x+\\lg x",
+      "arc cotangent of x plus exponential of x plus logarithm base 2 of x plus logarithm base 10 of x" },
+    { "(STANDARD \"!\")", "<mo>!</mo>", "!", "the sign exclamation mark" },
     { "(USERFUNC \"g\" - (PLANCK))", "<mrow><mi mathvariant=\"normal\">g</mi><mo rspace=\"0.17em\">&#x2061;</mo><mi>ℏ</mi></mrow>",
       "\\operatorname{g}\\hbar", "function g of h bar" },
     { "(POWERTO (PLACEHOLDER) (LAMBDA))", "<msup><mrow class=\"placeholder\"></mrow><mi>ƛ</mi></msup>",
@@ -138,19 +163,14 @@ TEST(WrittenForms, AreThoseOfTheTable)
     for (const CFormCase& form : s_aCases)
     {
         SCOPED_TRACE(form.pszSource);
-        CBinTree tree;
-        std::unique_ptr<CParsed> pParsed;
-        if (IsSketch(form.pszSource))
-            BuildTree(tree, form.pszSource);
-        else
-            pParsed = std::make_unique<CParsed>(form.pszSource);
-        const CNode* pRoot = pParsed ? pParsed->pTop.get() : tree.GetRootNode();
+        const CSource source(form.pszSource,
+                             form.pszSource[0] == '(' && std::isupper(form.pszSource[1]));
         if (form.pszMathML != nullptr)
         {
-            EXPECT_EQ(MathMLOf(pRoot), form.pszMathML);
+            EXPECT_EQ(MathMLOf(source.pRoot), form.pszMathML);
         }
-        EXPECT_EQ(LatexText(pRoot), form.pszLatex);
-        EXPECT_EQ(SpokenText(pRoot), form.pszWords);
+        EXPECT_EQ(LatexText(source.pRoot), form.pszLatex);
+        EXPECT_EQ(SpokenText(source.pRoot), form.pszWords);
     }
 }
 
@@ -164,23 +184,12 @@ TEST(WrittenForms, OfNoTreeAreEmpty)
 // A kind outside its table is refused as in every other use.
 TEST(WrittenForms, RefuseAKindThatThereIsNot)
 {
-    for (const char* pszSketch : { "(BRACE x)", "(EQUATION a b)", "(FUNC - x)", "(VECTOR x)" })
+    for (const char* pszSketch :
+         { "(BRACE[99] x)", "(EQUATION[99] a b)", "(FUNC[99] - x)", "(VECTOR[99] x)" })
     {
-        CBinTree tree;
-        BuildTree(tree, pszSketch);
-        static_cast<CTypedNode*>(tree.GetRootNode())->SetKind(99);
-        for (std::string (*pfnWrite)(const CNode*) : { MathMLText, LatexText, SpokenText })
-        {
-            try
-            {
-                pfnWrite(tree.GetRootNode());
-                ADD_FAILURE() << pszSketch;
-            }
-            catch (CInvalidArgException* pException)
-            {
-                pException->Delete();
-            }
-        }
+        for (const auto pfnWrite : s_apfnWrite)
+            EXPECT_THROW(pfnWrite(CSource(pszSketch, true).pRoot), CInvalidArgException*)
+                << pszSketch;
     }
 }
 
@@ -216,57 +225,41 @@ TEST(WrittenForms, TakeAnyTreeAndLeaveItAsItIs)
 }
 
 // Words that fit two formulas would leave the listener in doubt.
-class CWordBook
+using CWordBook = std::map<std::string, std::string>;
+
+void Enter(CWordBook& book, const std::string& strSource, bool bSketch)
 {
-public:
-    void EnterText(const std::string& strText)
-    {
-        const CParsed parsed(strText);
-        ASSERT_EQ(parsed.nErrorPos, 0) << strText;
-        std::string strForm = parsed.Form();
-        const std::string strEmpty = "(STANDARD \"\" - -)";  // shows as much as no child
-        for (std::size_t i; (i = strForm.find(strEmpty)) != strForm.npos;)
-            strForm.replace(i, strEmpty.size(), "-");
-        Enter(SpokenText(parsed.pTop.get()), strForm);
-    }
-    void EnterSketch(const std::string& strSketch)
-    {
-        CBinTree tree;
-        BuildTree(tree, strSketch);
-        Enter(SpokenText(tree.GetRootNode()), strSketch);
-    }
-    std::size_t GetSize() const { return m_book.size(); }
-
-private:
-    void Enter(const std::string& strWords, const std::string& strFormula)
-    {
-        EXPECT_EQ(m_book.emplace(strWords, strFormula).first->second, strFormula) << strWords;
-    }
-
-    std::map<std::string, std::string> m_book;
-};
+    const CSource source(strSource, bSketch);
+    EXPECT_EQ(source.parsed.nErrorPos, 0) << strSource;
+    const std::string strEmpty = "(STANDARD \"\" - -)";  // shows as much as no child
+    std::string strForm = bSketch ? strSource : source.parsed.Form();
+    for (std::size_t i; !bSketch && (i = strForm.find(strEmpty)) != strForm.npos;)
+        strForm.replace(i, strEmpty.size(), "-");
+    const std::string strWords = SpokenText(source.pRoot);
+    EXPECT_EQ(book.emplace(strWords, strForm).first->second, strForm) << strWords;
+}
 
 TEST(SpokenText, FitsOneFormulaOnly)
 {
-    CWordBook texts;
-    CWordBook sketches;
-    CRandomFormula random(7);
-    for (const char* pszLeaf : { "x", "2", "f" })
+    for (const bool bSketch : { false, true })
     {
-        for (const std::string& strText : random.TextPairs(pszLeaf))
-            texts.EnterText(strText);
-        for (const std::string& strSketch : random.SketchPairs(pszLeaf))
-            sketches.EnterSketch(strSketch);
+        CWordBook book;
+        CRandomFormula random(7);
+        const CRandomFormula::CLanguage& language =
+            bSketch ? CRandomFormula::SKETCHES : CRandomFormula::TEXTS;
+        for (const char* pszLeaf : { "x", "2", "f" })
+        {
+            for (const std::string& strSource : random.Pairs(language, pszLeaf))
+                Enter(book, strSource, bSketch);
+        }
+        for (int n = 0; n < 4000; ++n)
+        {
+            if (n % 10 == 0)
+                random.Narrow(n >= 1000);
+            Enter(book, random.Make(language, 1 + n % 4), bSketch);
+        }
+        EXPECT_GT(book.size(), bSketch ? 9000U : 4000U);
     }
-    for (int n = 0; n < 4000; ++n)
-    {
-        if (n >= 1000 && n % 10 == 0)
-            random.Narrow();
-        texts.EnterText(random.Text(1 + n % 4));
-        sketches.EnterSketch(random.Sketch(1 + n % 4));
-    }
-    EXPECT_GT(texts.GetSize(), 4000U);
-    EXPECT_GT(sketches.GetSize(), 9000U);
 }
 
 // As deep as an archive can be.
@@ -287,7 +280,7 @@ TEST(WrittenForms, HaveNoLimitOfDepth)
                 bLeft ? pAbove->LinkLeft(pRoot.release()) : pAbove->LinkRight(pRoot.release());
                 pRoot.reset(pAbove);
             }
-            for (std::string (*pfnWrite)(const CNode*) : { MathMLText, LatexText, SpokenText })
+            for (const auto pfnWrite : s_apfnWrite)
             {
                 const std::string strText = pfnWrite(pRoot.get());
                 EXPECT_NE(strText.find("0.0"), strText.npos);

@@ -18,6 +18,8 @@ import sys
 import tempfile
 import xml.etree.ElementTree as ElementTree
 
+from run_program import Program
+
 NAMESPACE = "{http://www.w3.org/1998/Math/MathML}"
 
 # Element: how many children (None: any number), which ones, which attributes.
@@ -48,6 +50,7 @@ VALUES = {
     "stretchy": "true|false", "rspace": r"[0-9.]+em", "linethickness": "0", "accent": "true",
     "arg": "[a-z]", "intent": r"[a-z-]+(\(\$[a-z](,\$[a-z])*\))?",
 }
+CODES = [bytes([code]) for code in range(1, 256) if code not in b"\t\n\r"]
 LATEX_HEAD = (r"\documentclass{article}\usepackage{amsmath}\begin{document}\sloppy\hbadness=10000"
               r"\hfuzz=\maxdimen")
 KATEX_SCRIPT = """
@@ -63,28 +66,25 @@ for (const line of lines) {
 class Forms:
     """Rows of source, MathML, LaTeX and words."""
 
-    def __init__(self, program, runner, data):
-        self.command = ([runner] if runner else []) + [program]
+    def __init__(self, program, data):
+        self.program = program
         self.data = pathlib.Path(data)
 
     def rows(self, *words):
-        out = subprocess.run(self.command + [str(word) for word in words], check=True, timeout=300,
-                             stdout=subprocess.PIPE).stdout
         return [tuple(part.decode(errors="replace") for part in line.split(b"\t"))
-                for line in out.replace(b"\r\n", b"\n").split(b"\n")[:-1]]
+                for line in self.program.run(*words).split(b"\n")[:-1]]
+
+    def characters(self):
+        """Two rows for each code, one of them Greek."""
+        with tempfile.TemporaryDirectory() as work:
+            path = pathlib.Path(work, "characters.txt")
+            path.write_bytes(b"".join(b"str(\\%b)+str(a\\%b)\ngreek str(\\%b)\n" % (c, c, c)
+                                      for c in CODES))
+            return self.rows("text", path)
 
     def all(self, count):
-        with tempfile.TemporaryDirectory() as work:
-            characters = os.path.join(work, "characters.txt")
-            with open(characters, "wb") as file:
-                for code in range(1, 256):
-                    if code not in (9, 10, 13):
-                        byte = bytes([code])
-                        file.write(b"str(\\" + byte + b")+str(a\\" + byte + b")\n"
-                                   b"greek str(\\" + byte + b")\n")
-            return (self.rows("sketch", self.data / "sketches.txt")
-                    + self.rows("text", self.data / "formulas.txt")
-                    + self.rows("text", characters) + self.rows("random", count))
+        return (self.characters() + self.rows("sketch", self.data / "sketches.txt")
+                + self.rows("text", self.data / "formulas.txt") + self.rows("random", count))
 
 
 def check_element(element, may_be_empty):
@@ -116,6 +116,15 @@ def check_mathml(rows):
             sys.exit(f"{source}\n{mathml}\n{error!r}")
 
 
+def check_characters(rows):
+    """Texts are in Windows-1252; codes that show nothing are told."""
+    for code, (_, mathml, *_) in zip(CODES, rows[::2]):
+        shown = "\uFFFD" if code < b" " or code == b"\x7F" else code.decode("cp1252", "replace")
+        text = "".join(ElementTree.fromstring(mathml).itertext())
+        if code != b" " and text != f"{shown}+a{shown}":
+            sys.exit(f"code {code} is shown as {text}")
+
+
 def check_pdflatex(program, rows):
     with tempfile.TemporaryDirectory() as work:
         path = pathlib.Path(work, "all.tex")
@@ -143,12 +152,13 @@ def main():
     for option in ("--forms", "--data", "--runner", "--other", "--pdflatex", "--katex"):
         parser.add_argument(option)
     options = parser.parse_args()
-    rows = Forms(options.forms, options.runner, options.data).all(1000)
+    rows = Forms(Program(options.forms, options.runner), options.data).all(1000)
     if len(rows) < 3600 or any(len(row) != 4 for row in rows):
         sys.exit(f"{len(rows)} rows")
     if options.mathml:
         check_mathml(rows)
-        if options.other and Forms(options.other, None, options.data).all(1000) != rows:
+        check_characters(rows)
+        if options.other and Forms(Program(options.other), options.data).all(1000) != rows:
             sys.exit("the systems write different forms")
     if options.pdflatex:
         check_pdflatex(options.pdflatex, rows)

@@ -1,18 +1,17 @@
 // The archive form of every class, byte for byte, and what loading leaves in the nodes.
 #include <gtest/gtest.h>
 
-#include <climits>
+#include <algorithm>
 #include <string>
-#include <vector>
 
 #include "format/tree_format.h"
-#include "nodes/layout_pass.h"
 #include "nodes/node_fixture.h"
 #include "nodes/random_tree.h"
 #include "nodes/value_nodes.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
 #include "platform/base/file.h"
+#include "tree/tree_form.h"
 
 namespace
 {
@@ -104,35 +103,52 @@ const CRow& RowOf(const std::string& strType)
                          [&](const CRow& row) { return row.pszType == strType; });
 }
 
-// strChildren: items 1 to 4.
-std::string RecordBytes(const CRow& row, const std::string& strChildren)
+// Of the record's addition, in a new node or in one that Change changed.
+std::string AdditionBytes(const CRow& row, bool bChanged)
 {
-    std::string strBytes = strChildren + Number(row.nFlags) +
-                           Number(static_cast<unsigned>(row.nPriority)) + Number(0) +
-                           Number(static_cast<unsigned>(row.nLeftStep)) +
-                           Number(static_cast<unsigned>(row.nRightStep)) + ShortText(row.pszType) +
-                           ShortText(row.pszSymbol) + ShortText(row.pszDescription) + Number(0) +
-                           std::string(16, '\0') + Number(0);
-    if (row.pszFace != nullptr)
-        strBytes += ShortText(row.pszFace) + Number(row.nItalic) + Number(row.nBold);
     if (row.eAddition == CRow::kind)
-        strBytes += Number(0);
-    else if (row.eAddition == CRow::value)
-        strBytes += std::string(8, '\0') + Number(1) + Number(1);
-    return strBytes;
+        return Number(bChanged ? 3 : 0);
+    if (row.eAddition == CRow::nothing)
+        return "";
+    return bChanged ? std::string(6, '\0') + "\xE0\xBF" + Number(3) + Number(4)  // -0.5
+                    : std::string(8, '\0') + Number(1) + Number(1);
 }
 
-const std::string c_strNoChildren(2, '\0');
-
-std::string BytesOf(CNode& node)
+void Change(CNode& node)
 {
-    CBinTree tree;
-    CMemFile file;
-    CArchive ar(&file, CArchive::store);
-    node.SerializeNode(ar, &tree);
-    ar.Close();
-    return { reinterpret_cast<const char*>(file.GetData()),
-             static_cast<std::size_t>(file.GetLength()) };
+    node.SetLevel(6);
+    node.SetColour(0x0A0B0C);
+    node.m_rect = CRect(1, 2, 3, 4);
+    node.m_nBaseline = 5;
+    if (auto* pTyped = dynamic_cast<CTypedNode*>(&node))
+        pTyped->SetKind(3);
+    if (auto* pValue = dynamic_cast<CValueNode*>(&node))
+    {
+        pValue->SetValue(-0.5);
+        pValue->SetValueAttrA(3);
+        pValue->SetValueAttrB(4);
+    }
+}
+
+const std::string s_strNoChildren(2, '\0');
+
+// strChildren: items 1 to 4.
+std::string RecordBytes(const CRow& row, const std::string& strChildren, bool bChanged = false)
+{
+    const auto changed = [&](unsigned n)
+    {
+        return Number(bChanged ? n : 0);
+    };
+    std::string strBytes =
+        strChildren + Number(row.nFlags) + Number(static_cast<unsigned>(row.nPriority)) +
+        changed(6) + Number(static_cast<unsigned>(row.nLeftStep)) +
+        Number(static_cast<unsigned>(row.nRightStep)) + ShortText(row.pszType) +
+        ShortText(row.pszSymbol) + ShortText(row.pszDescription) + changed(0x0A0B0C);
+    for (const unsigned n : { 1, 2, 3, 4, 5 })
+        strBytes += changed(n);  // rectangle and base line
+    if (row.pszFace != nullptr)
+        strBytes += ShortText(row.pszFace) + Number(row.nItalic) + Number(row.nBold);
+    return strBytes + AdditionBytes(row, bChanged);
 }
 
 void LoadInto(CNode& node, std::string strBytes)
@@ -152,66 +168,37 @@ CNodePtr Loaded(const CString& strType, const std::string& strBytes)
     return pNode;
 }
 
-// Which exception loading ends in.
-std::string Refusal(const CString& strType, const std::string& strBytes)
+void ExpectRefused(const CString& strType, const std::string& strBytes, int nCause)
 {
     try
     {
         Loaded(strType, strBytes);
+        ADD_FAILURE();
     }
     catch (CArchiveException* pException)
     {
-        const int nCause = pException->m_cause;
+        EXPECT_EQ(pException->m_cause, nCause);
         pException->Delete();
-        return nCause == CArchiveException::badClass    ? "class"
-               : nCause == CArchiveException::badIndex  ? "limit"
-               : nCause == CArchiveException::endOfFile ? "end"
-                                                        : "other";
     }
-    return "none";
 }
 
-// What loading can set in a node and the nodes below it.
-void AppendState(CNode* pNode, std::string& strState)
+void AppendStates(const CNode* pNode, std::string& strStates)
 {
+    strStates += pNode == nullptr ? "-" : StateOf(*pNode);
     if (pNode == nullptr)
-    {
-        strState += '-';
         return;
-    }
-    const LOGFONT lf = *pNode->GetLogFont();
-    strState.append(reinterpret_cast<const char*>(&lf), sizeof(lf));
-    strState += Number(pNode->GetColour()) + Number(static_cast<unsigned>(pNode->GetLevel())) +
-                pNode->GetTypeName().GetString() + pNode->GetSymbol().GetString();
-    if (auto* pTyped = dynamic_cast<CTypedNode*>(pNode))
-    {
-        for (int i = 0; i < pTyped->m_saFonts.GetSize(); ++i)
-            strState += pTyped->m_saFonts[i].GetString();
-    }
-    for (CNode* pChild : { pNode->GetLeft(), pNode->GetRight() })
+    for (const CNode* pChild : { pNode->GetLeft(), pNode->GetRight() })
     {
         EXPECT_TRUE(pChild == nullptr || pChild->GetParent() == pNode);
-        AppendState(pChild, strState);
+        AppendStates(pChild, strStates);
     }
 }
 
-std::string StateOf(CNode& node)
+std::string StatesOf(const CNode& node)
 {
-    std::string strState;
-    AppendState(&node, strState);
-    return strState;
-}
-
-std::string ChainBytes(int nLinks)
-{
-    CNodePtr pTop = Text("x");
-    for (int i = 0; i < nLinks; ++i)
-    {
-        CNodePtr pNode(CBinTree().CreateNode("NT_BRACE"));
-        pNode->LinkLeft(pTop.release());
-        pTop = std::move(pNode);
-    }
-    return BytesOf(*pTop);
+    std::string strStates;
+    AppendStates(&node, strStates);
+    return strStates;
 }
 }  // namespace
 
@@ -219,25 +206,31 @@ TEST(NodeArchive, HasTheFormOfEveryClass)
 {
     for (const CRow& row : s_aRows)
     {
-        std::string strChildren = c_strNoChildren;
+        SCOPED_TRACE(row.pszType);
+        std::string strChildren = s_strNoChildren;
         if (row.pszFace == nullptr)  // a big operator, with its range
         {
-            strChildren = ShortText("NT_RANGE") + RecordBytes(RowOf("NT_RANGE"), c_strNoChildren) +
+            strChildren = ShortText("NT_RANGE") + RecordBytes(RowOf("NT_RANGE"), s_strNoChildren) +
                           std::string(1, '\0');
         }
-        const std::string strBytes = RecordBytes(row, strChildren);
         CNodePtr pNode(CBinTree().CreateNode(row.pszType));
-        EXPECT_EQ(BytesOf(*pNode), strBytes) << row.pszType;
-        EXPECT_EQ(BytesOf(*Loaded(row.pszType, strBytes)), strBytes) << row.pszType;
+        for (const bool bChanged : { false, true })
+        {
+            if (bChanged)
+                Change(*pNode);
+            const std::string strBytes = RecordBytes(row, strChildren, bChanged);
+            EXPECT_EQ(BytesOf(*pNode), strBytes);
+            EXPECT_EQ(BytesOf(*Loaded(row.pszType, strBytes)), strBytes);
+        }
     }
 }
 
 TEST(NodeArchive, ChildrenStandBeforeTheirParent)
 {
-    const std::string strLeaf = RecordBytes(RowOf("NT_NUMBER"), c_strNoChildren);
+    const std::string strLeaf = RecordBytes(RowOf("NT_NUMBER"), s_strNoChildren);
     const std::string strBytes =
         RecordBytes(RowOf("NT_PLUS"), std::string(1, '\0') + ShortText("NT_NUMBER") + strLeaf);
-    EXPECT_EQ(BytesOf(*Node("NT_PLUS", nullptr, Node("NT_NUMBER"))), strBytes);
+    EXPECT_EQ(BytesOf(*Sketch("(PLUS - (NUMBER))")), strBytes);
 }
 
 // The plain order formats at every link; the loader does so once, and must end in the same.
@@ -248,78 +241,104 @@ TEST(NodeArchive, LeavesWhatFormattingAtEveryLinkLeaves)
         CRandomTree tree(nSeed, { 30, true });
         const CString strType = tree.GetRoot()->GetTypeName();
         const std::string strBytes = BytesOf(*tree.GetRoot());
-        CLayoutPass::s_bPlainRecursion = true;
-        CNodePtr pPlain = Loaded(strType, strBytes);
-        CLayoutPass::s_bPlainRecursion = false;
-        CNodePtr pOnce = Loaded(strType, strBytes);
-        ASSERT_EQ(StateOf(*pOnce), StateOf(*pPlain)) << nSeed;
-        ASSERT_EQ(BytesOf(*pOnce), BytesOf(*pPlain)) << nSeed;
+        CNodePtr apLoaded[2];
+        for (const bool bPlain : { true, false })
+        {
+            const CPlainRecursion plain(bPlain);
+            apLoaded[bPlain ? 0 : 1] = Loaded(strType, strBytes);
+        }
+        ASSERT_EQ(StatesOf(*apLoaded[1]), StatesOf(*apLoaded[0])) << nSeed;
+        ASSERT_EQ(BytesOf(*apLoaded[1]), BytesOf(*apLoaded[0])) << nSeed;
     }
 }
 
+// A big operator's own font is not stored either.
 TEST(NodeArchive, StoredFontsHoldOnlyWhereNoLinkFormatsThem)
 {
-    CNodePtr pSource = Node("NT_PLUS", Text("a"), Node("NT_NUMBER"));
-    pSource->SetFontName("Arial");
-    pSource->SetBold(1);
-    pSource->GetLeft()->SetFontName("Symbol");
-    pSource->GetRight()->SetFontName("Arial");
-    CNodePtr pLoaded = Loaded("NT_PLUS", BytesOf(*pSource));
-    EXPECT_EQ(pLoaded->GetFontName(), "Arial");
-    EXPECT_TRUE(pLoaded->IsBold());
-    EXPECT_EQ(pLoaded->GetLeft()->GetFontName(), "Symbol");
-    EXPECT_EQ(pLoaded->GetRight()->GetFontName(), "Times New Roman");
+    const struct
+    {
+        const char* pszSketch;
+        struct
+        {
+            const char* pszPath;
+            const char* pszStored;
+            const char* pszLoaded;
+            bool bBold;
+        } aNodes[3];
+    } aCases[] = { { "(PLUS a (NUMBER))",
+                     { { "", "Arial", "Arial", true },
+                       { "L", "Symbol", "Symbol", false },
+                       { "R", "Arial", "Times New Roman", false } } },
+                   { "(SUM (RANGE n i) a)",
+                     { { "", "Arial", "Symbol", false },
+                       { "L", "Arial", "Arial", true },
+                       { "R", "Arial", "Times New Roman", false } } } };
+    for (const auto& row : aCases)
+    {
+        const CNodePtr pSource = Sketch(row.pszSketch);
+        for (const auto& node : row.aNodes)
+        {
+            NodeAt(pSource.get(), node.pszPath)->SetFontName(node.pszStored);
+            NodeAt(pSource.get(), node.pszPath)->SetBold(1);
+        }
+        const CNodePtr pLoaded = Loaded(pSource->GetTypeName(), BytesOf(*pSource));
+        EXPECT_EQ(TreeForm(pLoaded.get()), TreeForm(pSource.get()));
+        EXPECT_EQ(pLoaded->GetLogFont()->lfHeight, pSource->GetLogFont()->lfHeight);
+        for (const auto& node : row.aNodes)
+        {
+            EXPECT_EQ(NodeAt(pLoaded.get(), node.pszPath)->GetFontName(), node.pszLoaded);
+            EXPECT_EQ(NodeAt(pLoaded.get(), node.pszPath)->IsBold(), node.bBold) << node.pszPath;
+        }
+    }
 }
 
 TEST(NodeArchive, ABigOperatorReadsIntoItsOwnRange)
 {
-    CNodePtr pSource = Node("NT_SUM");
-    pSource->GetLeft()->SetLeft(Text("i").release());
-    std::string strBytes = BytesOf(*pSource);
+    std::string strBytes = BytesOf(*Sketch("(SUM (RANGE i) -)"));
     strBytes.replace(strBytes.find("NT_RANGE"), 8, "NT_xxxxx");  // item 1 is not looked at
-    CNodePtr pSum(CBinTree().CreateNode("NT_SUM"));
+    const CNodePtr pSum(CBinTree().CreateNode("NT_SUM"));
     CNode* pRange = pSum->GetLeft();
     LoadInto(*pSum, strBytes);
     ASSERT_EQ(pSum->GetLeft(), pRange);
+    EXPECT_EQ(pRange->GetParent(), pSum.get());
     EXPECT_EQ(pRange->GetLeft()->GetSymbol(), "i");
     EXPECT_EQ(pRange->GetLeft()->GetLevel(), 1);
 
-    const std::string strWithout = RecordBytes(RowOf("NT_SUM"), c_strNoChildren);
-    LoadInto(*pSum, strWithout);
+    LoadInto(*pSum, RecordBytes(RowOf("NT_SUM"), s_strNoChildren));
     EXPECT_EQ(pSum->GetLeft(), pRange) << "a record without a range leaves it";
 }
 
 TEST(NodeArchive, LoadingReplacesWhatHungThere)
 {
-    CNodePtr pNode = Node("NT_PLUS", Text("old"), Text("old"));
-    LoadInto(*pNode, BytesOf(*Node("NT_PLUS", Text("new"))));
+    const CNodePtr pNode = Sketch("(PLUS old old)");
+    LoadInto(*pNode, BytesOf(*Sketch("(PLUS new)")));
     EXPECT_EQ(pNode->GetLeft()->GetSymbol(), "new");
     EXPECT_EQ(pNode->GetRight(), nullptr);
 }
 
 TEST(NodeArchive, TakesTheTypeOfTheRecordAndTheClassOfTheName)
 {
-    std::string strBytes = BytesOf(*Node("NT_BRACE", Text("a")));
-    strBytes.replace(strBytes.find("NT_VARIABLE"), 11, "NT_USERFUNC");
+    std::string strBytes = BytesOf(*Sketch("(BRACE a)"));
+    const std::size_t nName = strBytes.find("NT_VARIABLE");
     // Read as a user function, the record goes on to a kind of 4 bytes where a variable has 16.
-    EXPECT_EQ(Refusal("NT_BRACE", strBytes), "class");
+    ExpectRefused("NT_BRACE", std::string(strBytes).replace(nName, 11, "NT_USERFUNC"),
+                  CArchiveException::badClass);
 
-    strBytes = BytesOf(*Node("NT_BRACE", Text("a")));
-    strBytes.replace(strBytes.rfind("NT_VARIABLE"), 11, "NT_USERFUNC");
-    CNodePtr pLoaded = Loaded("NT_BRACE", strBytes);
+    const std::size_t nType = strBytes.rfind("NT_VARIABLE");
+    const CNodePtr pLoaded = Loaded("NT_BRACE", strBytes.replace(nType, 11, "NT_USERFUNC"));
     EXPECT_EQ(pLoaded->GetLeft()->GetTypeName(), "NT_USERFUNC");
     EXPECT_NE(dynamic_cast<CVariableNode*>(pLoaded->GetLeft()), nullptr);
     EXPECT_TRUE(pLoaded->GetLeft()->IsBold()) << "in the format of the new type";
 
-    strBytes.replace(strBytes.rfind("NT_USERFUNC"), 11, "NT_USERFUNK");
-    EXPECT_EQ(Refusal("NT_BRACE", strBytes), "class");
+    ExpectRefused("NT_BRACE", strBytes.replace(nType, 11, "NT_USERFUNK"),
+                  CArchiveException::badClass);
 }
 
 TEST(NodeArchive, CountsItsLevels)
 {
-    const std::string strDeepest = ChainBytes(65535);
-    CNodePtr pLoaded = Loaded("NT_BRACE", strDeepest);
-    EXPECT_EQ(BytesOf(*pLoaded), strDeepest);
-    EXPECT_EQ(Refusal("NT_BRACE", ChainBytes(65536)), "limit");
-    EXPECT_EQ(Refusal("NT_BRACE", strDeepest.substr(0, strDeepest.size() / 2)), "end");
+    const std::string strDeepest = BytesOf(*Tower("NT_BRACE", 65535));
+    EXPECT_EQ(BytesOf(*Loaded("NT_BRACE", strDeepest)), strDeepest);
+    ExpectRefused("NT_BRACE", BytesOf(*Tower("NT_BRACE", 65536)), CArchiveException::badIndex);
+    ExpectRefused("NT_BRACE", strDeepest.substr(0, strDeepest.size() / 2),
+                  CArchiveException::endOfFile);
 }

@@ -1,15 +1,23 @@
-// What the tests of the node family share: a device context whose text has a known size, and short
-// ways to build a tree.
+// What the tests of the node family share: a device context whose text has a known size, trees from
+// sketches, and what can be seen of a node.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <ostream>
+#include <sstream>
+#include <string>
+#include <vector>
 
+#include "format/tree_format.h"
+#include "gallery/sketch.h"
+#include "nodes/layout_pass.h"
 #include "nodes/typed_node.h"
+#include "platform/base/archive.h"
+#include "platform/base/file.h"
 #include "platform/base/geometry.h"
 #include "platform/gdi/dc.h"
 #include "tree/bin_tree.h"
@@ -17,14 +25,6 @@
 inline void PrintTo(const CRect& r, std::ostream* os)
 {
     *os << "(" << r.left << "," << r.top << "," << r.right << "," << r.bottom << ")";
-}
-inline void PrintTo(const CPoint& p, std::ostream* os)
-{
-    *os << "(" << p.x << "," << p.y << ")";
-}
-inline void PrintTo(const CSize& s, std::ostream* os)
-{
-    *os << "(" << s.cx << "," << s.cy << ")";
 }
 inline void PrintTo(const CString& s, std::ostream* os)
 {
@@ -66,56 +66,90 @@ private:
 
 using CNodePtr = std::unique_ptr<CNode>;
 
-// Node("NT_PLUS", Text("a"), Text("b")): a node from the factory with its children linked, in the
-// default format. Null leaves what the constructor put on that side.
-inline CNodePtr Node(const char* pszType, CNodePtr pLeft = nullptr, CNodePtr pRight = nullptr)
+// The nodes of a sketch (gallery/sketch.h), in the default format. A variable of n characters is
+// 8 n + 5 wide and 16 high at level 0, its sign 8 n + 2 wide; its axis is 8.
+inline CNodePtr Sketch(const std::string& strSketch)
 {
     CBinTree tree;
-    CNodePtr pNode(tree.CreateNode(pszType));
-    if (pLeft != nullptr)
+    BuildTree(tree, strSketch);
+    CNodePtr pRoot(tree.GetRootNode());
+    tree.SetRootNode(nullptr);
+    return pRoot;
+}
+
+// The node that a path of the letters L and R leads to; without a path the root, without a node
+// null.
+inline CNode* NodeAt(CNode* pRoot, const std::string& strPath)
+{
+    for (const char ch : strPath)
+        pRoot = pRoot == nullptr ? nullptr : ch == 'L' ? pRoot->GetLeft() : pRoot->GetRight();
+    return pRoot;
+}
+
+// A letter at the bottom of so many nodes of a type, each the left child of the next.
+inline CNodePtr Tower(const char* pszType, int nLevels)
+{
+    CNodePtr pTower = Sketch("x");
+    for (int i = 0; i < nLevels; ++i)
     {
+        CNodePtr pNode(CBinTree().CreateNode(pszType));
         delete pNode->m_pLeft;
-        pNode->SetLeft(pLeft.release());
+        pNode->LinkLeft(pTower.release());
+        pTower = std::move(pNode);
     }
-    if (pRight != nullptr)
-    {
-        delete pNode->m_pRight;
-        pNode->SetRight(pRight.release());
-    }
-    return pNode;
+    pTower->ApplyFormat(&g_DefaultFormat);
+    return pTower;
 }
 
-// A variable: 8 n + 5 wide and 16 high at level 0, its sign 8 n + 2 wide; its axis is 8.
-inline CNodePtr Text(const char* pszSymbol)
+// Words between blanks, for rows that hold for several types.
+inline std::vector<std::string> Words(const std::string& strWords)
 {
-    CNodePtr pNode = Node("NT_VARIABLE");
-    pNode->SetSymbol(pszSymbol);
-    return pNode;
+    std::istringstream in(strWords);
+    return { std::istream_iterator<std::string>(in), {} };
 }
 
-inline CNodePtr Kind(int nKind, CNodePtr pNode)
+template <class T>
+void AppendBytes(std::string& strBytes, const T& value)
 {
-    static_cast<CTypedNode&>(*pNode).SetKind(nKind);
-    return pNode;
+    strBytes.append(reinterpret_cast<const char*>(&value), sizeof(value));
 }
 
-// What Arrange gives for fresh parts that the test names itself.
-struct CArranged
+// Everything that loading, layout and painting can write into a node.
+inline std::string StateOf(const CNode& node)
 {
-    CRect rect;
-    CRect left;
-    CRect right;
-    CRect own;
-    int nBaseline;
+    std::string strState = std::string(node.GetTypeName().View()) + '\n';
+    strState += node.m_strSymbol.View();
+    AppendBytes(strState, node.m_rect);
+    AppendBytes(strState, node.m_nBaseline);
+    AppendBytes(strState, node.m_logFont);
+    AppendBytes(strState, node.m_nLevel);
+    AppendBytes(strState, node.m_colour);
+    AppendBytes(strState, node.GetMeasured().size);
+    AppendBytes(strState, node.GetMeasured().own);
+    AppendBytes(strState, node.GetMeasured().nBaseline);
+    AppendBytes(strState, node.GetMeasured().sign);
+    const auto* pTyped = dynamic_cast<const CTypedNode*>(&node);
+    for (int i = 0; pTyped != nullptr && i < pTyped->m_saFonts.GetSize(); ++i)
+        strState += pTyped->m_saFonts[i].View();
+    return strState;
+}
+
+// What a node and the nodes below it store.
+inline std::string BytesOf(CNode& node)
+{
+    CBinTree tree;
+    CMemFile file;
+    CArchive ar(&file, CArchive::store);
+    node.SerializeNode(ar, &tree);
+    ar.Close();
+    return { reinterpret_cast<const char*>(file.GetData()),
+             static_cast<std::size_t>(file.GetLength()) };
+}
+
+// While it lives, nodes are measured, and loaded trees formatted, afresh at every request.
+class CPlainRecursion
+{
+public:
+    explicit CPlainRecursion(bool bPlain) { CLayoutPass::s_bPlainRecursion = bPlain; }
+    ~CPlainRecursion() { CLayoutPass::s_bPlainRecursion = false; }
 };
-
-// Parts of the given sizes at (0, 0), placed by the node with its origin at the point. The
-// children's base lines are the caller's.
-inline CArranged ArrangeParts(CNode& node, CPoint origin, CSize left, CSize right, CSize own)
-{
-    CArranged result{ CRect(origin, origin), CRect(CPoint(), left), CRect(CPoint(), right),
-                      CRect(CPoint(), own), 0 };
-    node.Arrange(result.rect, result.left, result.right, result.own);
-    result.nBaseline = node.m_nBaseline;
-    return result;
-}

@@ -74,28 +74,3 @@ private:
 };
 
 using CCalls = std::vector<std::string>;
-
-struct CPaintCase
-{
-    const char* pszType;
-    int nKind;
-    CRect rect;  // of the own part
-    CCalls calls;
-};
-
-// Asks for the own size first, as every painting does.
-template <std::size_t N>
-void ExpectPainted(const CPaintCase (&aRows)[N])
-{
-    for (const CPaintCase& row : aRows)
-    {
-        SCOPED_TRACE(testing::Message() << row.pszType << " " << row.nKind);
-        const CNodePtr pNode = Node(row.pszType);
-        if (auto* pTyped = dynamic_cast<CTypedNode*>(pNode.get()))
-            pTyped->SetKind(row.nKind);
-        CPaintDC dc;
-        pNode->GetOwnSize(&dc);
-        pNode->PaintOwn(&dc, row.rect, 0);
-        EXPECT_EQ(dc.TakeCalls(), row.calls);
-    }
-}

@@ -31,7 +31,12 @@ public:
         Collect(m_pRoot.get());
         for (CNode* pNode : m_nodes)
             Disturb(*pNode);
-        ChangeFormat();
+        if (Chance(30))
+        {
+            m_format.m_nSizes[Below(5)] = Pick({ 14, 5, -30, 0, -7 });
+            m_format.m_pVariable->m_strFontName = "Arial";
+            m_format.m_pText->m_crColour = RGB(1, 2, 3);
+        }
         m_pRoot->SetLevel(Chance(30) ? Pick({ -1, 1, 2, 3, 7 }) : 0);
         m_pRoot->ApplyFormat(&m_format);
         for (CNode* pNode : m_nodes)
@@ -41,6 +46,8 @@ public:
     CNode* GetRoot() const { return m_pRoot.get(); }
     const std::vector<CNode*>& GetNodes() const { return m_nodes; }  // in pre-order
     CBinTreeFormat& GetFormat() { return m_format; }
+
+    CNode* AnyNode() { return m_nodes.begin()[Below(static_cast<int>(m_nodes.size()))]; }
 
     int Below(int nLimit) { return static_cast<int>(m_random() % static_cast<unsigned>(nLimit)); }
     bool Chance(int nPercent) { return Below(100) < nPercent; }
@@ -124,16 +131,6 @@ private:
         return m_options.bExtreme && Chance(10)
                    ? Pick({ INT32_MAX, INT32_MIN, INT32_MAX / 2, INT32_MIN / 2 + 1, 0x12345678 })
                    : Pick(values);
-    }
-
-    void ChangeFormat()
-    {
-        if (Chance(30))
-        {
-            m_format.m_nSizes[Below(5)] = Pick({ 14, 5, -30, 0, -7 });
-            m_format.m_pVariable->m_strFontName = "Arial";
-            m_format.m_pText->m_crColour = RGB(1, 2, 3);
-        }
     }
 
     void ChangeFont(CNode& node)

@@ -1,0 +1,209 @@
+// What formatting writes into nodes, and what it leaves as it was.
+#include <gtest/gtest.h>
+
+#include <climits>
+
+#include "format/tree_format.h"
+#include "nodes/brace_nodes.h"
+#include "nodes/node_fixture.h"
+#include "nodes/value_nodes.h"
+
+namespace
+{
+const CStringArray& Faces(const CNodePtr& pNode)
+{
+    return static_cast<CTypedNode&>(*pNode).m_saFonts;
+}
+}  // namespace
+
+TEST(NodeFormat, LevelsSelectTheSizeAndTypesTheRecord)
+{
+    CBinTreeFormat format;
+    format.m_pVariable->m_strFontName = "A face name that is far longer than a font can hold";
+    format.m_pVariable->m_Style[0] = 1;
+    format.m_pVariable->m_Style[1] = 7;
+    format.m_nSizes[1] = INT_MAX;
+    const struct
+    {
+        int nLevel;
+        int nStep;
+        int nLevelBelow;
+        int nHeight;  // of the node below
+    } aCases[] = {
+        { 0, 0, 0, -120 }, { 0, 1, 1, -10 },  // ten times the largest number, in 32 bits
+        { 1, 1, 2, -80 },  { 4, 1, 5, -80 }, { -3, 1, -2, -120 }, { INT_MAX, 1, INT_MIN, -120 },
+    };
+    for (const auto& test : aCases)
+    {
+        const CNodePtr pNode = Sketch("(STANDARD a)");
+        pNode->m_nLeftLevelStep = test.nStep;
+        pNode->SetLevel(test.nLevel);
+        pNode->ApplyFormat(&format);
+        const CNode* pLeft = pNode->GetLeft();
+        EXPECT_EQ(pLeft->GetLevel(), test.nLevelBelow);
+        EXPECT_EQ(pLeft->GetLogFont()->lfHeight, test.nHeight) << test.nLevel;
+        EXPECT_EQ(pLeft->GetFontName(), "A face name that is far longer ");
+        EXPECT_TRUE(pLeft->IsBold());
+        EXPECT_FALSE(pLeft->IsItalic());
+    }
+}
+
+TEST(NodeFormat, AnUnknownTypeKeepsItsFont)
+{
+    const CNodePtr pNode(CBinTree().CreateNode("nt_plus"));
+    const LOGFONT& lf = *pNode->GetLogFont();
+    EXPECT_EQ(pNode->GetFlags(), 2U);
+    EXPECT_EQ(pNode->GetFontName(), "Times New Roman");
+    EXPECT_EQ(lf.lfHeight, -120);
+    EXPECT_EQ(lf.lfWeight, 400);
+    EXPECT_EQ(lf.lfItalic, 1);
+    EXPECT_EQ(lf.lfPitchAndFamily, 0x50);
+    CTestDC dc;
+    EXPECT_EQ(pNode->Measure(&dc), CRect(0, 0, 5, 16));
+}
+
+// The face that marks a Greek letter survives formats, and nothing else does.
+TEST(NodeFormat, ValuesKeepOnlyTheFaceSymbol)
+{
+    CBinTreeFormat format;
+    format.m_pVariable->m_strFontName = "Arial";
+    format.m_pVariable->m_crColour = RGB(9, 8, 7);
+    format.m_pSymbol->m_strFontName = "Arial";
+    format.m_pExtra->m_strFontName = "Arial";
+    format.m_nSizes[0] = -20;
+    const struct
+    {
+        const char* pszSketch;
+        const char* pszFaceBefore;  // null: that of the default format
+        const char* pszFaceAfter;
+    } aCases[] = {
+        { "(VARIABLE)", nullptr, "Arial" },  { "(VARIABLE)", "Symbol", "Symbol" },
+        { "(VARIABLE)", "symbol", "Arial" }, { "(VARIABLE)", "Courier New", "Arial" },
+        { "(NUMBER)", "Symbol", "Symbol" },  { "(CONSTANT)", "Arial", "Times New Roman" },
+        { "(INFINITY)", nullptr, "Symbol" }, { "(PLANCK)", nullptr, "Arial" },
+        { "(PLUS)", "Symbol", "Symbol" },  // by its record
+        { "(BRACE)", nullptr, "Arial" },
+    };
+    for (const auto& test : aCases)
+    {
+        const CNodePtr pNode = Sketch(test.pszSketch);
+        if (test.pszFaceBefore != nullptr)
+            pNode->SetFontName(test.pszFaceBefore);
+        pNode->ApplyFormat(&format);
+        EXPECT_EQ(pNode->GetFontName(), test.pszFaceAfter) << test.pszSketch;
+        EXPECT_EQ(pNode->GetLogFont()->lfHeight, -200);
+        if (pNode->GetTypeName() == "NT_VARIABLE")
+        {
+            EXPECT_EQ(pNode->GetColour(), RGB(9, 8, 7));
+            EXPECT_TRUE(pNode->IsItalic());
+        }
+    }
+}
+
+// The table of names is shared until a face differs.
+TEST(NodeFormat, FunctionsTakeTheFaceForAllNames)
+{
+    CBinTreeFormat format;
+    format.m_pFunction->m_strFontName = "Arial";
+    const CNodePtr pChanged = Sketch("(FUNC)");
+    const CNodePtr pOther = Sketch("(FUNC)");
+    EXPECT_TRUE(Faces(pChanged).IsSharedWith(Faces(pOther)));
+    pChanged->ApplyFormat(&format);
+    for (int nRow = 0; nRow < 22; ++nRow)
+    {
+        const char* pszOld = nRow == 20 ? "Symbol" : "Times New Roman";
+        EXPECT_EQ(Faces(pChanged)[nRow], nRow < 20 ? "Arial" : pszOld) << nRow;
+        EXPECT_EQ(Faces(pOther)[nRow], pszOld) << nRow;
+    }
+    CTestDC dc;
+    pChanged->GetOwnSize(&dc);
+    EXPECT_EQ(pChanged->GetFontName(), "Arial");
+    pChanged->ApplyFormat(&g_DefaultFormat);
+    EXPECT_EQ(Faces(pChanged)[19], "Times New Roman");
+}
+
+TEST(NodeFormat, BigOperatorsAreSetBigByTheirLevel)
+{
+    const struct
+    {
+        int nLevel;
+        int nHeight;
+    } aCases[] = { { 0, -160 }, { 1, -120 }, { 2, -120 }, { 7, -120 }, { -3, -160 } };
+    for (const char* pszSketch : { "(SUM)", "(PROD)", "(INTEGRAL)" })
+    {
+        SCOPED_TRACE(pszSketch);
+        const CNodePtr pNode = Sketch(pszSketch);
+        for (const auto& row : aCases)
+        {
+            pNode->SetLevel(row.nLevel);
+            pNode->ApplyFormat(&g_DefaultFormat);
+            EXPECT_EQ(pNode->GetLogFont()->lfHeight, row.nHeight) << row.nLevel;
+        }
+        ASSERT_NE(pNode->GetLeft(), nullptr);
+        EXPECT_EQ(pNode->GetLeft()->GetTypeName(), "NT_RANGE");
+        EXPECT_EQ(pNode->GetLeft()->GetParent(), pNode.get());
+        EXPECT_EQ(pNode->GetRight(), nullptr);
+    }
+}
+
+// A limit of a sum that is itself an exponent: levels add up.
+TEST(NodeFormat, LevelsAddUp)
+{
+    const CNodePtr pPower = Sketch("(POWERTO x (SUM (RANGE n i) a))");
+    const struct
+    {
+        const char* pszPath;
+        int nLevel;
+        int nHeight;
+    } aCases[] = { { "R", 1, -120 }, { "RL", 1, -100 }, { "RLL", 2, -80 }, { "RR", 1, -100 } };
+    for (const auto& row : aCases)
+    {
+        EXPECT_EQ(NodeAt(pPower.get(), row.pszPath)->GetLevel(), row.nLevel) << row.pszPath;
+        EXPECT_EQ(NodeAt(pPower.get(), row.pszPath)->GetLogFont()->lfHeight, row.nHeight);
+    }
+}
+
+TEST(NodeFormat, LinkingAloneDoesNotFormat)
+{
+    CNode node;
+    node.SetLevel(1);
+    CNodePtr pChild = Sketch("(POWERTO a b)");
+    pChild->SetLevel(5);
+    node.LinkRight(pChild.get());
+    EXPECT_EQ(pChild->GetParent(), &node);
+    EXPECT_EQ(pChild->GetLevel(), 1);
+    EXPECT_EQ(pChild->GetRight()->GetLevel(), 1);
+    EXPECT_EQ(pChild->GetLogFont()->lfHeight, -120);
+
+    node.SetRight(pChild.release());
+    EXPECT_EQ(node.GetRight()->GetLogFont()->lfHeight, -100);
+    EXPECT_EQ(node.GetRight()->GetRight()->GetLevel(), 2);
+    EXPECT_EQ(node.GetRight()->GetRight()->GetLogFont()->lfHeight, -80);
+}
+
+TEST(NodeAttributes, CopyAcrossClasses)
+{
+    const CNodePtr pSource = Sketch("(BRACE[7] \"s\")");
+    pSource->m_nBaseline = 31;
+    pSource->GetLogFont()->lfWidth = 9;
+    const CNodePtr pTarget = Sketch("(NUMBER)");
+    pTarget->CopyAttributes(pSource.get());
+    EXPECT_EQ(pTarget->GetTypeName(), "NT_BRACE");
+    EXPECT_EQ(pTarget->m_nBaseline, 31);
+    EXPECT_EQ(pTarget->GetLogFont()->lfWidth, 9);
+    EXPECT_EQ(pTarget->MakeText(0), "s") << "the symbol in the template of the target's own class";
+    CPoisonNode typed;
+    typed.CopyAttributes(pSource.get());
+    EXPECT_EQ(typed.GetKind(), 7);
+
+    CVariableNode source;
+    EXPECT_EQ(source.GetValueAttrA(), 1);
+    source.SetValue(-0.5);
+    source.SetValueAttrA(3);
+    source.SetValueAttrB(4);
+    CNumberNode target;
+    target.CopyAttributes(&source);
+    EXPECT_EQ(target.GetValue(), -0.5);
+    EXPECT_EQ(target.GetValueAttrA(), 3);
+    EXPECT_EQ(target.GetValueAttrB(), 4);
+}
