@@ -314,6 +314,9 @@ TEST(NodeArchive, LoadingReplacesWhatHungThere)
     LoadInto(*pNode, BytesOf(*Sketch("(PLUS new)")));
     EXPECT_EQ(pNode->GetLeft()->GetSymbol(), "new");
     EXPECT_EQ(pNode->GetRight(), nullptr);
+    LoadInto(*pNode, BytesOf(*Sketch("(PLUS - right)")));
+    EXPECT_EQ(pNode->GetLeft(), nullptr);
+    EXPECT_EQ(pNode->GetRight()->GetSymbol(), "right");
 }
 
 TEST(NodeArchive, TakesTheTypeOfTheRecordAndTheClassOfTheName)
