@@ -153,6 +153,7 @@ TEST(CStringNul, IsACharacterThatEndsComparisons)
     EXPECT_FALSE(text.IsIdentical(Bytes("P\0c"sv)));
     EXPECT_EQ(CString::FromChar(0), CString());
     EXPECT_EQ(CString::FromChar(0).GetHash(), CString().GetHash());
+    EXPECT_EQ(CString::Immortal("P\0b", 3).GetHash(), text.GetHash());
 }
 
 // By unsigned bytes; letters of ASCII alone have a case.
