@@ -211,7 +211,7 @@ CShownText ShownTextOf(const CNode& node, ENodeType nType)
     {
         // A damaged archive can give a node of another class the name of a type with kinds.
         const auto* pTyped = dynamic_cast<const CTypedNode*>(&node);
-        if (pTyped != nullptr && !pTyped->m_saSymbols.IsEmpty() &&
+        if (pTyped != nullptr && pTyped->m_saSymbols.GetSize() != 0 &&
             (nType != NTI_FUNC || pTyped->GetKind() != nNoKind))
         {
             // A blank shows nothing, but it has its place in a pair of brackets.

@@ -53,9 +53,9 @@ void CTypedNode::SelectKind()
 
 void CTypedNode::SelectText(int nForm)
 {
-    if (m_saTextOwn[nForm].IsEmpty())
+    if (m_saTextOwn[nForm].GetSize() == 0)
         return;
-    if (!m_saTextFormat[nForm].IsEmpty())
+    if (m_saTextFormat[nForm].GetSize() != 0)
         m_strTextFormat[nForm] = m_saTextFormat[nForm][m_nKind];
     m_strTextOwn[nForm] = m_saTextOwn[nForm][m_nKind];
 }

@@ -197,9 +197,9 @@ TEST_F(CFormulaOutTest, ATreeAndItsFormatGoThroughAnArchive)
     EXPECT_EQ(target.GetTreeFormatPtr()->m_pNumber->m_strFontName, "Arial");
     EXPECT_EQ(target.m_strFormula, "");
 
-    file.SetLength(file.GetLength() - 1);
-    file.SeekToBegin();
-    CArchive ar(&file, CArchive::load);
+    std::vector<BYTE> bytes(file.GetData(), file.GetData() + file.GetLength() - 1);
+    CMemFile cut(bytes.data(), static_cast<UINT>(bytes.size()));
+    CArchive ar(&cut, CArchive::load);
     try
     {
         target.SaveTree(ar);

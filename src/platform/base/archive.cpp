@@ -17,6 +17,46 @@ constexpr UINT nSmallestBuffer = 128;
 
 // A length in a damaged file may be anything: memory is taken as the bytes really come.
 constexpr UINT nTextPiece = 16384;
+
+// The length in front of a text: one byte below 255, 0xFF and two bytes below 0xFFFE, 0xFF, 0xFFFF
+// and four bytes above. 0xFF, 0xFFFE in front of such a length marks two bytes a character.
+void WriteTextLength(CArchive& ar, UINT nLength)
+{
+    if (nLength < nWordFollows)
+        ar << static_cast<BYTE>(nLength);
+    else if (nLength < nTwoByteMark)
+        ar << nWordFollows << static_cast<WORD>(nLength);
+    else
+        ar << nWordFollows << nLongFollows << static_cast<DWORD>(nLength);
+}
+
+UINT ReadTextLength(CArchive& ar, int& nCharacterSize)
+{
+    nCharacterSize = 1;
+    for (;;)
+    {
+        BYTE nByte = 0;
+        ar >> nByte;
+        if (nByte != nWordFollows)
+            return nByte;
+        WORD nWord = 0;
+        ar >> nWord;
+        if (nWord == nTwoByteMark && nCharacterSize == 1)
+        {
+            nCharacterSize = 2;
+            continue;
+        }
+        if (nWord < nTwoByteMark)
+            return nWord;
+        DWORD nLong = 0;
+        if (nWord == nLongFollows)
+            ar >> nLong;
+        // A second mark, or the announcement of an even longer form, is in no sound file.
+        if (nWord == nTwoByteMark || nLong == UINT_MAX)
+            AfxThrowArchiveLimitException();
+        return nLong;
+    }
+}
 }  // namespace
 
 CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize, void* pBuffer)
@@ -181,7 +221,7 @@ CArchive& CArchive::operator<<(const CString& str)
         m_pCurrent += nLength;
         return *this;
     }
-    AfxWriteStringLength(*this, nLength, FALSE);
+    WriteTextLength(*this, nLength);
     Write(str.GetString(), nLength);
     return *this;
 }
@@ -198,7 +238,7 @@ CArchive& CArchive::operator>>(CString& str)
         return *this;
     }
     int nCharacterSize = 1;
-    const UINT nLength = AfxReadStringLength(*this, nCharacterSize);
+    const UINT nLength = ReadTextLength(*this, nCharacterSize);
     str = nCharacterSize == 1 ? LoadBytes(nLength) : LoadTwoByteText(nLength);
     return *this;
 }
@@ -244,44 +284,4 @@ CString CArchive::LoadTwoByteText(UINT nLength)
         text.Append(szConverted, static_cast<int>(nStep));
     }
     return text;
-}
-
-void AfxWriteStringLength(CArchive& ar, UINT nLength, BOOL bTwoBytes)
-{
-    if (bTwoBytes)
-        ar << nWordFollows << nTwoByteMark;
-    if (nLength < nWordFollows)
-        ar << static_cast<BYTE>(nLength);
-    else if (nLength < nTwoByteMark)
-        ar << nWordFollows << static_cast<WORD>(nLength);
-    else
-        ar << nWordFollows << nLongFollows << static_cast<DWORD>(nLength);
-}
-
-UINT AfxReadStringLength(CArchive& ar, int& nCharacterSize)
-{
-    nCharacterSize = 1;
-    for (;;)
-    {
-        BYTE nByte = 0;
-        ar >> nByte;
-        if (nByte != nWordFollows)
-            return nByte;
-        WORD nWord = 0;
-        ar >> nWord;
-        if (nWord == nTwoByteMark && nCharacterSize == 1)
-        {
-            nCharacterSize = 2;
-            continue;
-        }
-        if (nWord < nTwoByteMark)
-            return nWord;
-        DWORD nLong = 0;
-        if (nWord == nLongFollows)
-            ar >> nLong;
-        // A second mark, or the announcement of an even longer form, is in no sound file.
-        if (nWord == nTwoByteMark || nLong == UINT_MAX)
-            AfxThrowArchiveLimitException();
-        return nLong;
-    }
 }

@@ -36,7 +36,6 @@ public:
 
     BOOL IsLoading() const { return (m_nMode & load) != 0; }
     BOOL IsStoring() const { return (m_nMode & load) == 0; }
-    CFile* GetFile() const { return m_pFile; }
 
     // The number of bytes read, fewer than nCount at the end of the file only.
     UINT Read(void* pBuffer, UINT nCount);
@@ -125,8 +124,3 @@ private:
     BYTE* m_pEnd;  // storing: of the buffer; loading: of what was read into it
     UINT m_nBufferSize;
 };
-
-// The length in front of a text: one byte below 255, 0xFF and two bytes below 0xFFFE, 0xFF, 0xFFFF
-// and four bytes above. 0xFF, 0xFFFE in front of such a length marks two bytes a character.
-void AfxWriteStringLength(CArchive& ar, UINT nLength, BOOL bTwoBytes);
-UINT AfxReadStringLength(CArchive& ar, int& nCharacterSize);

@@ -2,10 +2,12 @@
 // position outside raises CInvalidArgException, missing memory CMemoryException.
 #pragma once
 
+#include <functional>
+#include <list>
 #include <new>
 #include <stdexcept>
 #include <type_traits>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/base/cstring.h"
@@ -35,8 +37,6 @@ public:
     {
         return m_pBuffer != nullptr ? static_cast<INT_PTR>(m_pBuffer->items.size()) : 0;
     }
-    INT_PTR GetCount() const { return GetSize(); }
-    BOOL IsEmpty() const { return GetSize() == 0; }
 
     const CString& GetAt(INT_PTR nIndex) const
     {
@@ -72,6 +72,24 @@ private:
     CBuffer* m_pBuffer = nullptr;  // null: empty
 };
 
+// Calls what may ask the standard library for memory; missing memory is a platform exception.
+template <class F>
+decltype(auto) AfxWithMemory(F&& step)
+{
+    try
+    {
+        return step();
+    }
+    catch (const std::bad_alloc&)
+    {
+        AfxThrowMemoryException();
+    }
+    catch (const std::length_error&)
+    {
+        AfxThrowMemoryException();
+    }
+}
+
 // Array of any type, elements passed as ARG_TYPE. RemoveAll keeps the memory for the next use.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject
@@ -80,177 +98,105 @@ public:
     CArray() = default;
 
     INT_PTR GetSize() const { return static_cast<INT_PTR>(m_items.size()); }
-    INT_PTR GetCount() const { return GetSize(); }
-    BOOL IsEmpty() const { return m_items.empty(); }
-    void SetSize(INT_PTR nNewSize, INT_PTR nGrowBy = -1)
-    {
-        static_cast<void>(nGrowBy);
-        Require(nNewSize >= 0);
-        Guard([&] { m_items.resize(static_cast<std::size_t>(nNewSize)); });
-    }
     void RemoveAll() { m_items.clear(); }
 
-    const TYPE& GetAt(INT_PTR nIndex) const { return m_items[Index(nIndex)]; }
-    TYPE& GetAt(INT_PTR nIndex) { return m_items[Index(nIndex)]; }
     const TYPE& operator[](INT_PTR nIndex) const { return m_items[Index(nIndex)]; }
     TYPE& operator[](INT_PTR nIndex) { return m_items[Index(nIndex)]; }
-    const TYPE* GetData() const { return m_items.data(); }
-    TYPE* GetData() { return m_items.data(); }
 
-    void SetAt(INT_PTR nIndex, ARG_TYPE element) { m_items[Index(nIndex)] = element; }
     INT_PTR Add(ARG_TYPE element)
     {
-        Guard([&] { m_items.push_back(element); });
+        AfxWithMemory([&] { m_items.push_back(element); });
         return GetSize() - 1;
     }
 
 private:
     static_assert(!std::is_same_v<TYPE, bool>, "the elements must have addresses: use BOOL");
 
-    static void Require(bool bCondition)
-    {
-        if (!bCondition)
-            AfxThrowInvalidArgException();
-    }
     std::size_t Index(INT_PTR nIndex) const
     {
-        Require(nIndex >= 0 && nIndex < GetSize());
+        if (nIndex < 0 || nIndex >= GetSize())
+            AfxThrowInvalidArgException();
         return static_cast<std::size_t>(nIndex);
-    }
-    template <class F>
-    static void Guard(F&& step)
-    {
-        try
-        {
-            step();
-        }
-        catch (const std::bad_alloc&)
-        {
-            AfxThrowMemoryException();
-        }
-        catch (const std::length_error&)
-        {
-            AfxThrowMemoryException();
-        }
     }
 
     std::vector<TYPE> m_items;
 };
 
-// Doubly linked list of pointers to objects, which it does not own.
+// List of pointers to objects, which it does not own.
 class CObList : public CObject
 {
     DECLARE_DYNAMIC(CObList)
 
 public:
     explicit CObList(INT_PTR nBlockSize = 10);  // kept for callers; elements are single blocks
-    ~CObList() override;
 
-    INT_PTR GetCount() const { return m_nCount; }
-    BOOL IsEmpty() const { return m_nCount == 0; }
+    INT_PTR GetCount() const { return static_cast<INT_PTR>(m_items.size()); }
+    BOOL IsEmpty() const { return m_items.empty(); }
 
-    CObject*& GetHead() { return Node(GetHeadPosition())->pObject; }
-    CObject* GetHead() const { return Node(GetHeadPosition())->pObject; }
-    CObject*& GetTail() { return Node(GetTailPosition())->pObject; }
-    CObject* GetTail() const { return Node(GetTailPosition())->pObject; }
+    CObject* GetHead() const { return Checked().front().pObject; }
     CObject* RemoveHead();
     CObject* RemoveTail();
     POSITION AddHead(CObject* pObject);
-    POSITION AddTail(CObject* pObject);
-    void RemoveAll();
 
-    POSITION GetHeadPosition() const { return m_pHead; }
-    POSITION GetTailPosition() const { return m_pTail; }
+    POSITION GetHeadPosition() const { return Position(m_items.begin()); }
     // The element at the position, which moves on; null behind the last.
-    CObject*& GetNext(POSITION& pos);
     CObject* GetNext(POSITION& pos) const;
-    CObject*& GetPrev(POSITION& pos);
-    CObject* GetPrev(POSITION& pos) const;
 
 private:
-    struct CListNode : AFX_POSITION
+    struct CItem : AFX_POSITION
     {
-        CListNode* pNext;
-        CListNode* pPrev;
+        explicit CItem(CObject* p) : pObject(p) {}
+
         CObject* pObject;
+        std::list<CItem>::const_iterator place;  // where it stands itself
     };
 
-    static CListNode* Node(POSITION pos);  // CInvalidArgException for null
-    POSITION Link(CListNode* pPrev, CListNode* pNext, CObject* pObject);
-    void RemoveAt(POSITION pos);
+    // CInvalidArgException if there is no element.
+    const std::list<CItem>& Checked() const;
+    POSITION Position(std::list<CItem>::const_iterator it) const;
 
-    CListNode* m_pHead = nullptr;
-    CListNode* m_pTail = nullptr;
-    INT_PTR m_nCount = 0;
+    std::list<CItem> m_items;
 };
 
-// Map from text to pointers to objects, which it does not own. Looking up allocates nothing; going
-// through the entries follows the order in which they came in.
+// Map from text to pointers to objects, which it does not own. Looking up allocates nothing.
 class CMapStringToOb : public CObject
 {
     DECLARE_DYNAMIC(CMapStringToOb)
 
 public:
     explicit CMapStringToOb(INT_PTR nBlockSize = 10);  // kept for callers
-    ~CMapStringToOb() override;
 
-    INT_PTR GetCount() const { return m_nCount; }
-    BOOL IsEmpty() const { return m_nCount == 0; }
+    INT_PTR GetCount() const { return static_cast<INT_PTR>(m_items.size()); }
+    BOOL IsEmpty() const { return m_items.empty(); }
 
-    BOOL Lookup(const CString& strKey, CObject*& pValue) const
-    {
-        return Found(FindEntry(strKey), pValue);
-    }
-    BOOL Lookup(const char* pszKey, CObject*& pValue) const
-    {
-        return Found(FindEntry(pszKey), pValue);
-    }
+    BOOL Lookup(const CString& strKey, CObject*& pValue) const { return Found(strKey, pValue); }
+    BOOL Lookup(const char* pszKey, CObject*& pValue) const { return Found(pszKey, pValue); }
     // An unknown key is entered with null.
     CObject*& operator[](const CString& strKey);
-    CObject*& operator[](const char* pszKey);
     void SetAt(const CString& strKey, CObject* pValue) { (*this)[strKey] = pValue; }
-    void RemoveAll();
-
-    POSITION GetStartPosition() const { return m_pFirst; }
-    void GetNextAssoc(POSITION& pos, CString& strKey, CObject*& pValue) const;
 
 private:
-    struct CEntry : AFX_POSITION
+    struct CHash
     {
-        CString strKey;
-        unsigned nHash;
-        CObject* pValue = nullptr;
-        CEntry* pNextInBucket = nullptr;
-        CEntry* pNext = nullptr;
-        CEntry* pPrev = nullptr;
+        using is_transparent = void;
+        std::size_t operator()(const CString& str) const { return str.GetHash(); }
+        std::size_t operator()(const char* psz) const
+        {
+            return CString::HashText(psz, std::strlen(psz));
+        }
     };
 
-    static BOOL Found(const CEntry* pEntry, CObject*& pValue)
+    template <class K>
+    BOOL Found(const K& key, CObject*& pValue) const
     {
-        if (pEntry == nullptr)
+        const auto it = m_items.find(key);
+        if (it == m_items.end())
             return FALSE;
-        pValue = pEntry->pValue;
+        pValue = it->second;
         return TRUE;
     }
-    std::size_t Bucket(unsigned nHash) const { return nHash & (m_buckets.size() - 1); }
-    CEntry* FindEntry(const CString& strKey) const
-    {
-        if (m_nCount == 0)
-            return nullptr;
-        const unsigned nHash = strKey.GetHash();
-        CEntry* p = m_buckets[Bucket(nHash)];
-        while (p != nullptr && (p->nHash != nHash || p->strKey != strKey))
-            p = p->pNextInBucket;
-        return p;
-    }
-    CEntry* FindEntry(const char* pszKey) const;
-    CEntry* AddEntry(const CString& strKey);
-    void Rehash(std::size_t nBuckets);
 
-    std::vector<CEntry*> m_buckets;  // a power of two of them; none before the first entry
-    CEntry* m_pFirst = nullptr;
-    CEntry* m_pLast = nullptr;
-    INT_PTR m_nCount = 0;
+    std::unordered_map<CString, CObject*, CHash, std::equal_to<>> m_items;
 };
 
 // A map whose values are all VALUE (a pointer to a class derived from CObject).
@@ -282,14 +228,7 @@ public:
     BOOL Lookup(const KEY& key, VALUE& value) const { return LookupAs(key, value); }
     BOOL Lookup(const char* pszKey, VALUE& value) const { return LookupAs(pszKey, value); }
     CSlot operator[](const KEY& key) { return CSlot(BASE_CLASS::operator[](key)); }
-    CSlot operator[](const char* pszKey) { return CSlot(BASE_CLASS::operator[](pszKey)); }
     void SetAt(const KEY& key, VALUE value) { BASE_CLASS::SetAt(key, value); }
-    void GetNextAssoc(POSITION& pos, KEY& key, VALUE& value) const
-    {
-        CObject* pValue = nullptr;
-        BASE_CLASS::GetNextAssoc(pos, key, pValue);
-        value = static_cast<VALUE>(pValue);
-    }
 
 private:
     template <class K>

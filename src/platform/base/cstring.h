@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <compare>
 #include <cstring>
 #include <string_view>
 #include <type_traits>
@@ -148,7 +149,6 @@ public:
     // text, whatever stands inside.
     CString& TrimLeft();
     CString& TrimRight();
-    CString& Trim() { return TrimRight().TrimLeft(); }
 
     // Index of the first (last) place at or after nStart; -1 if there is none.
     int Find(char ch, int nStart = 0) const;
@@ -185,22 +185,14 @@ public:
     {
         return *a.m_pszText == *b && std::strcmp(a.m_pszText, b) == 0;
     }
-    friend bool operator==(const char* a, const CString& b) { return b == a; }
-    friend bool operator!=(const CString& a, const CString& b) { return !(a == b); }
-    friend bool operator!=(const CString& a, const char* b) { return !(a == b); }
-    friend bool operator!=(const char* a, const CString& b) { return !(b == a); }
-    friend bool operator<(const CString& a, const CString& b) { return a.Compare(b) < 0; }
-    friend bool operator<(const CString& a, const char* b) { return a.Compare(b) < 0; }
-    friend bool operator<(const char* a, const CString& b) { return b.Compare(a) > 0; }
-    friend bool operator>(const CString& a, const CString& b) { return a.Compare(b) > 0; }
-    friend bool operator>(const CString& a, const char* b) { return a.Compare(b) > 0; }
-    friend bool operator>(const char* a, const CString& b) { return b.Compare(a) < 0; }
-    friend bool operator<=(const CString& a, const CString& b) { return a.Compare(b) <= 0; }
-    friend bool operator<=(const CString& a, const char* b) { return a.Compare(b) <= 0; }
-    friend bool operator<=(const char* a, const CString& b) { return b.Compare(a) >= 0; }
-    friend bool operator>=(const CString& a, const CString& b) { return a.Compare(b) >= 0; }
-    friend bool operator>=(const CString& a, const char* b) { return a.Compare(b) >= 0; }
-    friend bool operator>=(const char* a, const CString& b) { return b.Compare(a) <= 0; }
+    friend std::weak_ordering operator<=>(const CString& a, const CString& b)
+    {
+        return a.Compare(b) <=> 0;
+    }
+    friend std::weak_ordering operator<=>(const CString& a, const char* b)
+    {
+        return a.Compare(b) <=> 0;
+    }
 
     friend CString operator+(const CString& a, const CString& b)
     {

@@ -76,13 +76,6 @@ ULONGLONG CFile::Seek(LONGLONG nOffset, UINT nFrom)
     return nPosition;
 }
 
-void CFile::SetLength(ULONGLONG nNewLength)
-{
-    Check(AskFault(fileOpWrite, m_strPath), m_strPath);
-    Check(native_file::SetLength(m_hFile, nNewLength), m_strPath);
-    SeekToEnd();
-}
-
 ULONGLONG CFile::GetLength() const
 {
     ULONGLONG nLength = 0;
@@ -149,7 +142,7 @@ BOOL CMirrorFile::Open(const char* pszPath, UINT nOpenFlags, CFileException* pEr
     bool bReplaceable = false;
     int nError = native_file::FindTarget(pszPath, m_strTarget, bReplaceable);
     const UINT nMirrored = modeCreate | modeWrite;
-    if (nError != 0 || !bReplaceable || (nOpenFlags & (nMirrored | modeNoTruncate)) != nMirrored)
+    if (nError != 0 || !bReplaceable || (nOpenFlags & nMirrored) != nMirrored)
     {
         return nError != 0 ? Opened(nError, pszPath, pError)
                            : CFile::Open(pszPath, nOpenFlags, pError);
@@ -223,4 +216,13 @@ LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const B
         pError->Delete();
         return lError;
     }
+}
+
+std::vector<BYTE> ReadRest(CFile& file)
+{
+    std::vector<BYTE> bytes;
+    BYTE aPiece[0x4000];
+    while (const UINT nRead = file.Read(aPiece, sizeof aPiece))
+        bytes.insert(bytes.end(), aPiece, aPiece + nRead);
+    return bytes;
 }

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <span>
+#include <vector>
 
 #include "platform/base/cstring.h"
 #include "platform/base/object.h"
@@ -37,15 +38,11 @@ public:
         modeRead = 0x0000,
         modeWrite = 0x0001,
         modeReadWrite = 0x0002,
-        shareCompat = 0x0000,
         shareExclusive = 0x0010,
         shareDenyWrite = 0x0020,
         shareDenyRead = 0x0030,
         shareDenyNone = 0x0040,
-        modeNoInherit = 0x0080,
-        modeCreate = 0x1000,
-        modeNoTruncate = 0x2000,
-        typeBinary = 0x8000
+        modeCreate = 0x1000
     };
     enum SeekPosition
     {
@@ -64,7 +61,6 @@ public:
 
     virtual ULONGLONG GetPosition() const;
     virtual ULONGLONG Seek(LONGLONG nOffset, UINT nFrom);
-    virtual void SetLength(ULONGLONG nNewLength);
     virtual ULONGLONG GetLength() const;
 
     // The number of bytes read, fewer than nCount at the end only.
@@ -76,7 +72,6 @@ public:
     virtual void Abort();
 
     void SeekToBegin() { Seek(0, begin); }
-    ULONGLONG SeekToEnd() { return Seek(0, end); }
 
     static void Remove(const char* pszPath);
 
@@ -115,6 +110,9 @@ private:
 // the target is then as it was.
 LONG WriteWholeFile(const char* pszPath, std::initializer_list<std::span<const BYTE>> parts);
 
+// The bytes from the file's position to its end.
+std::vector<BYTE> ReadRest(CFile& file);
+
 // A file in memory, which grows in steps of nGrowBytes; with 0 it cannot grow.
 class CMemFile : public CFile
 {
@@ -122,20 +120,13 @@ class CMemFile : public CFile
 
 public:
     explicit CMemFile(UINT nGrowBytes = 1024);
-    // Over the caller's memory, see Attach.
-    CMemFile(BYTE* pBuffer, UINT nBufferSize, UINT nGrowBytes = 0);
+    // Over the caller's memory, which is the content of the file; it cannot grow.
+    CMemFile(BYTE* pBuffer, UINT nBufferSize);
     ~CMemFile() override;
-
-    // The memory stays the caller's if it cannot grow (nGrowBytes 0), and is then the content of
-    // the file; otherwise the file starts empty and the memory must come from malloc.
-    void Attach(BYTE* pBuffer, UINT nBufferSize, UINT nGrowBytes = 0);
-    // The memory, now the caller's (free it with free), null if there is none. The file is empty.
-    BYTE* Detach();
 
     BOOL Open(const char* pszPath, UINT nOpenFlags, CFileException* pError = nullptr) override;
     ULONGLONG GetPosition() const override;
     ULONGLONG Seek(LONGLONG nOffset, UINT nFrom) override;
-    void SetLength(ULONGLONG nNewLength) override;
     ULONGLONG GetLength() const override;
     UINT Read(void* pBuffer, UINT nCount) override;
     void Write(const void* pBuffer, UINT nCount) override;
@@ -175,8 +166,6 @@ public:
     // The block, unlocked, now the caller's; null if nothing was written. Its size is what was
     // allocated, the content's length must be asked for before.
     HGLOBAL Detach();
-    // Takes over a block with its whole content.
-    void SetHandle(HGLOBAL hMemory, BOOL bAllowGrow = TRUE);
 
 protected:
     BYTE* Alloc(SIZE_T nBytes) override;

@@ -21,8 +21,6 @@ public:
     constexpr CSize(int nWidth, int nHeight) : SIZE{ nWidth, nHeight } {}
     constexpr CSize(const SIZE& size) : SIZE(size) {}
 
-    constexpr void SetSize(int nWidth, int nHeight) { *this = CSize(nWidth, nHeight); }
-
     friend constexpr bool operator==(const CSize& a, const CSize& b)
     {
         return a.cx == b.cx && a.cy == b.cy;
@@ -47,7 +45,6 @@ public:
     constexpr CPoint(int nX, int nY) : POINT{ nX, nY } {}
     constexpr CPoint(const POINT& point) : POINT(point) {}
 
-    constexpr void SetPoint(int nX, int nY) { *this = CPoint(nX, nY); }
     constexpr void Offset(int dx, int dy) { *this += CSize(dx, dy); }
 
     friend constexpr bool operator==(const CPoint& a, const CPoint& b)
@@ -92,7 +89,6 @@ public:
     constexpr int Height() const { return WrapSub(bottom, top); }
     constexpr CSize Size() const { return { Width(), Height() }; }
     constexpr CPoint TopLeft() const { return { left, top }; }
-    constexpr CPoint BottomRight() const { return { right, bottom }; }
     // The halves are rounded towards zero.
     constexpr CPoint CenterPoint() const
     {
@@ -101,16 +97,12 @@ public:
 
     // An inverted rectangle is empty too.
     constexpr BOOL IsRectEmpty() const { return right <= left || bottom <= top; }
-    constexpr BOOL IsRectNull() const { return *this == CRect(); }
-    constexpr BOOL EqualRect(const RECT* pRect) const { return *this == CRect(pRect); }
     constexpr BOOL PtInRect(POINT point) const
     {
         return left <= point.x && point.x < right && top <= point.y && point.y < bottom;
     }
 
-    constexpr void SetRect(int l, int t, int r, int b) { *this = CRect(l, t, r, b); }
     constexpr void SetRectEmpty() { *this = CRect(); }
-    constexpr void CopyRect(const RECT* pRect) { *this = CRect(pRect); }
 
     constexpr void OffsetRect(int dx, int dy)
     {

@@ -1,13 +1,20 @@
 // The pool of immortal texts: each is kept once, in blocks that are never freed.
-#include <cstdlib>
+#include <algorithm>
+#include <memory_resource>
 #include <mutex>
 #include <new>
-#include <unordered_map>
+#include <unordered_set>
 
 #include "platform/base/cstring.h"
 
 namespace
 {
+// Up to the first NUL, as CString::GetHash tells.
+unsigned HashOf(std::string_view text)
+{
+    return CString::HashText(text.data(), std::min(text.find('\0'), text.size()));
+}
+
 class CImmortalPool
 {
 public:
@@ -15,44 +22,29 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         const auto it = m_texts.find(text);
-        return it != m_texts.end() ? it->second : Add(text);
+        return it != m_texts.end() ? it->data() : Add(text);
     }
 
 private:
-    static constexpr std::size_t s_nBlock = 4096;
+    struct CHash
+    {
+        std::size_t operator()(std::string_view text) const { return HashOf(text); }
+    };
 
     const char* Add(std::string_view text)
     {
-        const std::size_t nBytes =
-            (sizeof(CStringData) + text.size() + 1 + alignof(CStringData) - 1) &
-            ~(alignof(CStringData) - 1);
-        if (nBytes > m_nLeft)
-        {
-            const std::size_t nBlock = nBytes > s_nBlock ? nBytes : s_nBlock;
-            m_pNext = static_cast<char*>(std::malloc(nBlock));
-            if (m_pNext == nullptr)
-            {
-                m_nLeft = 0;
-                AfxThrowMemoryException();
-            }
-            m_nLeft = nBlock;
-        }
-        const unsigned nHash = CString::HashText(
-            text.data(), text.find('\0') < text.size() ? text.find('\0') : text.size());
         const int nLength = static_cast<int>(text.size());
-        auto* pData = ::new (m_pNext) CStringData{ -1, nLength, nLength, nHash };
-        text.copy(pData->Text(), text.size());
-        pData->Text()[text.size()] = '\0';
-        m_texts.emplace(std::string_view(pData->Text(), text.size()), pData->Text());
-        m_pNext += nBytes;
-        m_nLeft -= nBytes;
+        void* pPlace =
+            m_memory.allocate(sizeof(CStringData) + text.size() + 1, alignof(CStringData));
+        auto* pData = ::new (pPlace) CStringData{ -1, nLength, nLength, HashOf(text) };
+        pData->Text()[text.copy(pData->Text(), text.size())] = '\0';
+        m_texts.emplace(pData->Text(), text.size());
         return pData->Text();
     }
 
     std::mutex m_mutex;
-    std::unordered_map<std::string_view, const char*> m_texts;
-    char* m_pNext = nullptr;
-    std::size_t m_nLeft = 0;
+    std::pmr::monotonic_buffer_resource m_memory{ 4096 };
+    std::pmr::unordered_set<std::string_view, CHash> m_texts{ &m_memory };
 };
 }  // namespace
 

@@ -16,31 +16,18 @@ IMPLEMENT_DYNAMIC(CSharedFile, CMemFile)
 
 CMemFile::CMemFile(UINT nGrowBytes) : m_nGrowBytes(nGrowBytes) {}
 
-CMemFile::CMemFile(BYTE* pBuffer, UINT nBufferSize, UINT nGrowBytes) : m_nGrowBytes(nGrowBytes)
+CMemFile::CMemFile(BYTE* pBuffer, UINT nBufferSize)
+    : m_nGrowBytes(0),
+      m_nBufferSize(nBufferSize),
+      m_nFileSize(nBufferSize),
+      m_pBuffer(pBuffer),
+      m_bAutoDelete(FALSE)
 {
-    CMemFile::Attach(pBuffer, nBufferSize, nGrowBytes);
 }
 
 CMemFile::~CMemFile()
 {
     CMemFile::Close();
-}
-
-void CMemFile::Attach(BYTE* pBuffer, UINT nBufferSize, UINT nGrowBytes)
-{
-    Close();
-    m_nGrowBytes = nGrowBytes;
-    m_pBuffer = pBuffer;
-    m_nBufferSize = nBufferSize;
-    m_nFileSize = nGrowBytes == 0 ? nBufferSize : 0;
-    m_bAutoDelete = nGrowBytes != 0;
-}
-
-BYTE* CMemFile::Detach()
-{
-    BYTE* pBuffer = m_pBuffer;
-    Reset();
-    return pBuffer;
 }
 
 void CMemFile::Reset()
@@ -70,14 +57,6 @@ ULONGLONG CMemFile::Seek(LONGLONG nOffset, UINT nFrom)
         AfxThrowFileException(CFileException::badSeek, EINVAL);
     m_nPosition = static_cast<ULONGLONG>(nPosition);
     return m_nPosition;
-}
-
-void CMemFile::SetLength(ULONGLONG nNewLength)
-{
-    GrowFile(nNewLength);
-    ClearUpTo(nNewLength);
-    m_nFileSize = static_cast<SIZE_T>(nNewLength);
-    m_nPosition = std::min<ULONGLONG>(m_nPosition, m_nFileSize);
 }
 
 ULONGLONG CMemFile::GetLength() const
@@ -181,19 +160,6 @@ HGLOBAL CSharedFile::Detach()
     }
     Reset();
     return hMemory;
-}
-
-void CSharedFile::SetHandle(HGLOBAL hMemory, BOOL bAllowGrow)
-{
-    if (hMemory == nullptr)
-        AfxThrowInvalidArgException();
-    Close();
-    m_hMemory = hMemory;
-    m_pBuffer = static_cast<BYTE*>(GlobalLock(hMemory));
-    m_nBufferSize = GlobalSize(hMemory);
-    m_nFileSize = m_nBufferSize;
-    if (!bAllowGrow)
-        m_nGrowBytes = 0;
 }
 
 BYTE* CSharedFile::Alloc(SIZE_T nBytes)

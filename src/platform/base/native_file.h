@@ -11,7 +11,6 @@ int Open(const char* pszPath, UINT nOpenFlags, INT_PTR& hFile);
 int Read(INT_PTR hFile, void* pBuffer, UINT nCount, UINT& nRead);
 int Write(INT_PTR hFile, const void* pBuffer, UINT nCount);  // all of it
 int Seek(INT_PTR hFile, LONGLONG nOffset, UINT nFrom, ULONGLONG& nPosition);
-int SetLength(INT_PTR hFile, ULONGLONG nLength);
 int GetLength(INT_PTR hFile, ULONGLONG& nLength);
 int Close(INT_PTR hFile);
 int Remove(const char* pszPath);

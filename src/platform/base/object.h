@@ -8,7 +8,6 @@
 #include "platform/base/types.h"
 
 class CArchive;
-class CDumpContext;
 class CObject;
 
 // Debug builds stop at a false condition; release builds do not evaluate it.
@@ -57,9 +56,6 @@ public:
 
     // Stores or loads the object, as the archive is set. The base has nothing to store.
     virtual void Serialize(CArchive& ar);
-
-    virtual void AssertValid() const;
-    virtual void Dump(CDumpContext& dc) const;
 
     CObject(const CObject&) = delete;
     CObject& operator=(const CObject&) = delete;

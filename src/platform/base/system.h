@@ -46,9 +46,7 @@ BOOL GetVersionExA(OSVERSIONINFOA* pInfo);
 constexpr UINT GMEM_FIXED = 0x0000;
 constexpr UINT GMEM_MOVEABLE = 0x0002;
 constexpr UINT GMEM_ZEROINIT = 0x0040;
-constexpr UINT GMEM_MODIFY = 0x0080;
 constexpr UINT GMEM_DDESHARE = 0x2000;
-constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
 // Blocks of memory with a handle. That of a fixed block is its address, a moveable one has an
 // address while it is locked. Null is the answer to a failure.

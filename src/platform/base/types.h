@@ -24,7 +24,6 @@ using INT = int;
 using BOOL = int;
 using LONG = std::int32_t;  // 32 bits, as on Windows: files hold it
 using ULONG = std::uint32_t;
-using SHORT = std::int16_t;
 using CHAR = char;
 using FLOAT = float;
 using LONGLONG = std::int64_t;
@@ -33,7 +32,6 @@ using COLORREF = DWORD;  // 0x00BBGGRR
 using LPSTR = char*;
 using LPCSTR = const char*;
 using LPVOID = void*;
-using LPCVOID = const void*;
 using LPARAM = std::intptr_t;
 using WPARAM = std::uintptr_t;
 using LRESULT = std::intptr_t;
@@ -94,7 +92,6 @@ struct RECT
 using LPRECT = RECT*;
 using LPCRECT = const RECT*;
 using LPPOINT = POINT*;
-using LPSIZE = SIZE*;
 
 constexpr int LF_FACESIZE = 32;
 

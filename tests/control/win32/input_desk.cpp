@@ -175,7 +175,7 @@ CPoint CInputDialog::PlaceOf(const std::string& strWord)
     CRect rect;
     (strWord == "free" ? static_cast<CWnd&>(m_First) : *this).GetWindowRect(&rect);
     if (strWord == "off" || strWord == "free")
-        return rect.BottomRight() - CSize(15, 15);
+        return CPoint(rect.right, rect.bottom) - CSize(15, 15);
     if (strWord[0] == '$')
         return m_spots.at(std::stoul(strWord.substr(1)));
     const bool bBelow = strWord.back() == '+';

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <memory>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/base/exception.h"
@@ -76,50 +76,36 @@ CString LoadText(std::string_view bytes, ULONGLONG* pnPosition = nullptr)
 
 TEST(Archive, NumbersAreLittleEndian)
 {
-    constexpr auto bytes =
-        "\x81"
-        "\x34\x12"
-        "\xFE\xFF"
-        "\x78\x56\x34\x12"
-        "\xFF\xFF\xFF\xFF"
-        "\xEF\xCD\xAB\x89\x67\x45\x23\x01"
-        "\x01"
-        "\x00\x00\xC0\x3F"
-        "\x00\x00\x00\x00\x00\x00\x04\xC0"
-        "z"sv;
-    ExpectStored(bytes,
+    const auto expect = [](auto value, std::string_view bytes)
+    {
+        ExpectStored(bytes, [=](CArchive& ar) { ar << value; });
+        CBytesFile file(bytes);
+        CArchive ar(&file, CArchive::load);
+        decltype(value) read{};
+        ar >> read;
+        EXPECT_EQ(read, value);
+        EXPECT_EQ(CauseOf([&] { ar >> read; }), CArchiveException::endOfFile);
+    };
+    expect(static_cast<BYTE>(0x81), "\x81"sv);
+    expect(static_cast<WORD>(0x1234), "\x34\x12"sv);
+    expect(static_cast<short>(-2), "\xFE\xFF"sv);
+    expect(static_cast<DWORD>(0x12345678), "\x78\x56\x34\x12"sv);
+    expect(-1, "\xFF\xFF\xFF\xFF"sv);
+    expect(static_cast<ULONGLONG>(0x0123456789ABCDEF), "\xEF\xCD\xAB\x89\x67\x45\x23\x01"sv);
+    expect(true, "\x01"sv);
+    expect(1.5F, "\x00\x00\xC0\x3F"sv);
+    expect(-2.5, "\x00\x00\x00\x00\x00\x00\x04\xC0"sv);
+    expect('z', "z"sv);
+    // The buffer ends inside of a number.
+    std::string mixed;
+    for (int i = 0; i < 60; ++i)
+        mixed += "abbbb";
+    ExpectStored(mixed,
                  [](CArchive& ar)
                  {
-                     ar << static_cast<BYTE>(0x81) << static_cast<WORD>(0x1234)
-                        << static_cast<short>(-2) << static_cast<DWORD>(0x12345678) << -1
-                        << static_cast<ULONGLONG>(0x0123456789ABCDEF) << true << 1.5F << -2.5
-                        << 'z';
+                     for (int i = 0; i < 60; ++i)
+                         ar << 'a' << 0x62626262;
                  });
-
-    CBytesFile file(bytes);
-    CArchive ar(&file, CArchive::load);
-    BYTE nByte = 0;
-    WORD nWord = 0;
-    short nShort = 0;
-    DWORD nLong = 0;
-    int nInt = 0;
-    ULONGLONG nBig = 0;
-    bool bFlag = false;
-    float fNumber = 0;
-    double dNumber = 0;
-    char ch = 0;
-    ar >> nByte >> nWord >> nShort >> nLong >> nInt >> nBig >> bFlag >> fNumber >> dNumber >> ch;
-    EXPECT_EQ(nByte, 0x81);
-    EXPECT_EQ(nWord, 0x1234);
-    EXPECT_EQ(nShort, -2);
-    EXPECT_EQ(nLong, 0x12345678U);
-    EXPECT_EQ(nInt, -1);
-    EXPECT_EQ(nBig, 0x0123456789ABCDEFULL);
-    EXPECT_TRUE(bFlag);
-    EXPECT_EQ(fNumber, 1.5F);
-    EXPECT_EQ(dNumber, -2.5);
-    EXPECT_EQ(ch, 'z');
-    EXPECT_EQ(CauseOf([&] { ar >> nByte; }), CArchiveException::endOfFile);
 }
 
 TEST(Archive, TextsHaveThreeFormsOfLength)
@@ -166,48 +152,30 @@ TEST(Archive, TextOfTwoBytesACharacterIsConverted)
     for (int i = 0; i < 300; ++i)
         bytes += std::string("\xE4\0", 2);
     EXPECT_EQ(LoadText(bytes).View(), std::string(300, '\xE4'));
-
-    CMemFile file;
-    CArchive ar(&file, CArchive::store);
-    AfxWriteStringLength(ar, 300, TRUE);
-    ar.Close();
-    EXPECT_EQ(Content(file), "\xFF\xFE\xFF\xFF\x2C\x01"sv);
 }
 
 TEST(Archive, DamagedTextsAreRefused)
 {
     const struct
     {
-        std::string_view bytes;
         int nCause;
+        std::vector<std::string_view> texts;
     } aCases[] = {
-        { ""sv, CArchiveException::endOfFile },
-        { "\x05"
-          "abcd"sv,
-          CArchiveException::endOfFile },
-        { "\xFF"sv, CArchiveException::endOfFile },
-        { "\xFF\x00"sv, CArchiveException::endOfFile },
-        { "\xFF\xFF\xFF\x00\x00"sv, CArchiveException::endOfFile },
-        { "\xFF\xFF\xFF\xFE\xFF\xFF\xFF"
-          "ab"sv,
-          CArchiveException::endOfFile },  // 4 GB announced
-        { "\xFF\xFE\xFF\xFF\xFF\xFF\xFE\xFF\xFF\xFF"
-          "ab"sv,
-          CArchiveException::endOfFile },
-        { "\xFF\xFE\xFF\x02"
-          "a\0b"sv,
-          CArchiveException::endOfFile },
-        { "\xFF\xFF\xFF\xFF\xFF\xFF\xFF"
-          "ab"sv,
-          CArchiveException::badIndex },
-        { "\xFF\xFE\xFF\xFF\xFE\xFF\x01"
-          "a\0"sv,
-          CArchiveException::badIndex },
+        { CArchiveException::endOfFile,
+          { ""sv, "\5abcd"sv, "\xFF"sv, "\xFF\x00"sv, "\xFF\xFF\xFF\x00\x00"sv,
+            "\xFF\xFF\xFF\xFE\xFF\xFF\xFF\x61\x62"sv,  // 4 GB announced
+            "\xFF\xFE\xFF\xFF\xFF\xFF\xFE\xFF\xFF\xFF\x61\x62"sv,
+            "\xFF\xFE\xFF\x02\x61\x00\x62"sv } },
+        { CArchiveException::badIndex,
+          { "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x61\x62"sv, "\xFF\xFE\xFF\xFF\xFE\xFF\x01\x61\x00"sv } },
     };
     for (const auto& c : aCases)
     {
-        EXPECT_EQ(CauseOf([&] { LoadText(c.bytes); }), c.nCause)
-            << ::testing::PrintToString(c.bytes);
+        for (const std::string_view bytes : c.texts)
+        {
+            EXPECT_EQ(CauseOf([&] { LoadText(bytes); }), c.nCause)
+                << ::testing::PrintToString(bytes);
+        }
     }
 }
 
@@ -215,23 +183,62 @@ TEST(Archive, WrongDirectionHasItsCause)
 {
     CBytesFile file("\x01\x02"sv);
     CArchive loading(&file, CArchive::load);
-    BYTE nByte = 0;
-    loading >> nByte;
-    EXPECT_EQ(CauseOf([&] { loading << nByte; }), CArchiveException::readOnly);
-    EXPECT_EQ(CauseOf([&] { loading << CString("x"); }), CArchiveException::readOnly);
-    EXPECT_EQ(CauseOf([&] { loading.Write(&nByte, 1); }), CArchiveException::readOnly);
-    loading >> nByte;
-    EXPECT_EQ(nByte, 2);
-
     CMemFile target;
     CArchive storing(&target, CArchive::store);
-    CString text;
-    EXPECT_EQ(CauseOf([&] { storing >> nByte; }), CArchiveException::writeOnly);
-    EXPECT_EQ(CauseOf([&] { storing >> text; }), CArchiveException::writeOnly);
-    EXPECT_EQ(CauseOf([&] { storing.Read(&nByte, 1); }), CArchiveException::writeOnly);
-    storing.Close();
+    BYTE nByte = 0;
+    CString text("x");
+    loading >> nByte;
+    const std::pair<int, std::function<void()>> aCases[] = {
+        { CArchiveException::readOnly,
+          [&]
+          {
+              loading << nByte;
+          } },
+        { CArchiveException::readOnly,
+          [&]
+          {
+              loading << text;
+          } },
+        { CArchiveException::readOnly,
+          [&]
+          {
+              loading.Write(&nByte, 1);
+          } },
+        { CArchiveException::writeOnly,
+          [&]
+          {
+              storing >> nByte;
+          } },
+        { CArchiveException::writeOnly,
+          [&]
+          {
+              storing >> text;
+          } },
+        { CArchiveException::writeOnly,
+          [&]
+          {
+              storing.Read(&nByte, 1);
+          } },
+        { CArchiveException::none,
+          [&]
+          {
+              loading >> nByte;
+          } },
+        { CArchiveException::none,
+          [&]
+          {
+              storing.Close();
+          } },
+        { CArchiveException::genericException,
+          [&]
+          {
+              storing << nByte;
+          } },
+    };
+    for (const auto& [nCause, step] : aCases)
+        EXPECT_EQ(CauseOf(step), nCause);
+    EXPECT_EQ(nByte, 2);
     EXPECT_EQ(target.GetLength(), 0U);
-    EXPECT_EQ(CauseOf([&] { storing << nByte; }), CArchiveException::genericException);
 }
 
 TEST(Archive, BlocksPassTheBufferInAnySize)
@@ -239,33 +246,32 @@ TEST(Archive, BlocksPassTheBufferInAnySize)
     std::string bytes;
     for (int i = 0; i < 20000; ++i)
         bytes += static_cast<char>(i * 7 + i / 256);
-    const UINT aSizes[] = { 1, 3, 127, 128, 129, 4095, 4096, 4097, 0, 5000, 10 };
+    const auto inPieces = [&](auto step)
+    {
+        const UINT aSizes[] = { 1, 3, 127, 128, 129, 4095, 4096, 4097, 0, 5000, 10 };
+        for (std::size_t nDone = 0, i = 0; nDone < bytes.size(); ++i)
+        {
+            const UINT n = std::min<UINT>(aSizes[i % 11], static_cast<UINT>(bytes.size() - nDone));
+            step(nDone, n);
+            nDone += n;
+        }
+    };
     CMemFile file(1);
     CArchive storing(&file, CArchive::store, 128);
-    for (std::size_t nDone = 0, i = 0; nDone < bytes.size(); ++i)
-    {
-        const UINT n = std::min<UINT>(aSizes[i % 11], static_cast<UINT>(bytes.size() - nDone));
-        storing.Write(bytes.data() + nDone, n);
-        nDone += n;
-    }
+    inPieces([&](std::size_t nPlace, UINT n) { storing.Write(bytes.data() + nPlace, n); });
     storing.Close();
     ASSERT_EQ(Content(file), bytes);
 
     file.SeekToBegin();
     CArchive loading(&file, CArchive::load, 128);
     std::string read(bytes.size(), '\0');
-    for (std::size_t nDone = 0, i = 0; nDone < read.size(); ++i)
-    {
-        const UINT n = std::min<UINT>(aSizes[i % 11], static_cast<UINT>(read.size() - nDone));
-        ASSERT_EQ(loading.Read(read.data() + nDone, n), n);
-        nDone += n;
-    }
+    inPieces([&](std::size_t nPlace, UINT n)
+             { ASSERT_EQ(loading.Read(read.data() + nPlace, n), n); });
     EXPECT_EQ(read, bytes);
-    char ch = 0;
-    EXPECT_EQ(loading.Read(&ch, 1), 0U);
+    char aTail[5];
+    EXPECT_EQ(loading.Read(aTail, 1), 0U);
     loading.Flush();
     file.Seek(-3, CFile::end);
-    char aTail[5];
     EXPECT_EQ(loading.Read(aTail, 5), 3U);
     EXPECT_EQ(CauseOf([&] { loading.EnsureRead(aTail, 1); }), CArchiveException::endOfFile);
 }
@@ -273,26 +279,23 @@ TEST(Archive, BlocksPassTheBufferInAnySize)
 TEST(Archive, EndsWithoutWritingWhenSomethingIsThrown)
 {
     CMemFile file;
-    try
+    const auto store = [&](UINT nMode, bool bThrow)
     {
-        CArchive ar(&file, CArchive::store);
-        ar << 1;
-        throw 7;
-    }
-    catch (int)
-    {
-    }
-    EXPECT_EQ(file.GetLength(), 0U);
-    {
-        CArchive ar(&file, CArchive::store | CArchive::bNoFlushOnDelete);
-        ar << 1;
-    }
-    EXPECT_EQ(file.GetLength(), 0U);
-    {
-        CArchive ar(&file, CArchive::store);
-        ar << 1;
-    }
-    EXPECT_EQ(file.GetLength(), 4U);
+        try
+        {
+            CArchive ar(&file, nMode);
+            ar << 1;
+            if (bThrow)
+                throw 7;
+        }
+        catch (int)
+        {
+        }
+        return file.GetLength();
+    };
+    EXPECT_EQ(store(CArchive::store, true), 0U);
+    EXPECT_EQ(store(CArchive::store | CArchive::bNoFlushOnDelete, false), 0U);
+    EXPECT_EQ(store(CArchive::store, false), 4U);
 
     BYTE aRoom[6];
     CMemFile tight(aRoom, sizeof(aRoom));  // cannot grow

@@ -11,7 +11,6 @@ enum : UINT
 {
     idInBase = 100,
     idInBoth = 101,
-    idPassedOn = 102,
     idRange = 110,
     idGrey = 120,
     idUpdateOnly = 121,
@@ -34,20 +33,14 @@ END_MESSAGE_MAP()
 class CDerived : public CBase
 {
     void OnInBoth() { m_log += "derived"; }
-    BOOL OnPassedOn(UINT nID)
-    {
-        m_log += std::to_string(nID);
-        return FALSE;
-    }
     void OnRange(UINT nID) { m_log += "range" + std::to_string(nID); }
     void OnGrey(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
-    void OnUpdateOnly(CCmdUI* pCmdUI) { pCmdUI->ContinueRouting(); }
+    void OnUpdateOnly(CCmdUI* /*pCmdUI*/) {}
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CDerived, CBase)
 ON_COMMAND(idInBoth, OnInBoth)
 ON_COMMAND(idGrey, OnInBoth)
-ON_COMMAND_EX(idPassedOn, OnPassedOn)
 ON_COMMAND_RANGE(idRange, idRange + 3, OnRange)
 ON_UPDATE_COMMAND_UI(idGrey, OnGrey)
 ON_UPDATE_COMMAND_UI(idUpdateOnly, OnUpdateOnly)
@@ -73,10 +66,13 @@ TEST(CmdTarget, CommandsFindTheFirstRow)
         BOOL bHandled;
         const char* pszLog;
     } aCases[] = {
-        { idInBase, CN_COMMAND, TRUE, "base" },        { idInBoth, CN_COMMAND, TRUE, "derived" },
-        { idPassedOn, CN_COMMAND, FALSE, "102" },      { idRange, CN_COMMAND, TRUE, "range110" },
-        { idRange + 3, CN_COMMAND, TRUE, "range113" }, { idRange + 4, CN_COMMAND, FALSE, "" },
-        { idUnknown, CN_COMMAND, FALSE, "" },          { idInBase, 0x400, FALSE, "" },
+        { idInBase, CN_COMMAND, TRUE, "base" },
+        { idInBoth, CN_COMMAND, TRUE, "derived" },
+        { idRange, CN_COMMAND, TRUE, "range110" },
+        { idRange + 3, CN_COMMAND, TRUE, "range113" },
+        { idRange + 4, CN_COMMAND, FALSE, "" },
+        { idUnknown, CN_COMMAND, FALSE, "" },
+        { idInBase, 0x400, FALSE, "" },
         { idInBase, 0x4E << 16, FALSE, "" },
     };
     for (const auto& row : aCases)
@@ -96,7 +92,7 @@ TEST(CmdTarget, ShowsACommandByItsHandlers)
         int nEnabled;  // without a handler of the command it is not
     } aCases[] = { { idInBoth, FALSE, 1 },
                    { idGrey, TRUE, 0 },
-                   { idUpdateOnly, FALSE, 0 },
+                   { idUpdateOnly, TRUE, 0 },
                    { idUnknown, FALSE, 0 },
                    { 0, TRUE, -1 } };
     for (const auto& row : aCases)

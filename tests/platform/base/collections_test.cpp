@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <stdexcept>
 #include <vector>
 
 #include "platform/base/exception.h"
@@ -11,25 +13,19 @@ namespace
 {
 class CThing : public CObject
 {
-public:
-    int m_nValue = 0;
 };
 
-std::vector<CObject*> Forwards(const CObList& list)
+std::vector<CObject*> InOrder(const CObList& list)
 {
     std::vector<CObject*> result;
     for (POSITION pos = list.GetHeadPosition(); pos != nullptr;)
         result.push_back(list.GetNext(pos));
-    std::vector<CObject*> backwards;
-    for (POSITION pos = list.GetTailPosition(); pos != nullptr;)
-        backwards.insert(backwards.begin(), list.GetPrev(pos));
-    EXPECT_EQ(result, backwards);
     EXPECT_EQ(static_cast<INT_PTR>(result.size()), list.GetCount());
+    EXPECT_EQ(result.empty(), list.IsEmpty());
     return result;
 }
 
 using CObjects = std::vector<CObject*>;
-using CThingMap = CTypedPtrMap<CMapStringToOb, CString, CThing*>;
 }  // namespace
 
 TEST(CStringArray, SharesUntilAChange)
@@ -58,21 +54,34 @@ TEST(CStringArray, SharesUntilAChange)
     EXPECT_TRUE(copy.IsSharedWith(table));
 }
 
-TEST(Arrays, CheckEveryIndex)
+TEST(Containers, RefuseWhatIsNotThere)
 {
     CStringArray texts;
+    EXPECT_THROW(texts.GetAt(0), CInvalidArgException*);
     texts.Add("x");
     EXPECT_THROW(texts.GetAt(1), CInvalidArgException*);
     EXPECT_THROW(texts[-1], CInvalidArgException*);
     EXPECT_THROW(texts.SetAt(1, "y"), CInvalidArgException*);
-    EXPECT_THROW(CStringArray().GetAt(0), CInvalidArgException*);
 
     CArray<int, int> numbers;
     numbers.Add(1);
     EXPECT_THROW(numbers[1], CInvalidArgException*);
-    EXPECT_THROW(numbers.SetAt(-1, 0), CInvalidArgException*);
-    EXPECT_THROW(numbers.SetSize(-1), CInvalidArgException*);
-    EXPECT_THROW(numbers.SetSize(INTPTR_MAX), CMemoryException*);
+    EXPECT_THROW(numbers[-1], CInvalidArgException*);
+
+    CObList list;
+    POSITION pos = nullptr;
+    EXPECT_THROW(list.GetHead(), CInvalidArgException*);
+    EXPECT_THROW(list.RemoveHead(), CInvalidArgException*);
+    EXPECT_THROW(list.RemoveTail(), CInvalidArgException*);
+    EXPECT_THROW(list.GetNext(pos), CInvalidArgException*);
+
+    for (const auto& miss :
+         std::vector<std::function<void()>>{ [] { throw std::bad_alloc(); },
+                                             []
+                                             {
+                                                 throw std::length_error("too long");
+                                             } })
+        EXPECT_THROW(AfxWithMemory(miss), CMemoryException*);
 }
 
 TEST(CArray, KeepsElementsInOrder)
@@ -81,74 +90,57 @@ TEST(CArray, KeepsElementsInOrder)
     EXPECT_EQ(array.Add("a"), 0);
     for (int i = 1; i < 10; ++i)
         EXPECT_EQ(array.Add(array[0]), i);  // the argument lies in the array that grows
-    array.SetAt(9, "z");
-    array.SetSize(11);
+    array[9] = "z";
     EXPECT_EQ(array[8], "a");
-    EXPECT_EQ(array.GetData()[9], "z");
-    EXPECT_TRUE(array[10].IsEmpty());
+    EXPECT_EQ(array[9], "z");
     array.RemoveAll();
-    EXPECT_TRUE(array.IsEmpty());
+    EXPECT_EQ(array.GetSize(), 0);
 }
 
-TEST(CObList, LinksBothWays)
+TEST(CObList, NewestAtTheHead)
 {
     CThing aThings[4];
     CObList list(10);
-    list.AddTail(&aThings[1]);
-    list.AddHead(&aThings[0]);
-    list.AddTail(&aThings[2]);
-    list.AddTail(&aThings[3]);
-    EXPECT_EQ(Forwards(list), (CObjects{ &aThings[0], &aThings[1], &aThings[2], &aThings[3] }));
-    EXPECT_EQ(list.GetHead(), &aThings[0]);
-    EXPECT_EQ(list.RemoveTail(), &aThings[3]);
-    EXPECT_EQ(list.RemoveHead(), &aThings[0]);
-    EXPECT_EQ(Forwards(list), (CObjects{ &aThings[1], &aThings[2] }));
-    list.RemoveAll();
-    EXPECT_EQ(Forwards(list), CObjects{});
-    EXPECT_THROW(list.GetHead(), CInvalidArgException*);
-    EXPECT_THROW(list.RemoveTail(), CInvalidArgException*);
+    EXPECT_EQ(InOrder(list), CObjects{});
+    POSITION first = list.AddHead(&aThings[0]);
+    for (int i = 1; i < 4; ++i)
+        list.AddHead(&aThings[i]);
+    EXPECT_EQ(InOrder(list), (CObjects{ &aThings[3], &aThings[2], &aThings[1], &aThings[0] }));
+    EXPECT_EQ(list.RemoveHead(), &aThings[3]);
+    EXPECT_EQ(list.GetHead(), &aThings[2]);
+    EXPECT_EQ(list.GetNext(first), &aThings[0]);  // a position outlives changes elsewhere
+    EXPECT_EQ(first, nullptr);
+    EXPECT_EQ(list.RemoveTail(), &aThings[0]);
+    EXPECT_EQ(InOrder(list), (CObjects{ &aThings[2], &aThings[1] }));
 }
 
-TEST(CMapStringToOb, AsksAndEnters)
-{
-    CThing a;
-    CThing b;
-    CThingMap map(10);
-    CThing* pFound = &a;
-    EXPECT_FALSE(map.Lookup("NT_PLUS", pFound));
-    EXPECT_EQ(pFound, &a);
-    EXPECT_EQ(static_cast<CThing*>(map["NT_PLUS"]), nullptr);  // enters the unknown key
-    EXPECT_TRUE(map.Lookup(CString("NT_PLUS"), pFound));
-    EXPECT_EQ(pFound, nullptr);
-    map[CString::Immortal("NT_PLUS")] = &a;
-    map.SetAt("NT_MINUS", &b);
-    map["NT_PLUS"]->m_nValue = 7;
-    EXPECT_EQ(a.m_nValue, 7);
-    EXPECT_EQ(map.GetCount(), 2);
-    EXPECT_TRUE(map.Lookup("NT_MINUS", pFound));
-    EXPECT_EQ(pFound, &b);
-}
-
-TEST(CMapStringToOb, FindsAmongThousandsAndGoesThroughInOrder)
+TEST(CMapStringToOb, FindsAmongThousandsByEitherKindOfKey)
 {
     std::vector<CThing> things(3000);
-    CThingMap map;
+    CTypedPtrMap<CMapStringToOb, CString, CThing*> map(10);
     CString key;
+    CThing* pFound = things.data();
+    EXPECT_FALSE(map.Lookup("key1", pFound));
+    EXPECT_EQ(pFound, things.data());
     for (CThing& thing : things)
     {
         key.Format("key%d", &thing - things.data());
-        map[key] = &thing;
+        EXPECT_EQ(static_cast<CThing*>(map[key]), nullptr);  // enters the unknown key
+        EXPECT_TRUE(map.Lookup(key, pFound));
+        EXPECT_EQ(pFound, nullptr);
+        if (key.GetLength() % 2 == 0)
+            map[key] = &thing;
+        else
+            map.SetAt(CString::Immortal(key), &thing);
     }
     EXPECT_EQ(map.GetCount(), 3000);
-    CThing* pExpected = things.data();
-    CThing* pThing = nullptr;
-    for (POSITION pos = map.GetStartPosition(); pos != nullptr; ++pExpected)
+    for (CThing& thing : things)
     {
-        map.GetNextAssoc(pos, key, pThing);
-        ASSERT_EQ(pThing, pExpected);
-        ASSERT_TRUE(map.Lookup(key, pThing));
-        ASSERT_EQ(pThing, pExpected);
+        key.Format("key%d", &thing - things.data());
+        ASSERT_TRUE(map.Lookup(key, pFound));
+        ASSERT_EQ(pFound, &thing);
+        ASSERT_TRUE(map.Lookup(key.GetString(), pFound));
+        ASSERT_EQ(pFound, &thing);
     }
-    map.RemoveAll();
-    EXPECT_FALSE(map.Lookup("key1", pThing));
+    EXPECT_FALSE(map.Lookup("key3000", pFound));
 }

@@ -27,7 +27,7 @@ TEST(CRect, UnionLeavesOutEmptyRectangles)
     for (const auto& c : aCases)
     {
         CRect result(1, 2, 3, 4);
-        EXPECT_EQ(result.UnionRect(&c.first, &c.second), !c.expected.IsRectNull());
+        EXPECT_EQ(result.UnionRect(&c.first, &c.second), c.expected != CRect());
         EXPECT_EQ(result, c.expected);
         CRect own(c.first);
         own.UnionRect(own, &c.second);  // the result may be one of the arguments
@@ -42,19 +42,30 @@ TEST(CRect, IntersectionOfStrangersIsNull)
     EXPECT_TRUE(result.IntersectRect(box, CRect(5, -5, 20, 5)));
     EXPECT_EQ(result, CRect(5, 0, 10, 5));
     EXPECT_FALSE(result.IntersectRect(box, CRect(10, 0, 20, 10)));  // they only touch
-    EXPECT_TRUE(result.IsRectNull());
+    EXPECT_EQ(result, CRect());
     EXPECT_FALSE(result.IntersectRect(box, CRect(8, 8, 2, 2)));
 }
 
 TEST(CRect, HoldsItsLeftAndTopEdgesOnly)
 {
     const CRect box(10, 20, 30, 40);
-    EXPECT_TRUE(box.PtInRect(CPoint(10, 20)));
-    EXPECT_TRUE(box.PtInRect(CPoint(29, 39)));
-    EXPECT_FALSE(box.PtInRect(CPoint(30, 25)));
-    EXPECT_FALSE(box.PtInRect(CPoint(15, 40)));
-    EXPECT_FALSE(CRect(30, 20, 10, 40).PtInRect(CPoint(20, 30)));  // inverted: nothing
-    EXPECT_FALSE(CRect(5, 5, 5, 9).PtInRect(CPoint(5, 5)));
+    const struct
+    {
+        CRect rect;
+        CPoint point;
+        BOOL bInside;
+    } aCases[] = {
+        { box, { 10, 20 }, TRUE },
+        { box, { 29, 39 }, TRUE },
+        { box, { 9, 20 }, FALSE },
+        { box, { 10, 19 }, FALSE },
+        { box, { 30, 25 }, FALSE },
+        { box, { 15, 40 }, FALSE },
+        { { 30, 20, 10, 40 }, { 20, 30 }, FALSE },  // inverted: nothing
+        { { 5, 5, 5, 9 }, { 5, 5 }, FALSE },
+    };
+    for (const auto& c : aCases)
+        EXPECT_EQ(c.rect.PtInRect(c.point), c.bInside) << c.point.x << ' ' << c.point.y;
 }
 
 TEST(CRect, NothingPutsAnInvertedOneRightUnasked)
@@ -66,7 +77,6 @@ TEST(CRect, NothingPutsAnInvertedOneRightUnasked)
     rect.InflateRect(2, 3);
     EXPECT_EQ(rect, CRect(29, 36, 13, 22));
     EXPECT_TRUE(rect.IsRectEmpty());
-    EXPECT_FALSE(rect.IsRectNull());
     rect.NormalizeRect();
     EXPECT_EQ(rect, CRect(13, 22, 29, 36));
     EXPECT_EQ(rect.CenterPoint(), CPoint(21, 29));

@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/base/app.h"
@@ -17,19 +18,26 @@ namespace
 {
 struct CHeard
 {
-    std::vector<std::string> texts;
-    std::vector<unsigned> types;
-    std::vector<unsigned> codePages;
+    std::string text;
+    unsigned nType;
+    unsigned nCodePage;
+
+    bool operator==(const CHeard&) const = default;
 };
 
-int Hear(const char* pszText, unsigned nType, void* pContext)
+// What a handler hears while it lives.
+struct CEar
 {
-    auto* pHeard = static_cast<CHeard*>(pContext);
-    pHeard->texts.emplace_back(pszText);
-    pHeard->types.push_back(nType);
-    pHeard->codePages.push_back(AfxGetMessageCodePage());
-    return 6;
-}
+    CEar() { AfxSetMessageBoxHandler(Hear, this); }
+    ~CEar() { AfxSetMessageBoxHandler(nullptr, nullptr); }
+    static int Hear(const char* pszText, unsigned nType, void* pContext)
+    {
+        static_cast<CEar*>(pContext)->heard.push_back({ pszText, nType, AfxGetMessageCodePage() });
+        return 6;
+    }
+
+    std::vector<CHeard> heard;
+};
 
 class CLoudApp : public CWinApp
 {
@@ -48,12 +56,15 @@ std::string MessageOf(const CException& e, UINT nMax = 256)
 }
 }  // namespace
 
-TEST(UserMessage, GoesThroughTheAppToTheHandler)
+// Through the application to the handler; a path stays what it is beside Chinese words in their own
+// encoding.
+TEST(UserMessage, GoesToTheHandlerWithItsEncoding)
 {
-    CHeard heard;
-    AfxSetMessageBoxHandler(Hear, &heard);
+    const std::string path = "\xD0\xB4\xC3\xA4\xE5\x85\xAC.fml";
+    const CEar ear;
+    UsePathsInUtf8();
     CWinApp* pBefore = AfxGetApp();
-    EXPECT_EQ(AfxMessageBox("one"), 6);
+    EXPECT_EQ(AfxMessageBox("\xCE\xC4\xBC\xFE"), 6);
     {
         CLoudApp app;
         EXPECT_EQ(AfxGetApp(), &app);
@@ -62,45 +73,43 @@ TEST(UserMessage, GoesThroughTheAppToTheHandler)
         CArchiveException(CArchiveException::endOfFile, "x.fml", FALSE).ReportError();
     }
     EXPECT_EQ(AfxGetApp(), pBefore);
-    AfxSetMessageBoxHandler(nullptr, nullptr);
-    EXPECT_EQ(heard.texts, (std::vector<std::string>{ "one", "loud two", "loud three",
-                                                      "loud The archive x.fml ends too early." }));
-    EXPECT_EQ(heard.types, (std::vector<unsigned>{ 0, 0x30, 0x40, 0 }));
-}
-
-// A path stays what it is beside Chinese words in their own encoding.
-TEST(UserMessage, TellsItsEncoding)
-{
-    CHeard heard;
-    AfxSetMessageBoxHandler(Hear, &heard);
-    UsePathsInUtf8();
-    const char szPath[] = "\xD0\xB4\xC3\xA4\xE5\x85\xAC.fml";
-    AfxMessageBox("\xCE\xC4\xBC\xFE");
-    AfxPathMessageBox(szPath);
+    AfxPathMessageBox(path.c_str());
     AfxMessageBox("");
-    CFileException(CFileException::badPath, 0, szPath).ReportError();
-    CArchiveException(CArchiveException::badIndex, szPath, FALSE).ReportError();
-    AfxSystemMessageBox("text", "Error");
+    CFileException(CFileException::badPath, 0, path.c_str()).ReportError();
     EXPECT_EQ(AfxGetMessageCodePage(), 936U);
-    AfxSetMessageBoxHandler(nullptr, nullptr);
-    EXPECT_EQ(heard.texts, (std::vector<std::string>{
-                               "\xCE\xC4\xBC\xFE", szPath, "",
-                               std::string("The path of ") + szPath + " leads nowhere.",
-                               std::string("The archive ") + szPath + " is damaged.", "text" }));
-    EXPECT_EQ(heard.codePages, (std::vector<unsigned>{ 936, 65001, 936, 65001, 65001, 65001 }));
+    EXPECT_EQ(ear.heard, (std::vector<CHeard>{
+                             { "\xCE\xC4\xBC\xFE", 0, 936 },
+                             { "loud two", 0x30, 936 },
+                             { "loud three", 0x40, 65001 },
+                             { "loud The archive x.fml ends too early.", 0, 65001 },
+                             { path, 0, 65001 },
+                             { "", 0, 936 },
+                             { "The path of " + path + " leads nowhere.", 0, 65001 },
+                         }));
 }
 
 TEST(Exceptions, TextsAreCutToTheBuffer)
 {
     const CFileException missing(CFileException::fileNotFound, 2, "a.wmf");
-    EXPECT_EQ(MessageOf(missing), "There is no file a.wmf.");
-    EXPECT_EQ(MessageOf(missing, 10), "There is ");
-    EXPECT_EQ(MessageOf(missing, 1), "");
     const CFileException wide(CFileException::fileNotFound, 2, "\xE5\x85\xAC\xC3\xA4");
-    EXPECT_EQ(MessageOf(wide, 21), "There is no file \xE5\x85\xAC");
-    EXPECT_EQ(MessageOf(wide, 20), "There is no file ");
-    EXPECT_EQ(MessageOf(CFileException(99, 0, "%s%n")), "An operation on %s%n failed.");
-    EXPECT_EQ(MessageOf(CArchiveException(-1)), "An operation on the archive (unnamed) failed.");
+    const CFileException unknown(99, 0, "%s%n");
+    const CArchiveException unnamed(-1);
+    const struct
+    {
+        const CException& exception;
+        UINT nMax;
+        const char* pszText;
+    } aCases[] = {
+        { missing, 256, "There is no file a.wmf." },
+        { missing, 10, "There is " },
+        { missing, 1, "" },
+        { wide, 21, "There is no file \xE5\x85\xAC" },  // no torn character
+        { wide, 20, "There is no file " },
+        { unknown, 256, "An operation on %s%n failed." },
+        { unnamed, 256, "An operation on the archive (unnamed) failed." },
+    };
+    for (const auto& c : aCases)
+        EXPECT_EQ(MessageOf(c.exception, c.nMax), c.pszText);
     char ch = '#';
     EXPECT_FALSE(missing.GetErrorMessage(&ch, 0));
     EXPECT_EQ(ch, '#');
@@ -110,13 +119,15 @@ TEST(Exceptions, TextsAreCutToTheBuffer)
 
 TEST(Exceptions, StaticOnesSurviveDelete)
 {
-    void (*const apfnThrow[])() = { AfxThrowMemoryException, AfxThrowInvalidArgException,
-                                    AfxThrowTextTooLongException, AfxThrowArchiveLimitException };
-    std::vector<std::string> texts;
-    for (const auto pfnThrow : apfnThrow)
+    const std::pair<void (*)(), const char*> aCases[] = {
+        { AfxThrowMemoryException, "There is not enough memory." },
+        { AfxThrowInvalidArgException, "An argument is not valid." },
+        { AfxThrowTextTooLongException, "The text is too long." },
+        { AfxThrowArchiveLimitException, "The archive (unnamed) is damaged." },
+    };
+    for (const auto& [pfnThrow, pszText] : aCases)
     {
-        std::string aTexts[2];
-        for (std::string& text : aTexts)
+        for (int nTime = 0; nTime < 2; ++nTime)
         {
             try
             {
@@ -124,17 +135,11 @@ TEST(Exceptions, StaticOnesSurviveDelete)
             }
             catch (CException* e)
             {
-                text = MessageOf(*e);
+                EXPECT_EQ(MessageOf(*e), pszText);
                 e->Delete();
             }
         }
-        EXPECT_EQ(aTexts[0], aTexts[1]);
-        texts.push_back(aTexts[0]);
     }
-    EXPECT_EQ(
-        texts,
-        (std::vector<std::string>{ "There is not enough memory.", "An argument is not valid.",
-                                   "The text is too long.", "The archive (unnamed) is damaged." }));
 }
 
 TEST(MulDiv, RoundsHalvesAwayFromZero)
@@ -174,13 +179,14 @@ TEST(GlobalMemory, ResizesAsItsFlagsSay)
     EXPECT_EQ(std::memcmp(hFixed, "0123456789", 10), 0);
     EXPECT_EQ(GlobalFree(hFixed), nullptr);
 
-    HGLOBAL hMoveable = GlobalAlloc(GHND, 3);
+    constexpr UINT nFlags = GMEM_MOVEABLE | GMEM_ZEROINIT;
+    HGLOBAL hMoveable = GlobalAlloc(nFlags, 3);
     auto* pBytes = static_cast<BYTE*>(GlobalLock(hMoveable));
     EXPECT_NE(static_cast<void*>(pBytes), hMoveable);
     pBytes[2] = 7;
-    EXPECT_EQ(GlobalReAlloc(hMoveable, 300, GHND), hMoveable);  // locked, but allowed to move
+    EXPECT_EQ(GlobalReAlloc(hMoveable, 300, nFlags), hMoveable);  // locked, but allowed to move
     EXPECT_EQ(GlobalUnlock(hMoveable), FALSE);
-    EXPECT_EQ(GlobalReAlloc(hMoveable, 5000, GHND), hMoveable);
+    EXPECT_EQ(GlobalReAlloc(hMoveable, 5000, nFlags), hMoveable);
     pBytes = static_cast<BYTE*>(GlobalLock(hMoveable));
     EXPECT_EQ(pBytes[2], 7);
     EXPECT_EQ(pBytes[4999], 0);
@@ -214,11 +220,7 @@ TEST(CodePage, EveryByteComesBack)
 
 TEST(CodePage, TellsWhereATextDoesNotConvert)
 {
-    const struct
-    {
-        std::string_view utf8;
-        std::size_t nBad;
-    } aCases[] = {
+    const std::pair<std::string_view, std::size_t> aCases[] = {
         { "ab\xCE\xB1", 2 },                // alpha
         { "\xC3\xA4\xF0\x9F\x98\x80", 2 },  // beyond 16 bits
         { "a\xC3", 1 },                     // ends inside
@@ -229,11 +231,11 @@ TEST(CodePage, TellsWhereATextDoesNotConvert)
         { "\xED\xA0\x80", 0 },              // surrogate
         { "\xF8\x88\x80\x80\x80", 0 },
     };
-    for (const auto& c : aCases)
+    for (const auto& [utf8, nExpected] : aCases)
     {
         std::string text;
         std::size_t nBad = 99;
-        EXPECT_FALSE(Utf8ToWindows1252(c.utf8, &text, &nBad)) << c.nBad;
-        EXPECT_EQ(nBad, c.nBad);
+        EXPECT_FALSE(Utf8ToWindows1252(utf8, &text, &nBad)) << nExpected;
+        EXPECT_EQ(nBad, nExpected);
     }
 }

@@ -5,14 +5,11 @@
 #include <memory>
 
 #include "platform/base/code_page.h"
+#include "platform/base/free_by.h"
 
 namespace
 {
-struct CIconvClose
-{
-    void operator()(void* p) const { iconv_close(p); }
-};
-using CIconv = std::unique_ptr<void, CIconvClose>;
+using CIconv = std::unique_ptr<void, CFreeBy<iconv_close>>;
 
 CIconv OpenConverter()
 {

@@ -56,7 +56,7 @@ int native_file::Open(const char* pszPath, UINT nOpenFlags, INT_PTR& hFile)
             break;
     }
     if ((nOpenFlags & CFile::modeCreate) != 0)
-        nFlags |= O_CREAT | ((nOpenFlags & CFile::modeNoTruncate) != 0 ? 0 : O_TRUNC);
+        nFlags |= O_CREAT | O_TRUNC;
     int fd;
     do
     {
@@ -118,13 +118,6 @@ int native_file::Seek(INT_PTR hFile, LONGLONG nOffset, UINT nFrom, ULONGLONG& nP
     const off_t n = lseek(static_cast<int>(hFile), nOffset, aFrom[nFrom]);
     nPosition = static_cast<ULONGLONG>(n);
     return ErrorOf(n < 0);
-}
-
-int native_file::SetLength(INT_PTR hFile, ULONGLONG nLength)
-{
-    if (nLength > LLONG_MAX)
-        return EFBIG;
-    return ErrorOf(ftruncate(static_cast<int>(hFile), static_cast<off_t>(nLength)) != 0);
 }
 
 int native_file::GetLength(INT_PTR hFile, ULONGLONG& nLength)

@@ -1,3 +1,4 @@
+// Copies of the process, by the hooks of the thread library.
 #include "platform/base/native_fork.h"
 
 #include <pthread.h>

@@ -132,8 +132,8 @@ HGLOBAL GlobalAlloc(UINT nFlags, SIZE_T nBytes)
 
 HGLOBAL GlobalReAlloc(HGLOBAL hMem, SIZE_T nBytes, UINT nFlags)
 {
-    if (hMem == nullptr || (nFlags & GMEM_MODIFY) != 0)
-        return (nFlags & GMEM_MODIFY) != 0 ? hMem : nullptr;  // there are no attributes to change
+    if (hMem == nullptr)
+        return nullptr;
     CBlock* pBlock = BlockOf(hMem);
     if (IsMoveable(hMem))
     {

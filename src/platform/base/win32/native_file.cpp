@@ -39,9 +39,7 @@ DWORD ShareMode(UINT nOpenFlags)
 
 DWORD Disposition(UINT nOpenFlags)
 {
-    if ((nOpenFlags & CFile::modeCreate) == 0)
-        return OPEN_EXISTING;
-    return (nOpenFlags & CFile::modeNoTruncate) != 0 ? OPEN_ALWAYS : CREATE_ALWAYS;
+    return (nOpenFlags & CFile::modeCreate) == 0 ? OPEN_EXISTING : CREATE_ALWAYS;
 }
 
 // A handle that asks and does not touch; a folder has one too.
@@ -157,14 +155,6 @@ int native_file::Seek(INT_PTR hFile, LONGLONG nOffset, UINT nFrom, ULONGLONG& nP
     const BOOL bDone = SetFilePointerEx(HandleOf(hFile), offset, &position, aFrom[nFrom]);
     nPosition = static_cast<ULONGLONG>(position.QuadPart);
     return ErrorOf(bDone);
-}
-
-int native_file::SetLength(INT_PTR hFile, ULONGLONG nLength)
-{
-    FILE_END_OF_FILE_INFO info;
-    info.EndOfFile.QuadPart = static_cast<LONGLONG>(nLength);
-    return ErrorOf(
-        SetFileInformationByHandle(HandleOf(hFile), FileEndOfFileInfo, &info, sizeof(info)));
 }
 
 int native_file::GetLength(INT_PTR hFile, ULONGLONG& nLength)

@@ -60,16 +60,6 @@ struct CSink
             std::rethrow_exception(exception);
     }
 };
-
-// The whole rest of a file; what a damaged length claims is never allocated beforehand.
-std::vector<BYTE> ReadRest(CFile& file)
-{
-    std::vector<BYTE> bytes;
-    BYTE aPiece[0x4000];
-    while (const UINT nRead = file.Read(aPiece, sizeof aPiece))
-        bytes.insert(bytes.end(), aPiece, aPiece + nRead);
-    return bytes;
-}
 }  // namespace
 
 void PackCompoundFile(CFile& file, const char* pszStream, const CMemFile& content)

@@ -4,10 +4,8 @@
 #include "platform/base/exception.h"
 #include "platform/base/win32/com_pointer.h"
 #include "platform/base/win32/wide_text.h"
-#include "platform/doc/compound_check.h"
+#include "platform/doc/win32/compound_check.h"
 #include "platform/doc/win32/memory_bytes.h"
-
-#include <vector>
 
 namespace
 {
@@ -52,16 +50,6 @@ void WriteStorage(ILockBytes* pMemory, const char* pszStream, const CMemFile& co
     Check(stream->Write(content.GetData(), static_cast<ULONG>(content.GetLength()), nullptr));
     Check(stream->Commit(STGC_DEFAULT));
     Check(storage->Commit(STGC_DEFAULT));
-}
-
-// From the file's present position.
-std::vector<BYTE> ReadRest(CFile& file)
-{
-    std::vector<BYTE> bytes;
-    BYTE aPiece[0x4000];
-    while (const UINT nRead = file.Read(aPiece, sizeof aPiece))
-        bytes.insert(bytes.end(), aPiece, aPiece + nRead);
-    return bytes;
 }
 
 bool CopyStream(IStream* pStream, ULONGLONG nMost, CMemFile& content)

@@ -1,5 +1,5 @@
 // The format's structures, followed with limits that come from the file's real size.
-#include "platform/doc/compound_check.h"
+#include "platform/doc/win32/compound_check.h"
 
 #include <algorithm>
 #include <cstdint>
