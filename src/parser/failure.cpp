@@ -1,5 +1,4 @@
 // The words for what stopped a parse or a calculation.
-// The same words stand for both.
 #include "parser/failure.h"
 
 #include <new>

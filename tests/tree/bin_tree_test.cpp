@@ -48,7 +48,7 @@ TEST(NodeFactory, MakesEveryTypeByItsName)
         // What the table says of the class.
         const CNodeType& data = NodeTypeData(static_cast<ENodeType>(i));
         const auto* pTyped = dynamic_cast<const CTypedNode*>(pNode.get());
-        const bool bSigns = pTyped != nullptr && !pTyped->m_saSymbols.IsEmpty();
+        const bool bSigns = pTyped != nullptr && pTyped->m_saSymbols.GetSize() != 0;
         EXPECT_EQ(data.nKinds, bSigns ? KINDS_SIGN : i == NTI_DIVISION ? KINDS_SHAPE : KINDS_NONE);
         CClientDC screen(nullptr);
         pNode->SetSymbol("x");
