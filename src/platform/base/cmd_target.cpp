@@ -60,17 +60,29 @@ BOOL CCmdTarget::CallHandler(const AFX_MSGMAP_ENTRY& entry, UINT nID, void* pExt
         case AfxSigCmd:
             (this->*AfxHandler<AfxSigCmd>(pfn))();
             return TRUE;
+        case AfxSigCmdBool:
+            return (this->*AfxHandler<AfxSigCmdBool>(pfn))();
         case AfxSigCmdId:
             (this->*AfxHandler<AfxSigCmdId>(pfn))(nID);
             return TRUE;
+        case AfxSigCmdIdBool:
+            return (this->*AfxHandler<AfxSigCmdIdBool>(pfn))(nID);
         case AfxSigCmdUI:
-            (this->*AfxHandler<AfxSigCmdUI>(pfn))(static_cast<CCmdUI*>(pExtra));
-            return TRUE;
+        {
+            auto* pCmdUI = static_cast<CCmdUI*>(pExtra);
+            (this->*AfxHandler<AfxSigCmdUI>(pfn))(pCmdUI);
+            const BOOL bDone = !pCmdUI->m_bContinueRouting;
+            pCmdUI->m_bContinueRouting = FALSE;
+            return bDone;
+        }
         case AfxSigNotify:
             (this->*AfxHandler<AfxSigNotify>(pfn))(pNotify->pNMHDR, pNotify->pResult);
             return TRUE;
         case AfxSigNotifyBool:
             return (this->*AfxHandler<AfxSigNotifyBool>(pfn))(pNotify->pNMHDR, pNotify->pResult);
+        case AfxSigNotifyId:
+            (this->*AfxHandler<AfxSigNotifyId>(pfn))(nID, pNotify->pNMHDR, pNotify->pResult);
+            return TRUE;
         default:
             return FALSE;
     }

@@ -43,10 +43,13 @@ enum : UINT_PTR
 {
     AfxSig_end,
     AfxSigCmd,         // void ()
+    AfxSigCmdBool,     // BOOL ()
     AfxSigCmdId,       // void (UINT nID)
+    AfxSigCmdIdBool,   // BOOL (UINT nID)
     AfxSigCmdUI,       // void (CCmdUI*)
     AfxSigNotify,      // void (NMHDR*, LRESULT*)
     AfxSigNotifyBool,  // BOOL (NMHDR*, LRESULT*)
+    AfxSigNotifyId,    // void (UINT nID, NMHDR*, LRESULT*)
     AfxSigWindow,      // the first form of a handler of a window's messages
 };
 
@@ -55,10 +58,13 @@ struct AfxHandlerForm;
 
 // clang-format off
 template <> struct AfxHandlerForm<AfxSigCmd> { using type = void (CCmdTarget::*)(); };
+template <> struct AfxHandlerForm<AfxSigCmdBool> { using type = BOOL (CCmdTarget::*)(); };
 template <> struct AfxHandlerForm<AfxSigCmdId> { using type = void (CCmdTarget::*)(UINT); };
+template <> struct AfxHandlerForm<AfxSigCmdIdBool> { using type = BOOL (CCmdTarget::*)(UINT); };
 template <> struct AfxHandlerForm<AfxSigCmdUI> { using type = void (CCmdTarget::*)(CCmdUI*); };
 template <> struct AfxHandlerForm<AfxSigNotify> { using type = void (CCmdTarget::*)(tagNMHDR*, LRESULT*); };
 template <> struct AfxHandlerForm<AfxSigNotifyBool> { using type = BOOL (CCmdTarget::*)(tagNMHDR*, LRESULT*); };
+template <> struct AfxHandlerForm<AfxSigNotifyId> { using type = void (CCmdTarget::*)(UINT, tagNMHDR*, LRESULT*); };
 // clang-format on
 
 // A handler in a row, and out of it again for the call.
@@ -83,6 +89,7 @@ constexpr int CN_COMMAND = 0;
 constexpr int CN_UPDATE_COMMAND_UI = -1;
 // What rows of commands have as their message.
 constexpr UINT AFX_COMMAND_MESSAGE = 0x111;
+constexpr UINT AFX_NOTIFY_MESSAGE = 0x4E;
 // Added to the message of a control that its own table may answer before its parent's.
 constexpr UINT WM_REFLECT_BASE = 0xBC00;
 
@@ -134,15 +141,17 @@ public:
     virtual void SetRadio(BOOL bOn = TRUE);
     virtual void SetText(const char* pszText);
     // For a handler that leaves the answer to the next target.
+    void ContinueRouting() { m_bContinueRouting = TRUE; }
 
     // Asks the handler of m_nID. Where none has said whether it is enabled and
     // bDisableIfNoHandler is set, it is when the command itself has a handler.
     BOOL DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
 
     UINT m_nID = 0;
-    UINT m_nIndex = 0;              // of the item in its menu
-    UINT m_nIndexMax = 0;           // number of items
-    BOOL m_bEnableChanged = FALSE;  // Enable was called
+    UINT m_nIndex = 0;                // of the item in its menu
+    UINT m_nIndexMax = 0;             // number of items
+    BOOL m_bEnableChanged = FALSE;    // Enable was called
+    BOOL m_bContinueRouting = FALSE;  // ContinueRouting was called
 };
 
 #define DECLARE_MESSAGE_MAP()                                      \
@@ -182,6 +191,8 @@ protected:                                                         \
 
 #define ON_COMMAND(nID, pfn) \
     AFX_MESSAGE_ROW(AFX_COMMAND_MESSAGE, CN_COMMAND, nID, nID, AfxSigCmd, pfn)
+#define ON_COMMAND_EX(nID, pfn) \
+    AFX_MESSAGE_ROW(AFX_COMMAND_MESSAGE, CN_COMMAND, nID, nID, AfxSigCmdIdBool, pfn)
 #define ON_COMMAND_RANGE(nID, nLastID, pfn) \
     AFX_MESSAGE_ROW(AFX_COMMAND_MESSAGE, CN_COMMAND, nID, nLastID, AfxSigCmdId, pfn)
 #define ON_UPDATE_COMMAND_UI(nID, pfn) ON_UPDATE_COMMAND_UI_RANGE(nID, nID, pfn)
