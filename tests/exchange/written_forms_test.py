@@ -124,6 +124,11 @@ def check_mathml(rows):
             sys.exit(f"{source}\n{mathml}\n{error!r}")
 
 
+def data_lines(path):
+    return [line for line in path.read_text(encoding="utf-8").splitlines()
+            if line and not re.match("#( |$)", line)]
+
+
 def symbol_characters(metrics, table):
     """The characters of the face "Symbol" by code."""
     own = {glyph: sign for sign, (_, _, glyphs) in table.items() for glyph in glyphs.split()}
@@ -153,9 +158,8 @@ def words_of(sign, words, symbol):
 def check_signs(data, metrics, rows):
     """The signs of every code: Windows-1252, and the face "Symbol"."""
     table = {}
-    for line in (data / "signs.txt").read_text(encoding="utf-8").splitlines():
-        if line and line[:2] != "# ":
-            table[line[0]] = (line[1:].strip().split("  ") + ["-", "-"])[:3]
+    for line in data_lines(data / "signs.txt"):
+        table[line[0]] = (line[1:].strip().split("  ") + ["-", "-"])[:3]
     symbols = symbol_characters(metrics, table)
     reader = LatexNodes2Text(math_mode="text")
     for place, (source, mathml, latex, words) in enumerate(rows):
@@ -182,8 +186,7 @@ def check_signs(data, metrics, rows):
 
 def check_forms(data, forms):
     """The forms that are written down."""
-    lines = (data / "written_forms.txt").read_text(encoding="utf-8").splitlines()
-    lines = [line for line in lines if line and line[:2] != "# "]
+    lines = data_lines(data / "written_forms.txt")
     cases = list(zip(lines[::4], lines[1::4], lines[2::4], lines[3::4]))
     for what in ("text", "sketch"):
         expected = [case for case in cases if (re.match(r"\([A-Z]{2}", case[0]) is not None)
@@ -193,6 +196,28 @@ def check_forms(data, forms):
             mathml = re.fullmatch("<math [^>]*>(.*)</math>", row[1])[1]
             if case[2:] != row[2:] or case[1] not in ("-", mathml):
                 sys.exit("\n".join((*case, "is", mathml, *row[2:])))
+
+
+def check_groups(data, forms):
+    """Every form in every place: it is a group where it holds less firmly than the place needs."""
+    groups = {"mathml": (0, "<mrow>%s</mrow>"), "latex": (1, "{%s}"), "words": (2, "the quantity %s")}
+    ranks = ["any", "list", "sum", "term", "prefix", "power", "closed", "leaf"]
+    places, operands = {}, {}  # by dialect: what is needed, what a form is
+    for line in data_lines(data / "groups.txt"):
+        dialect, rank, what, *sketches = line.split("; ")
+        of_dialect = (places if what == "needs" else operands).setdefault(dialect, {})
+        of_dialect.update(dict.fromkeys(sketches, ranks.index(rank)))
+    every = list(operands["words"])
+    pairs = [(place, operand) for place in ["%", *places["words"]] for operand in every]
+    sources = [place.replace("%", operand).encode("cp1252") for place, operand in pairs]
+    written = {pair: row[1:] for pair, row in zip(pairs, forms.of_sources("sketch", sources))}
+    for dialect, (column, group) in groups.items():
+        for place, needed in places[dialect].items():
+            for operand in every:
+                alone = re.sub("</?math[^>]*>", "", written["%", operand][column])
+                row = written[place, operand][column]
+                if (group % alone in row) != (operands[dialect][operand] < needed):
+                    sys.exit(f"{operand} in {place} is {row}")
 
 
 def check_pdflatex(program, rows):
@@ -230,6 +255,7 @@ def main():
         check_mathml(rows)
         check_signs(forms.data, pathlib.Path(options.metrics), forms.characters())
         check_forms(forms.data, forms)
+        check_groups(forms.data, forms)
         if options.other and Forms(Program(options.other), options.data).all(1000) != rows:
             sys.exit("the systems write different forms")
     if options.pdflatex:
