@@ -4,8 +4,9 @@
     written_forms_test.py --forms PROGRAM --data FOLDER CHECK [--runner COMMAND]
 
 CHECK is one of
-    --mathml              MathML is that of MathML Core; with --other PROGRAM_OF_THE_OTHER_SYSTEM
-                          both systems write the same
+    --mathml              MathML is that of MathML Core, signs are those of the faces (--metrics: of
+                          one drawn like "Symbol"), forms those of the data; with --other PROGRAM_OF_THE_OTHER_SYSTEM both systems write
+                          the same
     --pdflatex PROGRAM    LaTeX compiles
     --katex FOLDER        KaTeX (katex.js there, run by node) takes it
 """
@@ -16,7 +17,11 @@ import re
 import subprocess
 import sys
 import tempfile
+import unicodedata
 import xml.etree.ElementTree as ElementTree
+
+from fontTools import agl
+from pylatexenc.latex2text import LatexNodes2Text
 
 from run_program import Program
 
@@ -74,13 +79,16 @@ class Forms:
         return [tuple(part.decode(errors="replace") for part in line.split(b"\t"))
                 for line in self.program.run(*words).split(b"\n")[:-1]]
 
-    def characters(self):
-        """Two rows for each code, one of them Greek."""
+    def of_sources(self, what, sources):
         with tempfile.TemporaryDirectory() as work:
-            path = pathlib.Path(work, "characters.txt")
-            path.write_bytes(b"".join(b"str(\\%b)+str(a\\%b)\ngreek str(\\%b)\n" % (c, c, c)
-                                      for c in CODES))
-            return self.rows("text", path)
+            path = pathlib.Path(work, "sources.txt")
+            path.write_bytes(b"".join(source + b"\n" for source in sources))
+            return self.rows(what, path)
+
+    def characters(self):
+        """Three rows for each code: alone, behind a letter, Greek."""
+        return self.of_sources("text", [form % code for code in CODES for form in
+                                        (b"str(\\%b)", b"str(a\\%b)", b"greek str(\\%b)")])
 
     def all(self, count):
         return (self.characters() + self.rows("sketch", self.data / "sketches.txt")
@@ -116,13 +124,100 @@ def check_mathml(rows):
             sys.exit(f"{source}\n{mathml}\n{error!r}")
 
 
-def check_characters(rows):
-    """Texts are in Windows-1252; codes that show nothing are told."""
-    for code, (_, mathml, *_) in zip(CODES, rows[::2]):
-        shown = "\uFFFD" if code < b" " or code == b"\x7F" else code.decode("cp1252", "replace")
-        text = "".join(ElementTree.fromstring(mathml).itertext())
-        if code != b" " and text != f"{shown}+a{shown}":
-            sys.exit(f"code {code} is shown as {text}")
+def data_lines(path):
+    return [line for line in path.read_text(encoding="utf-8").splitlines()
+            if line and not re.match("#( |$)", line)]
+
+
+def symbol_characters(metrics, table):
+    """The characters of the face "Symbol" by code."""
+    own = {glyph: sign for sign, (_, _, glyphs) in table.items() for glyph in glyphs.split()}
+    characters = {}
+    for line in metrics.read_text().splitlines():
+        fields = line.split()
+        if fields[:1] == ["C"]:  # C code ; WX width ; N glyph ; ...
+            characters[int(fields[1])] = own.get(fields[7]) or agl.toUnicode(fields[7])
+    return characters
+
+
+def is_letter(character):
+    return unicodedata.category(character) in ("Lu", "Ll", "Lo")
+
+
+def words_of(sign, words, symbol):
+    name = unicodedata.name(sign, "").lower().replace("lamda", "lambda")
+    if words != "-" and (symbol or sign not in "ƒ…™"):
+        return words
+    if sign.isascii() and sign.isalnum():
+        return f"capital {sign.lower()}" if sign.isupper() else sign
+    if re.fullmatch("greek (small|capital) letter .*", name):
+        return re.sub("^greek (small )?|letter ", "", name)
+    return name if symbol or sign.isascii() else sign
+
+
+def check_signs(data, metrics, rows):
+    """The signs of every code: Windows-1252, and the face "Symbol"."""
+    table = {}
+    for line in data_lines(data / "signs.txt"):
+        table[line[0]] = (line[1:].strip().split("  ") + ["-", "-"])[:3]
+    symbols = symbol_characters(metrics, table)
+    reader = LatexNodes2Text(math_mode="text")
+    for place, (source, mathml, latex, words) in enumerate(rows):
+        code, symbol = CODES[place // 3], place % 3 == 2
+        text = code.decode("cp1252", "replace")
+        sign = symbols.get(code[0], "\uFFFD") if symbol else text
+        sign = "\uFFFD" if code < b" " or code == b"\x7F" else sign
+        if place % 3 == 1 or sign.isspace():
+            continue
+        said, written, _ = table.get(sign, ("-", "-", "-"))
+        shown = "".join(ElementTree.fromstring(mathml).itertext())
+        latex = re.fullmatch(r"\\textit\{(.*)\}|(.*)", latex)
+        latex = latex[1] or latex[2]
+        # Either face tells letters by the codes of texts.
+        quoted = "" if is_letter(text) else "the sign "
+        expected = quoted + words_of(sign, said, symbol)
+        if (symbol, code) == (True, b"\xA0"):
+            expected = "the sign unknown"  # the euro has no words there
+        if shown != sign or words != expected:
+            sys.exit(f"code {code}: {shown} instead of {sign}, {words} instead of {expected}")
+        if latex != written and reader.latex_to_text(f"${latex}$") != sign:
+            sys.exit(f"code {code}: {sign} is {latex} in LaTeX")
+
+
+def check_forms(data, forms):
+    """The forms that are written down."""
+    lines = data_lines(data / "written_forms.txt")
+    cases = list(zip(lines[::4], lines[1::4], lines[2::4], lines[3::4]))
+    for what in ("text", "sketch"):
+        expected = [case for case in cases if (re.match(r"\([A-Z]{2}", case[0]) is not None)
+                    == (what == "sketch")]
+        rows = forms.of_sources(what, [case[0].encode("cp1252") for case in expected])
+        for case, row in zip(expected, rows, strict=True):
+            mathml = re.fullmatch("<math [^>]*>(.*)</math>", row[1])[1]
+            if case[2:] != row[2:] or case[1] not in ("-", mathml):
+                sys.exit("\n".join((*case, "is", mathml, *row[2:])))
+
+
+def check_groups(data, forms):
+    """Every form in every place: it is a group where it holds less firmly than the place needs."""
+    groups = {"mathml": (0, "<mrow>%s</mrow>"), "latex": (1, "{%s}"), "words": (2, "the quantity %s")}
+    ranks = ["any", "list", "sum", "term", "prefix", "power", "closed", "leaf"]
+    places, operands = {}, {}  # by dialect: what is needed, what a form is
+    for line in data_lines(data / "groups.txt"):
+        dialect, rank, what, *sketches = line.split("; ")
+        of_dialect = (places if what == "needs" else operands).setdefault(dialect, {})
+        of_dialect.update(dict.fromkeys(sketches, ranks.index(rank)))
+    every = list(operands["words"])
+    pairs = [(place, operand) for place in ["%", *places["words"]] for operand in every]
+    sources = [place.replace("%", operand).encode("cp1252") for place, operand in pairs]
+    written = {pair: row[1:] for pair, row in zip(pairs, forms.of_sources("sketch", sources))}
+    for dialect, (column, group) in groups.items():
+        for place, needed in places[dialect].items():
+            for operand in every:
+                alone = re.sub("</?math[^>]*>", "", written["%", operand][column])
+                row = written[place, operand][column]
+                if (group % alone in row) != (operands[dialect][operand] < needed):
+                    sys.exit(f"{operand} in {place} is {row}")
 
 
 def check_pdflatex(program, rows):
@@ -149,15 +244,18 @@ def check_katex(folder, rows):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--mathml", action="store_true")
-    for option in ("--forms", "--data", "--runner", "--other", "--pdflatex", "--katex"):
+    for option in ("--forms", "--data", "--metrics", "--runner", "--other", "--pdflatex", "--katex"):
         parser.add_argument(option)
     options = parser.parse_args()
-    rows = Forms(Program(options.forms, options.runner), options.data).all(1000)
+    forms = Forms(Program(options.forms, options.runner), options.data)
+    rows = forms.all(1000)
     if len(rows) < 3600 or any(len(row) != 4 for row in rows):
         sys.exit(f"{len(rows)} rows")
     if options.mathml:
         check_mathml(rows)
-        check_characters(rows)
+        check_signs(forms.data, pathlib.Path(options.metrics), forms.characters())
+        check_forms(forms.data, forms)
+        check_groups(forms.data, forms)
         if options.other and Forms(Program(options.other), options.data).all(1000) != rows:
             sys.exit("the systems write different forms")
     if options.pdflatex:

@@ -1,8 +1,8 @@
 // What the own part of a node shows, how large it is, and what it says, by type and kind.
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <iterator>
+#include <sstream>
+#include <string>
 
 #include "format/tree_format.h"
 #include "nodes/big_operator_nodes.h"
@@ -18,58 +18,34 @@ namespace
 const struct
 {
     const char* pszTypes;
-    const char* pszSign;
+    int nFirst;            // kind; -1: types without kinds
+    const char* pszSigns;  // of the kinds from there on
     const char* pszFace;
-    const char* pszText = nullptr;  // with a as left, b as right child
+    const char* pszTexts = nullptr;  // with a as left, b as right child
 } s_aSigns[] = {
-    { "INTEGRAL[0]",                      "\xF2",      "Symbol" },
-    { "INTEGRAL[1] INTEGRAL[2]",          "?",         "Symbol" },
-    { "INTEGRAL[3] INTEGRAL[5]",          "\xF2\xF2",  "Symbol" },
-    { "INTEGRAL[6] INTEGRAL[8]",          "\xF2\xF2?", "Symbol" },
-    { "BRACE[0] POISON[0]",               "()",        "Symbol" },
-    { "BRACE[3] POISON[3]",               "\xE1\xF1",  "Symbol" },
-    { "BRACE[8] POISON[8]",               "][",        "Symbol" },
-    { "BRACE[11] POISON[11]",             "( ",        "Symbol" },
-    { "BRACE[17] POISON[17]",             "?",         "Symbol" },
-    { "BRACE[22] POISON[22]",             " |",        "Symbol" },
-    { "BRACE[24] POISON[24]",             "\xE1|",     "Symbol" },
-    { "EQUATION[0]",                      "=",         "Symbol",          "a = b" },
-    { "EQUATION[1]",                      "\xA3",      "Symbol",          "a .LE. b" },
-    { "EQUATION[2]",                      "\xB3",      "Symbol",          "a .GE. b" },
-    { "EQUATION[3]",                      "<",         "Symbol",          "a .LT. b" },
-    { "EQUATION[4]",                      ">",         "Symbol",          "a .GT. b" },
-    { "EQUATION[5]",                      "\xB9",      "Symbol",          "a .NE. b" },
-    { "EQUATION[6]",                      "?",         "Symbol",          "a = b" },
-    { "EQUATION[8]",                      "@",         "Symbol",          "a = b" },
-    { "EQUATION[17]",                     "'",         "Symbol",          "a = b" },
-    { "EQUATION[18]",                     "$",         "Symbol",          "a = b" },
-    { "EQUATION[19]",                     "\"",        "Symbol",          "a = b" },
-    { "ARROWS[0] ARROWS[4] ARROWS[6] ARROWS[10]", "?", "Symbol" },
-    { "ARROWS[5]",                        "b",         "MT Extra" },
-    { "ARROWS[11]",                       "c",         "MT Extra" },
-    { "FUNC[0]",                          "sin",       "Times New Roman", "aSINb" },
-    { "FUNC[3]",                          "cot",       "Times New Roman", "aCOTANb" },
-    { "FUNC[7]",                          "arccot",    "Times New Roman", "a3.141592654D0/2.0D0-ATANb" },
-    { "FUNC[11]",                         "coth",      "Times New Roman", "a1.0D0/TANHb" },
-    { "FUNC[15]",                         "arcoth",    "Times New Roman", "aACOTANHb" },
-    { "FUNC[17]",                         "ln",        "Times New Roman", "aLOGb" },
-    { "FUNC[19]",                         "lg",        "Times New Roman", "aLOG10b" },
-    { "FUNC[20]",                         "G",         "Symbol",          "aGAMMAb" },
-    { "FUNC[21]",                         "-",         "Times New Roman", "aMINUSb" },
-    { "USERFUNC",                         "f",         "Times New Roman", "afb" },
-    { "EXTFUNC",                          "",          "Times New Roman" },
-    { "BINOMIAL",                         "",          "Times New Roman" },
-    { "VECTOR[0]",                        "?",         "Symbol",          "a_Pb" },
-    { "VECTOR[1]",                        "??",        "Symbol",          "a_PPb" },
-    { "VECTOR[2]",                        "\xD7\xD7?", "Symbol",          "a_PPPb" },
-    { "VECTOR[3]",                        "?",         "Symbol",          "a_MEANb" },
-    { "VECTOR[4]",                        "?",         "Symbol",          "a_NORMb" },
-    { "VECTOR[5]",                        "?",         "Symbol",          "a_VECb" },
-    { "VECTOR[6]",                        "~",         "Symbol",          "a_WINDEDb" },
-    { "VECTOR[7]",                        "?",         "Symbol",          "a_DOUBLE_WINDEDb" },
-    { "NABLA",                            "?",         "Symbol" },
-    { "LAPLACE",                          "D",         "Symbol" },
-    { "LABEL",                            "label",     "Times New Roman" },
+    { "INTEGRAL", 0, "\xF2;?;?;\xF2\xF2;\xF2\xF2;\xF2\xF2;\xF2\xF2?;\xF2\xF2?;\xF2\xF2?", "Symbol" },
+    { "BRACE POISON", 0, "();[];{};\xE1\xF1;||;||;[[;]];][;[);(];( ; );[ ; ];{ ; };?; ?;| ; |;| ; |;|?;\xE1|", "Symbol" },
+    { "EQUATION", 0, "=;\xA3;\xB3;<;>;\xB9", "Symbol", "a = b;a .LE. b;a .GE. b;a .LT. b;a .GT. b;a .NE. b" },
+    { "EQUATION", 6, "?;?;@;?;?;?;?", "Symbol", "a = b;a = b;a = b;a = b;a = b;a = b;a = b" },
+    { "EQUATION", 13, "?;?;?;?;';$;\"", "Symbol", "a = b;a = b;a = b;a = b;a = b;a = b;a = b" },
+    { "ARROWS", 0, "?;?;?;?;?", "Symbol" },
+    { "ARROWS", 5, "b", "MT Extra" },
+    { "ARROWS", 6, "?;?;?;?;?", "Symbol" },
+    { "ARROWS", 11, "c", "MT Extra" },
+    { "FUNC", 0, "sin;cos;tan;cot;arcsin;arccos;arctan;arccot", "Times New Roman",
+      "aSINb;aCOSb;aTANb;aCOTANb;aASINb;aACOSb;aATANb;a3.141592654D0/2.0D0-ATANb" },
+    { "FUNC", 8, "sinh;cosh;tanh;coth;arsinh;arcosh;artanh;arcoth", "Times New Roman",
+      "aSINHb;aCOSHb;aTANHb;a1.0D0/TANHb;aASINHb;aACOSHb;aATANHb;aACOTANHb" },
+    { "FUNC", 16, "exp;ln;log2;lg", "Times New Roman", "aEXPb;aLOGb;aLOG2b;aLOG10b" },
+    { "FUNC", 20, "G", "Symbol", "aGAMMAb" },
+    { "FUNC", 21, "-", "Times New Roman", "aMINUSb" },
+    { "VECTOR", 0, "?;??;\xD7\xD7?;?;?;?;~;?", "Symbol",
+      "a_Pb;a_PPb;a_PPPb;a_MEANb;a_NORMb;a_VECb;a_WINDEDb;a_DOUBLE_WINDEDb" },
+    { "USERFUNC", -1, "f", "Times New Roman", "afb" },
+    { "EXTFUNC BINOMIAL", -1, "", "Times New Roman" },
+    { "NABLA", -1, "?", "Symbol" },
+    { "LAPLACE", -1, "D", "Symbol" },
+    { "LABEL", -1, "label", "Times New Roman" },
 };
 // clang-format on
 
@@ -126,19 +102,27 @@ TEST(Signs, AreTakenByTypeAndKind)
     {
         for (const std::string& strType : Words(row.pszTypes))
         {
-            SCOPED_TRACE(strType);
-            const CNodePtr pNode = Sketch("(" + strType + " a b)");
-            const int nHeight = strType.starts_with("INTEGRAL") ? 21
-                                : strType.starts_with("VECTOR") ? 11
-                                                                : 16;
-            const int nWidth = 8 * static_cast<int>(std::strlen(row.pszSign)) + 2;
-            EXPECT_EQ(pNode->GetOwnSize(&dc), CRect(0, 0, nWidth, nHeight));
-            EXPECT_EQ(pNode->GetSymbol(), row.pszSign);
-            EXPECT_EQ(pNode->GetFontName(), row.pszFace);
-            if (row.pszText != nullptr)
+            std::istringstream signs(row.pszSigns);
+            std::istringstream texts(row.pszTexts != nullptr ? row.pszTexts : "");
+            std::string strSign;
+            std::string strText;
+            int nKind = row.nFirst;
+            do
             {
-                EXPECT_EQ(pNode->MakeText(0), row.pszText);
-            }
+                std::getline(signs, strSign, ';');
+                const CNodePtr pNode = Sketch(
+                    "(" + strType + (nKind < 0 ? "" : "[" + std::to_string(nKind) + "]") + " a b)");
+                SCOPED_TRACE(strType + " " + std::to_string(nKind++));
+                const int nHeight = strType == "INTEGRAL" ? 21 : strType == "VECTOR" ? 11 : 16;
+                const int nWidth = 8 * static_cast<int>(strSign.size()) + 2;
+                EXPECT_EQ(pNode->GetOwnSize(&dc), CRect(0, 0, nWidth, nHeight));
+                EXPECT_EQ(pNode->GetSymbol(), strSign.c_str());
+                EXPECT_EQ(pNode->GetFontName(), row.pszFace);
+                if (std::getline(texts, strText, ';'))
+                {
+                    EXPECT_EQ(pNode->MakeText(0), strText.c_str());
+                }
+            } while (!signs.eof());
         }
     }
 }

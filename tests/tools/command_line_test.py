@@ -451,7 +451,8 @@ class Names(Case):
 class Greek(Case):
     """Letters of the face "Symbol", by their names in Unicode and in the face's published list."""
     LETTERS = dict(zip("αβγδεζηθικλμνξοπρςστυφχψω", "abgdezhqiklmnxoprVstufcyw")) | dict(zip(
-        "ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩ", "ABGDEZHQIKLMNXOPRSTUFCYW")) | {"ϑ": "J", "ϕ": "j", "ϖ": "v"}
+        "ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩ", "ABGDEZHQIKLMNXOPRSTUFCYW")) | {
+        "ϑ": "J", "ϕ": "j", "ϖ": "v", "\u2206": "D", "\u2126": "W"}
 
     def test_letters(self):
         self.assertEqual(self.told("tree", "--greek", "--lines", stdin="\n".join(self.LETTERS).encode()),
