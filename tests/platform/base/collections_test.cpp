@@ -91,25 +91,24 @@ TEST(CObList, NewestAtTheHead)
 TEST(CMapStringToOb, FindsByEitherKindOfKey)
 {
     CThing thing;
+    CThing none;
     CTypedPtrMap<CMapStringToOb, CString, CThing*> map(10);
-    CThing* pFound = &thing;
-    EXPECT_FALSE(map.Lookup("key1", pFound));
-    EXPECT_EQ(pFound, &thing);
+    const auto look = [&](const auto& key)
+    {
+        CThing* pFound = nullptr;
+        return map.Lookup(key, pFound) ? pFound : &none;
+    };
+    EXPECT_EQ(look("key1"), &none);
     EXPECT_EQ(static_cast<CThing*>(map["key1"]), nullptr);  // enters the unknown key
-    EXPECT_TRUE(map.Lookup("key1", pFound));
-    EXPECT_EQ(pFound, nullptr);
+    EXPECT_EQ(look("key1"), nullptr);
     map["key1"] = &thing;
     map.SetAt(CString::Immortal("a longer key"), &thing);
     EXPECT_EQ(map.GetCount(), 2);
     for (const char* pszKey : { "key1", "a longer key" })
     {
-        for (const CString& key : { CString(pszKey), CString::Immortal(pszKey) })
-        {
-            pFound = nullptr;
-            EXPECT_TRUE(map.Lookup(key, pFound) && pFound == &thing) << pszKey;
-        }
-        pFound = nullptr;
-        EXPECT_TRUE(map.Lookup(pszKey, pFound) && pFound == &thing) << pszKey;
+        EXPECT_EQ(look(pszKey), &thing);
+        EXPECT_EQ(look(CString(pszKey)), &thing);
+        EXPECT_EQ(look(CString::Immortal(pszKey)), &thing);
     }
-    EXPECT_FALSE(map.Lookup("key3", pFound));
+    EXPECT_EQ(look("key3"), &none);
 }

@@ -75,11 +75,11 @@ TEST(CString, CutsCountsAndPositionsOutside)
 {
     const CString text("abcdef");
     const CTexts parts = {
-        { text.Mid(2), "cdef" },  { text.Mid(2, 3), "cde" },  { text.Mid(4, INT_MAX), "ef" },
-        { text.Mid(6), "" },      { text.Mid(7, 1), "" },     { text.Mid(-3, 2), "ab" },
-        { text.Mid(2, -1), "" },  { text.Left(2), "ab" },     { text.Left(99), "abcdef" },
-        { text.Left(-1), "" },    { text.Right(3), "def" },   { text.Right(99), "abcdef" },
-        { text.Right(-1), "" },   { CString('x', 3), "xxx" }, { CString('x', -1), "" },
+        { text.Mid(2), "cdef" },  { text.Mid(2, 3), "cde" }, { text.Mid(4, INT_MAX), "ef" },
+        { text.Mid(6), "" },      { text.Mid(7, 1), "" },    { text.Mid(-3, 2), "ab" },
+        { text.Mid(2, -1), "" },  { text.Left(2), "ab" },    { text.Left(99), "abcdef" },
+        { text.Left(-1), "" },    { text.Right(3), "def" },  { text.Right(99), "abcdef" },
+        { text.Right(-1), "" },   { CString('x', 2), "xx" }, { CString('x', -1), "" },
         { CString(nullptr), "" },
     };
     ExpectTexts(parts);
@@ -163,7 +163,8 @@ TEST(CString, OrdersByBytes)
     }
     EXPECT_EQ(CString("aBz[").CompareNoCase("AbZ["), 0);
     EXPECT_NE(CString("\xC4").CompareNoCase("\xE4"), 0);
-    ExpectTexts({ { CString("\xE4xY1").MakeUpper(), "\xE4XY1" } });
+    EXPECT_NE(CString("[").CompareNoCase("{"), 0);
+    ExpectTexts({ { CString("\xE4zY1{").MakeUpper(), "\xE4ZY1{" } });
 }
 
 TEST(CString, IsTrimmedAtItsTrueEnds)

@@ -92,6 +92,7 @@ inline void ExpectNoneOpens(const std::vector<CCannotOpen>& cases)
             EXPECT_EQ(error.m_strFileName, path.c_str());
             EXPECT_FALSE(pFile->Open(path.c_str(), nFlags));
         }
+        EXPECT_EQ(CMirrorFile::CountOpen(), 0);
         EXPECT_EQ(FileFault([&] { CFile file(path.c_str(), nFlags); }).first, nCause);
     }
 }

@@ -123,8 +123,9 @@ TEST(CMemFile, GrowsInStepsAndFillsGapsWithZero)
     EXPECT_EQ(SeekFault(file, 0, 3), CFileException::badSeek);
     EXPECT_EQ(file.GetPosition(), 40U);
     char aRead[10];
+    EXPECT_EQ(file.Seek(2, CFile::end), 42U);
     EXPECT_EQ(file.Read(aRead, 10), 0U);
-    EXPECT_EQ(file.Seek(-38, CFile::current), 2U);
+    EXPECT_EQ(file.Seek(-40, CFile::current), 2U);
     EXPECT_EQ(file.Read(aRead, 4), 4U);
     EXPECT_EQ(std::string_view(aRead, 4), std::string_view("c\0\0f", 4));
     file.Seek(INT64_MAX, CFile::begin);
@@ -143,6 +144,7 @@ TEST(CMemFile, WorksOnTheCallersMemory)
     file.SeekToBegin();
     file.Write("x", 1);
     EXPECT_EQ(aBytes[0], 'x');
+    EXPECT_EQ(file.GetLength(), 3U);
     EXPECT_THROW(file.Write("12345", 3), CMemoryException*);
 }
 

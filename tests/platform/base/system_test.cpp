@@ -199,7 +199,7 @@ TEST(CodePage, TellsWhereATextDoesNotConvert)
     const std::pair<std::string_view, std::size_t> aCases[] = {
         { "ab\xCE\xB1", 2 },                // alpha
         { "\xC3\xA4\xF0\x9F\x98\x80", 2 },  // beyond 16 bits
-        { "a\xC3", 1 },                     // ends inside
+        { { "a\xC3\xA4", 2 }, 1 },          // ends inside
         { "\xC3(", 0 },                     // no second byte
         { "x\x80", 1 },                     // no first byte
         { "\xC0\x80", 0 },                  // overlong
