@@ -95,8 +95,10 @@ TEST(CMapStringToOb, FindsByEitherKindOfKey)
     CTypedPtrMap<CMapStringToOb, CString, CThing*> map(10);
     const auto look = [&](const auto& key)
     {
-        CThing* pFound = nullptr;
-        return map.Lookup(key, pFound) ? pFound : &none;
+        CThing* pFound = &none;
+        const BOOL bFound = map.Lookup(key, pFound);
+        EXPECT_EQ(bFound, pFound != &none);
+        return pFound;
     };
     EXPECT_EQ(look("key1"), &none);
     EXPECT_EQ(static_cast<CThing*>(map["key1"]), nullptr);  // enters the unknown key
