@@ -46,9 +46,8 @@ ON_UPDATE_COMMAND_UI(idGrey, OnGrey)
 ON_UPDATE_COMMAND_UI(idUpdateOnly, OnUpdateOnly)
 END_MESSAGE_MAP()
 
-class CShown : public CCmdUI
+struct CShown : CCmdUI
 {
-public:
     void Enable(BOOL bOn) override
     {
         CCmdUI::Enable(bOn);
@@ -56,53 +55,38 @@ public:
     }
     int m_nEnabled = -1;  // never asked
 };
+}  // namespace
 
-TEST(CmdTarget, CommandsFindTheFirstRow)
+TEST(CmdTarget, CommandsFindTheFirstRowAndAreShownByTheirHandlers)
 {
     const struct
     {
         UINT nID;
-        int nCode;
-        BOOL bHandled;
-        const char* pszLog;
-    } aCases[] = {
-        { idInBase, CN_COMMAND, TRUE, "base" },
-        { idInBoth, CN_COMMAND, TRUE, "derived" },
-        { idRange, CN_COMMAND, TRUE, "range110" },
-        { idRange + 3, CN_COMMAND, TRUE, "range113" },
-        { idRange + 4, CN_COMMAND, FALSE, "" },
-        { idUnknown, CN_COMMAND, FALSE, "" },
-        { idInBase, 0x400, FALSE, "" },
-        { idInBase, 0x4E << 16, FALSE, "" },
-    };
-    for (const auto& row : aCases)
-    {
-        CDerived target;
-        EXPECT_EQ(target.OnCmdMsg(row.nID, row.nCode, nullptr, nullptr), row.bHandled) << row.nID;
-        EXPECT_EQ(target.m_log, row.pszLog);
-    }
-}
-
-TEST(CmdTarget, ShowsACommandByItsHandlers)
-{
-    const struct
-    {
-        UINT nID;
-        BOOL bHandled;
+        std::string log;  // of the command; empty: not handled
+        BOOL bUpdated;
         int nEnabled;  // without a handler of the command it is not
-    } aCases[] = { { idInBoth, FALSE, 1 },
-                   { idGrey, TRUE, 0 },
-                   { idUpdateOnly, TRUE, 0 },
-                   { idUnknown, FALSE, 0 },
-                   { 0, TRUE, -1 } };
+    } aCases[] = {
+        { idInBase, "base", FALSE, 1 },
+        { idInBoth, "derived", FALSE, 1 },
+        { idRange, "range110", FALSE, 1 },
+        { idRange + 3, "range113", FALSE, 1 },
+        { idRange + 4, "", FALSE, 0 },
+        { idUnknown, "", FALSE, 0 },
+        { idGrey, "derived", TRUE, 0 },
+        { idUpdateOnly, "", TRUE, 0 },
+        { 0, "", TRUE, -1 },
+    };
     for (const auto& row : aCases)
     {
         CDerived target;
         CShown shown;
         shown.m_nID = row.nID;
-        EXPECT_EQ(shown.DoUpdate(&target, TRUE), row.bHandled) << row.nID;
+        EXPECT_EQ(shown.DoUpdate(&target, TRUE), row.bUpdated) << row.nID;
         EXPECT_EQ(shown.m_nEnabled, row.nEnabled) << row.nID;
         EXPECT_EQ(target.m_log, "") << "asked, not called";
+        EXPECT_EQ(target.OnCmdMsg(row.nID, CN_COMMAND, nullptr, nullptr), !row.log.empty());
+        EXPECT_EQ(target.m_log, row.log);
+        EXPECT_FALSE(target.OnCmdMsg(row.nID, 0x400, nullptr, nullptr));
+        EXPECT_FALSE(target.OnCmdMsg(row.nID, 0x4E << 16, nullptr, nullptr));
     }
 }
-}  // namespace

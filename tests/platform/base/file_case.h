@@ -5,8 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <initializer_list>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -16,17 +15,18 @@
 #include "platform/base/file.h"
 #include "test_folder.h"
 
+constexpr UINT nCreateWrite = CFile::modeCreate | CFile::modeWrite;
+
 class CFileTest : public ::testing::Test
 {
 protected:
     ~CFileTest() override { g_pfnFileFault = nullptr; }
 
-    std::string Path(const char* pszName) const { return m_folder.File(pszName); }
+    std::string Path(const std::string& name) const { return m_folder.File(name); }
     static std::string Content(const std::filesystem::path& path)
     {
-        std::ostringstream stream;
-        stream << std::ifstream(path, std::ios::binary).rdbuf();
-        return stream.str();
+        std::ifstream file(path, std::ios::binary);
+        return { std::istreambuf_iterator<char>(file), {} };
     }
     static void Put(const std::filesystem::path& path, const std::string& content)
     {
@@ -34,15 +34,12 @@ protected:
     }
     std::size_t FilesInFolder() const
     {
-        namespace fs = std::filesystem;
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(m_folder.Path()), fs::directory_iterator()));
+        using CEntries = std::filesystem::directory_iterator;
+        return static_cast<std::size_t>(std::distance(CEntries(m_folder.Path()), CEntries()));
     }
 
     CTestFolder m_folder;
 };
-
-constexpr UINT nCreateWrite = CFile::modeCreate | CFile::modeWrite;
 
 // Cause and file name of what the body throws.
 template <class F>
@@ -61,15 +58,15 @@ std::pair<int, std::string> FileFault(F body)
     return { CFileException::none, "" };
 }
 
-inline void Save(const std::string& path, const char* pszText)
+inline void Save(const std::string& path, std::string_view text)
 {
     CMirrorFile file;
     CFileException error;
     if (!file.Open(path.c_str(), nCreateWrite, &error))
         AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
-    const std::string_view text(pszText);
-    file.Write(text.data(), static_cast<UINT>(text.size() / 2));
-    file.Write(text.data() + text.size() / 2, static_cast<UINT>(text.size() - text.size() / 2));
+    for (const std::string_view half :
+         { text.substr(0, text.size() / 2), text.substr(text.size() / 2) })
+        file.Write(half.data(), static_cast<UINT>(half.size()));
     file.Flush();
     file.Close();
 }
@@ -83,18 +80,19 @@ struct CCannotOpen
 
 inline void ExpectNoneOpens(const std::vector<CCannotOpen>& cases)
 {
-    for (const CCannotOpen& c : cases)
+    for (const auto& [path, nFlags, nCause] : cases)
     {
         CFile plain;
         CMirrorFile mirror;
         for (CFile* pFile : { &plain, static_cast<CFile*>(&mirror) })
         {
             CFileException error;
-            EXPECT_FALSE(pFile->Open(c.path.c_str(), c.nFlags, &error)) << c.path;
-            EXPECT_EQ(error.m_cause, c.nCause) << c.path;
-            EXPECT_EQ(error.m_strFileName, c.path.c_str());
-            EXPECT_FALSE(pFile->Open(c.path.c_str(), c.nFlags));
+            EXPECT_FALSE(pFile->Open(path.c_str(), nFlags, &error)) << path;
+            EXPECT_EQ(error.m_cause, nCause) << path;
+            EXPECT_EQ(error.m_strFileName, path.c_str());
+            EXPECT_FALSE(pFile->Open(path.c_str(), nFlags));
         }
-        EXPECT_EQ(FileFault([&] { CFile file(c.path.c_str(), c.nFlags); }).first, c.nCause);
+        EXPECT_EQ(CMirrorFile::CountOpen(), 0);
+        EXPECT_EQ(FileFault([&] { CFile file(path.c_str(), nFlags); }).first, nCause);
     }
 }

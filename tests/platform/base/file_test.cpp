@@ -1,19 +1,21 @@
 // Files: positions, faults of every operation, replacing whole, memory.
-#include <cstdlib>
-
+#include "archived.h"
 #include "platform/base/file_case.h"
 #include "platform/base/system.h"
 #include "system_errors.h"
 
 namespace
 {
-namespace fs = std::filesystem;
-
 EFileOperation g_eFailing;
 int g_nPassesLeft;
 int FailOne(EFileOperation eOperation, const char*)
 {
     return eOperation == g_eFailing && g_nPassesLeft-- == 0 ? SYSTEM_DISK_FULL : 0;
+}
+
+int SeekFault(CFile& file, LONGLONG nOffset, UINT nFrom)
+{
+    return FileFault([&] { file.Seek(nOffset, nFrom); }).first;
 }
 }  // namespace
 
@@ -34,19 +36,18 @@ TEST_F(CFileTest, WritesAndReadsAtPositions)
     EXPECT_EQ(again.Read(aRead, 20), 8U);
     EXPECT_EQ(again.Read(aRead, 20), 0U);
     EXPECT_EQ(again.GetLength(), 10U);
-    EXPECT_EQ(FileFault([&] { again.Seek(-1, CFile::begin); }).first, CFileException::badSeek);
+    EXPECT_EQ(SeekFault(again, -1, CFile::begin), CFileException::badSeek);
     again.Seek(7, CFile::begin);
     EXPECT_EQ(ReadRest(again), (std::vector<BYTE>{ '7', '8', '9' }));
 }
 
 TEST_F(CFileTest, TellsWhyItCannotOpen)
 {
-    const std::string below = Path("file") + "/x";
     Put(Path("file"), "x");
     const std::string folder = m_folder.Path().string();
     ExpectNoneOpens({
         { Path("none"), CFile::modeRead, CFileException::fileNotFound },
-        { below, nCreateWrite, CFileException::badPath },
+        { Path("file/x"), nCreateWrite, CFileException::badPath },
         { folder, nCreateWrite, CFileException::accessDenied },
         { folder, CFile::modeRead, CFileException::accessDenied },
     });
@@ -56,34 +57,32 @@ TEST_F(CFileTest, TellsWhyItCannotOpen)
 TEST_F(CFileTest, EveryFaultLeavesTheOldFile)
 {
     const std::string path = Path("target");
-    const struct
+    const std::pair<EFileOperation, int> aCases[] = { { fileOpOpen, 0 },  { fileOpWrite, 0 },
+                                                      { fileOpWrite, 1 }, { fileOpFlush, 0 },
+                                                      { fileOpClose, 0 }, { fileOpRename, 0 } };
+    for (const bool bExists : { false, true })
     {
-        EFileOperation eOperation;
-        int nPasses;
-    } aCases[] = {
-        { fileOpOpen, 0 },  { fileOpWrite, 0 }, { fileOpWrite, 1 },
-        { fileOpFlush, 0 }, { fileOpClose, 0 }, { fileOpRename, 0 },
-    };
-    for (const auto& c : aCases)
-    {
-        for (const bool bExists : { true, false })
+        if (bExists)
+            Put(path, "old");
+        for (const auto& [eOperation, nPasses] : aCases)
         {
-            fs::remove(path);
-            if (bExists)
-                Put(path, "old");
-            g_eFailing = c.eOperation;
-            g_nPassesLeft = c.nPasses;
+            g_eFailing = eOperation;
+            g_nPassesLeft = nPasses;
             g_pfnFileFault = FailOne;
             EXPECT_EQ(FileFault([&] { Save(path, "new content"); }).first, CFileException::diskFull)
-                << c.eOperation;
-            g_pfnFileFault = nullptr;
+                << eOperation;
             EXPECT_EQ(Content(path), bExists ? "old" : "");
-            EXPECT_EQ(FilesInFolder(), bExists ? 1U : 0U) << c.eOperation;
+            EXPECT_EQ(FilesInFolder(), bExists ? 1U : 0U) << eOperation;
         }
+        g_pfnFileFault = nullptr;
     }
-    Save(path, "new content");
-    EXPECT_EQ(Content(path), "new content");
-    EXPECT_EQ(FilesInFolder(), 1U);
+    // A name of any length has room for that of its temporary.
+    for (const std::string& strPath : { path, Path(std::string(255, 'n')) })
+    {
+        Save(strPath, "new content");
+        EXPECT_EQ(Content(strPath), "new content");
+    }
+    EXPECT_EQ(FilesInFolder(), 2U);
 }
 
 TEST_F(CFileTest, AFileGivenUpLeavesTheOldOne)
@@ -111,13 +110,6 @@ TEST_F(CFileTest, AFileGivenUpLeavesTheOldOne)
     }
 }
 
-TEST_F(CFileTest, ALongNameHasRoomForItsTemporary)
-{
-    const std::string path = Path(std::string(255, 'n').c_str());
-    Save(path, "content");
-    EXPECT_EQ(Content(path), "content");
-}
-
 TEST(CMemFile, GrowsInStepsAndFillsGapsWithZero)
 {
     CMemFile file(16);
@@ -126,15 +118,14 @@ TEST(CMemFile, GrowsInStepsAndFillsGapsWithZero)
     file.Write("f", 1);
     file.Seek(39, CFile::begin);
     file.Write("x", 1);
-    EXPECT_EQ(file.GetLength(), 40U);
-    EXPECT_EQ(std::string(reinterpret_cast<const char*>(file.GetData()), 40),
-              std::string("abc\0\0f", 6) + std::string(33, '\0') + "x");
-    EXPECT_EQ(FileFault([&] { file.Seek(-41, CFile::end); }).first, CFileException::badSeek);
-    EXPECT_EQ(FileFault([&] { file.Seek(0, 3); }).first, CFileException::badSeek);
+    EXPECT_EQ(BytesOf(file), std::string("abc\0\0f", 6) + std::string(33, '\0') + "x");
+    EXPECT_EQ(SeekFault(file, -41, CFile::end), CFileException::badSeek);
+    EXPECT_EQ(SeekFault(file, 0, 3), CFileException::badSeek);
     EXPECT_EQ(file.GetPosition(), 40U);
     char aRead[10];
+    EXPECT_EQ(file.Seek(2, CFile::end), 42U);
     EXPECT_EQ(file.Read(aRead, 10), 0U);
-    EXPECT_EQ(file.Seek(-38, CFile::current), 2U);
+    EXPECT_EQ(file.Seek(-40, CFile::current), 2U);
     EXPECT_EQ(file.Read(aRead, 4), 4U);
     EXPECT_EQ(std::string_view(aRead, 4), std::string_view("c\0\0f", 4));
     file.Seek(INT64_MAX, CFile::begin);
@@ -142,7 +133,7 @@ TEST(CMemFile, GrowsInStepsAndFillsGapsWithZero)
     file.Close();
     EXPECT_EQ(file.GetLength(), 0U);
     file.Write("again", 5);
-    EXPECT_EQ(file.GetLength(), 5U);
+    EXPECT_EQ(BytesOf(file), "again");
 }
 
 TEST(CMemFile, WorksOnTheCallersMemory)
@@ -153,6 +144,7 @@ TEST(CMemFile, WorksOnTheCallersMemory)
     file.SeekToBegin();
     file.Write("x", 1);
     EXPECT_EQ(aBytes[0], 'x');
+    EXPECT_EQ(file.GetLength(), 3U);
     EXPECT_THROW(file.Write("12345", 3), CMemoryException*);
 }
 
@@ -162,12 +154,10 @@ TEST(CSharedFile, HandsOutItsBlock)
     EXPECT_EQ(file.Detach(), nullptr);
     const std::string text(100, 't');
     file.Write(text.data(), 100);
-    const auto nLength = static_cast<SIZE_T>(file.GetLength());
     HGLOBAL hMemory = file.Detach();
-    ASSERT_NE(hMemory, nullptr);
     EXPECT_EQ(file.GetLength(), 0U);
-    hMemory = GlobalReAlloc(hMemory, nLength, 0x2042);
-    EXPECT_EQ(GlobalSize(hMemory), 100U);
+    hMemory = GlobalReAlloc(hMemory, 100, 0x2042);
+    ASSERT_EQ(GlobalSize(hMemory), 100U);
     EXPECT_EQ(std::string(static_cast<const char*>(GlobalLock(hMemory)), 100), text);
     GlobalUnlock(hMemory);
     GlobalFree(hMemory);

@@ -11,61 +11,43 @@ void PrintTo(const CRect& r, std::ostream* pStream)
     *pStream << "(" << r.left << ", " << r.top << ", " << r.right << ", " << r.bottom << ")";
 }
 
-TEST(CRect, UnionLeavesOutEmptyRectangles)
+TEST(CRect, JoinsAndMeetsAnother)
 {
     const CRect box(10, 20, 30, 40);
+    const CRect none;
     const struct
     {
-        CRect first, second, expected;
+        CRect first, second, joined, common;
     } aCases[] = {
-        { box, { 25, 5, 50, 30 }, { 10, 5, 50, 40 } },
-        { box, { 0, 0, 0, 100 }, box },    // no width
-        { { 0, 0, 100, 0 }, box, box },    // no height
-        { box, { 100, 0, 50, 10 }, box },  // inverted
-        { { 9, 9, 9, 9 }, { 5, 9, 1, 3 }, { 0, 0, 0, 0 } },
+        { box, { 25, 5, 50, 30 }, { 10, 5, 50, 40 }, { 25, 20, 30, 30 } },
+        { box, { 30, 20, 40, 40 }, { 10, 20, 40, 40 }, none },  // they only touch
+        { box, { 0, 0, 0, 100 }, box, none },                   // no width
+        { { 0, 0, 100, 0 }, box, box, none },                   // no height
+        { box, { 28, 38, 12, 22 }, box, none },                 // inverted
+        { { 9, 9, 9, 9 }, { 5, 9, 1, 3 }, none, none },
     };
     for (const auto& c : aCases)
     {
         CRect result(1, 2, 3, 4);
-        EXPECT_EQ(result.UnionRect(&c.first, &c.second), c.expected != CRect());
-        EXPECT_EQ(result, c.expected);
+        EXPECT_EQ(result.UnionRect(&c.first, &c.second), c.joined != none);
+        EXPECT_EQ(result, c.joined);
+        EXPECT_EQ(result.IntersectRect(c.first, c.second), c.common != none);
+        EXPECT_EQ(result, c.common);
         CRect own(c.first);
         own.UnionRect(own, &c.second);  // the result may be one of the arguments
-        EXPECT_EQ(own, c.expected);
+        EXPECT_EQ(own, c.joined);
     }
-}
-
-TEST(CRect, IntersectionOfStrangersIsNull)
-{
-    CRect result(1, 2, 3, 4);
-    const CRect box(0, 0, 10, 10);
-    EXPECT_TRUE(result.IntersectRect(box, CRect(5, -5, 20, 5)));
-    EXPECT_EQ(result, CRect(5, 0, 10, 5));
-    EXPECT_FALSE(result.IntersectRect(box, CRect(10, 0, 20, 10)));  // they only touch
-    EXPECT_EQ(result, CRect());
-    EXPECT_FALSE(result.IntersectRect(box, CRect(8, 8, 2, 2)));
 }
 
 TEST(CRect, HoldsItsLeftAndTopEdgesOnly)
 {
     const CRect box(10, 20, 30, 40);
-    const struct
-    {
-        CRect rect;
-        CPoint point;
-        BOOL bInside;
-    } aCases[] = {
-        { box, { 10, 20 }, TRUE },
-        { box, { 29, 39 }, TRUE },
-        { box, { 9, 20 }, FALSE },
-        { box, { 10, 19 }, FALSE },
-        { box, { 30, 25 }, FALSE },
-        { box, { 15, 40 }, FALSE },
-        { { 30, 20, 10, 40 }, { 20, 30 }, FALSE },  // inverted: nothing
-        { { 5, 5, 5, 9 }, { 5, 5 }, FALSE },
-    };
-    for (const auto& c : aCases)
-        EXPECT_EQ(c.rect.PtInRect(c.point), c.bInside) << c.point.x << ' ' << c.point.y;
+    for (const CPoint inside : { CPoint(10, 20), CPoint(29, 39) })
+        EXPECT_TRUE(box.PtInRect(inside)) << inside.x;
+    for (const CPoint outside : { CPoint(9, 20), CPoint(10, 19), CPoint(30, 25), CPoint(15, 40) })
+        EXPECT_FALSE(box.PtInRect(outside)) << outside.x;
+    EXPECT_FALSE(CRect(30, 20, 10, 40).PtInRect(CPoint(20, 30)));  // inverted: nothing
+    EXPECT_FALSE(CRect(5, 5, 5, 9).PtInRect(CPoint(5, 5)));
 }
 
 TEST(CRect, NothingPutsAnInvertedOneRightUnasked)

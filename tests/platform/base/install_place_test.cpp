@@ -15,36 +15,32 @@ namespace fs = std::filesystem;
 
 constexpr const char* FILE_NAME = "../share/mivora-test/here";
 
-// An installation that has the file.
-class CPlace
+// A folder with an installation that has the file.
+fs::path Install(const CTestFolder& prefix)
 {
-public:
-    CPlace() { fs::create_directories(File()); }
-    std::string Prefix() const { return m_folder.Path().string(); }
-    fs::path File() const { return m_folder.Path() / "share" / "mivora-test" / "here"; }
-
-private:
-    CTestFolder m_folder;
-};
+    const fs::path file = prefix.Path() / "share" / "mivora-test" / "here";
+    fs::create_directories(file);
+    return file;
+}
 }  // namespace
 
 TEST(InstallPlace, TheFunctionComesAheadOfTheEnvironmentAndThatOfTheBuild)
 {
-    const CPlace set;
-    const CPlace environment;
-    const CPlace built;
+    const CTestFolder aFolders[3];
+    const auto& [set, environment, built] = aFolders;
+    const fs::path aFiles[] = { Install(set), Install(environment), Install(built) };
     EXPECT_EQ(BesideModule({ FILE_NAME }), fs::path());
-    AfxSetBuiltInstallPrefix(built.Prefix().c_str());
-    EXPECT_EQ(BesideModule({ "nothing", FILE_NAME }), built.File());
-    SetEnvironment("MIVORA_PREFIX", environment.Prefix());
-    EXPECT_EQ(BesideModule({ FILE_NAME }), environment.File());
-    AfxSetInstallPrefix(set.Prefix().c_str());
-    EXPECT_EQ(BesideModule({ FILE_NAME }), set.File());
+    AfxSetBuiltInstallPrefix(built.Path().string().c_str());
+    EXPECT_EQ(BesideModule({ "nothing", FILE_NAME }), aFiles[2]);
+    SetEnvironment("MIVORA_PREFIX", environment.Path().string());
+    EXPECT_EQ(BesideModule({ FILE_NAME }), aFiles[1]);
+    AfxSetInstallPrefix(set.Path().string().c_str());
+    EXPECT_EQ(BesideModule({ FILE_NAME }), aFiles[0]);
     // A place that has it not is passed over.
-    fs::remove_all(set.File());
-    EXPECT_EQ(BesideModule({ FILE_NAME }), environment.File());
+    fs::remove_all(aFiles[0]);
+    EXPECT_EQ(BesideModule({ FILE_NAME }), aFiles[1]);
     AfxSetInstallPrefix(nullptr);
     SetEnvironment("MIVORA_PREFIX", "");
-    EXPECT_EQ(BesideModule({ FILE_NAME }), built.File());
+    EXPECT_EQ(BesideModule({ FILE_NAME }), aFiles[2]);
     AfxSetBuiltInstallPrefix("");
 }

@@ -1,6 +1,5 @@
 // Compound files: what is packed comes out again, and damage of any kind is answered in time.
 #include "platform/doc/compound_file.h"
-#include "platform/base/exception.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +10,8 @@
 #include <random>
 #include <set>
 #include <string>
+
+#include "archived.h"
 
 namespace
 {
@@ -29,8 +30,7 @@ std::string Pack(std::string strContent)
                      static_cast<UINT>(strContent.size()));
     CMemFile file;
     PackCompoundFile(file, "Contents", content);
-    return { reinterpret_cast<const char*>(file.GetData()),
-             static_cast<std::size_t>(file.GetLength()) };
+    return BytesOf(file);
 }
 
 // The content of the stream; nothing if the file is refused.
@@ -40,8 +40,7 @@ std::optional<std::string> Unpack(std::string strFile)
     CMemFile content;
     if (!UnpackCompoundFile(file, "Contents", content))
         return std::nullopt;
-    return std::string(reinterpret_cast<const char*>(content.GetData()),
-                       static_cast<std::size_t>(content.GetLength()));
+    return BytesOf(content);
 }
 
 // Text that is nowhere like another part of itself.
