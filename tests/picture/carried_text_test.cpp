@@ -18,6 +18,7 @@ TEST(CarriedText, EveryByteComesBack)
             EXPECT_GE(static_cast<unsigned char>(ch), 0x20) << n;
         EXPECT_EQ(strEscaped.find("\xC2\x81"), std::string::npos);  // no control of either kind
     }
+    EXPECT_EQ(EscapeCarried("a\xC2"), "a\xC2");  // half a character
     EXPECT_EQ(UnescapeCarried("\\x4 \\xG1 \\ \\x"), "\\x4 \\xG1 \\ \\x");
 }
 

@@ -1,4 +1,5 @@
-"""Pictures taken apart without the library: PNG by hand."""
+"""Pictures taken apart without the library: PNG and PDF by hand."""
+import re
 import struct
 import zlib
 
@@ -43,3 +44,9 @@ def pixels_of_png(data):
         red_green_blue = planes[:1] * 3 if grey else planes[:3]
         rows.append(list(zip(*red_green_blue, b"\xff" * width if opaque else planes[-1])))
     return width, height, rows
+
+
+def pdf_content(data):
+    """What is painted on a page: the first stream."""
+    start = re.search(rb"stream\r?\n", data).end()
+    return zlib.decompressobj().decompress(data[start:]).decode("latin-1")
