@@ -23,6 +23,7 @@ WINDOWS = MIVORA.endswith(".exe")
 
 # Cases that only the other system has, and why.
 LINUX_ONLY = {
+    "Pdf.test_boxes_and_marks": "cairo writes .pdf",
     "Pdf.test_page": "cairo writes .pdf",
     "Pdf.test_what_others_find": "cairo writes .pdf",
     "Batch.test_a_bar_on_a_terminal_only": "a pseudo terminal is no console",

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace
@@ -53,23 +56,103 @@ TEST(HandleObjects, ADeletedOneServesUntilItIsNoLongerSelected)
 
 TEST(HandleObjects, SavedStatesAndContextsThatAreDroppedLetGo)
 {
-    CDC dc;
-    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-    const LOGFONTA lf = FontOf("Arial", -50);
-    HFONT hFont = CreateFontIndirectA(&lf), hLast = CreateFontIndirectA(&lf);
-    dc.SaveDC();
-    HGDIOBJ hOld = SelectObject(dc, hFont);
-    dc.SaveDC();
-    SelectObject(dc, hOld);
-    DeleteObject(hFont);
-    EXPECT_EQ(GetObjectType(hFont), OBJ_FONT);
-    dc.RestoreDC(1);
-    EXPECT_EQ(GetObjectType(hFont), 0u);
-    SelectObject(dc, hLast);
-    DeleteObject(hLast);
-    EXPECT_EQ(GetObjectType(hLast), OBJ_FONT);
-    dc.DeleteDC();
-    EXPECT_EQ(GetObjectType(hLast), 0u);
+    constexpr HGDIOBJ (*apfnMake[])() = {
+        []() -> HGDIOBJ
+        {
+            const LOGFONTA lf = FontOf("Arial", -50);
+            return CreateFontIndirectA(&lf);
+        },
+        []() -> HGDIOBJ { return CreatePen(PS_SOLID, 1, 1); },
+        []() -> HGDIOBJ { return CreateSolidBrush(1); },
+    };
+    for (const auto pfnMake : apfnMake)
+    {
+        CDC dc;
+        ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+        const HGDIOBJ hSaved = pfnMake();
+        const UINT nType = GetObjectType(hSaved);
+        dc.SaveDC();
+        const HGDIOBJ hOld = SelectObject(dc, hSaved);
+        dc.SaveDC();
+        SelectObject(dc, hOld);
+        DeleteObject(hSaved);
+        EXPECT_EQ(GetObjectType(hSaved), nType);
+        dc.RestoreDC(1);
+        EXPECT_EQ(GetObjectType(hSaved), 0u);
+
+        dc.SaveDC();
+        const HGDIOBJ hNow = pfnMake();
+        SelectObject(dc, hNow);
+        DeleteObject(hNow);
+        EXPECT_EQ(GetObjectType(hNow), nType);
+        dc.RestoreDC(-1);
+        EXPECT_EQ(GetObjectType(hNow), 0u);
+
+        const HGDIOBJ hBelow = pfnMake();
+        const HGDIOBJ hLast = pfnMake();
+        SelectObject(dc, hBelow);
+        dc.SaveDC();
+        SelectObject(dc, hLast);
+        DeleteObject(hBelow);
+        DeleteObject(hLast);
+        EXPECT_EQ(GetObjectType(hBelow), nType);
+        EXPECT_EQ(GetObjectType(hLast), nType);
+        dc.DeleteDC();
+        EXPECT_EQ(GetObjectType(hBelow), 0u);
+        EXPECT_EQ(GetObjectType(hLast), 0u);
+    }
+}
+
+TEST(HandleObjects, ContextsThatGoLetTheirBitmapGo)
+{
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(2, 2, 1, 32, nullptr));
+    CDC other;
+    ASSERT_TRUE(other.CreateCompatibleDC(nullptr));
+    {
+        CDC dc;
+        ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+        EXPECT_NE(dc.SelectObject(&bitmap), nullptr);
+        EXPECT_EQ(other.SelectObject(&bitmap), nullptr);
+    }
+    EXPECT_NE(other.SelectObject(&bitmap), nullptr);
+}
+
+TEST(HandleObjects, StockObjectsAreTheSystems)
+{
+    const auto describe = [](int nIndex, auto& description)
+    {
+        const int nSize = static_cast<int>(sizeof description);
+        EXPECT_EQ(GetObjectA(GetStockObject(nIndex), nSize, &description), nSize) << nIndex;
+    };
+    for (const auto& [nIndex, nStyle] : { std::pair(BLACK_PEN, PS_SOLID), { NULL_PEN, PS_NULL } })
+    {
+        LOGPEN pen{ 99, { 99, 99 }, 99 };
+        describe(nIndex, pen);
+        EXPECT_EQ(pen.lopnStyle, static_cast<UINT>(nStyle));
+        EXPECT_EQ(CPoint(pen.lopnWidth), CPoint(0, 0));
+        EXPECT_EQ(pen.lopnColor, 0u);
+    }
+    const std::tuple<int, int, COLORREF> aBrushes[] = {
+        { WHITE_BRUSH, BS_SOLID, 0xFFFFFF },
+        { BLACK_BRUSH, BS_SOLID, 0 },
+        { NULL_BRUSH, BS_NULL, 0 },
+    };
+    for (const auto& [nIndex, nStyle, nColour] : aBrushes)
+    {
+        LOGBRUSH brush{ 99, 99, 99 };
+        describe(nIndex, brush);
+        EXPECT_EQ(brush.lbStyle, static_cast<UINT>(nStyle));
+        EXPECT_EQ(brush.lbColor, nColour);
+        EXPECT_EQ(brush.lbHatch, 0u);
+    }
+    LOGFONTA font{};
+    describe(SYSTEM_FONT, font);
+    EXPECT_EQ(std::tuple(font.lfHeight, font.lfWeight, std::string(font.lfFaceName)),
+              std::tuple(16, FW_BOLD, "System"));
+    WORD nEntries = 0;
+    describe(DEFAULT_PALETTE, nEntries);
+    EXPECT_EQ(nEntries, 2);
 }
 
 TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
