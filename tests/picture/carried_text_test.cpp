@@ -66,4 +66,17 @@ TEST(CarriedText, LookingTakesNoLongerThanTheFileIsLong)
         EXPECT_FALSE(FindCarriedSource(strBytes)) << pszPart;
     }
 }
+// Four times the file and a megabyte are read: each opening here goes on to the end.
+TEST(CarriedText, IsFoundBehindSoManyOpenings)
+{
+    for (const auto& [nOpenings, bFound] : { std::pair(0, true), { 4, true }, { 6, false } })
+    {
+        std::string strBytes = "%PDF-1.4 ";
+        for (int n = 0; n < nOpenings; ++n)
+            strBytes += "<</Subject(";
+        strBytes += std::string(3'000'000, 'x') + "<</Subject(a)/Creator(mivora)>>";
+        EXPECT_EQ(FindCarriedSource(strBytes).has_value(), bFound) << nOpenings;
+    }
+}
+
 }  // namespace

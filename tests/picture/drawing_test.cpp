@@ -2,13 +2,19 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdlib>
 #include <numeric>
+#include <set>
 
 #include "nodes/node.h"
 #include "picture/placement.h"
 #include "picture/raster.h"
 #include "picture/reading_order.h"
 #include "picture/sign_characters.h"
+#include "picture/svg_glyphs.h"
+#include "picture/svg_path.h"
 #include "platform/gdi/test_fonts.h"
 #include "service/screen_dc.h"
 
@@ -167,6 +173,7 @@ TEST(Placement, GrowsByWholePixelsAsFarAsInkStandsOut)
     EXPECT_EQ(screen.Size().cy, drawing.size.cy + 1);
     options.bExact = true;
     EXPECT_EQ(CPlacement(drawing, options, formed.Line()).Size(), drawing.size);
+    EXPECT_EQ(CPlacement({}, options, formed.Line()).Size(), CSize(1, 1));
     options.nMargin = 3;
     const CPlacement wide(drawing, options, formed.Line());
     EXPECT_EQ(wide.Size(), drawing.size + CSize(6, 6));
@@ -216,6 +223,96 @@ struct CReach
     double fRight = -1e9;
     double fTop = -1e9;
 };
+
+// All points of a glyph's path, controls too, by following its relative steps.
+std::set<std::pair<int, int>> PointsOf(const CSvgGlyph& glyph)
+{
+    std::pair pen(glyph.nFirstX, glyph.nFirstY);
+    std::pair start = pen;
+    std::set points = { pen };
+    char chStep = '\0';
+    const char* p = glyph.strSteps.c_str();
+    const auto number = [&p]
+    {
+        char* pEnd = nullptr;
+        const long n = std::strtol(p, &pEnd, 10);
+        EXPECT_NE(p, pEnd);
+        p = pEnd != p ? pEnd : "";
+        return static_cast<int>(n);
+    };
+    while (*p != '\0')
+    {
+        if (std::isalpha(static_cast<unsigned char>(*p)))
+            chStep = *p++;
+        if (chStep == 'z')
+        {
+            pen = start;
+            continue;
+        }
+        std::pair<int, int> to;
+        for (int n = chStep == 'c' ? 3 : chStep == 'q' ? 2 : 1; n > 0; --n)
+        {
+            to.first = pen.first + (chStep != 'v' ? number() : 0);
+            to.second = pen.second + (chStep != 'h' ? number() : 0);
+            points.insert(to);
+        }
+        pen = to;
+        if (chStep == 'm')
+            start = pen;
+    }
+    return points;
+}
+
+TEST(Svg, GlyphsHaveThePointsOfTheirOutlines)
+{
+    constexpr double fScale = 1000;
+    for (const LOGFONTA& description :
+         { FontOf("Times New Roman", -16), FontOf("Symbol", -12, 9, 700, true) })
+    {
+        const CGlyphFont font = FindGlyphFont(description);
+        for (int nCode = 0; nCode < 256; ++nCode)
+        {
+            std::set<std::pair<int, int>> expected;
+            for (const COutlinePoint& point :
+                 ReadGlyphOutline(font, static_cast<BYTE>(nCode)).m_points)
+            {
+                // The stroke that thickens it reaches as far to the left and below.
+                const double x = (point.x + font.m_fSlant * point.y + font.m_fThicken) / 2;
+                const double y = (point.y + font.m_fThicken) / 2;
+                expected.emplace(std::lround(x * font.m_fUnitX * fScale),
+                                 std::lround(-y * font.m_fUnitY * fScale));
+            }
+            const CSvgGlyph& glyph = CSvgFont::Find(font, fScale).Glyph(static_cast<BYTE>(nCode));
+            EXPECT_EQ(glyph.strSteps.empty(), expected.empty());
+            if (!expected.empty())
+            {
+                EXPECT_EQ(PointsOf(glyph), expected) << description.lfFaceName << ' ' << nCode;
+            }
+        }
+    }
+}
+
+// A letter stands once for equal steps in a row, and a blank only between digits.
+TEST(Svg, PathsAreAsShortAsTheyCanBe)
+{
+    std::string strPath;
+    CSvgPath path(strPath);
+    path.MoveTo(100, 200);
+    path.LineBy(5, 0);
+    path.LineBy(6, 0);
+    path.LineBy(0, -5);
+    path.LineBy(3, 4);
+    path.LineBy(-3, 0);
+    path.CurveBy(1, 2, 3, 4);
+    path.CurveBy(-1, -2, -3, -4);
+    path.CubicBy(1, 2, 3, 4, 5, 6);
+    path.Close();
+    path.MoveBy(1, 2);
+    path.Close();
+    path.Close();
+    path.Rect(1, 2, 4, 6);
+    EXPECT_EQ(strPath, "M100 200h5 6v-5l3 4h-3q1 2 3 4-1-2-3-4c1 2 3 4 5 6zm1 2zzM1 2h3v4h-3z");
+}
 
 // A picture that is otherwise empty grows by what a sign reaches: to the left and upwards for a
 // pen far outside of it there, to the right and downwards for one on the other side.
