@@ -321,6 +321,35 @@ TEST(CArguments, AreRefused)
     mivora_free(nullptr);
 }
 
+TEST(CArguments, AreTakenUpToTheirBounds)
+{
+    const auto sized = [](mivora_paint paint)
+    {
+        paint.struct_size = sizeof paint;
+        mivora_size size{};
+        return mivora_formula_size(FromText("a").get(), &paint, &size);
+    };
+    for (const int nDpi : { 0, 10, 2400 })
+        EXPECT_EQ(sized({ .dpi = nDpi }), MIVORA_OK) << nDpi;
+    for (const int nDpi : { -1, 9, 2401 })
+        EXPECT_EQ(sized({ .dpi = nDpi }), MIVORA_INVALID_ARGUMENT) << nDpi;
+    for (const int nMargin : { -1, 10001 })
+        EXPECT_EQ(sized({ .margin = nMargin }), MIVORA_INVALID_ARGUMENT) << nMargin;
+    EXPECT_EQ(sized({ .margin = 10000 }), MIVORA_OK);
+    for (const auto& [nPoints, bTaken] :
+         { std::pair(3, false), { 4, true }, { 400, true }, { 401, false }, { -12, false } })
+    {
+        const mivora_look look{ .struct_size = sizeof look, .points = nPoints };
+        EXPECT_EQ(FromText("a", &look) != nullptr, bTaken) << nPoints;
+    }
+    for (const size_t nLetters : { 0, 1, 31, 32 })
+    {
+        const std::string strFace(nLetters, 'x');
+        const mivora_look look{ .struct_size = sizeof look, .face = strFace.c_str() };
+        EXPECT_EQ(FromText("a", &look) != nullptr, nLetters == 1 || nLetters == 31) << nLetters;
+    }
+}
+
 // Whatever stood in its place before.
 TEST(CArguments, AreClearedByCallsThatFail)
 {

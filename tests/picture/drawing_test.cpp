@@ -178,6 +178,9 @@ TEST(Placement, GrowsByWholePixelsAsFarAsInkStandsOut)
     const CPlacement wide(drawing, options, formed.Line());
     EXPECT_EQ(wide.Size(), drawing.size + CSize(6, 6));
     EXPECT_EQ(wide.Origin(), CPoint(3, 3));
+    const int nLonger = std::max(wide.Size().cx, wide.Size().cy);
+    EXPECT_NO_THROW(wide.CheckSides(nLonger));
+    EXPECT_THROW(wide.CheckSides(nLonger - 1), CPictureFailure);
     EXPECT_EQ(wide.Told().fAxis, 3 + drawing.nAxis);
     EXPECT_EQ(wide.Told().fDepth, 3 + drawing.size.cy - drawing.nAxis - 6);
 }

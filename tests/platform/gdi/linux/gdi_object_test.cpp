@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -173,4 +174,85 @@ TEST(HandleObjects, UnknownKindsAndTooSmallBuffersAreRefused)
     EXPECT_EQ(CreateHatchBrush(HS_BDIAGONAL + 1, 0), nullptr);
     char chSmall = 0;
     EXPECT_EQ(GetObjectA(GetStockObject(SYSTEM_FONT), 1, &chSmall), 0);
+}
+
+// Each function by its answer for a new context, on which they are called in turn, and for none.
+TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
+{
+    static RECT s_rect{ 0, 0, 1, 1 };
+    static POINT s_point{};
+    static SIZE s_size{};
+    static TEXTMETRICA s_metrics{};
+    struct CCall
+    {
+        const char* pszName;
+        std::int64_t (*pfnCall)(HDC hDC);
+        std::int64_t nAnswer;
+        std::int64_t nWithout;
+    };
+#define CALL(name, ...)                            \
+#name, [](HDC h) -> std::int64_t {             \
+        return name(h __VA_OPT__(, ) __VA_ARGS__); \
+    }
+    // clang-format off
+    static constexpr CCall s_aCalls[] = {
+        { CALL(GetDeviceCaps, PLANES), 1, 0 },
+        { CALL(GetDeviceCaps, 9999), 0, 0 },
+        { CALL(SaveDC), 1, 0 },
+        { CALL(SetMapMode, MM_ANISOTROPIC), MM_TEXT, 0 },
+        { CALL(SetWindowExtEx, 2, 2, nullptr), TRUE, FALSE },
+        { CALL(SetViewportExtEx, 2, 2, nullptr), TRUE, FALSE },
+        { CALL(SetWindowOrgEx, 0, 0, nullptr), TRUE, FALSE },
+        { CALL(SetViewportOrgEx, 0, 0, nullptr), TRUE, FALSE },
+        { CALL(LPtoDP, &s_point, 1), TRUE, FALSE },
+        { CALL(LPtoDP, nullptr, 1), FALSE, FALSE },
+        { CALL(LPtoDP, nullptr, 0), TRUE, FALSE },
+        { CALL(DPtoLP, &s_point, 1), TRUE, FALSE },
+        { CALL(DPtoLP, nullptr, 1), FALSE, FALSE },
+        { CALL(DPtoLP, nullptr, 0), TRUE, FALSE },
+        { CALL(SetBkMode, 3), 0, 0 },
+        { CALL(SetBkMode, TRANSPARENT), OPAQUE, 0 },
+        { CALL(GetBkMode), TRANSPARENT, 0 },
+        { CALL(SetBkColor, 5), 0xFFFFFF, CLR_INVALID },
+        { CALL(GetBkColor), 5, CLR_INVALID },
+        { CALL(SetTextColor, 7), 0, CLR_INVALID },
+        { CALL(GetTextColor), 7, CLR_INVALID },
+        { CALL(SetTextAlign, TA_BASELINE), TA_TOP, GDI_ERROR },
+        { CALL(SetTextAlign, 99), GDI_ERROR, GDI_ERROR },
+        { CALL(GetTextMetricsA, &s_metrics), TRUE, FALSE },
+        { CALL(GetTextExtentPoint32A, "a", 1, &s_size), TRUE, FALSE },
+        { CALL(ExtTextOutA, 0, 0, 0, nullptr, "a", 1, nullptr), TRUE, FALSE },
+        { CALL(MoveToEx, 1, 1, nullptr), TRUE, FALSE },
+        { CALL(LineTo, 2, 2), TRUE, FALSE },
+        { CALL(Rectangle, 0, 0, 2, 2), TRUE, FALSE },
+        { CALL(FillRect, &s_rect, nullptr), 0, 0 },
+        { CALL(FillRect, nullptr, GetSysColorBrush(COLOR_WINDOW)), 0, 0 },
+        { CALL(FillRect, &s_rect, GetSysColorBrush(COLOR_WINDOW)), 1, 0 },
+        { CALL(SetPixel, 0, 0, 3), 3, CLR_INVALID },
+        { CALL(GetPixel, 0, 0), 3, CLR_INVALID },
+        { CALL(IntersectClipRect, 0, 0, 1, 1), SIMPLEREGION, ERROR_REGION },
+        { CALL(IntersectClipRect, 5, 5, 6, 6), NULLREGION, ERROR_REGION },
+        { CALL(RealizePalette), 0, GDI_ERROR },
+        { CALL(RestoreDC, -1), TRUE, FALSE },
+        { CALL(RestoreDC, -1), FALSE, FALSE },
+        { CALL(GetBkMode), OPAQUE, 0 },
+    };
+    // clang-format on
+#undef CALL
+    const CMemoryPicture picture(4, 4);
+    for (const CCall& call : s_aCalls)
+    {
+        EXPECT_EQ(call.pfnCall(picture), call.nAnswer) << call.pszName;
+        EXPECT_EQ(call.pfnCall(nullptr), call.nWithout) << call.pszName;
+    }
+    for (const UINT nType : { OBJ_FONT, OBJ_PEN, OBJ_BRUSH })
+    {
+        EXPECT_EQ(GetObjectType(GetCurrentObject(picture, nType)), nType);
+        EXPECT_EQ(GetCurrentObject(nullptr, nType), nullptr);
+    }
+    EXPECT_EQ(GetCurrentObject(picture, 99), nullptr);
+    EXPECT_EQ(SelectObject(nullptr, GetStockObject(BLACK_PEN)), nullptr);
+    EXPECT_EQ(SelectObject(picture, nullptr), nullptr);
+    EXPECT_FALSE(DeleteDC(nullptr));
+    EXPECT_FALSE(DeleteObject(nullptr));
 }
