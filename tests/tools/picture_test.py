@@ -17,7 +17,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "compare"))
 
 import program
 from formula_list import Generator
-from picture_files import pdf_content, pixels_of_png, png_chunks
+from picture_files import inside, pdf_content, pixels_of_png, png_chunks, polygons
 from program import PICTURES, Case, run, run_bytes
 
 SVG = "{http://www.w3.org/2000/svg}"
@@ -26,6 +26,9 @@ WHITE = (255, 255, 255, 255)
 # Subtree, own part and axis of the nodes of a/b, by their sizes: 13 x 17 for a letter and its gaps.
 BOXES = (((0, 0, 22, 42), (18, 12, 20, 29), 20), ((0, 0, 17, 42), (0, 18, 17, 23), 20),
          ((2, 0, 15, 17), (3, 0, 13, 17), 8), ((2, 24, 15, 41), (3, 24, 13, 41), 32))
+
+# Own parts of the fraction and what is below it: left, top, width and height.
+MARKS = (0, 18, 17, 5), (3, 0, 10, 17), (3, 24, 10, 17)
 
 
 def box_bars():
@@ -231,6 +234,31 @@ class Svg(PictureCase):
             self.assertEqual({path.get("fill") for path in root.iter(SVG + "path")}, {fill})
         self.assertEqual(root.find(SVG + "g").get("fill"), "currentColor")
 
+    def test_shapes_are_those_of_the_pixels(self):
+        """But for what fitting to the pixels moves, a pixel at most."""
+        for text in "a/b", "x+x+x+x+x+x-str(xy)", "sqr(b^2-4*a*c)", "sum(i,i=1,n)*greek a<=int(x*dx,0,1)":
+            root = self.svg(text, "--dpi", "288", "--exact")
+            named = {path.get("id"): path.get("d") for path in root.iter(SVG + "path") if path.get("id")}
+            width, height, rows = self.pixels(text, "--dpi", "288", "--exact")
+            shapes = set()
+            for path in root.find(SVG + "g"):
+                name = path.get("{http://www.w3.org/1999/xlink}href")
+                x, y = int(path.get("x", "0")), int(path.get("y", "0"))
+                if path.tag in (SVG + "path", SVG + "use"):
+                    contours = polygons(named[name[1:]] if name else path.get("d"))
+                    shapes |= inside([[(x + dx, y + dy) for dx, dy in one] for one in contours], width, height)
+            ink = {(x, y) for y in range(height) for x in range(width) if rows[y][x][0] < 128}
+            for some, others in (shapes, ink), (ink, shapes):
+                far = {(x, y) for x, y in some
+                       if not any((x + dx, y + dy) in others for dx in (-1, 0, 1) for dy in (-1, 0, 1))}
+                self.assertEqual(far, set(), text)
+
+    def test_marks(self):
+        found = [path.get("d") for path in self.svg("a/b", "--select", "L:2").iter(SVG + "path")
+                 if path.get("fill") == "#0078d7"]
+        self.assertEqual(found, ["M%d %dh%dv%dh-%dz" % (*box, box[2]) for box in (
+            tuple(100 * n for n in mark) for mark in MARKS)])
+
     def test_boxes(self):
         found = []
         for path in self.svg("a/b", "--boxes").iter(SVG + "path"):
@@ -259,7 +287,7 @@ class Pdf(PictureCase):
         ink = ("#000000", bar)
         ground = ("#ffffff", (0, 0, 17 / 0.75, 32 / 0.75))  # whole points
         boxes = [(colour, shape) for (colour, _), shape in box_bars()]
-        marks = [("#0078d7", shape) for shape in ((0, 18, 17, 5), (3, 0, 10, 17), (3, 24, 10, 17))]
+        marks = [("#0078d7", shape) for shape in MARKS]
         for words, expected in (([], [ground, ink]), (["--transparent"], [ink]), (["--boxes"], [ground, ink, *boxes]),
                                 (["--select", "L:2"], [ground, *marks, ("#ffffff", bar)])):
             found = self.fills("a/b", *words)
