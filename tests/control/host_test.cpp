@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <sstream>
 #include <tuple>
@@ -308,12 +309,26 @@ TEST(Hosts, DecisionsWithinEachOtherAreCutOff)
     EXPECT_FALSE(window.GetControl().IsHBarOn());
 }
 
-// Hosts are built with them.
+// Hosts are built with them, and scripts and messages carry them.
 TEST(Hosts, NumbersStayWhatTheyAre)
 {
-    EXPECT_EQ(FCN_CHANGED, -106);
-    EXPECT_EQ(FORMULA_EDIT_ID, 8U);
-    EXPECT_EQ(DEFAULT_WHEEL_LINES, 3U);
+    const std::pair<std::int64_t, std::int64_t> aNumbers[] = {
+        // clang-format off
+        { FCN_CHANGED, -106 }, { FORMULA_EDIT_ID, 8 }, { DEFAULT_WHEEL_LINES, 3 },
+        { WHEEL_PAGESCROLL, 0xFFFFFFFF }, { WHEEL_DELTA, 120 },
+        { SB_HORZ, 0 }, { SB_VERT, 1 }, { SB_BOTH, 3 },
+        { SB_LINEUP, 0 }, { SB_LINEDOWN, 1 }, { SB_PAGEUP, 2 }, { SB_PAGEDOWN, 3 },
+        { SB_THUMBPOSITION, 4 }, { SB_THUMBTRACK, 5 }, { SB_TOP, 6 }, { SB_BOTTOM, 7 },
+        { MK_LBUTTON, 1 }, { MK_CONTROL, 8 },
+        { VK_BACK, 8 }, { VK_TAB, 9 }, { VK_RETURN, 13 }, { VK_ESCAPE, 27 }, { VK_SPACE, 32 },
+        { VK_PRIOR, 33 }, { VK_NEXT, 34 }, { VK_END, 35 }, { VK_HOME, 36 },
+        { VK_LEFT, 37 }, { VK_UP, 38 }, { VK_RIGHT, 39 }, { VK_DOWN, 40 },
+        { VK_INSERT, 45 }, { VK_DELETE, 46 },
+        { DROPEFFECT_NONE, 0 }, { DROPEFFECT_COPY, 1 }, { DROPEFFECT_MOVE, 2 },
+        // clang-format on
+    };
+    for (const auto& [nNumber, nExpected] : aNumbers)
+        EXPECT_EQ(nNumber, nExpected);
 }
 
 }  // namespace
