@@ -1,6 +1,7 @@
 // The C interface, by what its header promises.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <thread>
 #include <vector>
@@ -320,6 +321,82 @@ TEST(CArguments, AreRefused)
     mivora_free(nullptr);
 }
 
+TEST(CArguments, AreTakenUpToTheirBounds)
+{
+    const auto sized = [](mivora_paint paint)
+    {
+        paint.struct_size = sizeof paint;
+        mivora_size size{};
+        return mivora_formula_size(FromText("a").get(), &paint, &size);
+    };
+    for (const int nDpi : { 0, 10, 2400 })
+        EXPECT_EQ(sized({ .dpi = nDpi }), MIVORA_OK) << nDpi;
+    for (const int nDpi : { -1, 9, 2401 })
+        EXPECT_EQ(sized({ .dpi = nDpi }), MIVORA_INVALID_ARGUMENT) << nDpi;
+    for (const int nMargin : { -1, 10001 })
+        EXPECT_EQ(sized({ .margin = nMargin }), MIVORA_INVALID_ARGUMENT) << nMargin;
+    EXPECT_EQ(sized({ .margin = 10000 }), MIVORA_OK);
+    for (const auto& [nPoints, bTaken] :
+         { std::pair(3, false), { 4, true }, { 400, true }, { 401, false }, { -12, false } })
+    {
+        const mivora_look look{ .struct_size = sizeof look, .points = nPoints };
+        EXPECT_EQ(FromText("a", &look) != nullptr, bTaken) << nPoints;
+    }
+    for (const size_t nLetters : { 0, 1, 31, 32 })
+    {
+        const std::string strFace(nLetters, 'x');
+        const mivora_look look{ .struct_size = sizeof look, .face = strFace.c_str() };
+        EXPECT_EQ(FromText("a", &look) != nullptr, nLetters == 1 || nLetters == 31) << nLetters;
+    }
+}
+
+// Whatever stood in its place before.
+TEST(CArguments, AreClearedByCallsThatFail)
+{
+    using CBytesCall = mivora_status (*)(mivora_formula*, char**, size_t*);
+    constexpr CBytesCall apfnBytes[] = {
+        [](auto*, auto... out) { return mivora_formula_text(nullptr, out...); },
+        [](auto*, auto... out) { return mivora_formula_fml(nullptr, out...); },
+        [](auto*, auto... out) { return mivora_formula_write(nullptr, MIVORA_LATEX, out...); },
+        [](auto* p, auto... out)
+        { return mivora_formula_write(p, static_cast<mivora_form>(6), out...); },
+        [](auto* p, auto... out)
+        { return mivora_formula_picture(p, "gif", nullptr, out..., nullptr); },
+        [](auto*, auto... out) { return mivora_picture_source(nullptr, 0, out...); },
+        [](auto*, auto... out) { return mivora_picture_source("BM", 2, out...); },
+    };
+    const CFormulaHandle formula = FromText("a");
+    char chOld = 'x';
+    for (const CBytesCall& pfnCall : apfnBytes)
+    {
+        SCOPED_TRACE(&pfnCall - apfnBytes);
+        char* pBytes = &chOld;
+        size_t nSize = 4711;
+        EXPECT_NE(pfnCall(formula.get(), &pBytes, &nSize), MIVORA_OK);
+        EXPECT_EQ(pBytes, nullptr);
+        EXPECT_EQ(nSize, 0U);
+        nSize = 4711;
+        EXPECT_EQ(pfnCall(formula.get(), nullptr, &nSize), MIVORA_INVALID_ARGUMENT);
+        EXPECT_EQ(nSize, 0U);
+        pBytes = &chOld;
+        EXPECT_EQ(pfnCall(formula.get(), &pBytes, nullptr), MIVORA_INVALID_ARGUMENT);
+        EXPECT_EQ(pBytes, nullptr);
+    }
+    const mivora_look look{ .struct_size = 1 };
+    using CMakeCall = mivora_status (*)(const mivora_look*, mivora_formula**);
+    constexpr CMakeCall apfnMake[] = {
+        [](auto* p, auto** pp) { return mivora_formula_from_text("a", 1, p, pp); },
+        [](auto*, auto** pp) { return mivora_formula_from_text("\xFF", 1, nullptr, pp); },
+        [](auto*, auto** pp) { return mivora_formula_from_fml("a", 1, nullptr, pp); },
+    };
+    for (const CMakeCall pfnCall : apfnMake)
+    {
+        mivora_formula* pMade = formula.get();
+        EXPECT_NE(pfnCall(&look, &pMade), MIVORA_OK);
+        EXPECT_EQ(pMade, nullptr);
+    }
+}
+
 TEST(CArguments, MayBeThoseOfAnOlderCaller)
 {
     // One that knew the first fields and nothing behind them.
@@ -334,6 +411,28 @@ TEST(CArguments, MayBeThoseOfAnOlderCaller)
         mivora_formula_size(FromText("a").get(), reinterpret_cast<mivora_paint*>(&old), &size),
         MIVORA_OK);
     EXPECT_EQ(size.em, 32);
+}
+
+// A message has room for 511 bytes, and is cut between characters.
+TEST(CErrors, AreCutToTheirRoom)
+{
+    const std::string strHead = "color is a name, #rgb or #rrggbb, not ";
+    const CFormulaHandle formula = FromText("a");
+    for (size_t n = 500 - strHead.size(); n < 530 - strHead.size(); ++n)
+    {
+        std::string strWide(n % 2, 'q');
+        while (strWide.size() < n)
+            strWide += "\xC3\xA4";
+        for (const std::string& strName : { std::string(n, 'q'), strWide })
+        {
+            const mivora_paint paint{ .struct_size = sizeof paint, .color = strName.c_str() };
+            EXPECT_EQ(Picture(formula, "png", &paint).nStatus, MIVORA_INVALID_ARGUMENT);
+            size_t nKept = std::min<size_t>(strName.size(), 511 - strHead.size());
+            if (nKept < strName.size() && (strName[nKept] & 0xC0) == 0x80)
+                --nKept;
+            EXPECT_EQ(LastError().message, strHead + strName.substr(0, nKept)) << n;
+        }
+    }
 }
 
 TEST(CErrors, BelongToTheirThread)

@@ -1,7 +1,10 @@
 // What hosts do to a control at awkward moments, and what other programs put on the clipboard.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <sstream>
 #include <tuple>
 
 #include "control/control_driver.h"
@@ -205,6 +208,127 @@ TEST(Hosts, WhatChangesNothingPaintsNothing)
         "move @LL;move @LR;move @LR;press @LL;key 40;key 37;key 90 ctrl;key 13;char 65;"
         "copy;wheel 10;vscroll 8;hscroll 6;blur;size 300 200;enter 5 5;leave");
     EXPECT_EQ(driver.m_Window.GetPaintCount(), nPaints);
+    driver.Play("press @LR;key 88");
+    const int nOpened = driver.m_Window.GetPaintCount();
+    driver.Play("key 46;key 36;char 8;key 35;char 127");
+    EXPECT_EQ(driver.m_Window.GetPaintCount(), nOpened);
+}
+
+// Keeps what the control asks for: e and k for an invalidation that erases or keeps what is there,
+// s and n for a position that is to be shown or not.
+class CWatchedWindow : public CMemoryWindow
+{
+public:
+    using CMemoryWindow::CMemoryWindow;
+    void Invalidate(bool bErase) override
+    {
+        m_strAsked += bErase ? 'e' : 'k';
+        CMemoryWindow::Invalidate(bErase);
+    }
+    std::string m_strAsked;
+
+private:
+    void SetScrollPosition(int /*nBar*/, int /*nPos*/, BOOL bRedraw) override
+    {
+        m_strAsked += bRedraw ? 's' : 'n';
+    }
+};
+
+TEST(Hosts, WindowsAreAskedToEraseOrNot)
+{
+#define FIRST "all;key 37;key 37;"  // the letter a
+    const std::tuple<const char*, const char*, const char*> aCases[] = {
+        { "", "press 5 8", "k" },
+        { "", "release 5 8", "k" },
+        { "", "double 5 8", "k" },
+        { "", "all", "e" },
+        { "", "readonly 1", "e" },
+        { "all;key 37", "key 39", "e" },
+        { "all;key 37", "key 37", "e" },
+        { "all;key 37", "key 38", "e" },
+        { "all;key 37", "key 32", "e" },
+        { FIRST, "key 46", "e" },
+        { FIRST, "delete", "e" },
+        { FIRST, "cut", "e" },
+        { FIRST "copy;key 46", "paste", "e" },
+        { FIRST "key 88", "char 89", "e" },
+        { FIRST "key 88", "char 13", "kk" },  // the control's own, and that of the box that goes
+        { "", "vscroll 1", "se" },
+        { "", "hscroll 4 1", "se" },
+        { "", "hscroll 8", "" },
+    };
+#undef FIRST
+    for (const auto& [pszBefore, pszEvent, pszAsked] : aCases)
+    {
+        CFormulaOut formula;
+        formula.FormTree("a+b");
+        CMemoryClipboard clipboard;
+        CWatchedWindow window(clipboard, CSize(300, 200));
+        window.GetControl().SetTree(&formula.m_Tree);
+        window.Start();
+        CScriptedMemoryWindow scripted(window, clipboard);
+        std::istringstream events(std::string(pszBefore) + ';' + pszEvent);
+        for (std::string strLine; std::getline(events, strLine, ';');)
+        {
+            window.m_strAsked.clear();
+            if (!strLine.empty())
+                scripted.Send(*ParseScriptEvent(strLine));
+            window.Settle();
+        }
+        EXPECT_EQ(window.m_strAsked, pszAsked) << pszBefore << pszEvent;
+    }
+}
+
+// A window that decides anew at each call, whatever has become of its client area.
+class CEndlessWindow : public CMemoryWindow
+{
+public:
+    using CMemoryWindow::CMemoryWindow;
+    int m_nDeepest = 0;
+
+private:
+    void EnableScrollBarCtrl(int /*nBar*/, BOOL /*bShow*/) override
+    {
+        m_nDeepest = std::max(m_nDeepest, ++m_nDepth);
+        GetControl().RecalcScrollBars();
+        --m_nDepth;
+    }
+    int m_nDepth = 0;
+};
+
+TEST(Hosts, DecisionsWithinEachOtherAreCutOff)
+{
+    CFormulaOut formula;
+    formula.FormTree("(a/b)/(c/d)");
+    CMemoryClipboard clipboard;
+    CEndlessWindow window(clipboard, CSize(300, 50));
+    window.GetControl().SetTree(&formula.m_Tree);
+    window.Start();
+    EXPECT_EQ(window.m_nDeepest, 16);
+    EXPECT_TRUE(window.GetControl().IsVBarOn());
+    EXPECT_FALSE(window.GetControl().IsHBarOn());
+}
+
+// Hosts are built with them, and scripts and messages carry them.
+TEST(Hosts, NumbersStayWhatTheyAre)
+{
+    const std::pair<std::int64_t, std::int64_t> aNumbers[] = {
+        // clang-format off
+        { FCN_CHANGED, -106 }, { FORMULA_EDIT_ID, 8 }, { DEFAULT_WHEEL_LINES, 3 },
+        { WHEEL_PAGESCROLL, 0xFFFFFFFF }, { WHEEL_DELTA, 120 },
+        { SB_HORZ, 0 }, { SB_VERT, 1 }, { SB_BOTH, 3 },
+        { SB_LINEUP, 0 }, { SB_LINEDOWN, 1 }, { SB_PAGEUP, 2 }, { SB_PAGEDOWN, 3 },
+        { SB_THUMBPOSITION, 4 }, { SB_THUMBTRACK, 5 }, { SB_TOP, 6 }, { SB_BOTTOM, 7 },
+        { MK_LBUTTON, 1 }, { MK_CONTROL, 8 },
+        { VK_BACK, 8 }, { VK_TAB, 9 }, { VK_RETURN, 13 }, { VK_ESCAPE, 27 }, { VK_SPACE, 32 },
+        { VK_PRIOR, 33 }, { VK_NEXT, 34 }, { VK_END, 35 }, { VK_HOME, 36 },
+        { VK_LEFT, 37 }, { VK_UP, 38 }, { VK_RIGHT, 39 }, { VK_DOWN, 40 },
+        { VK_INSERT, 45 }, { VK_DELETE, 46 },
+        { DROPEFFECT_NONE, 0 }, { DROPEFFECT_COPY, 1 }, { DROPEFFECT_MOVE, 2 },
+        // clang-format on
+    };
+    for (const auto& [nNumber, nExpected] : aNumbers)
+        EXPECT_EQ(nNumber, nExpected);
 }
 
 }  // namespace

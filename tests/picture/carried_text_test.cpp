@@ -18,6 +18,7 @@ TEST(CarriedText, EveryByteComesBack)
             EXPECT_GE(static_cast<unsigned char>(ch), 0x20) << n;
         EXPECT_EQ(strEscaped.find("\xC2\x81"), std::string::npos);  // no control of either kind
     }
+    EXPECT_EQ(EscapeCarried("a\xC2"), "a\xC2");  // half a character
     EXPECT_EQ(UnescapeCarried("\\x4 \\xG1 \\ \\x"), "\\x4 \\xG1 \\ \\x");
 }
 
@@ -65,4 +66,17 @@ TEST(CarriedText, LookingTakesNoLongerThanTheFileIsLong)
         EXPECT_FALSE(FindCarriedSource(strBytes)) << pszPart;
     }
 }
+// Four times the file and a megabyte are read: each opening here goes on to the end.
+TEST(CarriedText, IsFoundBehindSoManyOpenings)
+{
+    for (const auto& [nOpenings, bFound] : { std::pair(0, true), { 4, true }, { 6, false } })
+    {
+        std::string strBytes = "%PDF-1.4 ";
+        for (int n = 0; n < nOpenings; ++n)
+            strBytes += "<</Subject(";
+        strBytes += std::string(3'000'000, 'x') + "<</Subject(a)/Creator(mivora)>>";
+        EXPECT_EQ(FindCarriedSource(strBytes).has_value(), bFound) << nOpenings;
+    }
+}
+
 }  // namespace

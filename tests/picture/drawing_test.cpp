@@ -2,12 +2,20 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdlib>
 #include <numeric>
+#include <set>
 
 #include "nodes/node.h"
 #include "picture/placement.h"
+#include "picture/raster.h"
 #include "picture/reading_order.h"
 #include "picture/sign_characters.h"
+#include "picture/svg_glyphs.h"
+#include "picture/svg_path.h"
+#include "platform/gdi/test_fonts.h"
 #include "service/screen_dc.h"
 
 namespace
@@ -86,23 +94,44 @@ TEST(Drawing, MarksLieWhereNothingWipesThemAway)
     EXPECT_EQ(nMarked, Area(pBars->m_rect) - Area(pInside->m_rect));
 }
 
+// Inside of the frame, lines from lower left to upper right go through the middles of pixels whose
+// coordinates have the sum 7 in each 8.
 TEST(Drawing, APlaceholderIsAFrameOfHatching)
 {
     CFormulaOut formula;
     formula.m_Tree.CreateRootNode("NT_PLACEHOLDER");
-    const CDrawing drawing = RecordDrawing(formula.m_Tree);
-    ASSERT_GE(drawing.lines.size(), 5U);
-    // Four bars around it come first; the rest goes from lower left to upper right inside.
-    const auto [left, right] = std::minmax(drawing.lines[0].x1, drawing.lines[0].x2);
-    const auto [top, bottom] = std::minmax(drawing.lines[2].y1, drawing.lines[2].y2);
-    for (size_t n = 0; n < drawing.lines.size(); ++n)
+    for (int nPoints = 9; nPoints < 26; ++nPoints)
     {
-        const CDrawnLine& line = drawing.lines[n];
-        const bool bBar = line.IsHorizontal() || line.IsVertical();
-        EXPECT_EQ(bBar, n < 4) << n;
-        EXPECT_TRUE(bBar || line.x1 + line.y1 == line.x2 + line.y2) << n;
-        EXPECT_TRUE(line.x1 >= left && line.x2 <= right) << n;
-        EXPECT_TRUE(bBar || (line.y2 >= top && line.y1 <= bottom)) << n;
+        SCOPED_TRACE(nPoints);
+        ApplyLook(formula, { nPoints, "" });
+        const CDrawing drawing = RecordDrawing(formula.m_Tree);
+        ASSERT_GE(drawing.lines.size(), 5U);
+        // Four bars around it come first.
+        const auto [left, right] = std::minmax(drawing.lines[0].x1, drawing.lines[0].x2);
+        const double top = drawing.lines[2].y1;
+        const double bottom = drawing.lines[2].y2;
+        std::vector<int> sums;
+        for (size_t n = 0; n < drawing.lines.size(); ++n)
+        {
+            const CDrawnLine& line = drawing.lines[n];
+            const bool bBar = line.IsHorizontal() || line.IsVertical();
+            EXPECT_EQ(bBar, n < 4) << n;
+            EXPECT_TRUE(line.x1 >= left && line.x2 <= right) << n;
+            if (bBar)
+                continue;
+            EXPECT_TRUE(line.y2 >= top && line.y1 <= bottom) << n;
+            EXPECT_EQ(line.x1 + line.y1, line.x2 + line.y2) << n;
+            EXPECT_TRUE(line.x1 == left + 1 || line.y1 == bottom) << n;
+            EXPECT_TRUE(line.x2 == right - 1 || line.y2 == top) << n;
+            sums.push_back(static_cast<int>(line.x1 + line.y1));
+        }
+        std::vector<int> expected;
+        for (int nSum = static_cast<int>(left + 1 + top) + 1; nSum < right - 1 + bottom; ++nSum)
+        {
+            if (nSum % 8 == 0)
+                expected.push_back(nSum);
+        }
+        EXPECT_EQ(sums, expected);
     }
 }
 
@@ -144,12 +173,224 @@ TEST(Placement, GrowsByWholePixelsAsFarAsInkStandsOut)
     EXPECT_EQ(screen.Size().cy, drawing.size.cy + 1);
     options.bExact = true;
     EXPECT_EQ(CPlacement(drawing, options, formed.Line()).Size(), drawing.size);
+    EXPECT_EQ(CPlacement({}, options, formed.Line()).Size(), CSize(1, 1));
     options.nMargin = 3;
     const CPlacement wide(drawing, options, formed.Line());
     EXPECT_EQ(wide.Size(), drawing.size + CSize(6, 6));
     EXPECT_EQ(wide.Origin(), CPoint(3, 3));
+    const int nLonger = std::max(wide.Size().cx, wide.Size().cy);
+    EXPECT_NO_THROW(wide.CheckSides(nLonger));
+    EXPECT_THROW(wide.CheckSides(nLonger - 1), CPictureFailure);
     EXPECT_EQ(wide.Told().fAxis, 3 + drawing.nAxis);
     EXPECT_EQ(wide.Told().fDepth, 3 + drawing.size.cy - drawing.nAxis - 6);
+}
+
+// The farthest points of an outline, in font units, found by following it in small steps.
+struct CReach
+{
+    explicit CReach(const CGlyphOutline& outline)
+    {
+        const COutlinePoint* p = outline.m_points.data();
+        for (const COutlineStep step : outline.m_steps)
+        {
+            const int nPoints = step == COutlineStep::cubic   ? 3
+                                : step == COutlineStep::curve ? 2
+                                                              : 1;
+            if (nPoints == 1)
+                Include(p->x, p->y);
+            for (int n = 0; nPoints > 1 && n <= 64; ++n)
+            {
+                const double t = n / 64.0;
+                Include(At(p - 1, &COutlinePoint::x, nPoints, t),
+                        At(p - 1, &COutlinePoint::y, nPoints, t));
+            }
+            p += nPoints;
+        }
+    }
+    static double At(const COutlinePoint* p, int COutlinePoint::*pAxis, int nDegree, double t)
+    {
+        if (nDegree == 0)
+            return p->*pAxis;
+        return (1 - t) * At(p, pAxis, nDegree - 1, t) + t * At(p + 1, pAxis, nDegree - 1, t);
+    }
+    void Include(double x, double y)
+    {
+        fLeft = std::min(fLeft, x / 2);
+        fRight = std::max(fRight, x / 2);
+        fBottom = std::min(fBottom, y / 2);
+        fTop = std::max(fTop, y / 2);
+    }
+
+    double fLeft = 1e9;
+    double fBottom = 1e9;
+    double fRight = -1e9;
+    double fTop = -1e9;
+};
+
+// All points of a glyph's path, controls too, by following its relative steps.
+std::set<std::pair<int, int>> PointsOf(const CSvgGlyph& glyph)
+{
+    std::pair pen(glyph.nFirstX, glyph.nFirstY);
+    std::pair start = pen;
+    std::set points = { pen };
+    char chStep = '\0';
+    const char* p = glyph.strSteps.c_str();
+    const auto number = [&p]
+    {
+        char* pEnd = nullptr;
+        const long n = std::strtol(p, &pEnd, 10);
+        EXPECT_NE(p, pEnd);
+        p = pEnd != p ? pEnd : "";
+        return static_cast<int>(n);
+    };
+    while (*p != '\0')
+    {
+        if (std::isalpha(static_cast<unsigned char>(*p)))
+            chStep = *p++;
+        if (chStep == 'z')
+        {
+            pen = start;
+            continue;
+        }
+        std::pair<int, int> to;
+        for (int n = chStep == 'c' ? 3 : chStep == 'q' ? 2 : 1; n > 0; --n)
+        {
+            to.first = pen.first + (chStep != 'v' ? number() : 0);
+            to.second = pen.second + (chStep != 'h' ? number() : 0);
+            points.insert(to);
+        }
+        pen = to;
+        if (chStep == 'm')
+            start = pen;
+    }
+    return points;
+}
+
+TEST(Svg, GlyphsHaveThePointsOfTheirOutlines)
+{
+    constexpr double fScale = 1000;
+    for (const LOGFONTA& description :
+         { FontOf("Times New Roman", -16), FontOf("Symbol", -12, 9, 700, true) })
+    {
+        const CGlyphFont font = FindGlyphFont(description);
+        for (int nCode = 0; nCode < 256; ++nCode)
+        {
+            std::set<std::pair<int, int>> expected;
+            for (const COutlinePoint& point :
+                 ReadGlyphOutline(font, static_cast<BYTE>(nCode)).m_points)
+            {
+                // The stroke that thickens it reaches as far to the left and below.
+                const double x = (point.x + font.m_fSlant * point.y + font.m_fThicken) / 2;
+                const double y = (point.y + font.m_fThicken) / 2;
+                expected.emplace(std::lround(x * font.m_fUnitX * fScale),
+                                 std::lround(-y * font.m_fUnitY * fScale));
+            }
+            const CSvgGlyph& glyph = CSvgFont::Find(font, fScale).Glyph(static_cast<BYTE>(nCode));
+            EXPECT_EQ(glyph.strSteps.empty(), expected.empty());
+            if (!expected.empty())
+            {
+                EXPECT_EQ(PointsOf(glyph), expected) << description.lfFaceName << ' ' << nCode;
+            }
+        }
+    }
+}
+
+// A letter stands once for equal steps in a row, and a blank only between digits.
+TEST(Svg, PathsAreAsShortAsTheyCanBe)
+{
+    std::string strPath;
+    CSvgPath path(strPath);
+    path.MoveTo(100, 200);
+    path.LineBy(5, 0);
+    path.LineBy(6, 0);
+    path.LineBy(0, -5);
+    path.LineBy(3, 4);
+    path.LineBy(-3, 0);
+    path.CurveBy(1, 2, 3, 4);
+    path.CurveBy(-1, -2, -3, -4);
+    path.CubicBy(1, 2, 3, 4, 5, 6);
+    path.Close();
+    path.MoveBy(1, 2);
+    path.Close();
+    path.Close();
+    path.Rect(1, 2, 4, 6);
+    EXPECT_EQ(strPath, "M100 200h5 6v-5l3 4h-3q1 2 3 4-1-2-3-4c1 2 3 4 5 6zm1 2zzM1 2h3v4h-3z");
+}
+
+// A picture that is otherwise empty grows by what a sign reaches: to the left and upwards for a
+// pen far outside of it there, to the right and downwards for one on the other side.
+TEST(Placement, GrowsByTheReachOfEverySign)
+{
+    constexpr int nScale = 20;
+    constexpr int nAway = 500;
+    const LOGFONTA aFonts[] = {
+        FontOf("Times New Roman", -100),      FontOf("Times New Roman", -100, 0, 400, true),
+        FontOf("Symbol", -100, 0, 700, true), FontOf("Symbol", -100, 118),
+        FontOf("MT Extra", -100, 0, 700),
+    };
+    CPictureOptions options;
+    options.nDpi = nScale * SCREEN_DPI;
+    for (const LOGFONTA& description : aFonts)
+    {
+        const CGlyphFont font = FindGlyphFont(description);
+        for (int nCode = 0; nCode < 256; ++nCode)
+        {
+            SCOPED_TRACE(testing::Message() << description.lfFaceName << ' ' << nCode);
+            const CReach reach(ReadGlyphOutline(font, static_cast<BYTE>(nCode)));
+            if (reach.fRight < reach.fLeft)
+                continue;
+            CDrawing drawing;
+            drawing.fonts = { { description, font } };
+            drawing.glyphs = { { static_cast<BYTE>(nCode), 0 } };
+            drawing.texts = { { 0, 0, CPoint(-nAway, -nAway), 0, 1, 0 } };
+            const CPoint origin = CPlacement(drawing, options, { 0, 0 }).Origin();
+            const double fLeft = (reach.fLeft + font.m_fSlant * reach.fBottom) * font.m_fUnitX;
+            const double fTop = (reach.fTop + font.m_fThicken) * font.m_fUnitY;
+            EXPECT_NEAR(origin.x, (nAway - fLeft) * nScale, 1);
+            EXPECT_NEAR(origin.y, (nAway + fTop) * nScale, 1);
+            drawing.texts[0].origin = CPoint(nAway, nAway);
+            const CSize size = CPlacement(drawing, options, { 0, 0 }).Size();
+            const double fRight = reach.fRight + font.m_fSlant * reach.fTop + font.m_fThicken;
+            EXPECT_NEAR(size.cx, (nAway + fRight * font.m_fUnitX) * nScale, 1);
+            EXPECT_NEAR(size.cy, (nAway - reach.fBottom * font.m_fUnitY) * nScale, 1);
+        }
+    }
+}
+
+// And by lines, of which those along an axis are bars, and others half a pixel wide on each side.
+TEST(Placement, GrowsByLines)
+{
+    const struct
+    {
+        CDrawnLine line;
+        CRect picture;  // of a formula of 10 by 10 pixels
+    } aLines[] = {
+        { { -3, -4.5, 5, -4.5, 0 }, { -3, -5, 10, 10 } },
+        { { 12.5, 5, 12.5, 14, 0 }, { 0, 0, 13, 14 } },
+        { { -3.5, 14.5, 12.5, -2.5, 0 }, { -4, -3, 13, 15 } },
+        { { 12.5, 14.5, -3.5, -2.5, 0 }, { -4, -3, 13, 15 } },
+    };
+    for (const auto& [line, picture] : aLines)
+    {
+        CDrawing drawing;
+        drawing.size = CSize(10, 10);
+        drawing.lines = { line };
+        const CPlacement placement(drawing, {}, { 0, 0 });
+        EXPECT_EQ(placement.Origin(), CPoint(-picture.left, -picture.top)) << line.x1;
+        EXPECT_EQ(placement.Size(), picture.Size()) << line.x1;
+    }
+}
+
+// A pixel takes as much of a colour as is covered of it; what is clear has no colour of its own.
+TEST(Raster, BoxesAreBlendedByTheirShareOfEachPixel)
+{
+    CRaster raster;
+    raster.size = CSize(3, 2);
+    raster.pixels = { 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 0x00000000, 0x800000FF };
+    BlendRect(raster, 0.5, 0.25, 3.5, 1.5, { 1, 0.2, 0, 0.75 });
+    // Opacities 0.28125, 0.5625, 0.5625 and 0.1875, 0.375, 0.375; the last sum is 0.688725.
+    EXPECT_EQ(raster.pixels, (std::vector<std::uint32_t>{ 0xFFFFC6B7, 0xFFFF8C70, 0xFFFF8C70,
+                                                          0xFFFFD9CF, 0x60FF3300, 0xB08B1C74 }));
 }
 
 TEST(ReadingOrder, IsThatOfAReader)

@@ -110,6 +110,28 @@ TEST_F(CPictureTest, AHostsGroundStays)
     }
 }
 
+// Pixel by pixel, with a selection, where no node wipes away a part of another.
+TEST_F(CPictureTest, OnAHostItLooksAsTheTreePaintsItself)
+{
+    constexpr CPoint s_corner(16, 8);
+    CPictureOptions white;
+    white.background = GetSysColor(COLOR_WINDOW);
+    for (const char* pszText : { "a/b", "sqr(x)+abs(y)", "(2-n)/(greek a+3)<=|x|" })
+    {
+        for (const int nMode : { 0, 1, 2 })
+        {
+            CFormulaOut formula;
+            formula.FormTree(pszText);
+            formula.m_Tree.SetSelection(formula.m_Tree.GetRootNode()->GetLeft(), nMode);
+            const CMemoryPicture tree(200, 80);
+            formula.DrawTree(CDC::FromHandle(tree), CRect(s_corner, CSize(0, 0)));
+            const CMemoryPicture picture(200, 80);
+            DrawPicture(CDC::FromHandle(picture), s_corner, formula, white);
+            EXPECT_TRUE(picture.Colours() == tree.Colours()) << pszText << nMode;
+        }
+    }
+}
+
 TEST_F(CPictureTest, TooLargeIsAReason)
 {
     const struct

@@ -1,4 +1,5 @@
-"""Pictures taken apart without the library: PNG by hand."""
+"""Pictures taken apart without the library: PNG, PDF and paths of SVG by hand."""
+import re
 import struct
 import zlib
 
@@ -43,3 +44,52 @@ def pixels_of_png(data):
         red_green_blue = planes[:1] * 3 if grey else planes[:3]
         rows.append(list(zip(*red_green_blue, b"\xff" * width if opaque else planes[-1])))
     return width, height, rows
+
+
+def pdf_content(data):
+    """What is painted on a page: the first stream."""
+    start = re.search(rb"stream\r?\n", data).end()
+    return zlib.decompressobj().decompress(data[start:]).decode("latin-1")
+
+
+def polygons(data):
+    """The contours of a path of relative steps, curves in eighths."""
+    contours, pen, step = [], (0, 0), None
+    words = re.findall(r"[A-Za-z]|-?\d+", data)
+    counts = {"M": 1, "m": 1, "l": 1, "h": 1, "v": 1, "q": 2, "c": 3}
+    while words:
+        if words[0].isalpha():
+            step = words.pop(0)
+        if step == "z":
+            pen = contours[-1][0]
+            continue
+        points = [pen]
+        for _ in range(counts[step]):
+            x = int(words.pop(0)) if step != "v" else 0
+            y = int(words.pop(0)) if step != "h" else 0
+            points.append((x, y) if step == "M" else (pen[0] + x, pen[1] + y))
+        pen = points[-1]
+        if step in "Mm":
+            contours.append([pen])
+            continue
+        for part in range(1, 9):
+            row = points
+            while len(row) > 1:
+                row = [tuple(a + (b - a) * part / 8 for a, b in zip(*two)) for two in zip(row, row[1:])]
+            contours[-1].append(row[0])
+    return contours
+
+
+def inside(contours, width, height, unit=100):
+    """The pixels whose middles lie inside, by the winding of the contours around them."""
+    found = set()
+    for y in range(height):
+        middle, crossings = (y + 0.5) * unit, []
+        for contour in contours:
+            for (x1, y1), (x2, y2) in zip(contour, contour[1:] + contour[:1]):
+                if (y1 <= middle) != (y2 <= middle):
+                    crossings.append((x1 + (middle - y1) * (x2 - x1) / (y2 - y1), 1 if y2 > y1 else -1))
+        for x in range(width):
+            if sum(turn for place, turn in crossings if place <= (x + 0.5) * unit):
+                found.add((x, y))
+    return found

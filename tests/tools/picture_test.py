@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Pictures of the command line: what is in them, how large they are, what they carry."""
 import json
+import math
 import pathlib
 import random
 import re
@@ -16,11 +17,29 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "compare"))
 
 import program
 from formula_list import Generator
-from picture_files import pixels_of_png, png_chunks
+from picture_files import inside, pdf_content, pixels_of_png, png_chunks, polygons
 from program import PICTURES, Case, run, run_bytes
 
 SVG = "{http://www.w3.org/2000/svg}"
 WHITE = (255, 255, 255, 255)
+
+# Subtree, own part and axis of the nodes of a/b, by their sizes: 13 x 17 for a letter and its gaps.
+BOXES = (((0, 0, 22, 42), (18, 12, 20, 29), 20), ((0, 0, 17, 42), (0, 18, 17, 23), 20),
+         ((2, 0, 15, 17), (3, 0, 13, 17), 8), ((2, 24, 15, 41), (3, 24, 13, 41), 32))
+
+# Own parts of the fraction and what is below it: left, top, width and height.
+MARKS = (0, 18, 17, 5), (3, 0, 10, 17), (3, 24, 10, 17)
+
+
+def box_bars():
+    """What the boxes of a/b are drawn with: a colour with its opacity, left, top, width and height."""
+    for subtree, own, axis in BOXES:
+        for colour, (left, top, right, bottom) in (("#666666", "0.5"), subtree), (("#0033ff", "0.8"), own):
+            yield colour, (left, top, right - left, 0.5)
+            yield colour, (left, bottom - 0.5, right - left, 0.5)
+            yield colour, (left, top + 0.5, 0.5, bottom - top - 1)
+            yield colour, (right - 0.5, top + 0.5, 0.5, bottom - top - 1)
+        yield ("#ff0000", "0.6"), (subtree[0] - 2, axis - 0.25, subtree[2] - subtree[0] + 4, 0.5)
 
 
 class PictureCase(Case):
@@ -71,10 +90,15 @@ class Pictures(PictureCase):
         self.assertNotIn((0, 0, 0, 255), grayed)
 
     def test_boxes_are_drawn_over_the_same_picture(self):
-        plain, boxes = (self.pixels("a/b", "--dpi", "192", *words) for words in ([], ["--boxes"]))
-        self.assertEqual(plain[:2], boxes[:2])
-        coloured = [pixel for row in boxes[2] for pixel in row if max(pixel[:3]) - min(pixel[:3]) > 40]
-        self.assertGreater(len(coloured), 100)
+        """Twice as large their lines are one pixel wide; those of axes take the halves of two."""
+        (width, height, plain), (*size, boxes) = (
+            self.pixels("a/b", "--dpi", "192", *words) for words in ([], ["--boxes"]))
+        self.assertEqual([width, height], size)
+        changed = {(x, y) for y in range(height) for x in range(width) if plain[y][x] != boxes[y][x]}
+        covered = {(x, y) for _, (left, top, wide, high) in box_bars()
+                   for y in range(math.floor(2 * top), math.ceil(2 * (top + high)))
+                   for x in range(max(math.floor(2 * left), 0), min(math.ceil(2 * (left + wide)), width))}
+        self.assertEqual(changed, covered)
 
     def test_same_input_gives_same_bytes(self):
         """In another folder, on standard output, in a process of its own behind other formulas."""
@@ -210,8 +234,67 @@ class Svg(PictureCase):
             self.assertEqual({path.get("fill") for path in root.iter(SVG + "path")}, {fill})
         self.assertEqual(root.find(SVG + "g").get("fill"), "currentColor")
 
+    def test_shapes_are_those_of_the_pixels(self):
+        """But for what fitting to the pixels moves, a pixel at most."""
+        for text in "a/b", "x+x+x+x+x+x-str(xy)", "sqr(b^2-4*a*c)", "sum(i,i=1,n)*greek a<=int(x*dx,0,1)":
+            root = self.svg(text, "--dpi", "288", "--exact")
+            named = {path.get("id"): path.get("d") for path in root.iter(SVG + "path") if path.get("id")}
+            width, height, rows = self.pixels(text, "--dpi", "288", "--exact")
+            shapes = set()
+            for path in root.find(SVG + "g"):
+                name = path.get("{http://www.w3.org/1999/xlink}href")
+                x, y = int(path.get("x", "0")), int(path.get("y", "0"))
+                if path.tag in (SVG + "path", SVG + "use"):
+                    contours = polygons(named[name[1:]] if name else path.get("d"))
+                    shapes |= inside([[(x + dx, y + dy) for dx, dy in one] for one in contours], width, height)
+            ink = {(x, y) for y in range(height) for x in range(width) if rows[y][x][0] < 128}
+            for some, others in (shapes, ink), (ink, shapes):
+                far = {(x, y) for x, y in some
+                       if not any((x + dx, y + dy) in others for dx in (-1, 0, 1) for dy in (-1, 0, 1))}
+                self.assertEqual(far, set(), text)
+
+    def test_marks(self):
+        found = [path.get("d") for path in self.svg("a/b", "--select", "L:2").iter(SVG + "path")
+                 if path.get("fill") == "#0078d7"]
+        self.assertEqual(found, ["M%d %dh%dv%dh-%dz" % (*box, box[2]) for box in (
+            tuple(100 * n for n in mark) for mark in MARKS)])
+
+    def test_boxes(self):
+        found = []
+        for path in self.svg("a/b", "--boxes").iter(SVG + "path"):
+            if path.get("fill-opacity"):
+                shape = re.fullmatch(r"M(-?\d+) (-?\d+)h(\d+)v(\d+)h-\3z", path.get("d")).groups()
+                found.append(((path.get("fill"), path.get("fill-opacity")), tuple(int(n) / 100 for n in shape)))
+        self.assertEqual(found, list(box_bars()))
+
 
 class Pdf(PictureCase):
+    def fills(self, *words):
+        """Colour and rectangle of what is filled, in pixels."""
+        content = pdf_content(self.picture(*words, name="x.pdf")[0])
+        colour, fills = None, []
+        for red, green, blue, *box in re.findall(
+                r"([\d.]+) ([\d.]+) ([\d.]+) rg|(-?[\d.]+) (-?[\d.]+) ([\d.]+) ([\d.]+) re", content):
+            if red:
+                colour = "#%02x%02x%02x" % tuple(round(255 * float(part)) for part in (red, green, blue))
+            else:
+                fills.append((colour, tuple(float(n) / 0.75 for n in box)))
+        return fills
+
+    def test_boxes_and_marks(self):
+        """The ground of the page comes first; of a/b, the bar is ink and comes behind the marks."""
+        bar = (0, 20, 17, 1)
+        ink = ("#000000", bar)
+        ground = ("#ffffff", (0, 0, 17 / 0.75, 32 / 0.75))  # whole points
+        boxes = [(colour, shape) for (colour, _), shape in box_bars()]
+        marks = [("#0078d7", shape) for shape in MARKS]
+        for words, expected in (([], [ground, ink]), (["--transparent"], [ink]), (["--boxes"], [ground, ink, *boxes]),
+                                (["--select", "L:2"], [ground, *marks, ("#ffffff", bar)])):
+            found = self.fills("a/b", *words)
+            self.assertEqual([colour for colour, _ in found], [colour for colour, _ in expected], words)
+            for (_, told), (_, pixels) in zip(found, expected):
+                self.assertLess(max(abs(n - m) for n, m in zip(told, pixels)), 0.01, words)
+
     def test_page(self):
         pdf = self.picture("a/b", name="x.pdf")[0]
         box = re.search(rb"/MediaBox \[ ?0 0 ([0-9.]+) ([0-9.]+) ?\]", pdf)

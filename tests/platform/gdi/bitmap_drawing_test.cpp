@@ -280,6 +280,20 @@ TEST(BitmapText, TakesItsAdvancesFromTheFontOrTheCaller)
     EXPECT_EQ(columns(), (std::set<int>{ 0 }));
 }
 
+// The ground of an opaque text is as wide as its advances and as high as the line, 45 and 11.
+TEST(BitmapText, StandsOnAGroundAsWideAsItsAdvances)
+{
+    CMemoryPicture picture(80, 70);
+    SetBkColor(picture, 0x0000FF);
+    const CUseFont font(picture, FontOf("Arial", -50));
+    const INT anDx[] = { 20, 7 };
+    ExtTextOutA(picture, 3, 2, 0, nullptr, "  ", 2, anDx);
+    EXPECT_EQ(picture.Inked(), CRect(3, 2, 30, 58));
+    picture.Clear();
+    ExtTextOutA(picture, 3, 2, 0, nullptr, "  ", 2, nullptr);
+    EXPECT_EQ(picture.Inked(), CRect(3, 2, 31, 58));  // a blank is 569 of 2048 units
+}
+
 // Clipped text keeps to its rectangle, and to the clip of the device context.
 TEST(BitmapText, KeepsToItsClip)
 {

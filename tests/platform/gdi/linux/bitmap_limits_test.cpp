@@ -91,4 +91,20 @@ TEST(BitmapLimits, ARectangleWithoutAnEdgeIsOnePixelSmaller)
     Rectangle(picture, 1, 1, 4, 4);
     EXPECT_EQ(picture.Lines(), CLines({ ".....", ".##..", ".##..", "....." }));
 }
+// Beyond the size of kept pictures glyphs are shapes of one path, which is filled once.
+TEST(BitmapLimits, LargeGlyphsAreOutlines)
+{
+    const auto draw = [](const char* pszText)
+    {
+        CMemoryPicture picture(300, 300);
+        SetBkMode(picture, TRANSPARENT);
+        const CUseFont font(picture, FontOf("Times New Roman", -260));
+        const INT anDx[] = { 0, 0 };
+        ExtTextOutA(picture, 5, 0, 0, nullptr, pszText, static_cast<UINT>(std::strlen(pszText)),
+                    anDx);
+        return picture.Colours();
+    };
+    EXPECT_EQ(draw("QQ"), draw("Q"));
+}
+
 }  // namespace

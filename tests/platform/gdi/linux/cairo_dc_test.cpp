@@ -72,6 +72,15 @@ TEST(CairoDC, DrawsShapesAsOnABitmap)
     CMemoryPicture picture(s_nSizePixels, s_nSizePixels);
     DrawShapes(*CDC::FromHandle(picture));
     CHost host;
+    // What a host has set besides plays no part.
+    cairo_set_operator(host, CAIRO_OPERATOR_DEST_OVER);
+    cairo_set_antialias(host, CAIRO_ANTIALIAS_BEST);
+    cairo_set_line_width(host, 7);
+    cairo_set_line_cap(host, CAIRO_LINE_CAP_SQUARE);
+    cairo_set_fill_rule(host, CAIRO_FILL_RULE_EVEN_ODD);
+    constexpr double fDash = 2;
+    cairo_set_dash(host, &fDash, 1, 0);
+    cairo_rectangle(host, 0, 0, 16, 16);
     {
         CCairoDC dc(host);
         DrawShapes(dc);
@@ -131,6 +140,9 @@ TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
     LOGFONTA made{};
     big.GetLogFont(&made);
     EXPECT_EQ(made.lfHeight, -150);
+    const CCairoDC least(host, 1, 1);
+    EXPECT_EQ(least.GetDeviceCaps(LOGPIXELSX), 1);
+    EXPECT_EQ(least.GetDeviceCaps(LOGPIXELSY), 1);
     CCairoDC plain(host, 0, -3);
     EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSX), 96);
     EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSY), 96);
