@@ -116,7 +116,7 @@ TEST_F(CPictureTest, OnAHostItLooksAsTheTreePaintsItself)
     constexpr CPoint s_corner(16, 8);
     CPictureOptions white;
     white.background = GetSysColor(COLOR_WINDOW);
-    for (const char* pszText : { "a/b", "sqr(x)+abs(y)", "(2-n)/(greek a+3)<=|x|" })
+    for (const char* pszText : { "a/b", "sqr(x)+abs(y)", "(2-n)/(greek a+3)", "2<=x" })
     {
         for (const int nMode : { 0, 1, 2 })
         {
