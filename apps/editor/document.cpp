@@ -1,3 +1,4 @@
+// Trees are told apart by their words (TreeForm): what is changed and changed back is no change.
 #include "document.h"
 
 #include <mivora/nodes/node.h>

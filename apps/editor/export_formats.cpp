@@ -1,3 +1,4 @@
+// The ending of a file's name chooses; metafiles have two.
 #include "export_formats.h"
 
 #include <algorithm>

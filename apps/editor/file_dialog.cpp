@@ -1,3 +1,4 @@
+// Wide dialogs: a path may have letters that the system's code page lacks.
 #include "file_dialog.h"
 
 #include <mivora/platform/win/window.h>

@@ -1,3 +1,4 @@
+// The window, its children and who has the focus; editing, view and help; the status line's texts.
 #include "main_frame.h"
 
 #include <mivora/nodes/node.h>

@@ -1,3 +1,4 @@
+// Texts between UTF-8, wide and the system's code page, and the boxes that show them.
 #include "messages.h"
 
 #include <mivora/platform/win/app_pump.h>

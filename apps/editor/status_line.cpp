@@ -1,3 +1,4 @@
+// The boxes' widths follow the letters of the status font.
 #include "status_line.h"
 
 #include <mivora/mivora.h>

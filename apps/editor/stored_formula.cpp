@@ -1,3 +1,4 @@
+// The work is a document's, which is lent the formula for one call.
 #include "stored_formula.h"
 
 #include <mivora/service/formula_doc.h>

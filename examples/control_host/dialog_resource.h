@@ -1,3 +1,4 @@
+// Numbers of the dialog, for its resource file too.
 #pragma once
 
 #define IDD_FORMULA 100

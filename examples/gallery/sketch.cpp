@@ -1,3 +1,4 @@
+// Recursive descent: (TYPE [kind] "sign" left right), a bare word for a leaf, - for no child.
 #include "sketch.h"
 
 #include <cctype>
