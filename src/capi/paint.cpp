@@ -2,7 +2,6 @@
 #include "capi/paint.h"
 
 #include <string>
-#include <string_view>
 
 #include "facade/colour_name.h"
 #include "platform/base/cstring.h"
@@ -46,7 +45,7 @@ void TakeColours(const mivora_paint& paint, const CPictureFormat* pFormat, CPict
     if (paint.color == nullptr)
         return;
     options.bPageColour = CString(paint.color).CompareNoCase(s_szPageColour) == 0;
-    if (options.bPageColour && pFormat != nullptr && std::string_view(pFormat->pszName) != "svg")
+    if (options.bPageColour && pFormat != nullptr && !pFormat->bPageColour)
         RefuseArgument("the color currentColor is for svg only");
     options.colour = options.bPageColour ? 0 : ColourOf("color", paint.color);
 }

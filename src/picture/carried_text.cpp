@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "platform/base/code_page.h"
+
 namespace
 {
 // Of C1 and DEL the lead byte is C2, or none.
@@ -87,9 +89,7 @@ std::string UnescapeCarried(std::string_view text)
             continue;
         }
         const int nCode = HexDigit(text[n + 2]) * 16 + HexDigit(text[n + 3]);
-        if (nCode >= 0x80)
-            strText += static_cast<char>(0xC0 | nCode >> 6);
-        strText += static_cast<char>(nCode >= 0x80 ? 0x80 | (nCode & 0x3F) : nCode);
+        AppendUtf8(strText, static_cast<char32_t>(nCode));
         n += 3;
     }
     return strText;

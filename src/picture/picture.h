@@ -37,7 +37,7 @@ struct CPictureOptions
     bool bBoxes = false;  // rectangles and axes of the nodes over the picture
     // Not of what is grey or selected; without it, the colour of each node.
     std::optional<COLORREF> colour;
-    bool bPageColour = false;            // SVG: the colour of the text around it
+    bool bPageColour = false;            // the colour of the text around it
     std::optional<COLORREF> background;  // without it, the colour of a window
     bool bTransparent = false;           // no background
     // What travels inside, UTF-8; an empty one is left out.
@@ -65,6 +65,7 @@ struct CPictureFormat
 {
     const char* pszName;  // its extension, without the point
     bool bLook;           // knows what CPictureOptions has but source and title
+    bool bPageColour;     // is shown within a page, whose colour it can take
     // Null: another system has this format.
     CPictureFile (*pfnMake)(CFormulaOut& formula, const CPictureOptions& options);
     const char* pszElsewhere = nullptr;  // where that is: "is made on ..."

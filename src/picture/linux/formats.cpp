@@ -4,8 +4,9 @@
 namespace
 {
 constexpr CPictureFormat s_aFormats[] = {
-    { "wmf", false, MakeMetafile }, { "emf", false, MakeMetafile }, { "bmp", true, MakeBmp },
-    { "png", true, MakePng },       { "svg", true, MakeSvg },       { "pdf", true, MakePdf },
+    { "wmf", false, false, MakeMetafile }, { "emf", false, false, MakeMetafile },
+    { "bmp", true, false, MakeBmp },       { "png", true, false, MakePng },
+    { "svg", true, true, MakeSvg },        { "pdf", true, false, MakePdf },
 };
 }  // namespace
 

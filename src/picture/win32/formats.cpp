@@ -4,9 +4,9 @@
 namespace
 {
 constexpr CPictureFormat s_aFormats[] = {
-    { "wmf", false, MakeMetafile }, { "emf", false, MakeMetafile },
-    { "bmp", true, MakeBmp },       { "png", true, MakePng },
-    { "svg", true, MakeSvg },       { "pdf", true, nullptr, "is made on Linux only" },
+    { "wmf", false, false, MakeMetafile }, { "emf", false, false, MakeMetafile },
+    { "bmp", true, false, MakeBmp },       { "png", true, false, MakePng },
+    { "svg", true, true, MakeSvg },        { "pdf", true, false, nullptr, "is made on Linux only" },
 };
 }  // namespace
 

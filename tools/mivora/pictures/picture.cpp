@@ -119,7 +119,7 @@ void TakeColours(const CArguments& arguments, const CFileFormat& format, CPictur
         return;
     options.bPageColour =
         CString(arguments.Value(OPT_COLOR).c_str()).CompareNoCase(s_szPageColour) == 0;
-    if (options.bPageColour && std::string(format.Extension()) != "svg")
+    if (options.bPageColour && !format.TakesPageColour())
         throw CUsageError{ std::string("--color ") + s_szPageColour + " is for .svg only" };
     options.colour = options.bPageColour ? 0 : ColourOf(arguments, OPT_COLOR);
 }

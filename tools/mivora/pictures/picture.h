@@ -20,6 +20,7 @@ public:
     const char* Extension() const;
     // Resolution, colours, margins and the like mean something to it.
     bool HasLook() const { return m_pPicture != nullptr && m_pPicture->bLook; }
+    bool TakesPageColour() const { return m_pPicture != nullptr && m_pPicture->bPageColour; }
     // Null for a stored formula.
     const CPictureFormat* Picture() const { return m_pPicture; }
 
