@@ -26,6 +26,7 @@ LINUX_ONLY = {
     "Pdf.test_boxes_and_marks": "cairo writes .pdf",
     "Pdf.test_page": "cairo writes .pdf",
     "Pdf.test_what_others_find": "cairo writes .pdf",
+    "Source.test_compressed_pdf": "cairo writes .pdf",
     "Svg.test_shapes_are_those_of_the_pixels": "the pixels are those of cairo",
     "Batch.test_a_bar_on_a_terminal_only": "a pseudo terminal is no console",
     "Forms.test_bytes_that_are_no_text": "a word is wide there: it cannot hold them",
