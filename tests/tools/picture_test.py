@@ -26,13 +26,14 @@ BOXES = (((0, 0, 22, 42), (18, 12, 20, 29), 20), ((0, 0, 17, 42), (0, 18, 17, 23
 # Own parts of the fraction and what is below it
 MARKS = [own for _, own, _ in BOXES[1:]]
 
-# What other programs draw like the pixels, in which resolution, and how they do
+# What other programs draw like the pixels of a resolution, and how they do, so much enlarged
 SHOWN = [*(("a/b", words, 1536) for words in (
              [], ["--boxes"], ["--select", "L:2"], ["--transparent"], ["--color", "#f00", "--background", "navy"])),
          ("sqr(b^2-4*a*c)", [], 1536), ("sum(i,i=1,n)*greek a<=int(x*dx,0,1)", [], 1536),
          ("x+x+x+x+x+x-str(xy)", [], 288)]
-RASTERIZERS = {"svg": ["rsvg-convert", "x.svg", "-o", "y.png"],
-               "pdf": ["pdftocairo", "-singlefile", "-png", "-transp", "-r", "96", "x.pdf", "y"]}
+RASTERIZERS = {
+    "svg": lambda times: ["rsvg-convert", f"--zoom={times}", "x.svg", "-o", "y.png"],
+    "pdf": lambda times: ["pdftocairo", "-singlefile", "-png", "-transp", "-r", f"{96 * times}", "x.pdf", "y"]}
 
 
 def box_bars():
@@ -111,11 +112,10 @@ class Pictures(PictureCase):
         for name, rasterizer in RASTERIZERS.items():
             for text, words, dpi in SHOWN:
                 with self.subTest(name=name, text=text, words=words):
-                    words = text, "--dpi", str(dpi), "--exact", *words
-                    self.picture(*words, name=f"x.{name}")
-                    subprocess.run(rasterizer, cwd=self.folder, check=True)
+                    self.picture(text, "--exact", *words, name=f"x.{name}")
+                    subprocess.run(rasterizer(dpi // 96), cwd=self.folder, check=True)
                     theirs = Image.open(self.folder / "y.png").convert("RGBA")
-                    ours = self.image(*words).crop((0, 0, *theirs.size))
+                    ours = self.image(text, "--exact", "--dpi", str(dpi), *words).crop((0, 0, *theirs.size))
                     darkest, brightest = (theirs.filter(of_pixels(3)) for of_pixels in
                                           (ImageFilter.MinFilter, ImageFilter.MaxFilter))
                     for far in ImageChops.subtract(ours, brightest), ImageChops.subtract(darkest, ours):
