@@ -4,9 +4,6 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "exchange/latex.h"
-#include "exchange/mathml.h"
-#include "exchange/speech.h"
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
@@ -18,14 +15,6 @@
 
 namespace
 {
-void Store(CFormulaOut& formula)
-{
-    CMemFile file;
-    CArchive archive(&file, CArchive::store);
-    formula.SaveTree(archive);
-    archive.Close();
-}
-
 void Look(CFormulaOut& formula)
 {
     CClientDC screen(nullptr);
@@ -39,11 +28,8 @@ void Look(CFormulaOut& formula)
         formula.DrawTree(&screen, CRect(0, 0, 0, 0));
     }
     formula.m_Tree.GetFormulaText(0);
-    const CNode* pRoot = formula.m_Tree.GetRootNode();
-    TreeForm(pRoot);
-    MathMLText(pRoot);
-    LatexText(pRoot);
-    SpokenText(pRoot);
+    TreeForm(formula.m_Tree.GetRootNode());
+    WriteForms(formula.m_Tree.GetRootNode());
 }
 
 // A part of a tree into a tree of its own, through one that is lent the part for that time.
@@ -101,7 +87,10 @@ void Use(CFormulaOut& formula)
     {
         pException->Delete();
     }
-    Store(formula);
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    formula.SaveTree(archive);
+    archive.Close();
 }
 
 // Serialize as an archive on its own has it, or behind the text that a document has first.

@@ -2,9 +2,6 @@
 // forms, deleted.
 #include <cstdint>
 
-#include "exchange/latex.h"
-#include "exchange/mathml.h"
-#include "exchange/speech.h"
 #include "platform/gdi/dc.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
@@ -42,9 +39,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     formula.FormTree(CString(reinterpret_cast<const char*>(pData), static_cast<int>(nSize)));
     PaintOnBitmap(formula);
     PaintOnMetafile(formula);
-    const CNode* pRoot = formula.m_Tree.GetRootNode();
-    MathMLText(pRoot);
-    LatexText(pRoot);
-    SpokenText(pRoot);
+    WriteForms(formula.m_Tree.GetRootNode());
     return 0;
 }

@@ -185,18 +185,6 @@ class Read(StoredCase):
         self.assertEqual(json.loads(self.told("layout", "--fml", self.path)),
                          {"gap": 2, "rect": [0] * 4, "root": None})
 
-    def test_classes_that_no_parse_makes(self):
-        picture = self.folder / "x.png"
-        for type_name, addition in (("NT_POISON", int32(0)), ("NT_ARROWS", int32(11)), ("NT_BINOMIAL", b""),
-                                    ("NT_LIMES", b""), ("NT_LABEL", b""), ("NT_CROSS", int32(0)),
-                                    ("NT_INTEGRAND", b"")):
-            with self.subTest(type_name):
-                stored = node("NT_STANDARD", node(type_name, number("1"), number("2"), addition=addition))
-                answer = self.archive(HEAD + stored + FORMAT, "-o", picture)
-                self.assertIn(type_name.removeprefix("NT_"), self.check_sound(answer))
-                self.assertGreater(picture.stat().st_size, 100)
-                picture.unlink()
-
     def test_other_forms(self):
         """Products and indices come from the stored tree, not from a parse."""
         self.picture("mark(x,i,2)*nsqr(a+b,3)", name="x.fml")
