@@ -3,22 +3,12 @@
 #include <cstdint>
 
 #include "platform/gdi/dc.h"
+#include "platform/gdi/memory_picture.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
 
 namespace
 {
-void PaintOnBitmap(CFormulaOut& formula)
-{
-    CDC dc;
-    dc.CreateCompatibleDC(nullptr);
-    CBitmap bitmap;
-    bitmap.CreateBitmap(64, 32, 1, 32, nullptr);
-    CBitmap* pOld = dc.SelectObject(&bitmap);
-    formula.DrawTree(&dc, CRect(0, 0, 64, 32));
-    dc.SelectObject(pOld);
-}
-
 void PaintOnMetafile(CFormulaOut& formula)
 {
     const RECT frame = { 0, 0, 1000, 1000 };
@@ -37,7 +27,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     BeQuiet();
     CFormulaOut formula;
     formula.FormTree(CString(reinterpret_cast<const char*>(pData), static_cast<int>(nSize)));
-    PaintOnBitmap(formula);
+    const CMemoryPicture picture(64, 32);
+    formula.DrawTree(CDC::FromHandle(picture), CRect(0, 0, 64, 32));
     PaintOnMetafile(formula);
     WriteForms(formula.m_Tree.GetRootNode());
     return 0;

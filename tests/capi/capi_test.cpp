@@ -80,6 +80,9 @@ TEST(CPictures, DoNotDependOnTheFormulasBesideThem)
     const CAnswer beside = Picture(second, "svg");
     EXPECT_EQ(Picture(first, "svg"), before);
     EXPECT_EQ(Picture(second, "svg"), beside);
+    const CFormulaHandle stored = FromFml(Answer(mivora_formula_fml, first.get()).strBytes);
+    EXPECT_TRUE(Answer(mivora_formula_write, stored.get(), MIVORA_LAYOUT_JSON)
+                    .strBytes.starts_with("{\"gap\":2,"));
 }
 
 TEST(CForms, AreWritten)
@@ -347,18 +350,15 @@ TEST(CErrors, AreCutToTheirRoom)
     const CFormulaHandle formula = FromText("a");
     for (size_t n = 500 - strHead.size(); n < 530 - strHead.size(); ++n)
     {
-        std::string strWide(n % 2, 'q');
-        while (strWide.size() < n)
-            strWide += "\xC3\xA4";
-        for (const std::string& strName : { std::string(n, 'q'), strWide })
-        {
-            const mivora_paint paint{ .struct_size = sizeof paint, .color = strName.c_str() };
-            EXPECT_EQ(Picture(formula, "png", &paint).nStatus, MIVORA_INVALID_ARGUMENT);
-            size_t nKept = std::min<size_t>(strName.size(), 511 - strHead.size());
-            if (nKept < strName.size() && (strName[nKept] & 0xC0) == 0x80)
-                --nKept;
-            EXPECT_EQ(LastError().message, strHead + strName.substr(0, nKept)) << n;
-        }
+        std::string strName(n % 2, 'q');
+        while (strName.size() < n)
+            strName += "\xC3\xA4";
+        const mivora_paint paint{ .struct_size = sizeof paint, .color = strName.c_str() };
+        EXPECT_EQ(Picture(formula, "png", &paint).nStatus, MIVORA_INVALID_ARGUMENT);
+        size_t nKept = std::min<size_t>(strName.size(), 511 - strHead.size());
+        if (nKept < strName.size() && (strName[nKept] & 0xC0) == 0x80)
+            --nKept;
+        EXPECT_EQ(LastError().message, strHead + strName.substr(0, nKept)) << n;
     }
 }
 

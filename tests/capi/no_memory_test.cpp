@@ -43,10 +43,6 @@ TEST(CCallsWithoutMemory, TellItAndKeepNothing)
         return end(
             mivora_formula_picture(formula.get(), pszFormat, nullptr, &pBytes, &nSize, &size));
     };
-    const auto write = [&](mivora_form nForm)
-    {
-        return end(mivora_formula_write(formula.get(), nForm, &pBytes, &nSize));
-    };
     const auto source = [&](const std::string& strPicture)
     {
         return end(mivora_picture_source(strPicture.data(), strPicture.size(), &pBytes, &nSize));
@@ -67,7 +63,12 @@ TEST(CCallsWithoutMemory, TellItAndKeepNothing)
     for (const char* pszFormat : { "svg", "png", "bmp", "emf" })
         calls.push_back([&paint, pszFormat] { return paint(pszFormat); });
     for (int nForm = MIVORA_TREE_JSON; nForm <= MIVORA_FORTRAN; ++nForm)
-        calls.push_back([&write, nForm] { return write(static_cast<mivora_form>(nForm)); });
+        calls.push_back(
+            [&, nForm]
+            {
+                return end(mivora_formula_write(formula.get(), static_cast<mivora_form>(nForm),
+                                                &pBytes, &nSize));
+            });
     for (size_t n = 0; n < 2 * calls.size(); ++n)
     {
         const size_t nCall = n / 2;
