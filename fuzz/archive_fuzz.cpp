@@ -2,7 +2,6 @@
 // compound file. What loads is measured, painted, hit, written in all forms, copied, edited and
 // stored.
 #include <cstdint>
-#include <cstdlib>
 
 #include "nodes/node.h"
 #include "platform/base/archive.h"
@@ -32,27 +31,6 @@ void Look(CFormulaOut& formula)
     WriteForms(formula.m_Tree.GetRootNode());
 }
 
-// A part of a tree into a tree of its own, through one that is lent the part for that time.
-void CopyPart(CFormulaOut& formula, CBinTree& tree, CNode* pPart)
-{
-    CBinTree lent;
-    lent.SetRootNode(pPart);
-    lent.SetName(tree.GetName());
-    CBinTree copy;
-    copy.CopyFrom(lent);
-    lent.SetRootNode(nullptr);
-
-    copy.SetSelection(copy.GetRootNode(), tree.GetSelectionMode());
-    copy.SetSelectionMode((copy.GetSelectionMode() & 1) + 1);
-    CBinTreeFormat format;
-    format.CopyFormat(*formula.GetTreeFormatPtr());
-    copy.Reformat(&format);
-    CClientDC screen(nullptr);
-    copy.Draw(&screen, CRect(0, 0, 0, 0));
-    if (copy.GetSelection() != copy.GetRootNode() || copy.GetName().Compare(tree.GetName()) != 0)
-        std::abort();
-}
-
 // Every operation that changes the shape of a tree, on a copy.
 void Edit(CFormulaOut& formula)
 {
@@ -69,8 +47,9 @@ void Edit(CFormulaOut& formula)
     if (pNode->GetRight()->GetLeft() != nullptr)
         tree.ReplaceByNewNode(pNode->GetRight()->GetLeft(), "NT_PLACEHOLDER");
     tree.ReplaceNode(pNode, tree.CopySubtree(pNode, 1));
-    CopyPart(formula, tree, pRoot->GetRight() != nullptr ? pRoot->GetRight() : pRoot->GetLeft());
     tree.Reformat(formula.GetTreeFormatPtr());
+    CClientDC screen(nullptr);
+    tree.Draw(&screen, CRect(0, 0, 0, 0));
     tree.CheckPoint();
 }
 
