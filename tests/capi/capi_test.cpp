@@ -274,6 +274,8 @@ TEST(CArguments, AreTakenOrRefused)
     EXPECT_EQ(pMade, nullptr);
     EXPECT_EQ(pBytes, nullptr);
     EXPECT_EQ(SourceOf("no picture").nStatus, MIVORA_INVALID_DATA);
+    EXPECT_EQ(FromFml("no archive"), nullptr);
+    EXPECT_EQ(LastError().status, MIVORA_INVALID_DATA);
     EXPECT_EQ(mivora_last_error(nullptr), MIVORA_INVALID_ARGUMENT);
     mivora_formula_free(nullptr);
     mivora_free(nullptr);
