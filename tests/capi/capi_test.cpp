@@ -209,7 +209,7 @@ TEST(CStored, ComeBackAsTheyWere)
 
 TEST(CStored, AreRefusedWhenTheyAreDamaged)
 {
-    const std::string strSound = Answer(mivora_formula_fml, FromText("a/b").get()).strBytes;
+    const std::string strSound = Answer(mivora_formula_fml, FromText("abs(a)").get()).strBytes;
     for (size_t n = 0; n < strSound.size(); ++n)
     {
         std::string strOther = strSound;
