@@ -27,15 +27,28 @@ TEST(MIVORA_HOST_SUITE, TextsAndFontsAreTheSameByMemberAndFunction)
 
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-    CFont* pOld = dc.SelectObject(&font);
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(100, 100, 1, 32, nullptr));
+    CBitmap* pOldBitmap = dc.SelectObject(&bitmap);
+    ::SetBoundsRect(dc, nullptr, DCB_ENABLE | DCB_RESET);
+    const auto drawn = [&]
+    {
+        CRect rect(0, 0, 0, 0);
+        ::GetBoundsRect(dc, &rect, DCB_RESET);
+        return rect;
+    };
+    RECT rect = { 5, 5, 95, 95 };
+    constexpr int anSpacing[] = { 40, 40 };
+    CFont* pOldFont = dc.SelectObject(&font);
     TEXTMETRICA ourMetrics = {};
     ASSERT_TRUE(dc.GetTextMetrics(&ourMetrics));
-    CRect ourRect(0, 0, 0, 0);
-    EXPECT_GT(dc.DrawText("Ab", -1, &ourRect, DT_CALCRECT), 30);
-    constexpr int anSpacing[] = { 40, 40 };
-    dc.SetTextAlign(TA_UPDATECP);
-    dc.ExtTextOut(0, 0, 0, nullptr, "Ef", 2, anSpacing);
-    EXPECT_EQ(dc.MoveTo(0, 0), CPoint(80, 0));
+    EXPECT_GT(ourMetrics.tmHeight, 30);
+    const int nHeight = dc.DrawText("Ab", -1, &rect, DT_RIGHT);
+    const CRect ourText = drawn();
+    EXPECT_GT(ourText.left, 30);
+    dc.ExtTextOut(10, 20, 0, nullptr, "Ef", 2, anSpacing);
+    const CRect ourSpaced = drawn();
+    EXPECT_GT(ourSpaced.Width(), 40);
 
     const HFONT hSameFont = ::CreateFontIndirect(&theirs);
     ::SelectObject(dc, hSameFont);
@@ -44,12 +57,12 @@ TEST(MIVORA_HOST_SUITE, TextsAndFontsAreTheSameByMemberAndFunction)
     EXPECT_EQ(ourMetrics.tmHeight, theirMetrics.tmHeight);
     EXPECT_EQ(ourMetrics.tmAscent, theirMetrics.tmAscent);
     EXPECT_EQ(ourMetrics.tmAveCharWidth, theirMetrics.tmAveCharWidth);
-    RECT theirRect = {};
-    ::DrawText(dc, TEXT("Ab"), -1, &theirRect, DT_CALCRECT);
-    EXPECT_EQ(ourRect, CRect(theirRect));
-    ::ExtTextOut(dc, 0, 0, 0, nullptr, TEXT("Ef"), 2, anSpacing);
-    EXPECT_EQ(dc.MoveTo(0, 0), CPoint(80, 0));
-    dc.SelectObject(pOld);
+    EXPECT_EQ(::DrawText(dc, TEXT("Ab"), -1, &rect, DT_RIGHT), nHeight);
+    EXPECT_EQ(drawn(), ourText);
+    ::ExtTextOut(dc, 10, 20, 0, nullptr, TEXT("Ef"), 2, anSpacing);
+    EXPECT_EQ(drawn(), ourSpaced);
+    dc.SelectObject(pOldFont);
+    dc.SelectObject(pOldBitmap);
     ::DeleteObject(hSameFont);
 }
 
