@@ -12,13 +12,12 @@ namespace
 void PaintOnMetafile(CFormulaOut& formula)
 {
     const RECT frame = { 0, 0, 1000, 1000 };
-    HDC hScreen = GetDC(nullptr);
+    CClientDC screen(nullptr);
     CMetaFileDC dc;
-    dc.Attach(CreateEnhMetaFileA(hScreen, nullptr, &frame, "Formula\0Image\0"));
-    dc.SetAttribDC(hScreen);
+    dc.CreateEnhanced(&screen, nullptr, &frame, "Formula\0Image\0");
+    dc.SetAttribDC(screen);
     formula.DrawTree(&dc, CRect(0, 0, 0, 0));
     DeleteEnhMetaFile(dc.CloseEnhanced());
-    ReleaseDC(nullptr, hScreen);
 }
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fstream>
 #include <thread>
+#include <tuple>
 
 #include "capi/c_calls.h"
 
@@ -11,13 +12,8 @@ namespace
 {
 using namespace std::string_literals;
 
-struct CFormatCase
-{
-    const char* pszName;
-    std::string strStart;
-    bool bSource;
-};
-const CFormatCase s_aFormats[] = {
+// Name, how the bytes start, whether the text is found again in them
+const std::tuple<const char*, std::string, bool> s_aFormats[] = {
     { "svg", "<svg", true },      { "PNG", "\x89PNG\r\n\x1A\n", true }, { "bmp", "BM", false },
     { "emf", "\1\0\0\0"s, true }, { "wmf", "\1\0\0\0"s, true },
 #ifndef _WIN32
@@ -30,17 +26,17 @@ TEST(CPictures, CarryTheTextAndKeepItWhenTheyAreMadeTwice)
     for (const char* pszText : { "a/b+greek p", "str(\xC3\xA4)'" })  // an apostrophe ends a comment
     {
         const CFormulaHandle formula = FromText(pszText);
-        for (const CFormatCase& row : s_aFormats)
+        for (const auto& [pszName, strStart, bSource] : s_aFormats)
         {
-            SCOPED_TRACE(row.pszName);
-            const CAnswer picture = Picture(formula, row.pszName);
+            SCOPED_TRACE(pszName);
+            const CAnswer picture = Picture(formula, pszName);
             EXPECT_EQ(picture.nStatus, MIVORA_OK) << LastError().message;
-            EXPECT_TRUE(picture.strBytes.starts_with(row.strStart));
-            EXPECT_EQ(picture, Picture(FromText(pszText), row.pszName));
+            EXPECT_TRUE(picture.strBytes.starts_with(strStart));
+            EXPECT_EQ(picture, Picture(FromText(pszText), pszName));
             const CAnswer none{ MIVORA_NO_SOURCE, "" };
-            EXPECT_EQ(SourceOf(picture.strBytes), row.bSource ? CAnswer(MIVORA_OK, pszText) : none);
+            EXPECT_EQ(SourceOf(picture.strBytes), bSource ? CAnswer(MIVORA_OK, pszText) : none);
             const mivora_paint bare{ .struct_size = sizeof bare, .no_source = 1 };
-            const CAnswer without = Picture(formula, row.pszName, &bare);
+            const CAnswer without = Picture(formula, pszName, &bare);
             EXPECT_EQ(SourceOf(without.strBytes).strBytes, "");
         }
     }
@@ -156,29 +152,21 @@ TEST(CTexts, AreFormedOrRefusedWithAPlace)
     }
 }
 
-struct CValueCase
-{
-    const char* pszText;
-    double dValue;
-    mivora_status nStatus;
-    size_t nPosition;
-};
-const CValueCase s_aValues[] = {
-    { "2*(3+4)", 14, MIVORA_OK, 0 },          { "2^10/4", 256, MIVORA_OK, 0 },
-    { "1+2?", 3, MIVORA_SYNTAX_ERROR, 4 },    { "1+2/0", 3, MIVORA_SYNTAX_ERROR, 0 },
-    { "\xFF", 4711, MIVORA_INVALID_TEXT, 1 },
-};
-
 TEST(CValues, AreCalculated)
 {
-    for (const CValueCase& row : s_aValues)
+    constexpr std::tuple<const char*, double, mivora_status, size_t> aRows[] = {
+        { "2*(3+4)", 14, MIVORA_OK, 0 },          { "2^10/4", 256, MIVORA_OK, 0 },
+        { "1+2?", 3, MIVORA_SYNTAX_ERROR, 4 },    { "1+2/0", 3, MIVORA_SYNTAX_ERROR, 0 },
+        { "\xFF", 4711, MIVORA_INVALID_TEXT, 1 },
+    };
+    for (const auto& [pszText, dExpected, nStatus, nPosition] : aRows)
     {
-        SCOPED_TRACE(row.pszText);
+        SCOPED_TRACE(pszText);
         double dValue = 4711;
-        EXPECT_EQ(mivora_calculate(row.pszText, MIVORA_WHOLE, &dValue), row.nStatus);
-        EXPECT_EQ(dValue, row.dValue);
-        EXPECT_EQ(LastError().position, row.nPosition);
-        EXPECT_EQ(LastError().message[0] == '\0', row.nStatus == MIVORA_OK);
+        EXPECT_EQ(mivora_calculate(pszText, MIVORA_WHOLE, &dValue), nStatus);
+        EXPECT_EQ(dValue, dExpected);
+        EXPECT_EQ(LastError().position, nPosition);
+        EXPECT_EQ(LastError().message[0] == '\0', nStatus == MIVORA_OK);
     }
 }
 

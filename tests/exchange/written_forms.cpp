@@ -95,12 +95,9 @@ void PrintFile(const char* pszPath, void (*pfnPrint)(const std::string&))
 
 int main(int argc, char** argv)
 {
-    const std::string strCommand = argc >= 3 ? argv[1] : "";
-    if (strCommand != "text" && strCommand != "sketch" && strCommand != "random")
-    {
-        std::fprintf(stderr, "usage: written_forms text|sketch FILE [FOLDER] | random COUNT\n");
+    if (argc < 3)
         return 2;
-    }
+    const std::string strCommand = argv[1];
     g_strFolder = argc > 3 ? argv[3] : "";
     if (strCommand == "random")
         PrintRandom(std::atoi(argv[2]));

@@ -17,8 +17,6 @@ import program
 from formula_list import Generator
 from program import FORMULAS, PICTURES, Case, run, run_bytes
 
-WHITE = (255, 255, 255, 255)
-
 # Subtree, own part and axis of the nodes of a/b, by their sizes: 13 x 17 for a letter and its gaps.
 BOXES = (((0, 0, 22, 42), (18, 12, 20, 29), 20), ((0, 0, 17, 42), (0, 18, 17, 23), 20),
          ((2, 0, 15, 17), (3, 0, 13, 17), 8), ((2, 24, 15, 41), (3, 24, 13, 41), 32))
@@ -67,8 +65,6 @@ class PictureCase(Case):
 
 
 class Pictures(PictureCase):
-    MANY = 1000  # random formulas
-
     def test_size_in_every_resolution(self):
         width, height = self.size_in_pixels("a/b")
         self.assertEqual(self.picture("a/b")[1], "%d %d\n" % (22 * width, 22 * height))
@@ -158,7 +154,7 @@ class Pictures(PictureCase):
     def test_no_ink_is_cut(self):
         """A larger canvas shows the same pixels in its middle, and nothing around them."""
         texts = ["f(x,y)", "f", "j^j", "str('f')"] + [Generator(seed).formula(1 + seed % 4)
-                                                      for seed in range(self.MANY)]
+                                                      for seed in range(1000)]
         for words in [], ["--dpi", "144"]:
             folders = [self.folder / ("%s%d" % (name, len(words))) for name in "ab"]
             for folder, more in zip(folders, ([], ["--margin", "12"])):
@@ -189,7 +185,7 @@ class Pictures(PictureCase):
         red = (255, 0, 0)
         seen = set(self.colours("a/b", "--color", "#f00", "--background", "navy"))
         self.assertLessEqual({(*red, 255), (0, 0, 128, 255)}, seen)
-        self.assertFalse({(0, 0, 0, 255), WHITE} & seen)
+        self.assertFalse({(0, 0, 0, 255), (255, 255, 255, 255)} & seen)
         seen = set(self.colours("a/b", "--color", "Red", "--transparent"))
         self.assertLessEqual({0, 255}, {pixel[3] for pixel in seen})
         self.assertEqual({pixel[:3] for pixel in seen if pixel[3]}, {red})
