@@ -2,11 +2,7 @@
 // compound file. What loads is measured, painted, hit, written in all forms, copied, edited and
 // stored.
 #include <cstdint>
-#include <cstdlib>
 
-#include "exchange/latex.h"
-#include "exchange/mathml.h"
-#include "exchange/speech.h"
 #include "nodes/node.h"
 #include "platform/base/archive.h"
 #include "platform/base/exception.h"
@@ -18,14 +14,6 @@
 
 namespace
 {
-void Store(CFormulaOut& formula)
-{
-    CMemFile file;
-    CArchive archive(&file, CArchive::store);
-    formula.SaveTree(archive);
-    archive.Close();
-}
-
 void Look(CFormulaOut& formula)
 {
     CClientDC screen(nullptr);
@@ -39,32 +27,8 @@ void Look(CFormulaOut& formula)
         formula.DrawTree(&screen, CRect(0, 0, 0, 0));
     }
     formula.m_Tree.GetFormulaText(0);
-    const CNode* pRoot = formula.m_Tree.GetRootNode();
-    TreeForm(pRoot);
-    MathMLText(pRoot);
-    LatexText(pRoot);
-    SpokenText(pRoot);
-}
-
-// A part of a tree into a tree of its own, through one that is lent the part for that time.
-void CopyPart(CFormulaOut& formula, CBinTree& tree, CNode* pPart)
-{
-    CBinTree lent;
-    lent.SetRootNode(pPart);
-    lent.SetName(tree.GetName());
-    CBinTree copy;
-    copy.CopyFrom(lent);
-    lent.SetRootNode(nullptr);
-
-    copy.SetSelection(copy.GetRootNode(), tree.GetSelectionMode());
-    copy.SetSelectionMode((copy.GetSelectionMode() & 1) + 1);
-    CBinTreeFormat format;
-    format.CopyFormat(*formula.GetTreeFormatPtr());
-    copy.Reformat(&format);
-    CClientDC screen(nullptr);
-    copy.Draw(&screen, CRect(0, 0, 0, 0));
-    if (copy.GetSelection() != copy.GetRootNode() || copy.GetName().Compare(tree.GetName()) != 0)
-        std::abort();
+    TreeForm(formula.m_Tree.GetRootNode());
+    WriteForms(formula.m_Tree.GetRootNode());
 }
 
 // Every operation that changes the shape of a tree, on a copy.
@@ -83,8 +47,9 @@ void Edit(CFormulaOut& formula)
     if (pNode->GetRight()->GetLeft() != nullptr)
         tree.ReplaceByNewNode(pNode->GetRight()->GetLeft(), "NT_PLACEHOLDER");
     tree.ReplaceNode(pNode, tree.CopySubtree(pNode, 1));
-    CopyPart(formula, tree, pRoot->GetRight() != nullptr ? pRoot->GetRight() : pRoot->GetLeft());
     tree.Reformat(formula.GetTreeFormatPtr());
+    CClientDC screen(nullptr);
+    tree.Draw(&screen, CRect(0, 0, 0, 0));
     tree.CheckPoint();
 }
 
@@ -101,7 +66,10 @@ void Use(CFormulaOut& formula)
     {
         pException->Delete();
     }
-    Store(formula);
+    CMemFile file;
+    CArchive archive(&file, CArchive::store);
+    formula.SaveTree(archive);
+    archive.Close();
 }
 
 // Serialize as an archive on its own has it, or behind the text that a document has first.

@@ -2,10 +2,9 @@
 // stored formula or a picture. What it gives must be sound: a status of its own, bytes with a NUL
 // behind them or none, words for each error.
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 
-#include "mivora/mivora_c.h"
+#include "capi/c_calls.h"
 
 namespace
 {
@@ -18,117 +17,76 @@ void Require(bool bHolds)
         std::abort();
 }
 
-mivora_status Checked(mivora_status nStatus)
+// The last call gave what its status says.
+void RequireAnswer(bool bGiven)
 {
-    mivora_error error{};
-    Require(mivora_last_error(&error) == MIVORA_OK);
-    Require(error.status == nStatus && nStatus != MIVORA_FAILED);
-    Require((error.message[0] == '\0') == (nStatus == MIVORA_OK));
-    return nStatus;
+    const mivora_error error = LastError();
+    Require(error.status != MIVORA_FAILED);
+    Require((error.status == MIVORA_OK) == bGiven);
+    Require((error.message[0] == '\0') == bGiven);
 }
 
-// What a call gave, ended here.
-struct CGiven
+CAnswer Checked(CAnswer answer)
 {
-    ~CGiven()
-    {
-        Require(pBytes == nullptr || pBytes[nSize] == '\0');
-        mivora_free(pBytes);
-    }
+    RequireAnswer(answer.nStatus == MIVORA_OK);
+    return answer;
+}
 
-    char* pBytes = nullptr;
-    size_t nSize = 0;
-};
-
-// Options from a few bytes; the picture stays small.
-class CChoice
+void UseFormula(const CFormulaHandle& formula, const char* pszFormat, const mivora_paint& paint)
 {
-public:
-    explicit CChoice(std::span<const std::uint8_t>& bytes) : m_rest(bytes) {}
-
-    int Next(int nCount)
-    {
-        if (m_rest.empty())
-            return 0;
-        const int n = m_rest.front() % nCount;
-        m_rest = m_rest.subspan(1);
-        return n;
-    }
-
-private:
-    std::span<const std::uint8_t>& m_rest;
-};
-
-void UseFormula(mivora_formula* pFormula, const char* pszFormat, const mivora_paint& paint)
-{
-    mivora_error problem{};
-    Require(mivora_formula_problem(pFormula, &problem) == MIVORA_OK);
-    mivora_size size{};
-    CGiven picture;
-    if (Checked(mivora_formula_picture(pFormula, pszFormat, &paint, &picture.pBytes, &picture.nSize,
-                                       &size)) == MIVORA_OK)
-    {
-        CGiven source;
-        Checked(
-            mivora_picture_source(picture.pBytes, picture.nSize, &source.pBytes, &source.nSize));
-    }
-    for (int nForm = MIVORA_TREE_JSON; nForm <= MIVORA_FORTRAN; ++nForm)
-    {
-        CGiven text;
-        Checked(mivora_formula_write(pFormula, static_cast<mivora_form>(nForm), &text.pBytes,
-                                     &text.nSize));
-    }
-    CGiven stored;
-    if (Checked(mivora_formula_fml(pFormula, &stored.pBytes, &stored.nSize)) != MIVORA_OK)
+    RequireAnswer(formula != nullptr);
+    if (formula == nullptr)
         return;
-    mivora_formula* pAgain = nullptr;
-    Checked(mivora_formula_from_fml(stored.pBytes, stored.nSize, nullptr, &pAgain));
-    Require(pAgain != nullptr);
-    mivora_formula_free(pAgain);
+    mivora_error problem{};
+    Require(mivora_formula_problem(formula.get(), &problem) == MIVORA_OK);
+    mivora_size size{};
+    const CAnswer picture = Checked(Picture(formula, pszFormat, &paint, &size));
+    if (picture.nStatus == MIVORA_OK)
+        Checked(SourceOf(picture.strBytes));
+    for (int nForm = MIVORA_TREE_JSON; nForm <= MIVORA_FORTRAN; ++nForm)
+        Checked(Answer(mivora_formula_write, formula.get(), static_cast<mivora_form>(nForm)));
+    const CAnswer stored = Checked(Answer(mivora_formula_fml, formula.get()));
+    Require(stored.nStatus != MIVORA_OK || FromFml(stored.strBytes) != nullptr);
 }
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
 {
     std::span<const std::uint8_t> rest(pData, nSize);
-    CChoice choice(rest);
-    const int nJob = choice.Next(4);
+    const auto choice = [&](int nCount)
+    {
+        if (rest.empty())
+            return 0;
+        const int n = rest.front() % nCount;
+        rest = rest.subspan(1);
+        return n;
+    };
+    const int nJob = choice(4);
     mivora_look look{};
     look.struct_size = sizeof look;
-    look.greek = choice.Next(2);
-    look.points = choice.Next(30);
+    look.greek = choice(2);
+    look.points = choice(30);
     mivora_paint paint{};
     paint.struct_size = sizeof paint;
-    const char* pszFormat = s_apszFormats[choice.Next(5)];
-    paint.color = s_apszColours[choice.Next(5)];
-    paint.dpi = choice.Next(120);
-    const int nSwitches = choice.Next(32);
+    const char* pszFormat = s_apszFormats[choice(5)];
+    paint.color = s_apszColours[choice(5)];
+    paint.dpi = choice(120);  // the picture stays small
+    const int nSwitches = choice(32);
     paint.exact = nSwitches & 1;
     paint.boxes = nSwitches & 2;
     paint.grayed = nSwitches & 4;
     paint.transparent = nSwitches & 8;
     paint.no_source = nSwitches & 16;
-    const char* pRest = reinterpret_cast<const char*>(rest.data());
 
-    mivora_formula* pFormula = nullptr;
+    const std::string_view strRest(reinterpret_cast<const char*>(rest.data()), rest.size());
     double dValue = 0;
-    CGiven source;
-    switch (nJob)
-    {
-        case 0:
-            Checked(mivora_formula_from_text(pRest, rest.size(), &look, &pFormula));
-            break;
-        case 1:
-            Checked(mivora_formula_from_fml(pRest, rest.size(), &look, &pFormula));
-            break;
-        case 2:
-            Checked(mivora_calculate(pRest, rest.size(), &dValue));
-            break;
-        default:
-            Checked(mivora_picture_source(pRest, rest.size(), &source.pBytes, &source.nSize));
-    }
-    if (pFormula != nullptr)
-        UseFormula(pFormula, pszFormat, paint);
-    mivora_formula_free(pFormula);
+    if (nJob == 0)
+        UseFormula(FromText(strRest, &look), pszFormat, paint);
+    else if (nJob == 1)
+        UseFormula(FromFml(strRest, &look), pszFormat, paint);
+    else if (nJob == 2)
+        RequireAnswer(mivora_calculate(strRest.data(), strRest.size(), &dValue) == MIVORA_OK);
+    else
+        Checked(SourceOf(strRest));
     return 0;
 }

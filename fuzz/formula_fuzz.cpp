@@ -2,36 +2,22 @@
 // forms, deleted.
 #include <cstdint>
 
-#include "exchange/latex.h"
-#include "exchange/mathml.h"
-#include "exchange/speech.h"
 #include "platform/gdi/dc.h"
+#include "platform/gdi/memory_picture.h"
 #include "quiet_host.h"
 #include "service/formula_out.h"
 
 namespace
 {
-void PaintOnBitmap(CFormulaOut& formula)
-{
-    CDC dc;
-    dc.CreateCompatibleDC(nullptr);
-    CBitmap bitmap;
-    bitmap.CreateBitmap(64, 32, 1, 32, nullptr);
-    CBitmap* pOld = dc.SelectObject(&bitmap);
-    formula.DrawTree(&dc, CRect(0, 0, 64, 32));
-    dc.SelectObject(pOld);
-}
-
 void PaintOnMetafile(CFormulaOut& formula)
 {
     const RECT frame = { 0, 0, 1000, 1000 };
-    HDC hScreen = GetDC(nullptr);
+    CClientDC screen(nullptr);
     CMetaFileDC dc;
-    dc.Attach(CreateEnhMetaFileA(hScreen, nullptr, &frame, "Formula\0Image\0"));
-    dc.SetAttribDC(hScreen);
+    dc.CreateEnhanced(&screen, nullptr, &frame, "Formula\0Image\0");
+    dc.SetAttribDC(screen);
     formula.DrawTree(&dc, CRect(0, 0, 0, 0));
     DeleteEnhMetaFile(dc.CloseEnhanced());
-    ReleaseDC(nullptr, hScreen);
 }
 }  // namespace
 
@@ -40,11 +26,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     BeQuiet();
     CFormulaOut formula;
     formula.FormTree(CString(reinterpret_cast<const char*>(pData), static_cast<int>(nSize)));
-    PaintOnBitmap(formula);
+    const CMemoryPicture picture(64, 32);
+    formula.DrawTree(CDC::FromHandle(picture), CRect(0, 0, 64, 32));
     PaintOnMetafile(formula);
-    const CNode* pRoot = formula.m_Tree.GetRootNode();
-    MathMLText(pRoot);
-    LatexText(pRoot);
-    SpokenText(pRoot);
+    WriteForms(formula.m_Tree.GetRootNode());
     return 0;
 }

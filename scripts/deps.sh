@@ -14,6 +14,7 @@ packages_build=(
 packages_test=(
     libgtest-dev libbenchmark-dev
     emf2svg file groff-base locales binutils
+    poppler-utils qpdf pngcheck libxml2-utils librsvg2-bin python3-pil
     python3-olefile python3-pylatexenc libgsf-bin p7zip-full gfortran rustc
     python3-venv python3-setuptools python3-wheel mypy
     python3-nbconvert python3-ipykernel python3-dask python3-distributed

@@ -1,7 +1,6 @@
 """The package, by what its documentation promises."""
 import concurrent.futures
 import copy
-import json
 import os
 import pathlib
 import pickle

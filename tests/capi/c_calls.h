@@ -1,8 +1,10 @@
 // Calls of the C interface as tests write them.
 #pragma once
 
+#include <cstdlib>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "mivora/mivora_c.h"
 
@@ -12,7 +14,7 @@ struct CEndFormula
 };
 using CFormulaHandle = std::unique_ptr<mivora_formula, CEndFormula>;
 
-// What a call gave; its bytes are ended.
+// What a call gave. Its bytes are ended here; behind them has to be a NUL.
 struct CAnswer
 {
     mivora_status nStatus;
@@ -27,6 +29,8 @@ CAnswer Answer(Function function, Arguments... arguments)
     char* pBytes = nullptr;
     size_t nSize = 0;
     CAnswer answer{ function(arguments..., &pBytes, &nSize), {} };
+    if (pBytes != nullptr && pBytes[nSize] != '\0')
+        std::abort();
     if (pBytes != nullptr)
         answer.strBytes.assign(pBytes, nSize);
     mivora_free(pBytes);
@@ -40,17 +44,17 @@ inline mivora_error LastError()
     return error;
 }
 
-inline CFormulaHandle FromText(const std::string& strText, const mivora_look* pLook = nullptr)
+inline CFormulaHandle FromText(std::string_view strText, const mivora_look* pLook = nullptr)
 {
     mivora_formula* pFormula = nullptr;
     mivora_formula_from_text(strText.data(), strText.size(), pLook, &pFormula);
     return CFormulaHandle(pFormula);
 }
 
-inline CFormulaHandle FromFml(const std::string& strBytes)
+inline CFormulaHandle FromFml(std::string_view strBytes, const mivora_look* pLook = nullptr)
 {
     mivora_formula* pFormula = nullptr;
-    mivora_formula_from_fml(strBytes.data(), strBytes.size(), nullptr, &pFormula);
+    mivora_formula_from_fml(strBytes.data(), strBytes.size(), pLook, &pFormula);
     return CFormulaHandle(pFormula);
 }
 
@@ -63,7 +67,7 @@ inline CAnswer Picture(const CFormulaHandle& formula, const char* pszFormat,
         formula.get());
 }
 
-inline CAnswer SourceOf(const std::string& strBytes)
+inline CAnswer SourceOf(std::string_view strBytes)
 {
     return Answer(mivora_picture_source, strBytes.data(), strBytes.size());
 }

@@ -5,20 +5,17 @@
 
 #include <algorithm>
 #include <random>
+#include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
-// The parts of a text between separators.
-inline std::vector<std::string> Split(std::string_view text, std::string_view separator = "; ")
+// The parts of a text between separators and blanks.
+inline std::vector<std::string> Split(const std::string& strText, char chSeparator = ';')
 {
     std::vector<std::string> parts;
-    for (std::size_t n = 0; n < text.size();)
-    {
-        const std::size_t nEnd = std::min(text.find(separator, n), text.size());
-        parts.emplace_back(text.substr(n, nEnd - n));
-        n = nEnd + separator.size();
-    }
+    std::istringstream text(strText);
+    for (std::string strPart; std::getline(text >> std::ws, strPart, chSeparator);)
+        parts.push_back(strPart);
     return parts;
 }
 
@@ -122,7 +119,7 @@ private:
             if (ch == '%')
                 strFormula += operand(nPlace++);
             else if (ch == '#')
-                strFormula += Kind(Split(strRow.substr(nBar + 1), " "));
+                strFormula += Kind(Split(strRow.substr(nBar + 1), ' '));
             else
                 strFormula += ch;
         }

@@ -6,7 +6,6 @@
 // A third argument is a folder for stored formulas: 0.fml, 1.fml and so on.
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <fstream>
 #include <stdexcept>
 #include <string>
@@ -18,16 +17,21 @@
 #include "nodes/random_tree.h"
 #include "random_formula.h"
 #include "service/formula_out.h"
+#include "tree/tree_form.h"
 
 namespace
 {
 std::string g_strFolder;  // for stored formulas; empty: none are stored
 int g_nStored = 0;
 
+// Any tree stays as it is.
 void Print(const std::string& strSource, const CNode* pRoot)
 {
+    const CString strBefore = TreeForm(pRoot);
     std::printf("%s\t%s\t%s\t%s\n", strSource.c_str(), MathMLText(pRoot).c_str(),
                 LatexText(pRoot).c_str(), SpokenText(pRoot).c_str());
+    if (TreeForm(pRoot) != strBefore)
+        throw std::runtime_error(strSource + " has changed");
 }
 
 void PrintAndStore(const std::string& strSource, CFormulaOut& formula)
@@ -91,24 +95,13 @@ void PrintFile(const char* pszPath, void (*pfnPrint)(const std::string&))
 
 int main(int argc, char** argv)
 {
-    const std::string strCommand = argc >= 3 ? argv[1] : "";
-    if (strCommand != "text" && strCommand != "sketch" && strCommand != "random")
-    {
-        std::fprintf(stderr, "usage: written_forms text|sketch FILE [FOLDER] | random COUNT\n");
+    if (argc < 3)
         return 2;
-    }
+    const std::string strCommand = argv[1];
     g_strFolder = argc > 3 ? argv[3] : "";
-    try
-    {
-        if (strCommand == "random")
-            PrintRandom(std::atoi(argv[2]));
-        else
-            PrintFile(argv[2], strCommand == "text" ? PrintText : PrintSketch);
-    }
-    catch (const std::exception& error)
-    {
-        std::fprintf(stderr, "written_forms: %s\n", error.what());
-        return 1;
-    }
+    if (strCommand == "random")
+        PrintRandom(std::atoi(argv[2]));
+    else
+        PrintFile(argv[2], strCommand == "text" ? PrintText : PrintSketch);
     return 0;
 }

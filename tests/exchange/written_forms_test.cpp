@@ -8,9 +8,7 @@
 #include "exchange/latex.h"
 #include "exchange/mathml.h"
 #include "exchange/speech.h"
-#include "format/tree_format.h"
 #include "gallery/sketch.h"
-#include "nodes/random_tree.h"
 #include "nodes/typed_node.h"
 #include "parser/parsed.h"
 #include "platform/base/exception.h"
@@ -66,37 +64,6 @@ TEST(WrittenForms, RefuseAKindThatThereIsNot)
             EXPECT_THROW(pfnWrite(CSource(pszSketch, true).pRoot), CInvalidArgException*)
                 << pszSketch;
         }
-    }
-}
-
-// Trees as damaged or foreign files bring them: any child under any node. Elements must close, and
-// a second writing must find the tree as it was.
-TEST(WrittenForms, TakeAnyTreeAndLeaveItAsItIs)
-{
-    for (unsigned nSeed = 1; nSeed <= 1500; ++nSeed)
-    {
-        const CRandomTree random(nSeed, {});
-        const std::string strBefore = TreeForm(random.GetRoot()).GetString();
-        const std::string strMathML = MathMLText(random.GetRoot());
-        const std::string strLatex = LatexText(random.GetRoot());
-        const std::string strWords = SpokenText(random.GetRoot());
-        int nOpen = 0;
-        for (std::size_t n = strMathML.find('<'); n != strMathML.npos;
-             n = strMathML.find('<', n + 1))
-            nOpen += strMathML[n + 1] == '/' ? -1 : 1;
-        EXPECT_EQ(nOpen, 0) << nSeed;
-        int nBraces = 0;
-        for (std::size_t n = 0; n < strLatex.size() && nBraces >= 0; ++n)
-        {
-            if (strLatex[n] == '\\')
-                ++n;  // what follows is no brace
-            else
-                nBraces += strLatex[n] == '{' ? 1 : strLatex[n] == '}' ? -1 : 0;
-        }
-        EXPECT_EQ(nBraces, 0) << nSeed << ' ' << strLatex;
-        EXPECT_FALSE(strWords.empty()) << nSeed;
-        EXPECT_EQ(strBefore, TreeForm(random.GetRoot()).GetString()) << nSeed;
-        EXPECT_EQ(strMathML, MathMLText(random.GetRoot())) << nSeed;
     }
 }
 

@@ -5,8 +5,8 @@
 
 CHECK is one of
     --mathml              MathML is that of MathML Core, signs are those of the faces (--metrics: of
-                          one drawn like "Symbol"), forms those of the data; with --other PROGRAM_OF_THE_OTHER_SYSTEM both systems write
-                          the same
+                          one drawn like "Symbol"), forms those of the data; with
+                          --other PROGRAM_OF_THE_OTHER_SYSTEM both systems write the same
     --pdflatex PROGRAM    LaTeX compiles
     --katex FOLDER        KaTeX (katex.js there, run by node) takes it
 """
@@ -22,8 +22,6 @@ import xml.etree.ElementTree as ElementTree
 
 from fontTools import agl
 from pylatexenc.latex2text import LatexNodes2Text
-
-from run_program import Program
 
 NAMESPACE = "{http://www.w3.org/1998/Math/MathML}"
 
@@ -71,13 +69,14 @@ for (const line of lines) {
 class Forms:
     """Rows of source, MathML, LaTeX and words."""
 
-    def __init__(self, program, data):
-        self.program = program
+    def __init__(self, program, data, runner=""):
+        self.command = [*(runner or "").split(), program]
         self.data = pathlib.Path(data)
 
     def rows(self, *words):
+        done = subprocess.run([*self.command, *words], stdout=subprocess.PIPE, timeout=600, check=True)
         return [tuple(part.decode(errors="replace") for part in line.split(b"\t"))
-                for line in self.program.run(*words).split(b"\n")[:-1]]
+                for line in done.stdout.replace(b"\r\n", b"\n").split(b"\n")[:-1]]
 
     def of_sources(self, what, sources):
         with tempfile.TemporaryDirectory() as work:
@@ -90,9 +89,9 @@ class Forms:
         return self.of_sources("text", [form % code for code in CODES for form in
                                         (b"str(\\%b)", b"str(a\\%b)", b"greek str(\\%b)")])
 
-    def all(self, count):
+    def all(self):
         return (self.characters() + self.rows("sketch", self.data / "sketches.txt")
-                + self.rows("text", self.data / "formulas.txt") + self.rows("random", count))
+                + self.rows("text", self.data / "formulas.txt") + self.rows("random", "1500"))
 
 
 def check_element(element, may_be_empty):
@@ -122,6 +121,15 @@ def check_mathml(rows):
                 check_element(element, source.startswith("tree "))
         except (AssertionError, ElementTree.ParseError) as error:
             sys.exit(f"{source}\n{mathml}\n{error!r}")
+
+
+def check_braces(rows):
+    for source, _, latex, words in rows:
+        left = re.sub(r"\\.", "", latex)
+        while left != (left := re.sub("{[^{}]*}", "", left)):
+            pass
+        if "{" in left or "}" in left or not words:
+            sys.exit(f"{source}\n{latex}\n{words}")
 
 
 def data_lines(path):
@@ -247,16 +255,17 @@ def main():
     for option in ("--forms", "--data", "--metrics", "--runner", "--other", "--pdflatex", "--katex"):
         parser.add_argument(option)
     options = parser.parse_args()
-    forms = Forms(Program(options.forms, options.runner), options.data)
-    rows = forms.all(1000)
+    forms = Forms(options.forms, options.data, options.runner)
+    rows = forms.all()
     if len(rows) < 3600 or any(len(row) != 4 for row in rows):
         sys.exit(f"{len(rows)} rows")
     if options.mathml:
         check_mathml(rows)
+        check_braces(rows)
         check_signs(forms.data, pathlib.Path(options.metrics), forms.characters())
         check_forms(forms.data, forms)
         check_groups(forms.data, forms)
-        if options.other and Forms(Program(options.other), options.data).all(1000) != rows:
+        if options.other and Forms(options.other, options.data).all() != rows:
             sys.exit("the systems write different forms")
     if options.pdflatex:
         check_pdflatex(options.pdflatex, rows)

@@ -41,13 +41,6 @@ def cpp_unit(text, windows):
                         **dict.fromkeys(CAIRO, "") if windows else CAIRO)
 
 
-def unit(language, text, windows):
-    """What is compiled, and how."""
-    if language == "cpp":
-        return cpp_unit(text, windows), "-std=c++20", "-xc++"
-    return "#include <mivora/mivora.h>\n" + text, "-std=c11", "-xc"
-
-
 def main():
     options = argparse.ArgumentParser()
     options.add_argument("--include", required=True)
@@ -63,7 +56,9 @@ def main():
         if language == "python":
             ast.parse(text)
         elif language in ("cpp", "c") and not (options.windows and "cairo" in text):
-            source, *how = unit(language, text, options.windows)
+            source, how = "#include <mivora/mivora.h>\n" + text, ["-std=c11", "-xc"]
+            if language == "cpp":
+                source, how = cpp_unit(text, options.windows), ["-std=c++20", "-xc++"]
             done = subprocess.run(words[:1] + how + words[1:], input=source, text=True, capture_output=True)
             assert done.returncode == 0, text + done.stderr
         else:

@@ -27,10 +27,6 @@ def check_class_library(image):
     assert promised <= names, promised - names
 
 
-def needed(image):
-    return {entry.dll.decode().lower() for entry in image.DIRECTORY_ENTRY_IMPORT}
-
-
 def version_texts(image):
     """The texts that the properties of a file show, and the number that installers compare."""
     number = image.VS_FIXEDFILEINFO[0]
@@ -48,7 +44,7 @@ def main():
     own = {path.name for path in paths}
     for path in paths:
         with pefile.PE(path) as image:
-            foreign = needed(image) - SYSTEM - own
+            foreign = {entry.dll.decode().lower() for entry in image.DIRECTORY_ENTRY_IMPORT} - SYSTEM - own
             assert not foreign, (path.name, foreign)
             fixed, texts = version_texts(image)
             assert fixed == (*map(int, version.split(".")), 0), (path.name, fixed)

@@ -7,13 +7,14 @@ the last place here and there: they are compared by themselves.
 import math
 import operator
 import random
+import re
 
 import program
 from program import WINDOWS, Case
 
 COUNT = 20_000
 SEED = 14
-INF, LEAST, BELOW_ONE = math.inf, math.ulp(0), math.nextafter(1, 0)
+INF, LEAST, MOST, BELOW_ONE = math.inf, math.ulp(0), math.nextafter(math.inf, 0), math.nextafter(1, 0)
 # Name, what it calculates, the least and the greatest number that it is asked for
 EXACT = {
     "abs": (abs, -INF, INF), "sqr": (math.sqrt, 0, INF), "ln": (math.log, LEAST, INF),
@@ -26,7 +27,7 @@ EXACT = {
     "artanh": (lambda x: 0.5 * math.log((1.0 + x) / (1.0 - x)), -BELOW_ONE, BELOW_ONE),
 }
 NEARLY = {
-    "sin": (math.sin, -INF, INF), "cos": (math.cos, -INF, INF), "tan": (math.tan, -INF, INF),
+    "sin": (math.sin, -MOST, MOST), "cos": (math.cos, -MOST, MOST), "tan": (math.tan, -MOST, MOST),
     "arctan": (math.atan, -INF, INF), "arcsin": (math.asin, -BELOW_ONE, BELOW_ONE), "arccos": (math.acos, -1, 1),
     "sinh": (math.sinh, -700, 700), "cosh": (math.cosh, -700, 700), "tanh": (math.tanh, -INF, INF),
 }
@@ -41,13 +42,9 @@ class Generator:
         self.random = random.Random(SEED)
 
     def number(self):
-        kind = self.random.randrange(4)
-        if kind == 0:
-            text = str(self.random.randrange(1, 20))
-        elif kind == 1:
-            text = str(self.random.randrange(1, 5000))
-        else:
-            text = "%.*f" % (self.random.randrange(1, 5), self.random.uniform(0, 100))
+        few, many = self.random.randrange(1, 20), self.random.randrange(1, 5000)
+        real = "%.*f" % (self.random.randrange(1, 5), self.random.uniform(0, 100))
+        text = str(self.random.choice((few, many, real, real)))
         return text, float(text)
 
     def primary(self, depth):
@@ -68,10 +65,8 @@ class Generator:
         text, value = self.primary(depth)
         if self.random.randrange(2) or value <= 0:
             return text if text.isalnum() else "(%s)" % text, value
-        if self.random.randrange(2):
-            exponent = self.random.choice(["2", "3", "5", "-2", "-7", "11", "0.5", "17"])
-        else:
-            exponent = "%.2f" % self.random.uniform(-4, 6)
+        whole = self.random.choice(["2", "3", "5", "-2", "-7", "11", "0.5", "17"])
+        exponent = self.random.choice((whole, "%.2f" % self.random.uniform(-4, 6)))
         try:
             return "(%s)^%s" % (text, exponent), math.pow(value, float(exponent))
         except OverflowError:
@@ -98,27 +93,21 @@ class Generator:
 
 
 class Calculations(Case):
-    def calculated(self, texts):
-        out = self.told("calc", "--lines", stdin="\n".join(texts).encode() + b"\n")
-        return [line.split("\t") for line in out.splitlines()]
-
     def test_are_equal_to_the_last_bit(self):
+        """But for functions of angles on Windows: these are nearly equal, and most of them equal."""
         generator = Generator()
-        texts, values = zip(*(generator.finite() for _ in range(COUNT)))
-        rows = zip(texts, values, self.calculated(texts), strict=True)
-        self.assertEqual([row for row in rows if row[2] != ["%.17g" % row[1], "0", ""]][:5], [])
-        self.assertGreater(sum("^" in text for text in texts), COUNT / 4)
-
-    def test_are_nearly_equal_with_functions_of_angles(self):
-        generator = Generator()
-        texts, values = zip(*(generator.finite(NEARLY) for _ in range(COUNT // 4)))
-        unequal = 0
-        for text, value, (answer, position, message) in zip(texts, values, self.calculated(texts)):
-            with self.subTest(text):
-                self.assertEqual((position, message), ("0", ""))
-                self.assertLessEqual(abs(float(answer) - value), 3 * math.ulp(value))
-                unequal += float(answer) != value
-        self.assertLessEqual(unequal, COUNT // 4 / 100 if WINDOWS else 0)
+        exact = [generator.finite() for _ in range(COUNT)]
+        nearly = [generator.finite(NEARLY) for _ in range(COUNT // 4)]
+        self.assertGreater(sum("^" in text for text, _ in exact), COUNT / 4)
+        out = self.told("calc", "--lines", stdin="".join(text + "\n" for text, _ in exact + nearly).encode())
+        unequal = [(text, value, line) for (text, value), line in zip(exact + nearly, out.splitlines(), strict=True)
+                   if line != "%.17g\t0\t" % value]
+        if WINDOWS:
+            self.assertLess(len(unequal), len(nearly) / 100)
+            unequal = [row for row in unequal if row[:2] not in nearly
+                       or not re.fullmatch(".*\t0\t", row[2])
+                       or abs(float(row[2].split("\t")[0]) - row[1]) > 3 * math.ulp(row[1])]
+        self.assertEqual(unequal, [])
 
 
 if __name__ == "__main__":

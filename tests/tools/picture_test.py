@@ -1,45 +1,52 @@
 #!/usr/bin/env python3
 """Pictures of the command line: what is in them, how large they are, what they carry."""
+import io
 import json
-import math
+import os
 import pathlib
-import random
 import re
-import shutil
 import struct
 import subprocess
 import sys
-import tempfile
-import unittest
-import xml.etree.ElementTree
+
+from PIL import Image, ImageChops, ImageFilter, ImageOps
 
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "compare"))
 
 import program
 from formula_list import Generator
-from picture_files import inside, pdf_content, pixels_of_png, png_chunks, polygons
-from program import PICTURES, Case, run, run_bytes
-
-SVG = "{http://www.w3.org/2000/svg}"
-WHITE = (255, 255, 255, 255)
+from program import FORMULAS, PICTURES, Case, run, run_bytes
 
 # Subtree, own part and axis of the nodes of a/b, by their sizes: 13 x 17 for a letter and its gaps.
 BOXES = (((0, 0, 22, 42), (18, 12, 20, 29), 20), ((0, 0, 17, 42), (0, 18, 17, 23), 20),
          ((2, 0, 15, 17), (3, 0, 13, 17), 8), ((2, 24, 15, 41), (3, 24, 13, 41), 32))
 
-# Own parts of the fraction and what is below it: left, top, width and height.
-MARKS = (0, 18, 17, 5), (3, 0, 10, 17), (3, 24, 10, 17)
+# Own parts of the fraction and what is below it
+MARKS = [own for _, own, _ in BOXES[1:]]
+
+# What other programs draw like the pixels of a resolution, and how they do, so much enlarged
+SHOWN = [*(("a/b", words, 1536) for words in (
+             [], ["--boxes"], ["--select", "L:2"], ["--transparent"], ["--color", "#f00", "--background", "navy"])),
+         ("sqr(b^2-4*a*c)", [], 1536), ("sum(i,i=1,n)*greek a<=int(x*dx,0,1)", [], 1536),
+         ("x+x+x+x+x+x-str(xy)", [], 288)]
+RASTERIZERS = {
+    "svg": lambda times: ["rsvg-convert", f"--zoom={times}", "x.svg", "-o", "y.png"],
+    "pdf": lambda times: ["pdftocairo", "-singlefile", "-png", "-transp", "-r", f"{96 * times}", "x.pdf", "y"]}
 
 
 def box_bars():
-    """What the boxes of a/b are drawn with: a colour with its opacity, left, top, width and height."""
+    """What the boxes of a/b are drawn with: a colour with its opacity, left, top, right and bottom."""
     for subtree, own, axis in BOXES:
-        for colour, (left, top, right, bottom) in (("#666666", "0.5"), subtree), (("#0033ff", "0.8"), own):
-            yield colour, (left, top, right - left, 0.5)
-            yield colour, (left, bottom - 0.5, right - left, 0.5)
-            yield colour, (left, top + 0.5, 0.5, bottom - top - 1)
-            yield colour, (right - 0.5, top + 0.5, 0.5, bottom - top - 1)
-        yield ("#ff0000", "0.6"), (subtree[0] - 2, axis - 0.25, subtree[2] - subtree[0] + 4, 0.5)
+        for colour, opacity, (left, top, right, bottom) in ("#666666", 0.5, subtree), ("#0033ff", 0.8, own):
+            yield colour, opacity, (left, top, right, top + 0.5)
+            yield colour, opacity, (left, bottom - 0.5, right, bottom)
+            yield colour, opacity, (left, top + 0.5, left + 0.5, bottom - 0.5)
+            yield colour, opacity, (right - 0.5, top + 0.5, right, bottom - 0.5)
+        yield "#ff0000", 0.6, (subtree[0] - 2, axis - 0.25, subtree[2] + 2, axis + 0.25)
+
+
+def decoded(data):
+    return Image.open(io.BytesIO(data))
 
 
 class PictureCase(Case):
@@ -50,34 +57,27 @@ class PictureCase(Case):
         """Of the formula's rectangle."""
         return tuple(int(n) for n in self.told("measure", text).split("\t")[0].split()[2:])
 
-    def pixels(self, *words):
-        """Width, height and rows of pixels."""
-        return pixels_of_png(self.picture(*words)[0])
+    def image(self, *words):
+        return decoded(self.picture(*words)[0]).convert("RGBA")
 
     def colours(self, *words):
-        return [pixel for row in self.pixels(*words)[2] for pixel in row]
+        return list(self.image(*words).getdata())
 
 
 class Pictures(PictureCase):
-    MANY = 1000  # random formulas
-
     def test_size_in_every_resolution(self):
         width, height = self.size_in_pixels("a/b")
         self.assertEqual(self.picture("a/b")[1], "%d %d\n" % (22 * width, 22 * height))
-        for dpi in 96, 192, 300:
+        for dpi, metre in (96, 3780), (192, 7559), (300, 11811):
             words = "a/b", "--dpi", str(dpi)
             size = -(-width * dpi // 96), -(-height * dpi // 96)
-            got = self.pixels(*words)
-            self.assertEqual(got[:2], size)
-            dark = sum(max(pixel[:3]) < 100 for row in got[2] for pixel in row)
-            self.assertTrue(20 * (dpi / 96) ** 2 < dark < got[0] * got[1] / 4, dark)
-            metre = {96: 3780, 192: 7559, 300: 11811}[dpi]
+            png = decoded(self.picture(*words)[0])
+            self.assertEqual((png.size, png.info["dpi"]), (size, (metre * 0.0254,) * 2))
+            dark = sum(png.convert("L").histogram()[:100])
+            self.assertTrue(20 * (dpi / 96) ** 2 < dark < size[0] * size[1] / 4, dark)
             data = self.picture(*words, name="x.bmp")[0]
             self.assertEqual(struct.unpack_from("<2xI4xI3i12x2i", data), (len(data), 54, 40, *size, metre, metre))
-            pixels = [(red, green, blue, 255) for blue, green, red, _ in struct.iter_unpack("4B", data[54:])]
-            self.assertTrue(pixels == [pixel for row in got[2][::-1] for pixel in row])  # from the bottom up
-            self.assertEqual(dict(png_chunks(self.picture(*words)[0]))[b"pHYs"],
-                             struct.pack(">IIB", metre, metre, 1))
+            self.assertTrue(decoded(data).convert("L").tobytes() == png.tobytes())
 
     def test_selection_and_grey(self):
         """The colours of the system: highlight 0078D7, its text white, grey text 6D6D6D."""
@@ -89,36 +89,59 @@ class Pictures(PictureCase):
         self.assertGreater(grayed.count(grey), 10)
         self.assertNotIn((0, 0, 0, 255), grayed)
 
-    def test_boxes_are_drawn_over_the_same_picture(self):
-        """Twice as large their lines are one pixel wide; those of axes take the halves of two."""
-        (width, height, plain), (*size, boxes) = (
-            self.pixels("a/b", "--dpi", "192", *words) for words in ([], ["--boxes"]))
-        self.assertEqual([width, height], size)
-        changed = {(x, y) for y in range(height) for x in range(width) if plain[y][x] != boxes[y][x]}
-        covered = {(x, y) for _, (left, top, wide, high) in box_bars()
-                   for y in range(math.floor(2 * top), math.ceil(2 * (top + high)))
-                   for x in range(max(math.floor(2 * left), 0), min(math.ceil(2 * (left + wide)), width))}
-        self.assertEqual(changed, covered)
+    def test_boxes_and_marks(self):
+        """Four times as large all lines of the boxes are whole pixels."""
+        expected = self.image("a/b", "--dpi", "384")
+        for colour, opacity, bar in box_bars():
+            left, top, right, bottom = bar = [round(4 * n) for n in bar]
+            expected.paste(colour, bar, Image.new("L", (right - left, bottom - top), round(255 * opacity)))
+        changes = ImageChops.difference(expected, self.image("a/b", "--boxes", "--dpi", "384"))
+        self.assertLess(max(high for _, high in changes.getextrema()), 4)
+        plain, marked = self.image("a/b"), self.image("a/b", "--select", "L:2")
+        for mark in MARKS:
+            self.assertNotIn((0, 0, 0), ImageChops.difference(plain, marked).crop(mark).convert("RGB").getdata())
+            marked.paste(plain.crop(mark), mark)
+        self.assertEqual(marked, plain)
+
+    def test_other_programs_show_the_same_pixels(self):
+        """But for what fitting to the pixels moves, a pixel at most."""
+        for name, rasterizer in RASTERIZERS.items():
+            for text, words, dpi in SHOWN:
+                with self.subTest(name=name, text=text, words=words):
+                    self.picture(text, "--exact", *words, name=f"x.{name}")
+                    subprocess.run(rasterizer(dpi // 96), cwd=self.folder, check=True)
+                    theirs = Image.open(self.folder / "y.png").convert("RGBA")
+                    ours = self.image(text, "--exact", "--dpi", str(dpi), *words).crop((0, 0, *theirs.size))
+                    darkest, brightest = (theirs.filter(of_pixels(3)) for of_pixels in
+                                          (ImageFilter.MinFilter, ImageFilter.MaxFilter))
+                    for far in ImageChops.subtract(ours, brightest), ImageChops.subtract(darkest, ours):
+                        self.assertLess(max(high for _, high in far.getextrema()), 8)
 
     def test_same_input_gives_same_bytes(self):
-        """In another folder, on standard output, in a process of its own behind other formulas."""
+        """On standard output, and in processes of their own behind other formulas, in another layout
+        of the memory."""
         text = "sum(mark(x,i,2),i=1,n)=(n*(n+1))/2"
         lines = self.folder / "lines.txt"
-        lines.write_text("a/b\nsqr(x)\n%s\n" % text)
-        for name in PICTURES:
-            with self.subTest(name), tempfile.TemporaryDirectory() as other:
-                once = self.picture(text, name="x." + name)[0]
-                self.told("render", text, "-o", "y." + name, cwd=other)
-                self.told("batch", lines, "-d", other, "--format", name)
-                for file in "y.", "000003.":
-                    self.assertTrue((pathlib.Path(other) / (file + name)).read_bytes() == once, file)
-                sized = self.picture("a/b", "--size", "15", name="x." + name)[0]
-                piped = run_bytes("render", "a/b", "--size", "15", "-o", "-", "--format", name)
-                self.assertTrue(piped == (0, sized, ""), name)
+        lines.write_text(FORMULAS.read_text() + text)
+        for name in [*PICTURES, "fml"]:
+            with self.subTest(name):
+                made = []
+                for padding in "", "x" * 5000:
+                    folder = self.folder / (name + padding[:1])
+                    told = self.told("batch", lines, "-d", folder, "--format", name,
+                                     env=dict(os.environ, MIVORA_TEST_PADDING=padding))
+                    made.append([path.read_bytes() for path in sorted(folder.iterdir())])
+                    self.assertEqual(told, f"{len(made[0])} done, 0 with syntax errors, 0 failed\n")
+                self.assertTrue(made[0] == made[1])
+                self.assertTrue(self.picture(text, name="x." + name)[0] == made[0][-1])
+                if name != "fml":
+                    piped = run_bytes("render", text, "-o", "-", "--format", name)
+                    self.assertTrue(piped == (0, made[0][-1], ""))
 
     def test_names_of_formats(self):
-        self.assertTrue(self.picture("a", name="x.PNG")[0].startswith(b"\x89PNG"))
+        self.assertEqual(self.picture("a", name="x.PNG")[0][1:4], b"PNG")
         self.assertEqual(self.picture("a", name="x.WMF")[0][40:44], b" EMF")
+        self.assertEqual(self.picture("a", name="x.FML")[0][:4], b"\xd0\xcf\x11\xe0")
         self.assertEqual(self.picture("a", "--format", "png", name="x.dat")[0][1:4], b"PNG")
 
     def test_a_failure_leaves_the_old_file(self):
@@ -131,41 +154,38 @@ class Pictures(PictureCase):
     def test_no_ink_is_cut(self):
         """A larger canvas shows the same pixels in its middle, and nothing around them."""
         texts = ["f(x,y)", "f", "j^j", "str('f')"] + [Generator(seed).formula(1 + seed % 4)
-                                                      for seed in range(self.MANY)]
-        margin = 12
+                                                      for seed in range(1000)]
         for words in [], ["--dpi", "144"]:
             folders = [self.folder / ("%s%d" % (name, len(words))) for name in "ab"]
-            for folder, more in zip(folders, ([], ["--margin", str(margin)])):
+            for folder, more in zip(folders, ([], ["--margin", "12"])):
                 run("batch", "-", "-d", folder, "--format", "png", *words, *more,
                     stdin="\n".join(texts).encode())
-            for small in folders[0].iterdir():  # not all formulas have an extent
-                width, height, rows = pixels_of_png(small.read_bytes())
-                large = pixels_of_png((folders[1] / small.name).read_bytes())
-                side = [WHITE] * margin
-                around = [[WHITE] * (width + 2 * margin)] * margin
-                text = texts[int(small.stem) - 1]
-                self.assertEqual(large[:2], (width + 2 * margin, height + 2 * margin), text)
-                self.assertTrue(large[2] == around + [side + row + side for row in rows] + around, text)
+            for path in folders[0].iterdir():  # not all formulas have an extent
+                small, large = (Image.open(folder / path.name).convert("RGB") for folder in folders)
+                text = texts[int(path.stem) - 1]
+                self.assertEqual(large.size, (small.width + 24, small.height + 24), text)
+                self.assertTrue(ImageOps.expand(small, 12, "white").tobytes() == large.tobytes(), text)
 
     def test_margins_and_the_bare_rectangle(self):
         width, height = self.size_in_pixels("f")
         for words, grown in (([], (0, 1)), (["--exact"], (0, 0)), (["--margin", "5"], (10, 11)),
                              (["--exact", "--margin", "5"], (10, 10))):  # the foot of f takes a line
-            self.assertEqual(self.pixels("f", *words)[:2], (width + grown[0], height + grown[1]))
+            self.assertEqual(self.image("f", *words).size, (width + grown[0], height + grown[1]))
 
     def test_lines_are_sharp(self):
         """Bars are whole rows of pure ink in every resolution."""
         for dpi in 96, 120, 144, 150, 192, 300:
-            width, _, rows = self.pixels("a/(b+c+d)", "--dpi", str(dpi))
-            bars = [row for row in rows if sum(pixel[0] < 255 for pixel in row) > 0.8 * width]
+            image = self.image("a/(b+c+d)", "--dpi", str(dpi)).convert("L")
+            rows = [image.crop((0, y, image.width, y + 1)).tobytes() for y in range(image.height)]
+            bars = [row for row in rows if sum(value < 255 for value in row) > 0.8 * len(row)]
             self.assertEqual(len(bars), max(1, round(dpi / 96)), dpi)
-            self.assertLessEqual({pixel[0] for row in bars for pixel in row}, {0, 255}, dpi)
+            self.assertLessEqual(set(b"".join(bars)), {0, 255}, dpi)
 
     def test_colours_and_clear_ground(self):
         red = (255, 0, 0)
         seen = set(self.colours("a/b", "--color", "#f00", "--background", "navy"))
         self.assertLessEqual({(*red, 255), (0, 0, 128, 255)}, seen)
-        self.assertFalse({(0, 0, 0, 255), WHITE} & seen)
+        self.assertFalse({(0, 0, 0, 255), (255, 255, 255, 255)} & seen)
         seen = set(self.colours("a/b", "--color", "Red", "--transparent"))
         self.assertLessEqual({0, 255}, {pixel[3] for pixel in seen})
         self.assertEqual({pixel[:3] for pixel in seen if pixel[3]}, {red})
@@ -174,7 +194,7 @@ class Pictures(PictureCase):
 
     def test_size_and_face(self):
         plain = self.size_in_pixels("a+1")
-        same, large, other = (self.pixels("a+1", *words)[:2] for words in (
+        same, large, other = (self.image("a+1", *words).size for words in (
             ["--size", "12"], ["--size", "24"], ["--font", "Arial"]))
         self.assertEqual(same, plain)
         self.assertGreater(large[0], 1.5 * plain[0])  # the gaps do not grow
@@ -188,7 +208,7 @@ class Pictures(PictureCase):
         for text in "a", "a+b", "a/b", "mark(x,i,2)", "greek a", "f":
             told = self.measured(text)
             self.assertEqual(json.loads(self.picture(text, "--json")[1]), told)
-            self.assertEqual((told["width"], told["height"]), self.pixels(text)[:2])
+            self.assertEqual((told["width"], told["height"]), self.image(text).size)
             self.assertEqual(told["em"]["size"], 16)
             self.assertAlmostEqual(told["em"]["depth"], told["depth"] / 16, delta=0.0006)
             self.assertAlmostEqual(self.measured(text, "--dpi", "192")["depth"], 2 * told["depth"], delta=1)
@@ -204,23 +224,20 @@ class Svg(PictureCase):
                "aqua": "#00ffff", "#123": "#112233"}
 
     def svg(self, *words):
-        return xml.etree.ElementTree.fromstring(self.picture(*words, name="x.svg")[0])
+        return self.picture(*words, name="x.svg")[0].decode()
 
     def test_size_role_title_and_place_in_a_line(self):
         width, height = self.size_in_pixels("a/b")
-        root = self.svg("a/b")
-        told = {"viewBox": f"0 0 {width} {height}", "width": str(width), "height": str(height), "role": "img",
-                "style": "vertical-align:%gem" % -self.measured("a/b")["em"]["depth"]}
-        self.assertEqual({name: root.get(name) for name in told}, told)
-        self.assertEqual(root[0].tag, SVG + "title")
+        depth = self.measured("a/b")["em"]["depth"]
+        self.assertIn(f' width="{width}" height="{height}" viewBox="0 0 {width} {height}" role="img" '
+                      f'style="vertical-align:{-depth:g}em">\n<title', self.svg("a/b"))
 
     def test_names_are_used_and_mean_the_same_everywhere(self):
         shapes = {}
         for text in "a/b", "x+y", "x+x+x+x+x+x", "a+a+a+a+a+b+b+b+b+b", "w" * 9 + "+" + "v" * 9:
-            root = self.svg(text)
-            named = {path.get("id"): path.get("d") for path in root.iter(SVG + "path") if path.get("id")}
-            used = {use.get("{http://www.w3.org/1999/xlink}href")[1:] for use in root.iter(SVG + "use")}
-            self.assertEqual(set(named), used, text)
+            svg = self.svg(text)
+            named = dict(re.findall(r'<path id="(\w+)" d="(.*?)"', svg))
+            self.assertEqual(set(named), set(re.findall(r'href="#(\w+)"', svg)), text)
             for name, shape in named.items():
                 self.assertEqual(shapes.setdefault(name, shape), shape)
         self.assertGreater(len(shapes), 4)
@@ -228,80 +245,13 @@ class Svg(PictureCase):
     def test_colours(self):
         for words, fills in (([], ["#ffffff"]), (["--transparent"], []),
                              *((["--background", name], [fill]) for name, fill in self.COLOURS.items())):
-            self.assertEqual([rect.get("fill") for rect in self.svg("a/b", *words).iter(SVG + "rect")], fills)
-        for words, fill in (["teal"], "#008080"), (["currentColor"], None):
-            root = self.svg("a/b", "--color", *words)
-            self.assertEqual({path.get("fill") for path in root.iter(SVG + "path")}, {fill})
-        self.assertEqual(root.find(SVG + "g").get("fill"), "currentColor")
-
-    def test_shapes_are_those_of_the_pixels(self):
-        """But for what fitting to the pixels moves, a pixel at most."""
-        for text in "a/b", "x+x+x+x+x+x-str(xy)", "sqr(b^2-4*a*c)", "sum(i,i=1,n)*greek a<=int(x*dx,0,1)":
-            root = self.svg(text, "--dpi", "288", "--exact")
-            named = {path.get("id"): path.get("d") for path in root.iter(SVG + "path") if path.get("id")}
-            width, height, rows = self.pixels(text, "--dpi", "288", "--exact")
-            shapes = set()
-            for path in root.find(SVG + "g"):
-                name = path.get("{http://www.w3.org/1999/xlink}href")
-                x, y = int(path.get("x", "0")), int(path.get("y", "0"))
-                if path.tag in (SVG + "path", SVG + "use"):
-                    contours = polygons(named[name[1:]] if name else path.get("d"))
-                    shapes |= inside([[(x + dx, y + dy) for dx, dy in one] for one in contours], width, height)
-            ink = {(x, y) for y in range(height) for x in range(width) if rows[y][x][0] < 128}
-            for some, others in (shapes, ink), (ink, shapes):
-                far = {(x, y) for x, y in some
-                       if not any((x + dx, y + dy) in others for dx in (-1, 0, 1) for dy in (-1, 0, 1))}
-                self.assertEqual(far, set(), text)
-
-    def test_marks(self):
-        found = [path.get("d") for path in self.svg("a/b", "--select", "L:2").iter(SVG + "path")
-                 if path.get("fill") == "#0078d7"]
-        self.assertEqual(found, ["M%d %dh%dv%dh-%dz" % (*box, box[2]) for box in (
-            tuple(100 * n for n in mark) for mark in MARKS)])
-
-    def test_boxes(self):
-        found = []
-        for path in self.svg("a/b", "--boxes").iter(SVG + "path"):
-            if path.get("fill-opacity"):
-                shape = re.fullmatch(r"M(-?\d+) (-?\d+)h(\d+)v(\d+)h-\3z", path.get("d")).groups()
-                found.append(((path.get("fill"), path.get("fill-opacity")), tuple(int(n) / 100 for n in shape)))
-        self.assertEqual(found, list(box_bars()))
+            self.assertEqual(re.findall('<rect .*fill="(.*?)"', self.svg("a/b", *words)), fills)
+        svg = self.svg("a/b", "--color", "currentColor")
+        self.assertIn('<g transform="scale(.01)" fill="currentColor">', svg)
+        self.assertNotIn("<path fill", svg)
 
 
 class Pdf(PictureCase):
-    def fills(self, *words):
-        """Colour and rectangle of what is filled, in pixels."""
-        content = pdf_content(self.picture(*words, name="x.pdf")[0])
-        colour, fills = None, []
-        for red, green, blue, *box in re.findall(
-                r"([\d.]+) ([\d.]+) ([\d.]+) rg|(-?[\d.]+) (-?[\d.]+) ([\d.]+) ([\d.]+) re", content):
-            if red:
-                colour = "#%02x%02x%02x" % tuple(round(255 * float(part)) for part in (red, green, blue))
-            else:
-                fills.append((colour, tuple(float(n) / 0.75 for n in box)))
-        return fills
-
-    def test_boxes_and_marks(self):
-        """The ground of the page comes first; of a/b, the bar is ink and comes behind the marks."""
-        bar = (0, 20, 17, 1)
-        ink = ("#000000", bar)
-        ground = ("#ffffff", (0, 0, 17 / 0.75, 32 / 0.75))  # whole points
-        boxes = [(colour, shape) for (colour, _), shape in box_bars()]
-        marks = [("#0078d7", shape) for shape in MARKS]
-        for words, expected in (([], [ground, ink]), (["--transparent"], [ink]), (["--boxes"], [ground, ink, *boxes]),
-                                (["--select", "L:2"], [ground, *marks, ("#ffffff", bar)])):
-            found = self.fills("a/b", *words)
-            self.assertEqual([colour for colour, _ in found], [colour for colour, _ in expected], words)
-            for (_, told), (_, pixels) in zip(found, expected):
-                self.assertLess(max(abs(n - m) for n, m in zip(told, pixels)), 0.01, words)
-
-    def test_page(self):
-        pdf = self.picture("a/b", name="x.pdf")[0]
-        box = re.search(rb"/MediaBox \[ ?0 0 ([0-9.]+) ([0-9.]+) ?\]", pdf)
-        for told, pixels in zip(box.groups(), self.size_in_pixels("a/b")):
-            self.assertAlmostEqual(float(told), pixels * 0.75, places=2)
-
-    @unittest.skipUnless(shutil.which("pdftotext"), "poppler-utils is not installed")
     def test_what_others_find(self):
         def found(text, *command):
             self.picture(text, name="x.pdf")
@@ -313,7 +263,7 @@ class Pdf(PictureCase):
                             ("sin(x)/2", "sinx2")):
             self.assertEqual("".join(found(text, "pdftotext", "-raw", "x.pdf", "-").split()), signs)
         self.assertRegex(found("a/b", "pdfinfo", "x.pdf"),
-                         r"(?s)Title: +a over b.*Subject: +a/b.*Tagged: +yes")
+                         r"(?s)Title: +a over b.*Subject: +a/b.*Tagged: +yes.*Page size: +16.5 x 31.5 pts")
         self.assertIn("Formula", found("a/b", "pdfinfo", "-struct", "x.pdf"))
 
 
@@ -340,7 +290,7 @@ class Source(PictureCase):
                 with self.subTest(name=name, text=text[:20]):
                     self.draw(text, file, *["--embed"] * (name == "wmf"))
                     self.assertEqual(self.source_of(file), text)
-                    if checker and shutil.which(checker[0]):
+                    if checker:
                         done = subprocess.run([*checker, self.folder / file], capture_output=True, check=False)
                         self.assertEqual((done.returncode, done.stderr), (0, b""), done.stdout)
         status, _, err = run("render", "-", "-o", self.folder / "x.wmf", "--embed", stdin=b"a\0b")
@@ -357,46 +307,13 @@ class Source(PictureCase):
         self.assertEqual((self.source_of("x.wmf"), self.source_of("y.wmf")), ("", ""))  # the bare tag
         self.assertIn("a .bmp holds no text", self.source_of("x.bmp"))
 
-    def test_as_other_programs_write_it(self):
-        """The same text in other forms that these formats have."""
-        for name, text in (
-                ("x.svg", '<svg xmlns="http://www.w3.org/2000/svg"><metadata><source xmlns="urn:mivora">'
-                 "<![CDATA[a/b&]]></source></metadata></svg>"),
-                ("x.pdf", "%PDF-1.5\n1 0 obj <</Creator <6D69766F7261> /Pages 2 0 R/Subject "
-                 "<FEFF 0061002F00620026>/N 1>> endobj")):
-            (self.folder / name).write_text(text)
-            self.assertEqual(self.source_of(name), "a/b&", name)
-
-    @unittest.skipUnless(shutil.which("qpdf") and "pdf" in PICTURES, "qpdf is not installed")
     def test_compressed_pdf(self):
         self.draw("a/b", "x.pdf")
         subprocess.run(["qpdf", "--object-streams=generate", "x.pdf", "y.pdf"], cwd=self.folder, check=True)
         self.assertNotIn(b"Subject", (self.folder / "y.pdf").read_bytes())
         self.assertEqual(self.source_of("y.pdf"), "a/b")
 
-    def test_damaged_pictures_get_an_answer(self):
-        chance = random.Random(5)
-        for name in self.CARRIERS:
-            whole = self.draw("a/b", "x." + name)
-            for _ in range(12):
-                data = bytearray(whole[:chance.randrange(len(whole))])
-                for _ in range(chance.randrange(5) if data else 0):
-                    data[chance.randrange(len(data))] = chance.randrange(256)
-                (self.folder / ("x." + name)).write_bytes(data)
-                self.assertIn(run("comment", self.folder / ("x." + name))[0], (0, 1))
-
-    def test_of_a_metafile_from_elsewhere(self):
-        data = self.picture("a", name="x.wmf")[0]
-        # Another program's text in the place of the bare tag: the record grows by eight bytes.
-        at = data.index(b"qvmrz") - 12
-        kind, size, length = struct.unpack_from("<3I", data, at)
-        self.assertEqual((kind, length), (70, 5))
-        text = "äb/c=1".encode("cp1252")
-        record = struct.pack("<3I", 70, size + 4, 5 + len(text)) + b"qvmrz" + text
-        changed = bytearray(data[:at] + record.ljust(size + 4, b"\0") + data[at + size:])
-        changed[48:52] = struct.pack("<I", len(changed))
-        (self.folder / "x.wmf").write_bytes(changed)
-        self.assertEqual(self.source_of("x.wmf"), "äb/c=1")
+    def test_no_metafile(self):
         (self.folder / "x.wmf").write_bytes(b"nothing of the kind")
         self.assertIn("不能解析该文件!", self.source_of("x.wmf"))
 
@@ -415,7 +332,7 @@ class Manifest(PictureCase):
             for one in told:
                 self.assertEqual(list(one), ["line", "file", "text", "size", "depth", "error"])
                 if one["file"]:
-                    self.assertEqual(tuple(one["size"]), pixels_of_png((out / one["file"]).read_bytes())[:2])
+                    self.assertEqual(tuple(one["size"]), decoded((out / one["file"]).read_bytes()).size)
             self.assertEqual(told[4]["depth"], self.measured("f")["depth"])
 
     def test_makes_the_folders(self):

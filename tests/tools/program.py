@@ -1,6 +1,7 @@
 """The program under test: how it is started, what its system says, and what its tests have in common.
 
-Options: --mivora PROGRAM, --runner COMMAND that it is started by, --formulas FILE.
+Options: --mivora PROGRAM, --runner COMMAND that it is started by, --formulas FILE, --other PROGRAM
+of the other system.
 """
 import argparse
 import os
@@ -11,28 +12,28 @@ import tempfile
 import unittest
 
 _options = argparse.ArgumentParser()
-_options.add_argument("--mivora", required=True)
-_options.add_argument("--runner")
-_options.add_argument("--formulas")
+for _option in "--mivora", "--runner", "--formulas", "--other":
+    _options.add_argument(_option)
 _options, REST = _options.parse_known_args()  # REST is for unittest
 
 MIVORA = os.path.abspath(_options.mivora)
 COMMAND = [os.path.abspath(_options.runner), MIVORA] if _options.runner else [MIVORA]
 FORMULAS = _options.formulas and pathlib.Path(_options.formulas).absolute()
+OTHER = [_options.other]
 WINDOWS = MIVORA.endswith(".exe")
 
 # Cases that only the other system has, and why.
 LINUX_ONLY = {
-    "Pdf.test_boxes_and_marks": "cairo writes .pdf",
-    "Pdf.test_page": "cairo writes .pdf",
     "Pdf.test_what_others_find": "cairo writes .pdf",
-    "Svg.test_shapes_are_those_of_the_pixels": "the pixels are those of cairo",
+    "Source.test_compressed_pdf": "cairo writes .pdf",
+    "Pictures.test_other_programs_show_the_same_pixels": "the pixels are those of cairo",
     "Batch.test_a_bar_on_a_terminal_only": "a pseudo terminal is no console",
     "Forms.test_bytes_that_are_no_text": "a word is wide there: it cannot hold them",
     "Read.test_faces_that_are_missing": "the system puts another face in their place by itself",
 }
 WINDOWS_ONLY = {
     "Forms.test_formats_of_another_system": "here all formats can be written",
+    "Written.test_both_systems_store_the_same": "the other one is built later",
 }
 
 PICTURES = ["wmf", "emf", "bmp", "png", "svg"]
@@ -52,14 +53,14 @@ else:
 LONGEST_WORD = 32000 if WINDOWS else 100_000  # characters, about
 
 
-def run_bytes(*words, stdin=b"", **more):
+def run_bytes(*words, stdin=b"", command=COMMAND, **more):
     """Status, standard output as bytes, standard error. Words may be text, bytes or paths; a TEXT too
     long for a word goes to standard input."""
     words = list(map(os.fspath, words))
     for n, word in enumerate(words):
         if len(word) > LONGEST_WORD:
             words[n], stdin = "-", word.encode()
-    done = subprocess.run([*COMMAND, *words], input=stdin, capture_output=True, check=False, **more)
+    done = subprocess.run([*command, *words], input=stdin, capture_output=True, check=False, **more)
     return done.returncode, done.stdout, done.stderr.decode()
 
 

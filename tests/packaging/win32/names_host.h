@@ -9,100 +9,64 @@
 
 namespace
 {
-constexpr int SIDE = 100;
-
-class MIVORA_HOST_SUITE : public testing::Test
+TEST(MIVORA_HOST_SUITE, TextsAndFontsAreTheSameByMemberAndFunction)
 {
-protected:
-    void SetUp() override
+    LOGFONTA ours = {};
+    ours.lfHeight = -30;
+    std::strcpy(ours.lfFaceName, "Arial");
+    CFont font;
+    ASSERT_TRUE(font.CreateFontIndirect(&ours));
+    LOGFONT theirs = {};
+    ASSERT_EQ(::GetObject(font.GetSafeHandle(), sizeof theirs, &theirs),
+              static_cast<int>(sizeof theirs));
+    EXPECT_EQ(theirs.lfHeight, -30);
+    EXPECT_EQ(theirs.lfFaceName[4], TEXT('l'));
+    LOGFONTA again = {};
+    ASSERT_GT(font.GetLogFont(&again), 0);
+    EXPECT_STREQ(again.lfFaceName, "Arial");
+
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(100, 100, 1, 32, nullptr));
+    CBitmap* pOldBitmap = dc.SelectObject(&bitmap);
+    ::SetBoundsRect(dc, nullptr, DCB_ENABLE | DCB_RESET);
+    const auto drawn = [&]
     {
-        CClientDC screen(nullptr);
-        ASSERT_TRUE(m_dc.CreateCompatibleDC(&screen));
-        ASSERT_TRUE(m_bitmap.CreateCompatibleBitmap(&screen, SIDE, SIDE));
-        m_pOldBitmap = m_dc.SelectObject(&m_bitmap);
-
-        LOGFONTA ours = {};
-        ours.lfHeight = -30;
-        std::strcpy(ours.lfFaceName, "Arial");
-        ASSERT_TRUE(m_font.CreateFontIndirect(&ours));
-
-        LOGFONT theirs = {};
-        ASSERT_EQ(::GetObject(m_font.GetSafeHandle(), sizeof(theirs), &theirs),
-                  static_cast<int>(sizeof(theirs)));
-        EXPECT_EQ(theirs.lfHeight, -30);
-        EXPECT_EQ(theirs.lfFaceName[4], TEXT('l'));
-        m_hSameFont = ::CreateFontIndirect(&theirs);
-        ASSERT_NE(m_hSameFont, nullptr);
-
-        LOGFONTA again = {};
-        ASSERT_GT(m_font.GetLogFont(&again), 0);
-        EXPECT_STREQ(again.lfFaceName, "Arial");
-        m_pOldFont = m_dc.SelectObject(&m_font);
-    }
-    void TearDown() override
-    {
-        m_dc.SelectObject(m_pOldFont);
-        m_dc.SelectObject(m_pOldBitmap);
-        ::DeleteObject(m_hSameFont);
-    }
-
-    // Draws once through the class and once through the system, and compares the pixels.
-    template <class TOurs, class TTheirs>
-    void ExpectSamePicture(TOurs ours, TTheirs theirs)
-    {
-        COLORREF aPixels[2][SIDE * SIDE];
-        for (int n = 0; n < 2; ++n)
-        {
-            m_dc.FillSolidRect(0, 0, SIDE, SIDE, RGB(255, 255, 255));
-            n == 0 ? ours() : theirs();
-            int nInk = 0;
-            for (int i = 0; i < SIDE * SIDE; ++i)
-            {
-                aPixels[n][i] = m_dc.GetPixel(i % SIDE, i / SIDE);
-                nInk += aPixels[n][i] != RGB(255, 255, 255);
-            }
-            EXPECT_GT(nInk, 50);
-        }
-        EXPECT_EQ(std::memcmp(aPixels[0], aPixels[1], sizeof(aPixels[0])), 0);
-    }
-
-    CDC m_dc;
-    CBitmap m_bitmap;
-    CFont m_font;
-    HFONT m_hSameFont = nullptr;
-    CBitmap* m_pOldBitmap = nullptr;
-    CFont* m_pOldFont = nullptr;
-};
-
-TEST_F(MIVORA_HOST_SUITE, TextIsDrawnTheSameByMemberAndFunction)
-{
+        CRect rect(0, 0, 0, 0);
+        ::GetBoundsRect(dc, &rect, DCB_RESET);
+        return rect;
+    };
     RECT rect = { 5, 5, 95, 95 };
-    int anHeight[2] = {};
-    ExpectSamePicture([&] { anHeight[0] = m_dc.DrawText("Ab", -1, &rect, DT_RIGHT); },
-                      [&] { anHeight[1] = ::DrawText(m_dc, TEXT("Ab"), -1, &rect, DT_RIGHT); });
-    EXPECT_EQ(anHeight[0], anHeight[1]);
-
     constexpr int anSpacing[] = { 40, 40 };
-    ExpectSamePicture([&] { m_dc.ExtTextOut(10, 20, 0, nullptr, "Ef", 2, anSpacing); },
-                      [&] { ::ExtTextOut(m_dc, 10, 20, 0, nullptr, TEXT("Ef"), 2, anSpacing); });
+    CFont* pOldFont = dc.SelectObject(&font);
+    TEXTMETRICA ourMetrics = {};
+    ASSERT_TRUE(dc.GetTextMetrics(&ourMetrics));
+    EXPECT_GT(ourMetrics.tmHeight, 30);
+    const int nHeight = dc.DrawText("Ab", -1, &rect, DT_RIGHT);
+    const CRect ourText = drawn();
+    EXPECT_GT(ourText.left, 30);
+    dc.ExtTextOut(10, 20, 0, nullptr, "Ef", 2, anSpacing);
+    const CRect ourSpaced = drawn();
+    EXPECT_GT(ourSpaced.Width(), 40);
+
+    const HFONT hSameFont = ::CreateFontIndirect(&theirs);
+    ::SelectObject(dc, hSameFont);
+    TEXTMETRIC theirMetrics = {};
+    ASSERT_TRUE(::GetTextMetrics(dc, &theirMetrics));
+    EXPECT_EQ(ourMetrics.tmHeight, theirMetrics.tmHeight);
+    EXPECT_EQ(ourMetrics.tmAscent, theirMetrics.tmAscent);
+    EXPECT_EQ(ourMetrics.tmAveCharWidth, theirMetrics.tmAveCharWidth);
+    EXPECT_EQ(::DrawText(dc, TEXT("Ab"), -1, &rect, DT_RIGHT), nHeight);
+    EXPECT_EQ(drawn(), ourText);
+    ::ExtTextOut(dc, 10, 20, 0, nullptr, TEXT("Ef"), 2, anSpacing);
+    EXPECT_EQ(drawn(), ourSpaced);
+    dc.SelectObject(pOldFont);
+    dc.SelectObject(pOldBitmap);
+    ::DeleteObject(hSameFont);
 }
 
-TEST_F(MIVORA_HOST_SUITE, MetricsAreTheSameByMemberAndFunction)
-{
-    TEXTMETRICA ours = {};
-    ASSERT_TRUE(m_dc.GetTextMetrics(&ours));
-
-    TEXTMETRIC theirs = {};
-    const HGDIOBJ hOld = ::SelectObject(m_dc, m_hSameFont);
-    ASSERT_TRUE(::GetTextMetrics(m_dc, &theirs));
-    ::SelectObject(m_dc, hOld);
-    EXPECT_EQ(ours.tmHeight, theirs.tmHeight);
-    EXPECT_EQ(ours.tmAscent, theirs.tmAscent);
-    EXPECT_EQ(ours.tmAveCharWidth, theirs.tmAveCharWidth);
-    EXPECT_GT(ours.tmHeight, 30);
-}
-
-TEST_F(MIVORA_HOST_SUITE, WindowsAndMenusAreTheSameByMemberAndFunction)
+TEST(MIVORA_HOST_SUITE, WindowsAndMenusAreTheSameByMemberAndFunction)
 {
     TCHAR szText[20];
     CString strText;
