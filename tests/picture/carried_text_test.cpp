@@ -33,6 +33,7 @@ TEST(CarriedText, IsFoundInTheFormsThatOthersWrite)
         { "<svg xmlns:q='urn:mivora'><q:source>&#x3C;&#60;&amp;lt;&bad;&#x110000;</q:source></svg>",
           "<<&lt;&bad;&#x110000;" },
         { "<svg xmlns:q='urn:mivora'/>", {} },
+        { "<svg><source xmlns='urn:mivora'><![CDATA[a/b&lt;]]></source></svg>", "a/b&lt;" },
         // PDF: only a description that is ours counts
         { "%PDF-1.4 <</Subject(a)/Creator(mivora)>>", "a" },
         { "%PDF-1.4 <</Subject(a)/Creator(other)>>", {} },
@@ -42,6 +43,7 @@ TEST(CarriedText, IsFoundInTheFormsThatOthersWrite)
           "))" },
         { "%PDF-1.4 <</Creator(mivora)/Subject<FEFF 20AC D835 DC4>>>",
           "\xE2\x82\xAC\xF0\x9D\x91\x80" },
+        { "%PDF-1.4 <</Creator <6D69766F7261> /Subject(a)/N 1>>", "a" },
         { "%PDF-1.4 <</Creator(mivora)/Subject(a", {} },
         { "%PDF-1.4 <</Creator(mivora)/Subject", {} },
         { "%PDF-1.4 <</Creator(mivora)/Subject(\\", {} },
