@@ -269,8 +269,10 @@ std::set<std::pair<int, int>> PointsOf(const CSvgGlyph& glyph)
 TEST(Svg, GlyphsHaveThePointsOfTheirOutlines)
 {
     constexpr double fScale = 1000;
+    // Where there is a "Nimbus Roman", its curves are cubic.
     for (const LOGFONTA& description :
-         { FontOf("Times New Roman", -16), FontOf("Symbol", -12, 9, 700, true) })
+         { FontOf("Times New Roman", -16), FontOf("Symbol", -12, 9, 700, true),
+           FontOf("Nimbus Roman", -20) })
     {
         const CGlyphFont font = FindGlyphFont(description);
         for (int nCode = 0; nCode < 256; ++nCode)

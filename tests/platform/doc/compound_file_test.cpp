@@ -12,6 +12,7 @@
 #include <string>
 
 #include "archived.h"
+#include "platform/doc/ole_document.h"
 
 namespace
 {
@@ -182,4 +183,15 @@ TEST(CompoundFiles, AnswerThousandsOfDamagedOnesInTime)
     }
     EXPECT_EQ(answers.size(), 2U) << "some open, some do not";
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(2));
+}
+
+TEST(Documents, ANewOneIsEmptied)
+{
+    struct CEmptied : COleDocument
+    {
+        void DeleteContents() override { ++nTimes; }
+        int nTimes = 0;
+    } document;
+    EXPECT_TRUE(document.OnNewDocument());
+    EXPECT_EQ(document.nTimes, 1);
 }

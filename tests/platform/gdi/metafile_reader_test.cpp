@@ -106,6 +106,8 @@ TEST(MetafileReader, KnowsTheHeadersOfAllVersions)
         EXPECT_EQ(GetEnhMetaFileHeader(hMetaFile, 0, nullptr), nHeader + 8);
         EXPECT_EQ(MetafileBytes(hMetaFile), strBytes);
         EXPECT_EQ(See(hMetaFile).comments, CComments{ "abc" });
+        EXPECT_EQ(See(Make(MetafileOf({ CommentRecord("x") }, nHeader))).comments,
+                  CComments{ "x" });
     }
 }
 

@@ -2,6 +2,7 @@
 #include "platform/gdi/linux/fonts/font_files.h"
 #include "platform/gdi/dc.h"
 #include "platform/gdi/linux/fonts/font_cache.h"
+#include "platform/gdi/linux/fonts/font_face.h"
 #include "platform/gdi/test_fonts.h"
 
 #include <gtest/gtest.h>
@@ -30,6 +31,34 @@ TEST(FontFiles, TheCharacterSetPlaysNoPart)
     const CSize extent = Extent(font, "Hamburg \xE4\x80");
     font.lfCharSet = SYMBOL_CHARSET;
     EXPECT_EQ(Extent(font, "Hamburg \xE4\x80"), extent);
+}
+
+TEST(FontFiles, OtherNamesOfAFaceAreTheSameWhateverThePitch)
+{
+    const std::pair<const char*, std::vector<const char*>> aFaces[] = {
+        { "Times New Roman", { "Times", "Liberation Serif" } },
+        { "Arial", { "Helvetica", "Liberation Sans", "System", "MS Sans Serif", "MS Shell Dlg" } },
+        { "Courier New", { "Courier", "Liberation Mono", "Terminal", "Fixedsys" } },
+    };
+    for (const auto& [pszFace, others] : aFaces)
+    {
+        for (const char* pszOther : others)
+        {
+            for (const BYTE nPitch : { FIXED_PITCH, FF_ROMAN })
+            {
+                LOGFONTA font = FontOf(pszOther, -10);
+                font.lfPitchAndFamily = nPitch;
+                EXPECT_EQ(FindFontFace(font), FindFontFace(FontOf(pszFace, -10))) << pszOther;
+            }
+        }
+    }
+}
+
+TEST(FontFiles, TheSystemIsAskedByItsOwnRules)
+{
+    EXPECT_TRUE(FindSystemFont("URW Gothic", true, false).value().m_bBold);  // its "Demi"
+    EXPECT_EQ(FindAnySystemFont("Arial", true, true).value().m_strFile,
+              FindSystemFont("Liberation Sans", true, true).value().m_strFile);
 }
 
 TEST(FontFiles, ThousandsOfSizesDoNotFillTheMemory)
