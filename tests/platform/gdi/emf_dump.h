@@ -87,14 +87,34 @@ inline std::string Record(const CDraw& draw, const RECT* pFrame = nullptr,
     return { bytes.begin(), bytes.end() };
 }
 
-// The lines of each row's drawing.
-template <class T, std::size_t N>
-std::vector<CRecordLines> RecordTable(const T (&aCases)[N])
+// What a drawing is to be recorded as.
+struct CRecordCase
+{
+    const char* pszName;
+    CDraw draw;
+    std::vector<std::string> parts;  // of the dump, in which each line begins behind a '\n'
+};
+
+// Each dump has its parts in their order, and at most one text.
+inline void ExpectRecords(const std::vector<CRecordCase>& cases)
 {
     std::vector<std::string> metafiles;
-    for (const auto& row : aCases)
-        metafiles.push_back(Record(row.draw));
-    return DumpRecords(metafiles);
+    for (const CRecordCase& c : cases)
+        metafiles.push_back(Record(c.draw));
+    const std::vector<CRecordLines> dumps = DumpRecords(metafiles);
+    for (std::size_t i = 0; i < cases.size(); ++i)
+    {
+        std::string strDump;
+        for (const std::string& strLine : dumps[i])
+            strDump += '\n' + strLine;
+        std::size_t nPlace = 0;
+        for (const std::string& strPart : cases[i].parts)
+        {
+            nPlace = strDump.find(strPart, nPlace);
+            EXPECT_NE(nPlace, strDump.npos) << cases[i].pszName << ": " << strPart << strDump;
+        }
+        EXPECT_EQ(strDump.find("\nEXTTEXT"), strDump.rfind("\nEXTTEXT")) << cases[i].pszName;
+    }
 }
 
 // The value of a field in a line of the dump.
