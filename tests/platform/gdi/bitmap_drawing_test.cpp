@@ -99,38 +99,33 @@ TEST(BitmapLines, FromFarOutsideCrossAtTheSamePlaces)
 
 TEST(BitmapFills, FollowTheRulesForInvertedRectangles)
 {
-    enum CKind
-    {
-        fillRect,
-        fillSolid
-    };
     const struct
     {
         const char* pszName;
-        CKind kind;
+        bool bSolid;
         RECT rect, filled;
     } aCases[] = {
         // clang-format off
-        { "upright", fillRect, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
-        { "no width", fillRect, { 5, 5, 5, 9 }, {} },
-        { "x inverted: shifted by one", fillRect, { 9, 5, 5, 9 }, { 6, 5, 10, 9 } },
-        { "y inverted: shifted by one", fillRect, { 5, 9, 9, 5 }, { 5, 6, 9, 10 } },
-        { "upright", fillSolid, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
-        { "no height", fillSolid, { 5, 5, 9, 5 }, {} },
-        { "x inverted: swapped", fillSolid, { 9, 5, 5, 9 }, { 5, 5, 9, 9 } },
-        { "y inverted: swapped", fillSolid, { 5, 9, 9, 5 }, { 5, 5, 9, 9 } },
-        { "larger than all", fillRect, { -99999999, -1000000000, 5, 1000000000 }, { 0, 0, 5, 16 } },
-        { "larger than all", fillSolid, { INT32_MIN, 3, INT32_MAX, 4 }, { 0, 3, 16, 4 } },
+        { "upright", false, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
+        { "no width", false, { 5, 5, 5, 9 }, {} },
+        { "x inverted: shifted by one", false, { 9, 5, 5, 9 }, { 6, 5, 10, 9 } },
+        { "y inverted: shifted by one", false, { 5, 9, 9, 5 }, { 5, 6, 9, 10 } },
+        { "upright", true, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
+        { "no height", true, { 5, 5, 9, 5 }, {} },
+        { "x inverted: swapped", true, { 9, 5, 5, 9 }, { 5, 5, 9, 9 } },
+        { "y inverted: swapped", true, { 5, 9, 9, 5 }, { 5, 5, 9, 9 } },
+        { "larger than all", false, { -99999999, -1000000000, 5, 1000000000 }, { 0, 0, 5, 16 } },
+        { "larger than all", true, { INT32_MIN, 3, INT32_MAX, 4 }, { 0, 3, 16, 4 } },
         // clang-format on
     };
     for (const auto& c : aCases)
     {
         CMemoryPicture picture(16, 16);
-        if (c.kind == fillSolid)
+        if (c.bSolid)
             CDC::FromHandle(picture)->FillSolidRect(&c.rect, 0x0000FF);
         else
             FillRect(picture, &c.rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-        EXPECT_EQ(picture.Inked(), CRect(c.filled)) << c.pszName << ' ' << c.kind;
+        EXPECT_EQ(picture.Inked(), CRect(c.filled)) << c.pszName << ' ' << c.bSolid;
         EXPECT_EQ(DarkPlaces(picture).size(),
                   static_cast<std::size_t>(CRect(c.filled).Width() * CRect(c.filled).Height()));
     }
@@ -280,18 +275,34 @@ TEST(BitmapText, TakesItsAdvancesFromTheFontOrTheCaller)
     EXPECT_EQ(columns(), (std::set<int>{ 0 }));
 }
 
-// The ground of an opaque text is as wide as its advances and as high as the line, 45 and 11.
-TEST(BitmapText, StandsOnAGroundAsWideAsItsAdvances)
+// The cell of a text, as its ground and letters of the same colour fill it.
+TEST(BitmapText, StandsOnAGroundAsWideAsItsAdvancesAndAsHighAsTheLine)
 {
-    CMemoryPicture picture(80, 70);
-    SetBkColor(picture, 0x0000FF);
-    const CUseFont font(picture, FontOf("Arial", -50));
     const INT anDx[] = { 20, 7 };
-    ExtTextOutA(picture, 3, 2, 0, nullptr, "  ", 2, anDx);
-    EXPECT_EQ(picture.Inked(), CRect(3, 2, 30, 58));
-    picture.Clear();
-    ExtTextOutA(picture, 3, 2, 0, nullptr, "  ", 2, nullptr);
-    EXPECT_EQ(picture.Inked(), CRect(3, 2, 31, 58));  // a blank is 569 of 2048 units
+    const struct
+    {
+        LOGFONTA font;
+        UINT nAlign;
+        const char* pszText;
+        const INT* pDx;
+        CRect cell;
+    } aCases[] = {
+        { FontOf("Arial", -50), TA_TOP, "  ", anDx, { 100, 50, 127, 106 } },     // 45 + 11 high
+        { FontOf("Arial", -50), TA_TOP, "  ", nullptr, { 100, 50, 128, 106 } },  // 569 of 2048
+        { FontOf("Times New Roman", -16), TA_TOP, "abc", nullptr, { 100, 50, 122, 67 } },
+        { FontOf("Times New Roman", -16), TA_BASELINE, "abc", nullptr, { 100, 36, 122, 53 } },
+    };
+    for (const auto& c : aCases)
+    {
+        CMemoryPicture picture(200, 120);
+        const CUseFont use(picture, c.font);
+        SetBkColor(picture, 0x00FF00);
+        SetTextColor(picture, 0x00FF00);
+        SetTextAlign(picture, c.nAlign);
+        const auto nLength = static_cast<UINT>(std::strlen(c.pszText));
+        EXPECT_TRUE(ExtTextOutA(picture, 100, 50, 0, nullptr, c.pszText, nLength, c.pDx));
+        EXPECT_EQ(picture.Inked(), c.cell) << c.pszText << c.nAlign;
+    }
 }
 
 // Clipped text keeps to its rectangle, and to the clip of the device context.

@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <tuple>
+#include <utility>
+
 namespace
 {
 
@@ -22,25 +26,29 @@ TEST(Bitmaps, AreMadeInTheirDepthAndSize)
     {
         int nWidth, nHeight;
         UINT nPlanes, nBits;
-        int nMadeWidth, nMadeHeight, nMadeBits, nRowBytes;  // all 0: refused
+        std::array<int, 4> anMade;  // width, height, bits, bytes of a row; all 0: refused
     } aCases[] = {
-        { 5, 7, 1, 1, 5, 7, 1, 2 },           { 17, 7, 1, 1, 17, 7, 1, 4 },
-        { 5, 7, 1, 32, 5, 7, 32, 20 },        { 0, 7, 1, 32, 1, 1, 1, 2 },
-        { 7, 0, 9, 99, 1, 1, 1, 2 },          { 5, 7, 1, 33, 0, 0, 0, 0 },
-        { 5, 7, 0, 32, 0, 0, 0, 0 },          { INT32_MAX, INT32_MAX, 1, 32, 0, 0, 0, 0 },
-        { 1, 100000, 1, 1, 1, 100000, 1, 2 }, { INT32_MAX, 1, 1, 1, 0, 0, 0, 0 },
-        { 32767, 32767, 1, 32, 0, 0, 0, 0 },  { 32767, 1, 1, 32, 32767, 1, 32, 131068 },
+        { 5, 7, 1, 1, { 5, 7, 1, 2 } },
+        { 17, 7, 1, 1, { 17, 7, 1, 4 } },
+        { 5, 7, 1, 32, { 5, 7, 32, 20 } },
+        { 0, 7, 1, 32, { 1, 1, 1, 2 } },
+        { 7, 0, 9, 99, { 1, 1, 1, 2 } },
+        { 1, 100000, 1, 1, { 1, 100000, 1, 2 } },
+        { 32767, 1, 1, 32, { 32767, 1, 32, 131068 } },
+        { 5, 7, 1, 33, {} },
+        { 5, 7, 0, 32, {} },
+        { 32767, 32767, 1, 32, {} },
+        { INT32_MAX, 1, 1, 1, {} },
+        { INT32_MAX, INT32_MAX, 1, 32, {} },
     };
     for (const auto& c : aCases)
     {
         const HBITMAP hBitmap = CreateBitmap(c.nWidth, c.nHeight, c.nPlanes, c.nBits, nullptr);
-        const BITMAP bitmap = Describe(hBitmap);
-        EXPECT_EQ(bitmap.bmWidth, c.nMadeWidth) << c.nWidth << 'x' << c.nHeight << ' ' << c.nBits;
-        EXPECT_EQ(bitmap.bmHeight, c.nMadeHeight);
-        EXPECT_EQ(bitmap.bmBitsPixel, c.nMadeBits);
-        EXPECT_EQ(bitmap.bmWidthBytes, c.nRowBytes);
-        EXPECT_EQ(bitmap.bmPlanes, c.nMadeBits ? 1 : 0);
-        EXPECT_EQ(DeleteObject(hBitmap), c.nMadeBits ? TRUE : FALSE);
+        const auto [nType, nWidth, nHeight, nRowBytes, nPlanes, nBits, pBits] = Describe(hBitmap);
+        EXPECT_EQ((std::array<int, 4>{ nWidth, nHeight, nBits, nRowBytes }), c.anMade)
+            << c.nWidth << 'x' << c.nHeight << ' ' << c.nBits;
+        EXPECT_EQ(nPlanes, hBitmap != nullptr ? 1 : 0);
+        EXPECT_EQ(DeleteObject(hBitmap), hBitmap != nullptr ? TRUE : FALSE);
     }
 }
 
@@ -82,8 +90,7 @@ TEST(Bitmaps, AreSelectedIntoOneMemoryContextOnly)
     ASSERT_NE(pOld, nullptr);
     BITMAP data{};
     EXPECT_GT(pOld->GetBitmap(&data), 0);
-    EXPECT_EQ(data.bmWidth, 1);
-    EXPECT_EQ(data.bmBitsPixel, 1);
+    EXPECT_EQ(std::pair(data.bmWidth, data.bmBitsPixel), std::pair(LONG{ 1 }, WORD{ 1 }));
     EXPECT_EQ(other.SelectObject(pOld), &bitmap);
     CDC next;
     ASSERT_TRUE(next.CreateCompatibleDC(nullptr));
@@ -140,11 +147,13 @@ TEST(Dibs, HoldRowsFromTheBottomFilledToFourBytes)
     for (const auto& c : aCases)
     {
         CInfo info(3, c.nHeight, c.nBits);
-        CBytes bits = ReadBits(picture, picture.Bitmap(), info);
+        GetDIBits(picture, picture.Bitmap(), 0, 1, nullptr, info.Get(), DIB_RGB_COLORS);
+        EXPECT_EQ(info.Header().biSizeImage, c.bits.size());
+        CBytes bits(c.bits.size(), 0xEE);
+        EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), 0, 2, bits.data(), info.Get(), 0), 2);
         for (std::size_t i = 3; c.nBits == 32 && i < bits.size(); i += 4)
             bits[i] = 0;  // no colour
         EXPECT_EQ(bits, c.bits) << c.nBits;
-        EXPECT_EQ(info.Header().biSizeImage, c.bits.size());
         const CBytes table(info.m_bytes.begin() + sizeof(BITMAPINFOHEADER), info.m_bytes.end());
         EXPECT_EQ(table, c.nBits == 1 ? CBytes({ 0, 0, 0, 0, 255, 255, 255, 0 }) : CBytes());
     }
@@ -159,11 +168,10 @@ TEST(Dibs, TellTheFormatOfTheBitmap)
         info.Header().biPlanes = 0;
         EXPECT_NE(GetDIBits(picture, picture.Bitmap(), 0, 0, nullptr, info.Get(), DIB_RGB_COLORS),
                   0);
-        EXPECT_EQ(info.Header().biWidth, 9);
-        EXPECT_EQ(info.Header().biHeight, 5);
-        EXPECT_EQ(info.Header().biPlanes, 1);
-        EXPECT_EQ(info.Header().biBitCount, nBits);
-        EXPECT_EQ(info.Header().biSizeImage, (9 * nBits + 31) / 32 * 4 * 5);
+        const BITMAPINFOHEADER& h = info.Header();
+        EXPECT_EQ(std::tuple(h.biWidth, h.biHeight, h.biPlanes, h.biBitCount),
+                  std::tuple(9, 5, 1, nBits));
+        EXPECT_EQ(h.biSizeImage, (9 * nBits + 31) / 32 * 4 * 5);
     }
 }
 
@@ -219,12 +227,11 @@ TEST(Dibs, RefuseWhatMakesNoSense)
 TEST(Bitmaps, TakeTheirFirstContentFromTheTop)
 {
     const BYTE aMono[] = { 0xA0, 0, 0x40, 0 };  // rows filled up to 16 bits
+    CMemoryPicture mono(3, 2);
+    const CUseObject use(mono, CreateBitmap(3, 2, 1, 1, aMono));
     CMemoryPicture picture(3, 2);
-    const CUseObject use(picture, CreateBitmap(3, 2, 1, 1, aMono));
-    std::vector<COLORREF> colours;
-    for (int i = 0; i < 6; ++i)
-        colours.push_back(GetPixel(picture, i % 3, i / 3));
-    EXPECT_EQ(CMemoryPicture::LinesOf(colours, 3), CLines({ ".#.", "#.#" }));
+    BitBlt(picture, 0, 0, 3, 2, mono, 0, 0, SRCCOPY);
+    EXPECT_EQ(picture.Lines(), CLines({ ".#.", "#.#" }));
 }
 
 TEST(BlockTransfers, StretchShrinkAndMirror)

@@ -1,6 +1,5 @@
 // Where texts stand, and what a recorder hears of them.
 #include "platform/gdi/dc.h"
-#include "platform/gdi/memory_picture.h"
 #include "platform/gdi/metafile_calls.h"
 #include "platform/gdi/test_fonts.h"
 
@@ -70,28 +69,5 @@ TEST(DrawText, PlacesOneLineByItsFlags)
         const int nLeading = row.nFormat & DT_EXTERNALLEADING ? 1 : 0;
         EXPECT_EQ(nHeight, row.point.y - row.rect.top + 17 + nLeading);
         EXPECT_EQ(rect, row.rect) << "the rectangle is the caller's";
-    }
-}
-
-// The cell of "abc", as an opaque text fills it; the base line is 14 below the top.
-TEST(Text, StandsOnItsTopOrItsBaseLine)
-{
-    const struct
-    {
-        UINT nAlign;
-        CRect cell;
-    } aCases[] = {
-        { TA_LEFT | TA_TOP, { 100, 50, 122, 67 } },
-        { TA_LEFT | TA_BASELINE, { 100, 36, 122, 53 } },
-    };
-    for (const auto& c : aCases)
-    {
-        CMemoryPicture picture(200, 100);
-        const CUseFont use(picture, FontOf("Times New Roman", -16));
-        SetBkColor(picture, 0x00FF00);
-        SetTextColor(picture, 0x00FF00);
-        SetTextAlign(picture, c.nAlign);
-        EXPECT_TRUE(ExtTextOutA(picture, 100, 50, 0, nullptr, "abc", 3, nullptr));
-        EXPECT_EQ(picture.Inked(), c.cell) << c.nAlign;
     }
 }

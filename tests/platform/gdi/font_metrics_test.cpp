@@ -112,15 +112,14 @@ TEST_F(FontMetrics, AgreeWithTheNumbersWorkedOutFromTheFiles)
 TEST_F(FontMetrics, PointSizesBecomeLogicalHeights)
 {
     const char* apszFaces[] = { "Times New Roman", "Arial", "Symbol", "MT Extra" };
-    struct CHeights
-    {
-        int nHeight;       // lfHeight
-        int anExtents[4];  // cy by face
-    };
     const struct
     {
         int nPoints;
-        CHeights pixels, hundredths;
+        struct
+        {
+            int nHeight;       // lfHeight
+            int anExtents[4];  // cy by face
+        } pixels, hundredths;
     } aCases[] = {
         { 8, { -11, { 12, 12, 13, 13 } }, { -11, { 11, 11, 12, 11 } } },
         { 10, { -13, { 15, 15, 16, 15 } }, { -14, { 16, 16, 17, 16 } } },
@@ -137,7 +136,7 @@ TEST_F(FontMetrics, PointSizesBecomeLogicalHeights)
         const auto& row = aCases[n / 24];
         SCOPED_TRACE(testing::Message() << apszFaces[nFace] << ' ' << row.nPoints * nTenths);
         CDC* const apDevices[] = { nullptr, &m_dc, &hundredths };
-        const CHeights& heights = nDevice == 2 ? row.hundredths : row.pixels;
+        const auto& heights = nDevice == 2 ? row.hundredths : row.pixels;
         const LOGFONTA font = FontOf(apszFaces[nFace], row.nPoints * nTenths);
         CFont made;
         ASSERT_TRUE(made.CreatePointFontIndirect(&font, apDevices[nDevice]));
@@ -170,38 +169,41 @@ TEST_F(FontMetrics, MappedExtentsAreConvertedOnce)
 
 TEST_F(FontMetrics, NamesAndStylesChooseTheFile)
 {
-    const auto width = [&](const char* pszFace, int nWeight = 400)
+    const auto widths = [&](const char* pszFace, int nWeight = 400)
     {
-        return Extent(m_dc, FontOf(pszFace, -60, 0, nWeight), "Hamburg \xE4\x80").cx;
+        return Widths(m_dc, FontOf(pszFace, -60, 0, nWeight));
     };
-    const int nTimes = width("Times New Roman"), nArial = width("Arial");
-    EXPECT_NE(nTimes, nArial);
-    EXPECT_EQ(width("tIMES nEW rOMAN"), nTimes);
-    EXPECT_EQ(width("Times"), nTimes);
-    EXPECT_EQ(width("Helvetica"), nArial);
-    EXPECT_EQ(width("Arial", 550), nArial) << "not bold yet";
-    EXPECT_EQ(width("Arial", 551), width("Arial", 700));
-    EXPECT_NE(width("Arial", 700), nArial);
-    const std::array<INT, 256> mono = Widths(m_dc, FontOf("Courier New", -60));
-    EXPECT_EQ(mono['i'], mono['W']);
+    EXPECT_EQ(widths("tIMES nEW rOMAN"), widths("Times New Roman"));
+    EXPECT_EQ(widths("Times"), widths("Times New Roman"));
+    EXPECT_EQ(widths("Helvetica"), widths("Arial"));
+    EXPECT_EQ(widths("Arial", 550), widths("Arial")) << "not bold yet";
+    EXPECT_EQ(widths("Arial", 551), widths("Arial", 700));
+    EXPECT_NE(widths("Arial", 551), widths("Arial"));
+    EXPECT_EQ(widths("Courier New")['i'], widths("Courier New")['W']);
 }
 
 TEST_F(FontMetrics, AnUnknownFaceIsSubstitutedByPitchAndToldOnce)
 {
-    auto extent = [&](BYTE nPitchAndFamily, const char* pszFace)
+    const char* pszMissing = "Nobody Has This One";
+    const struct
     {
-        LOGFONTA font = FontOf(pszFace, -40);
-        font.lfPitchAndFamily = nPitchAndFamily;
-        return Extent(m_dc, font, "Will");
+        int nPitchAndFamily;
+        const char *pszAsked, *pszTaken;
+    } aCases[] = {
+        { FIXED_PITCH | FF_ROMAN, pszMissing, "Courier New" },
+        { FF_ROMAN, pszMissing, "Times" },
+        { 0, pszMissing, "Arial" },
+        { FF_SWISS, pszMissing, "Arial" },
+        { 0x50, pszMissing, "Arial" },
+        { FF_ROMAN, "", "Times" },
     };
     testing::internal::CaptureStderr();
-    const char* pszFace = "Nobody Has This One";
-    EXPECT_EQ(extent(FIXED_PITCH | FF_ROMAN, pszFace),
-              Extent(m_dc, FontOf("Courier New", -40), "Will"));
-    EXPECT_EQ(extent(FF_ROMAN, pszFace), Extent(m_dc, FontOf("Times", -40), "Will"));
-    for (BYTE nOther : std::initializer_list<BYTE>{ 0, FF_SWISS, 0x50 })
-        EXPECT_EQ(extent(nOther, pszFace), Extent(m_dc, FontOf("Arial", -40), "Will"));
-    EXPECT_EQ(extent(FF_ROMAN, ""), Extent(m_dc, FontOf("Times", -40), "Will"));
+    for (const auto& c : aCases)
+    {
+        LOGFONTA font = FontOf(c.pszAsked, -40);
+        font.lfPitchAndFamily = static_cast<BYTE>(c.nPitchAndFamily);
+        EXPECT_EQ(Widths(m_dc, font), Widths(m_dc, FontOf(c.pszTaken, -40))) << c.nPitchAndFamily;
+    }
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "mivora: the font \"Nobody Has This One\" is missing; "
               "Liberation Mono is used in its place\n");

@@ -1,4 +1,4 @@
-// What objects tell of themselves inside of the drawing layer.
+// What objects and contexts answer where each system has its own way.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/test_fonts.h"
@@ -205,4 +205,26 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
     EXPECT_EQ(SelectObject(picture, nullptr), nullptr);
     EXPECT_FALSE(DeleteDC(nullptr));
     EXPECT_FALSE(DeleteObject(nullptr));
+}
+
+TEST(MappingLimits, ExtremeNumbersEndAtTheLimits)
+{
+    CClientDC dc(nullptr);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(1, -1);
+    dc.SetViewportExt(INT32_MAX, INT32_MAX);
+    CPoint point(INT32_MAX, INT32_MAX);
+    ::LPtoDP(dc, &point, 1);
+    EXPECT_EQ(point, CPoint(INT32_MAX, INT32_MIN));
+}
+
+// Twice as wide as high: each axis has a factor of its own. "x" of the system font is measured.
+TEST(MappingLimits, HeightsGoByTheVerticalFactor)
+{
+    CClientDC dc(nullptr);
+    const CSize plain = dc.GetTextExtent("xx", 2);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(1, 1);
+    dc.SetViewportExt(2, 1);
+    EXPECT_EQ(dc.GetTextExtent("xx", 2), CSize(plain.cx / 2, plain.cy));
 }
