@@ -2,11 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cmath>
-#include <cstdlib>
 #include <numeric>
 #include <set>
+#include <sstream>
 
 #include "nodes/node.h"
 #include "picture/placement.h"
@@ -110,28 +111,25 @@ TEST(Drawing, APlaceholderIsAFrameOfHatching)
         const auto [left, right] = std::minmax(drawing.lines[0].x1, drawing.lines[0].x2);
         const double top = drawing.lines[2].y1;
         const double bottom = drawing.lines[2].y2;
-        std::vector<int> sums;
-        for (size_t n = 0; n < drawing.lines.size(); ++n)
+        EXPECT_TRUE(std::all_of(drawing.lines.begin(), drawing.lines.begin() + 4,
+                                [&](const CDrawnLine& line) {
+                                    return line.IsHorizontal() != line.IsVertical() &&
+                                           line.x1 >= left && line.x2 <= right;
+                                }));
+        std::vector<std::array<double, 4>> hatching, expected;
+        for (size_t n = 4; n < drawing.lines.size(); ++n)
         {
             const CDrawnLine& line = drawing.lines[n];
-            const bool bBar = line.IsHorizontal() || line.IsVertical();
-            EXPECT_EQ(bBar, n < 4) << n;
-            EXPECT_TRUE(line.x1 >= left && line.x2 <= right) << n;
-            if (bBar)
-                continue;
-            EXPECT_TRUE(line.y2 >= top && line.y1 <= bottom) << n;
-            EXPECT_EQ(line.x1 + line.y1, line.x2 + line.y2) << n;
-            EXPECT_TRUE(line.x1 == left + 1 || line.y1 == bottom) << n;
-            EXPECT_TRUE(line.x2 == right - 1 || line.y2 == top) << n;
-            sums.push_back(static_cast<int>(line.x1 + line.y1));
+            hatching.push_back({ line.x1, line.y1, line.x2, line.y2 });
         }
-        std::vector<int> expected;
-        for (int nSum = static_cast<int>(left + 1 + top) + 1; nSum < right - 1 + bottom; ++nSum)
+        const double fBefore = std::floor((left + 1 + top) / 8) * 8;
+        for (double fSum = fBefore + 8; fSum < right - 1 + bottom; fSum += 8)
         {
-            if (nSum % 8 == 0)
-                expected.push_back(nSum);
+            const double x1 = std::max(left + 1, fSum - bottom);
+            const double x2 = std::min(right - 1, fSum - top);
+            expected.push_back({ x1, fSum - x1, x2, fSum - x2 });
         }
-        EXPECT_EQ(sums, expected);
+        EXPECT_EQ(hatching, expected);
     }
 }
 
@@ -193,25 +191,24 @@ struct CReach
         const COutlinePoint* p = outline.m_points.data();
         for (const COutlineStep step : outline.m_steps)
         {
-            const int nPoints = step == COutlineStep::cubic   ? 3
+            // Lines need no more than their ends.
+            const int nDegree = step == COutlineStep::cubic   ? 3
                                 : step == COutlineStep::curve ? 2
-                                                              : 1;
-            if (nPoints == 1)
-                Include(p->x, p->y);
-            for (int n = 0; nPoints > 1 && n <= 64; ++n)
+                                                              : 0;
+            for (int n = 0; n <= 64; ++n)
             {
-                const double t = n / 64.0;
-                Include(At(p - 1, &COutlinePoint::x, nPoints, t),
-                        At(p - 1, &COutlinePoint::y, nPoints, t));
+                const COutlinePoint* pFirst = nDegree > 0 ? p - 1 : p;
+                Include(At(pFirst, &COutlinePoint::x, nDegree, n / 64.0),
+                        At(pFirst, &COutlinePoint::y, nDegree, n / 64.0));
             }
-            p += nPoints;
+            p += std::max(nDegree, 1);
         }
     }
     static double At(const COutlinePoint* p, int COutlinePoint::*pAxis, int nDegree, double t)
     {
-        if (nDegree == 0)
-            return p->*pAxis;
-        return (1 - t) * At(p, pAxis, nDegree - 1, t) + t * At(p + 1, pAxis, nDegree - 1, t);
+        return nDegree == 0
+                   ? p->*pAxis
+                   : (1 - t) * At(p, pAxis, nDegree - 1, t) + t * At(p + 1, pAxis, nDegree - 1, t);
     }
     void Include(double x, double y)
     {
@@ -233,32 +230,25 @@ std::set<std::pair<int, int>> PointsOf(const CSvgGlyph& glyph)
     std::pair pen(glyph.nFirstX, glyph.nFirstY);
     std::pair start = pen;
     std::set points = { pen };
+    std::istringstream steps(glyph.strSteps);
     char chStep = '\0';
-    const char* p = glyph.strSteps.c_str();
-    const auto number = [&p]
+    while (steps.peek() != EOF)
     {
-        char* pEnd = nullptr;
-        const long n = std::strtol(p, &pEnd, 10);
-        EXPECT_NE(p, pEnd);
-        p = pEnd != p ? pEnd : "";
-        return static_cast<int>(n);
-    };
-    while (*p != '\0')
-    {
-        if (std::isalpha(static_cast<unsigned char>(*p)))
-            chStep = *p++;
-        if (chStep == 'z')
+        if (std::isalpha(steps.peek()))
+            steps >> chStep;
+        std::pair to = start;
+        const int nPoints = chStep == 'z' ? 0 : chStep == 'c' ? 3 : chStep == 'q' ? 2 : 1;
+        for (int n = 0; n < nPoints; ++n)
         {
-            pen = start;
-            continue;
-        }
-        std::pair<int, int> to;
-        for (int n = chStep == 'c' ? 3 : chStep == 'q' ? 2 : 1; n > 0; --n)
-        {
-            to.first = pen.first + (chStep != 'v' ? number() : 0);
-            to.second = pen.second + (chStep != 'h' ? number() : 0);
+            int dx = 0, dy = 0;
+            if (chStep != 'v')
+                steps >> dx;
+            if (chStep != 'h')
+                steps >> dy;
+            to = { pen.first + dx, pen.second + dy };
             points.insert(to);
         }
+        EXPECT_TRUE(steps) << glyph.strSteps;
         pen = to;
         if (chStep == 'm')
             start = pen;

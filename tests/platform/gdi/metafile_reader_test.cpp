@@ -5,7 +5,6 @@
 #include "native/pipe.h"
 
 #include <algorithm>
-#include <thread>
 
 namespace
 {
@@ -201,8 +200,7 @@ TEST(MetafileReader, TakesAnyPath)
     WriteFile(folder.File("text"), std::string(100000, 'x'));
     for (const char* pszName : { "missing", "missing/x", ".", "empty", "text" })
         EXPECT_FALSE(LoadEnhMetaFile(folder.File(pszName).c_str())) << pszName;
-    EXPECT_FALSE(LoadEnhMetaFile(""));
-    EXPECT_FALSE(LoadEnhMetaFile(nullptr));
+    EXPECT_FALSE(LoadEnhMetaFile("") || LoadEnhMetaFile(nullptr));
 
     // Four thousand million bytes that are not there.
     WriteFile(folder.File("sparse"), SampleMetafile().substr(0, 108));
@@ -214,8 +212,9 @@ TEST(MetafileReader, ReadsFromAPipeAndStopsBehindTheEnd)
 {
     const std::string strBytes =
         MetafileOf({ RawRecord(2, std::string(300000, 'p')), CommentRecord("x") });
-    CTestPipe pipe;
-    std::thread writer([&] { EXPECT_TRUE(pipe.WriteSlowly(strBytes, 70000)); });
-    EXPECT_EQ(See(LoadEnhMetaFile(pipe.Path().c_str())).types, (CTypes{ 1, 2, 70, 14 }));
-    writer.join();
+    const auto read = [](const std::string& strPath)
+    {
+        EXPECT_EQ(See(LoadEnhMetaFile(strPath.c_str())).types, (CTypes{ 1, 2, 70, 14 }));
+    };
+    EXPECT_TRUE(FeedPipe(strBytes, 70000, read));
 }
