@@ -8,6 +8,7 @@
 #include <numeric>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 #include "nodes/node.h"
 #include "picture/placement.h"
@@ -136,12 +137,7 @@ TEST(Drawing, APlaceholderIsAFrameOfHatching)
 // Worked out by hand: ends and thickness rounded, the middle kept within half a pixel.
 TEST(Placement, BarsFillWholePixels)
 {
-    const struct
-    {
-        int nDpi;
-        CDrawnLine line;
-        CRect bar;
-    } aBars[] = {
+    const std::tuple<int, CDrawnLine, CRect> aBars[] = {
         { 96, { 3, 5.5, 20, 5.5, 0 }, { 3, 5, 20, 6 } },
         { 96, { 4.5, 2, 4.5, 9, 0 }, { 4, 2, 5, 9 } },
         { 120, { 3, 5.5, 20, 5.5, 0 }, { 4, 6, 25, 7 } },    // 6.875 less half a pixel
@@ -153,11 +149,11 @@ TEST(Placement, BarsFillWholePixels)
     CDrawing drawing;
     drawing.size = CSize(40, 20);
     CPictureOptions options;
-    for (const auto& bar : aBars)
+    for (const auto& [nDpi, line, bar] : aBars)
     {
-        options.nDpi = bar.nDpi;
+        options.nDpi = nDpi;
         const CPlacement placement(drawing, options, { 6, 16 });
-        EXPECT_EQ(placement.PlaceBar(bar.line), bar.bar) << bar.nDpi;
+        EXPECT_EQ(placement.PlaceBar(line), bar) << nDpi;
     }
 }
 
@@ -352,11 +348,8 @@ TEST(Placement, GrowsByTheReachOfEverySign)
 // And by lines, of which those along an axis are bars, and others half a pixel wide on each side.
 TEST(Placement, GrowsByLines)
 {
-    const struct
-    {
-        CDrawnLine line;
-        CRect picture;  // of a formula of 10 by 10 pixels
-    } aLines[] = {
+    // Lines, and the pictures of formulas of 10 by 10 pixels with them.
+    const std::tuple<CDrawnLine, CRect> aLines[] = {
         { { -3, -4.5, 5, -4.5, 0 }, { -3, -5, 10, 10 } },
         { { 12.5, 5, 12.5, 14, 0 }, { 0, 0, 13, 14 } },
         { { -3.5, 14.5, 12.5, -2.5, 0 }, { -4, -3, 13, 15 } },

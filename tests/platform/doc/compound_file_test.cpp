@@ -10,6 +10,7 @@
 #include <random>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "archived.h"
 #include "platform/doc/ole_document.h"
@@ -101,12 +102,7 @@ TEST(CompoundFiles, CirclesAndPlacesOutsideLeadNowhere)
         const DWORD nStart = NumberAt(strFile, nStream + 116);
         const bool bMini = NumberAt(strFile, nStream + 120) < 4096;
         const std::size_t nChain = bMini ? Place(NumberAt(strFile, 60)) : nTable;
-        const struct
-        {
-            const char* pszName;
-            std::size_t nOffset;
-            DWORD nValue;
-        } aCases[] = {
+        const std::tuple<const char*, std::size_t, DWORD> aCases[] = {
             { "DirectoryInACircle", nTable + 4 * nDirectory, nDirectory },
             { "DirectoryOutside", nTable + 4 * nDirectory, 0x00FFFFFF },
             { "DirectoryNowhere", 48, 0xFFFFFFF0 },
@@ -122,11 +118,11 @@ TEST(CompoundFiles, CirclesAndPlacesOutsideLeadNowhere)
             { "ChildOfTheRootsOwn", nStream + 76, 0 },
             { "SiblingThatIsNotThere", nStream + 72, 4000 },
         };
-        for (const auto& c : aCases)
+        for (const auto& [pszName, nOffset, nValue] : aCases)
         {
-            SCOPED_TRACE(testing::Message() << c.pszName << ' ' << strFile.size());
+            SCOPED_TRACE(testing::Message() << pszName << ' ' << strFile.size());
             std::string strDamaged = strFile;
-            PutNumber(strDamaged, c.nOffset, c.nValue);
+            PutNumber(strDamaged, nOffset, nValue);
             const std::optional<std::string> content = Unpack(strDamaged);
             EXPECT_FALSE(content.has_value() && s_bRefusesDamage);
             EXPECT_LE(content.value_or("").size(), strDamaged.size());

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <tuple>
 #include <utility>
 
 namespace
@@ -50,12 +51,8 @@ std::string Text(const CPlaces& places)
 
 TEST(BitmapLines, TakeTheFirstPointAndLeaveTheLast)
 {
-    const struct
-    {
-        POINT from, to;
-        const char* pszPlaces;  // in the order of columns
-    } aCases[] = {
-        // clang-format off
+    // Places in the order of columns.
+    const std::tuple<POINT, POINT, const char*> aCases[] = {
         { { 10, 10 }, { 15, 10 }, "10,10 11,10 12,10 13,10 14,10 " },
         { { 15, 10 }, { 10, 10 }, "11,10 12,10 13,10 14,10 15,10 " },
         { { 7, 3 }, { 7, 6 }, "7,3 7,4 7,5 " },
@@ -63,10 +60,9 @@ TEST(BitmapLines, TakeTheFirstPointAndLeaveTheLast)
         { { 5, 5 }, { 5, 5 }, "" },
         { { 20, 10 }, { 16, 20 }, "16,19 17,17 17,18 18,14 18,15 18,16 19,12 19,13 20,10 20,11 " },
         { { 3, 3 }, { 6, 6 }, "3,3 4,4 5,5 " },
-        // clang-format on
     };
-    for (const auto& c : aCases)
-        EXPECT_EQ(Text(LinePlaces(c.from, c.to)), c.pszPlaces);
+    for (const auto& [from, to, pszPlaces] : aCases)
+        EXPECT_EQ(Text(LinePlaces(from, to)), pszPlaces);
 }
 
 // Backwards a line meets the pixels that it meets forwards; ends apart.
@@ -99,13 +95,7 @@ TEST(BitmapLines, FromFarOutsideCrossAtTheSamePlaces)
 
 TEST(BitmapFills, FollowTheRulesForInvertedRectangles)
 {
-    const struct
-    {
-        const char* pszName;
-        bool bSolid;
-        RECT rect, filled;
-    } aCases[] = {
-        // clang-format off
+    const std::tuple<const char*, bool, RECT, RECT> aCases[] = {
         { "upright", false, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
         { "no width", false, { 5, 5, 5, 9 }, {} },
         { "x inverted: shifted by one", false, { 9, 5, 5, 9 }, { 6, 5, 10, 9 } },
@@ -116,28 +106,23 @@ TEST(BitmapFills, FollowTheRulesForInvertedRectangles)
         { "y inverted: swapped", true, { 5, 9, 9, 5 }, { 5, 5, 9, 9 } },
         { "larger than all", false, { -99999999, -1000000000, 5, 1000000000 }, { 0, 0, 5, 16 } },
         { "larger than all", true, { INT32_MIN, 3, INT32_MAX, 4 }, { 0, 3, 16, 4 } },
-        // clang-format on
     };
-    for (const auto& c : aCases)
+    for (const auto& [pszName, bSolid, rect, filled] : aCases)
     {
         CMemoryPicture picture(16, 16);
-        if (c.bSolid)
-            CDC::FromHandle(picture)->FillSolidRect(&c.rect, 0x0000FF);
+        if (bSolid)
+            CDC::FromHandle(picture)->FillSolidRect(&rect, 0x0000FF);
         else
-            FillRect(picture, &c.rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-        EXPECT_EQ(picture.Inked(), CRect(c.filled)) << c.pszName << ' ' << c.bSolid;
+            FillRect(picture, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+        EXPECT_EQ(picture.Inked(), CRect(filled)) << pszName << ' ' << bSolid;
         EXPECT_EQ(DarkPlaces(picture).size(),
-                  static_cast<std::size_t>(CRect(c.filled).Width() * CRect(c.filled).Height()));
+                  static_cast<std::size_t>(CRect(filled).Width() * CRect(filled).Height()));
     }
 }
 
 TEST(BitmapRectangles, HaveAnEdgeOfOnePixel)
 {
-    const struct
-    {
-        RECT rect;
-        CLines lines;
-    } aCases[] = {
+    const std::tuple<RECT, CLines> aCases[] = {
         // clang-format off
         { { 1, 1, 6, 5 }, { "........", ".#####..", ".#rrr#..", ".#rrr#..", ".#####..", "........" } },
         { { 6, 5, 1, 1 }, { "........", ".#####..", ".#rrr#..", ".#rrr#..", ".#####..", "........" } },
@@ -147,12 +132,12 @@ TEST(BitmapRectangles, HaveAnEdgeOfOnePixel)
         { { 1, 1, 6, 1 }, { "........", "........", "........", "........", "........", "........" } },
         // clang-format on
     };
-    for (const auto& c : aCases)
+    for (const auto& [rect, lines] : aCases)
     {
         CMemoryPicture picture(8, 6);
         const CUseObject brush(picture, CreateSolidBrush(0x0000FF));
-        EXPECT_TRUE(Rectangle(picture, c.rect.left, c.rect.top, c.rect.right, c.rect.bottom));
-        EXPECT_EQ(picture.Lines(), c.lines);
+        EXPECT_TRUE(Rectangle(picture, rect.left, rect.top, rect.right, rect.bottom));
+        EXPECT_EQ(picture.Lines(), lines);
     }
 }
 
@@ -220,38 +205,31 @@ TEST(BitmapLines, TakePensOfAnyWidth)
 // ascent.
 TEST(BitmapText, StandsOnTheBaseLineAtItsSize)
 {
-    const struct
-    {
-        const char* pszName;
-        LOGFONTA font;
-        char cByte;
-        int nAscent;
-        double xMin, yMin, xMax, yMax;  // font units
-    } aCases[] = {
-        // clang-format off
+    // Name, font, byte, ascent; the box of the glyph in font units.
+    const std::tuple<const char*, LOGFONTA, char, int, double, double, double, double> aCases[] = {
         { "H", FontOf("Times New Roman", -100), 'H', 89, 59, 0, 1419, 1341 },
-        { "slanted f", FontOf("Times New Roman", -100, 0, 400, true), 'f', 89, 23, -436, 805, 1442 },
+        { "slanted f", FontOf("Times New Roman", -100, 0, 400, true), 'f', 89, 23, -436, 805,
+          1442 },
         { "sum", FontOf("Symbol", -100), '\xE5', 101, 29, -252, 1423, 1540 },
         { "radical", FontOf("Symbol", -100), '\xD6', 101, 20, -72, 1055, 1870 },
         // The average width is 59: the bracket is drawn twice as wide.
         { "wide bracket", FontOf("Symbol", -100, 118), '(', 101, 2 * 109, -352, 2 * 614, 1393 },
         { "h bar", FontOf("MT Extra", -100), 'h', 93, 99, 0, 1131, 1556 },
-        // clang-format on
     };
-    for (const auto& c : aCases)
+    for (const auto& [pszName, font, cByte, nAscent, xMin, yMin, xMax, yMax] : aCases)
     {
-        SCOPED_TRACE(c.pszName);
+        SCOPED_TRACE(pszName);
         CMemoryPicture picture(200, 200);
         SetBkMode(picture, TRANSPARENT);
-        const CUseFont font(picture, c.font);
-        EXPECT_TRUE(ExtTextOutA(picture, 50, 20, 0, nullptr, &c.cByte, 1, nullptr));
+        const CUseFont use(picture, font);
+        EXPECT_TRUE(ExtTextOutA(picture, 50, 20, 0, nullptr, &cByte, 1, nullptr));
         const double fScale = 100.0 / 2048;
-        const int nBase = 20 + c.nAscent;
+        const int nBase = 20 + nAscent;
         const CRect ink = picture.Inked();
-        EXPECT_NEAR(ink.left, std::floor(50 + c.xMin * fScale), 1);
-        EXPECT_NEAR(ink.top, std::floor(nBase - c.yMax * fScale), 1);
-        EXPECT_NEAR(ink.right, std::ceil(50 + c.xMax * fScale), 1);
-        EXPECT_NEAR(ink.bottom, std::ceil(nBase - c.yMin * fScale), 1);
+        EXPECT_NEAR(ink.left, std::floor(50 + xMin * fScale), 1);
+        EXPECT_NEAR(ink.top, std::floor(nBase - yMax * fScale), 1);
+        EXPECT_NEAR(ink.right, std::ceil(50 + xMax * fScale), 1);
+        EXPECT_NEAR(ink.bottom, std::ceil(nBase - yMin * fScale), 1);
     }
 }
 
@@ -279,29 +257,22 @@ TEST(BitmapText, TakesItsAdvancesFromTheFontOrTheCaller)
 TEST(BitmapText, StandsOnAGroundAsWideAsItsAdvancesAndAsHighAsTheLine)
 {
     const INT anDx[] = { 20, 7 };
-    const struct
-    {
-        LOGFONTA font;
-        UINT nAlign;
-        const char* pszText;
-        const INT* pDx;
-        CRect cell;
-    } aCases[] = {
+    const std::tuple<LOGFONTA, UINT, const char*, const INT*, CRect> aCases[] = {
         { FontOf("Arial", -50), TA_TOP, "  ", anDx, { 100, 50, 127, 106 } },     // 45 + 11 high
         { FontOf("Arial", -50), TA_TOP, "  ", nullptr, { 100, 50, 128, 106 } },  // 569 of 2048
         { FontOf("Times New Roman", -16), TA_TOP, "abc", nullptr, { 100, 50, 122, 67 } },
         { FontOf("Times New Roman", -16), TA_BASELINE, "abc", nullptr, { 100, 36, 122, 53 } },
     };
-    for (const auto& c : aCases)
+    for (const auto& [font, nAlign, pszText, pDx, cell] : aCases)
     {
         CMemoryPicture picture(200, 120);
-        const CUseFont use(picture, c.font);
+        const CUseFont use(picture, font);
         SetBkColor(picture, 0x00FF00);
         SetTextColor(picture, 0x00FF00);
-        SetTextAlign(picture, c.nAlign);
-        const auto nLength = static_cast<UINT>(std::strlen(c.pszText));
-        EXPECT_TRUE(ExtTextOutA(picture, 100, 50, 0, nullptr, c.pszText, nLength, c.pDx));
-        EXPECT_EQ(picture.Inked(), c.cell) << c.pszText << c.nAlign;
+        SetTextAlign(picture, nAlign);
+        const auto nLength = static_cast<UINT>(std::strlen(pszText));
+        EXPECT_TRUE(ExtTextOutA(picture, 100, 50, 0, nullptr, pszText, nLength, pDx));
+        EXPECT_EQ(picture.Inked(), cell) << pszText << nAlign;
     }
 }
 

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace
 {
 
@@ -30,12 +32,7 @@ CPoint Reference(F draw)
 // "abc" in Times, 16 pixels, is 22 wide and 17 high.
 TEST(DrawText, PlacesOneLineByItsFlags)
 {
-    const struct
-    {
-        CRect rect;
-        UINT nFormat;
-        CPoint point;
-    } aCases[] = {
+    const std::tuple<CRect, UINT, CPoint> aCases[] = {
         { { 10, 10, 60, 40 }, 0x920, { 10, 10 } },
         { { 10, 10, 60, 40 }, 0x921, { 24, 10 } },
         { { 10, 10, 60, 40 }, 0x922, { 38, 10 } },
@@ -56,18 +53,19 @@ TEST(DrawText, PlacesOneLineByItsFlags)
         { { 60, 40, 10, 10 }, 0x92A, { -12, -7 } },
         { { -7, -9, -30, -10 }, 0x921, { -29, -9 } },  // (-37 - 22) / 2
     };
-    for (const auto& row : aCases)
+    for (const auto& [box, nFlags, point] : aCases)
     {
-        CRect rect(row.rect);
+        CRect rect(box);
+        const UINT nFormat = nFlags;
         int nHeight = 0;
         const auto draw = [&](HDC hDC)
         {
-            nHeight = DrawTextA(hDC, "abc", 3, &rect, row.nFormat);
+            nHeight = DrawTextA(hDC, "abc", 3, &rect, nFormat);
         };
-        SCOPED_TRACE(row.nFormat);
-        EXPECT_EQ(Reference(draw), row.point);
-        const int nLeading = row.nFormat & DT_EXTERNALLEADING ? 1 : 0;
-        EXPECT_EQ(nHeight, row.point.y - row.rect.top + 17 + nLeading);
-        EXPECT_EQ(rect, row.rect) << "the rectangle is the caller's";
+        SCOPED_TRACE(nFormat);
+        EXPECT_EQ(Reference(draw), point);
+        const int nLeading = nFormat & DT_EXTERNALLEADING ? 1 : 0;
+        EXPECT_EQ(nHeight, point.y - box.top + 17 + nLeading);
+        EXPECT_EQ(rect, box) << "the rectangle is the caller's";
     }
 }

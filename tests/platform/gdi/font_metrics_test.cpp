@@ -10,6 +10,7 @@
 #include <fstream>
 #include <numeric>
 #include <sstream>
+#include <tuple>
 
 namespace
 {
@@ -185,11 +186,7 @@ TEST_F(FontMetrics, NamesAndStylesChooseTheFile)
 TEST_F(FontMetrics, AnUnknownFaceIsSubstitutedByPitchAndToldOnce)
 {
     const char* pszMissing = "Nobody Has This One";
-    const struct
-    {
-        int nPitchAndFamily;
-        const char *pszAsked, *pszTaken;
-    } aCases[] = {
+    const std::tuple<int, const char*, const char*> aCases[] = {
         { FIXED_PITCH | FF_ROMAN, pszMissing, "Courier New" },
         { FF_ROMAN, pszMissing, "Times" },
         { 0, pszMissing, "Arial" },
@@ -198,11 +195,11 @@ TEST_F(FontMetrics, AnUnknownFaceIsSubstitutedByPitchAndToldOnce)
         { FF_ROMAN, "", "Times" },
     };
     testing::internal::CaptureStderr();
-    for (const auto& c : aCases)
+    for (const auto& [nPitchAndFamily, pszAsked, pszTaken] : aCases)
     {
-        LOGFONTA font = FontOf(c.pszAsked, -40);
-        font.lfPitchAndFamily = static_cast<BYTE>(c.nPitchAndFamily);
-        EXPECT_EQ(Widths(m_dc, font), Widths(m_dc, FontOf(c.pszTaken, -40))) << c.nPitchAndFamily;
+        LOGFONTA font = FontOf(pszAsked, -40);
+        font.lfPitchAndFamily = static_cast<BYTE>(nPitchAndFamily);
+        EXPECT_EQ(Widths(m_dc, font), Widths(m_dc, FontOf(pszTaken, -40))) << nPitchAndFamily;
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "mivora: the font \"Nobody Has This One\" is missing; "

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 namespace
 {
@@ -30,12 +31,7 @@ TEST(Mapping, ScalesAndRoundsByItsSingleFactorsAndAddsOriginsOnTheDevice)
     constexpr CMapping downwards{ { 100, 100 }, { 150, 150 }, {}, {} };
     constexpr CMapping moved{ { 100, -100 }, { 96, 96 }, { 10, 20 }, { 5, 7 } };
     constexpr CMapping text{ { 1, 1 }, { 1, 1 }, { 10, 20 }, { 5, 7 } };
-    const struct
-    {
-        CMapping mapping;
-        CDirection direction;
-        CPoint from, to;
-    } aCases[] = {
+    const std::tuple<CMapping, CDirection, CPoint, CPoint> aCases[] = {
         // The inverse of 96 to 100 is a little less than 25 / 24, so that halves go down.
         { hundredths, toLogical, { 12, 12 }, { 12, -12 } },  // 12.4999995, -12.4999995
         { hundredths, toLogical, { 36, -36 }, { 37, 37 } },  // 37.4999986

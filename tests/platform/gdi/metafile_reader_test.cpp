@@ -5,6 +5,7 @@
 #include "native/pipe.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace
 {
@@ -148,15 +149,9 @@ TEST(MetafileReader, BelievesNoDamagedField)
 
 TEST(MetafileReader, FindsCommentsInSpiteOfDamage)
 {
-    const struct
-    {
-        const char* pszName;
-        std::size_t nOffset;  // 108: the first comment, 24 bytes, 10 of them data; 132: the next
-        DWORD dwValue;
-        std::size_t nComments;  // 0: no metafile
-        const char* pszFirst;
-    } aCases[] = {
-        // clang-format off
+    // Place and value of the damage; the number of comments, 0: no metafile; the first one. At 108
+    // is a comment of 24 bytes, 10 of them data, at 132 the next record.
+    const std::tuple<const char*, std::size_t, DWORD, std::size_t, const char*> aCases[] = {
         { "BytesInTheHeader", 48, 4, 4, "qvmrzfirst" },
         { "RecordsInTheHeader", 52, 0xFFFFFFFF, 4, "qvmrzfirst" },
         { "HandlesInTheHeader", 56, 0xFFFF, 4, "qvmrzfirst" },
@@ -173,15 +168,14 @@ TEST(MetafileReader, FindsCommentsInSpiteOfDamage)
         { "HeaderOfOddSize", 4, 109, 0, "" },
         { "HeaderReachesOverTheFile", 4, 4096, 0, "" },
         { "PlaceableMetafile", 0, 0x9AC6CDD7, 0, "" },
-        // clang-format on
     };
-    for (const auto& row : aCases)
+    for (const auto& [pszName, nOffset, dwValue, nComments, pszFirst] : aCases)
     {
-        SCOPED_TRACE(row.pszName);
-        const CSeen seen = SeeWith(SampleMetafile(), row.nOffset, row.dwValue);
-        EXPECT_EQ(seen.types.empty(), row.nComments == 0);
-        ASSERT_EQ(seen.comments.size(), row.nComments);
-        EXPECT_EQ(seen.comments.empty() ? "" : seen.comments[0], row.pszFirst);
+        SCOPED_TRACE(pszName);
+        const CSeen seen = SeeWith(SampleMetafile(), nOffset, dwValue);
+        EXPECT_EQ(seen.types.empty(), nComments == 0);
+        ASSERT_EQ(seen.comments.size(), nComments);
+        EXPECT_EQ(seen.comments.empty() ? "" : seen.comments[0], pszFirst);
     }
     // Were odd sizes allowed, the bytes behind would be a sound record.
     std::string strOdd = RawRecord(2, std::string(44, 'p')).substr(0, 49) + CommentRecord("odd");

@@ -4,23 +4,21 @@
 #include "platform/gdi/dib_info.h"
 #include "platform/gdi/test_fonts.h"
 
+#include <tuple>
+
 namespace
 {
 
 TEST(BitmapLimits, OtherDepthsAndAbsurdSizesAreRefused)
 {
-    const struct
-    {
-        int nWidth, nHeight;
-        UINT nPlanes, nBits;
-    } aCases[] = {
+    const std::tuple<int, int, UINT, UINT> aCases[] = {
         { 5, 7, 4, 1 },   { 5, 7, 1, 2 },   { 5, 7, 1, 24 },
         { -5, 7, 1, 32 }, { 5, -7, 1, 32 }, { 65536, 65536, 1, 1 },
     };
-    for (const auto& c : aCases)
+    for (const auto& [nWidth, nHeight, nPlanes, nBits] : aCases)
     {
-        EXPECT_EQ(CreateBitmap(c.nWidth, c.nHeight, c.nPlanes, c.nBits, nullptr), nullptr)
-            << c.nWidth << 'x' << c.nHeight << 'x' << c.nBits;
+        EXPECT_EQ(CreateBitmap(nWidth, nHeight, nPlanes, nBits, nullptr), nullptr)
+            << nWidth << 'x' << nHeight << 'x' << nBits;
     }
 }
 

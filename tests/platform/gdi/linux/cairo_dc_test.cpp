@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace
 {
@@ -92,11 +93,7 @@ TEST(CairoDC, DrawsShapesAsOnABitmap)
 // that overlap are left out here: cairo adds them up before it blends them.
 TEST(CairoDC, DrawsTextAsOnABitmap)
 {
-    const struct
-    {
-        LOGFONTA font;
-        const char* pszText;
-    } aCases[] = {
+    const std::pair<LOGFONTA, const char*> aCases[] = {
         { FontOf("Times New Roman", -12, 0, 400, true), "ax" },
         { FontOf("Arial", -11, 0, 700), "a\xE4" },
         { FontOf("Symbol", -14, 0, 700), "\xE5 " },
@@ -104,31 +101,28 @@ TEST(CairoDC, DrawsTextAsOnABitmap)
         { FontOf("MT Extra", -12), "hb" },
     };
     constexpr int nSide = 48;
-    for (const auto& c : aCases)
+    for (const auto& row : aCases)
     {
-        const auto draw = [&c](CDC& dc)
+        const auto draw = [&row](CDC& dc)
         {
             dc.FillSolidRect(CRect(0, 0, 20, nSide), RGB(200, 30, 90));
             dc.SetBkMode(TRANSPARENT);
             dc.SetTextColor(RGB(10, 200, 120));
-            CUseFont font(dc, c.font);
-            dc.ExtTextOut(10, 5, 0, nullptr, c.pszText, 2, nullptr);
+            CUseFont font(dc, row.first);
+            dc.ExtTextOut(10, 5, 0, nullptr, row.second, 2, nullptr);
         };
         CMemoryPicture picture(nSide, nSide);
         draw(*CDC::FromHandle(picture));
         CHost host(nSide);
         CCairoDC dc(host);
         draw(dc);
-        EXPECT_EQ(host.Colours(), picture.Colours()) << c.font.lfFaceName;
+        EXPECT_EQ(host.Colours(), picture.Colours()) << row.first.lfFaceName;
     }
 }
 
 TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
 {
-    const struct
-    {
-        int nDpiX, nDpiY, nIndex, nValue;
-    } aCases[] = {
+    const std::tuple<int, int, int, int> aCases[] = {
         { 200, 150, LOGPIXELSX, 200 },
         { 200, 150, LOGPIXELSY, 150 },
         { 200, 150, HORZRES, s_nSizePixels },
@@ -140,8 +134,8 @@ TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
         { 0, -3, LOGPIXELSY, 96 },
     };
     CHost host;
-    for (const auto& c : aCases)
-        EXPECT_EQ(CCairoDC(host, c.nDpiX, c.nDpiY).GetDeviceCaps(c.nIndex), c.nValue) << c.nIndex;
+    for (const auto& [nDpiX, nDpiY, nIndex, nValue] : aCases)
+        EXPECT_EQ(CCairoDC(host, nDpiX, nDpiY).GetDeviceCaps(nIndex), nValue) << nIndex;
     CCairoDC dc(host, 200, 150);
     LOGFONTA font = FontOf("Times New Roman", 720);
     CFont big;

@@ -144,7 +144,6 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
 #name, [](HDC h) -> std::int64_t {             \
         return name(h __VA_OPT__(, ) __VA_ARGS__); \
     }
-    // clang-format off
     static constexpr CCall s_aCalls[] = {
         { CALL(GetDeviceCaps, PLANES), 1, 0 },
         { CALL(GetDeviceCaps, 9999), 0, 0 },
@@ -187,7 +186,6 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
         { CALL(RestoreDC, -1), FALSE, FALSE },
         { CALL(GetBkMode), OPAQUE, 0 },
     };
-    // clang-format on
 #undef CALL
     const CMemoryPicture picture(4, 4);
     for (const CCall& call : s_aCalls)
