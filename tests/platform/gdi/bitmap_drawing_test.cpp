@@ -93,51 +93,53 @@ TEST(BitmapLines, FromFarOutsideCrossAtTheSamePlaces)
     EXPECT_EQ(LinePlaces({ 0, 100 }, { INT32_MAX, 101 }), CPlaces());
 }
 
-TEST(BitmapFills, FollowTheRulesForInvertedRectangles)
+// What is black, and what is red inside of it.
+TEST(BitmapShapes, FollowTheRulesForInvertedRectangles)
 {
-    const std::tuple<const char*, bool, RECT, RECT> aCases[] = {
-        { "upright", false, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
-        { "no width", false, { 5, 5, 5, 9 }, {} },
-        { "x inverted: shifted by one", false, { 9, 5, 5, 9 }, { 6, 5, 10, 9 } },
-        { "y inverted: shifted by one", false, { 5, 9, 9, 5 }, { 5, 6, 9, 10 } },
-        { "upright", true, { 5, 6, 9, 8 }, { 5, 6, 9, 8 } },
-        { "no height", true, { 5, 5, 9, 5 }, {} },
-        { "x inverted: swapped", true, { 9, 5, 5, 9 }, { 5, 5, 9, 9 } },
-        { "y inverted: swapped", true, { 5, 9, 9, 5 }, { 5, 5, 9, 9 } },
-        { "larger than all", false, { -99999999, -1000000000, 5, 1000000000 }, { 0, 0, 5, 16 } },
-        { "larger than all", true, { INT32_MIN, 3, INT32_MAX, 4 }, { 0, 3, 16, 4 } },
-    };
-    for (const auto& [pszName, bSolid, rect, filled] : aCases)
+    using CDrawBox = void (*)(HDC, const RECT&);
+    const CDrawBox fill = [](HDC hDC, const RECT& rect)
     {
-        CMemoryPicture picture(16, 16);
-        if (bSolid)
-            CDC::FromHandle(picture)->FillSolidRect(&rect, 0x0000FF);
-        else
-            FillRect(picture, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-        EXPECT_EQ(picture.Inked(), CRect(filled)) << pszName << ' ' << bSolid;
-        EXPECT_EQ(DarkPlaces(picture).size(),
-                  static_cast<std::size_t>(CRect(filled).Width() * CRect(filled).Height()));
-    }
-}
-
-TEST(BitmapRectangles, HaveAnEdgeOfOnePixel)
-{
-    const std::tuple<RECT, CLines> aCases[] = {
-        // clang-format off
-        { { 1, 1, 6, 5 }, { "........", ".#####..", ".#rrr#..", ".#rrr#..", ".#####..", "........" } },
-        { { 6, 5, 1, 1 }, { "........", ".#####..", ".#rrr#..", ".#rrr#..", ".#####..", "........" } },
-        { { 1, 1, 3, 4 }, { "........", ".##.....", ".##.....", ".##.....", "........", "........" } },
-        { { 1, 1, 2, 5 }, { "........", ".#......", ".#......", ".#......", ".#......", "........" } },
-        { { 5, 3, 1, 2 }, { "........", "........", ".####...", "........", "........", "........" } },
-        { { 1, 1, 6, 1 }, { "........", "........", "........", "........", "........", "........" } },
-        // clang-format on
+        FillRect(hDC, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
     };
-    for (const auto& [rect, lines] : aCases)
+    const CDrawBox solid = [](HDC hDC, const RECT& rect)
     {
-        CMemoryPicture picture(8, 6);
-        const CUseObject brush(picture, CreateSolidBrush(0x0000FF));
-        EXPECT_TRUE(Rectangle(picture, rect.left, rect.top, rect.right, rect.bottom));
-        EXPECT_EQ(picture.Lines(), lines);
+        CDC::FromHandle(hDC)->FillSolidRect(&rect, 0);
+    };
+    const CDrawBox edged = [](HDC hDC, const RECT& rect)
+    {
+        const CUseObject brush(hDC, CreateSolidBrush(0x0000FF));
+        EXPECT_TRUE(Rectangle(hDC, rect.left, rect.top, rect.right, rect.bottom));
+    };
+    const std::tuple<const char*, CDrawBox, RECT, RECT, RECT> aCases[] = {
+        { "upright", fill, { 5, 6, 9, 8 }, { 5, 6, 9, 8 }, {} },
+        { "no width", fill, { 5, 5, 5, 9 }, {}, {} },
+        { "x inverted: shifted by one", fill, { 9, 5, 5, 9 }, { 6, 5, 10, 9 }, {} },
+        { "y inverted: shifted by one", fill, { 5, 9, 9, 5 }, { 5, 6, 9, 10 }, {} },
+        { "larger than all", fill, { -99999999, -1000000000, 5, 1000000000 }, { 0, 0, 5, 16 }, {} },
+        { "upright", solid, { 5, 6, 9, 8 }, { 5, 6, 9, 8 }, {} },
+        { "no height", solid, { 5, 5, 9, 5 }, {}, {} },
+        { "x inverted: swapped", solid, { 9, 5, 5, 9 }, { 5, 5, 9, 9 }, {} },
+        { "y inverted: swapped", solid, { 5, 9, 9, 5 }, { 5, 5, 9, 9 }, {} },
+        { "larger than all", solid, { INT32_MIN, 3, INT32_MAX, 4 }, { 0, 3, 16, 4 }, {} },
+        { "an edge of one pixel", edged, { 1, 1, 6, 5 }, { 1, 1, 6, 5 }, { 2, 2, 5, 4 } },
+        { "inverted: swapped", edged, { 6, 5, 1, 1 }, { 1, 1, 6, 5 }, { 2, 2, 5, 4 } },
+        { "nothing but edges", edged, { 1, 1, 3, 4 }, { 1, 1, 3, 4 }, {} },
+        { "one column", edged, { 1, 1, 2, 5 }, { 1, 1, 2, 5 }, {} },
+        { "one row, inverted", edged, { 5, 3, 1, 2 }, { 1, 2, 5, 3 }, {} },
+        { "no height", edged, { 1, 1, 6, 1 }, {}, {} },
+    };
+    for (const auto& [pszName, draw, rect, black, red] : aCases)
+    {
+        const CMemoryPicture picture(16, 16);
+        draw(picture, rect);
+        CLines lines(16, std::string(16, '.'));
+        for (int n = 0; n < 16 * 16; ++n)
+        {
+            const CPoint point(n % 16, n / 16);
+            if (CRect(black).PtInRect(point))
+                lines[n / 16][n % 16] = CRect(red).PtInRect(point) ? 'r' : '#';
+        }
+        EXPECT_EQ(picture.Lines(), lines) << pszName;
     }
 }
 

@@ -5,13 +5,14 @@
 #include "platform/gdi/linux/fonts/font_face.h"
 #include "platform/gdi/test_fonts.h"
 
+#include "native/build_machine.h"
+#include "test_folder.h"
+
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace
 {
@@ -101,25 +102,17 @@ TEST(FontFiles, WithoutAnyFontTextStillHasASize)
 {
     if (std::getenv(s_szWithoutFonts) != nullptr)
         return ExpectSizesWithoutFonts();
-    namespace fs = std::filesystem;
-    fs::path folder = fs::temp_directory_path() / ("mivora-no-fonts-" + std::to_string(getpid()));
-    fs::create_directories(folder / "deep");
-    std::ofstream(folder / "fonts.conf")
-        << "<fontconfig><cachedir>" << folder.string() << "</cachedir></fontconfig>";
-    fs::copy_file("/proc/self/exe", folder / "deep" / "program");
-    std::string strCommand =
-        std::string(s_szWithoutFonts) + "=1 FONTCONFIG_FILE=" + (folder / "fonts.conf").string() +
-        ' ' + (folder / "deep" / "program").string() + " --gtest_filter=*WithoutAnyFont* >" +
-        (folder / "out").string() + " 2>" + (folder / "err").string();
-    int nStatus = std::system(strCommand.c_str());
-    std::stringstream out, err;
-    out << std::ifstream(folder / "out").rdbuf();
-    err << std::ifstream(folder / "err").rdbuf();
-    EXPECT_EQ(nStatus, 0) << out.str() << err.str();
-    EXPECT_NE(out.str().find("1 test"), std::string::npos) << out.str();
-    std::string strTold = err.str();
-    std::size_t nFirst = strTold.find("\"Symbol\"");
-    EXPECT_NE(nFirst, std::string::npos) << strTold;
-    EXPECT_EQ(strTold.find("\"Symbol\"", nFirst + 1), std::string::npos) << "told twice";
-    fs::remove_all(folder);
+    const CTestFolder folder;
+    std::filesystem::create_directory(folder.File("deep"));
+    std::filesystem::copy_file("/proc/self/exe", folder.File("deep/program"));
+    std::ofstream(folder.File("fonts.conf"))
+        << "<fontconfig><cachedir>" << folder.Path().string() << "</cachedir></fontconfig>";
+    const CCommandResult result = RunCommand(
+        std::string(s_szWithoutFonts) + "=1 FONTCONFIG_FILE=" + folder.File("fonts.conf") + ' ' +
+        folder.File("deep/program") + " --gtest_filter=*WithoutAnyFont*");
+    const std::string& strTold = result.m_strOutput;
+    EXPECT_EQ(result.m_nStatus, 0) << strTold;
+    EXPECT_NE(strTold.find("1 test"), strTold.npos) << strTold;
+    EXPECT_NE(strTold.find("\"Symbol\""), strTold.npos) << strTold;
+    EXPECT_EQ(strTold.find("\"Symbol\""), strTold.rfind("\"Symbol\"")) << "told twice";
 }
