@@ -15,22 +15,23 @@
 namespace
 {
 
-using CPlaces = std::set<std::pair<int, int>>;
-
-CPlaces DarkPlaces(const CMemoryPicture& picture)
+// Where ink is, in the order of columns: "x,y " for each place.
+std::string Places(const CLines& lines)
 {
-    CPlaces places;
-    int n = 0;
-    for (const COLORREF colour : picture.Colours())
+    std::string strPlaces;
+    for (std::size_t x = 0; x < lines[0].size(); ++x)
     {
-        if (colour != 0xFFFFFF)
-            places.emplace(n % picture.Width(), n / picture.Width());
-        ++n;
+        for (std::size_t y = 0; y < lines.size(); ++y)
+        {
+            if (lines[y][x] != '.')
+                strPlaces += std::to_string(x) + ',' + std::to_string(y) + ' ';
+        }
     }
-    return places;
+    return strPlaces;
 }
 
-CPlaces LinePlaces(POINT from, POINT to)
+// A line, and a dot where it ends if that is wanted.
+CLines LineOn(POINT from, POINT to, bool bDot = false)
 {
     CMemoryPicture picture(40, 40);
     MoveToEx(picture, from.x, from.y, nullptr);
@@ -38,20 +39,13 @@ CPlaces LinePlaces(POINT from, POINT to)
     CPoint now;
     MoveToEx(picture, 0, 0, &now);
     EXPECT_EQ(now, CPoint(to));
-    return DarkPlaces(picture);
-}
-
-std::string Text(const CPlaces& places)
-{
-    std::string strText;
-    for (const auto& [x, y] : places)
-        strText += std::to_string(x) + ',' + std::to_string(y) + ' ';
-    return strText;
+    if (bDot)
+        SetPixel(picture, to.x, to.y, 0);
+    return picture.Lines();
 }
 
 TEST(BitmapLines, TakeTheFirstPointAndLeaveTheLast)
 {
-    // Places in the order of columns.
     const std::tuple<POINT, POINT, const char*> aCases[] = {
         { { 10, 10 }, { 15, 10 }, "10,10 11,10 12,10 13,10 14,10 " },
         { { 15, 10 }, { 10, 10 }, "11,10 12,10 13,10 14,10 15,10 " },
@@ -62,7 +56,7 @@ TEST(BitmapLines, TakeTheFirstPointAndLeaveTheLast)
         { { 3, 3 }, { 6, 6 }, "3,3 4,4 5,5 " },
     };
     for (const auto& [from, to, pszPlaces] : aCases)
-        EXPECT_EQ(Text(LinePlaces(from, to)), pszPlaces);
+        EXPECT_EQ(Places(LineOn(from, to)), pszPlaces);
 }
 
 // Backwards a line meets the pixels that it meets forwards; ends apart.
@@ -72,25 +66,19 @@ TEST(BitmapLines, MeetTheSamePixelsInBothDirections)
     for (int n = 0; n < 31 * 31; ++n)
     {
         const POINT end{ 5 + n % 31, 5 + n / 31 };
-        CPlaces there = LinePlaces(middle, end);
-        CPlaces back = LinePlaces(end, middle);
-        if (there.empty())
-            continue;  // a line to its own point
-        there.insert({ end.x, end.y });
-        back.insert({ middle.x, middle.y });
-        EXPECT_EQ(there, back) << end.x << ',' << end.y;
+        EXPECT_EQ(LineOn(middle, end, true), LineOn(end, middle, true)) << end.x << ',' << end.y;
     }
 }
 
 // What lies outside is left out, and shifts nothing that lies inside.
 TEST(BitmapLines, FromFarOutsideCrossAtTheSamePlaces)
 {
-    CPlaces crossing;
-    for (int i = 0; i < 40; ++i)
-        crossing.emplace(i, i);
-    EXPECT_EQ(LinePlaces({ -1000000, -1000000 }, { 1000000, 1000000 }), crossing);
-    EXPECT_EQ(LinePlaces({ INT32_MAX, INT32_MAX }, { INT32_MIN, INT32_MIN }), crossing);
-    EXPECT_EQ(LinePlaces({ 0, 100 }, { INT32_MAX, 101 }), CPlaces());
+    CLines crossing;
+    for (std::size_t i = 0; i < 40; ++i)
+        crossing.push_back(std::string(i, '.') + '#' + std::string(39 - i, '.'));
+    EXPECT_EQ(LineOn({ -1000000, -1000000 }, { 1000000, 1000000 }), crossing);
+    EXPECT_EQ(LineOn({ INT32_MAX, INT32_MAX }, { INT32_MIN, INT32_MIN }), crossing);
+    EXPECT_EQ(Places(LineOn({ 0, 100 }, { INT32_MAX, 101 })), "");
 }
 
 // What is black, and what is red inside of it.
@@ -237,22 +225,22 @@ TEST(BitmapText, StandsOnTheBaseLineAtItsSize)
 
 TEST(BitmapText, TakesItsAdvancesFromTheFontOrTheCaller)
 {
-    CMemoryPicture picture(60, 20);
+    const CMemoryPicture picture(60, 20);
     SetBkMode(picture, TRANSPARENT);
-    CUseFont font(picture, FontOf("Arial", -10));
-    const auto columns = [&]
-    {
-        std::set<int> tens;
-        for (const auto& place : DarkPlaces(picture))
-            tens.insert(place.first / 10);
-        return tens;
-    };
+    const CUseFont font(picture, FontOf("Arial", -10));
     const INT anDx[] = { 20, 30, 10 };
     ExtTextOutA(picture, 1, 2, 0, nullptr, "lll", 3, anDx);
-    EXPECT_EQ(columns(), (std::set<int>{ 0, 2, 5 }));
-    picture.Clear();
-    ExtTextOutA(picture, 1, 2, 0, nullptr, "l l", 3, nullptr);  // advances 2, 3, 2
-    EXPECT_EQ(columns(), (std::set<int>{ 0 }));
+    ExtTextOutA(picture, 31, 2, 0, nullptr, "l l", 3, nullptr);  // advances 2, 3, 2
+    std::set<std::size_t> tens;
+    for (const std::string& strLine : picture.Lines())
+    {
+        for (std::size_t x = 0; x < strLine.size(); ++x)
+        {
+            if (strLine[x] != '.')
+                tens.insert(x / 10);
+        }
+    }
+    EXPECT_EQ(tens, (std::set<std::size_t>{ 0, 2, 3, 5 }));
 }
 
 // The cell of a text, as its ground and letters of the same colour fill it.
@@ -287,7 +275,7 @@ TEST(BitmapText, KeepsToItsClip)
     const RECT rect{ 12, 10, 20, 25 };
     ExtTextOutA(picture, 5, 0, ETO_CLIPPED, &rect, "MMM", 3, nullptr);
     EXPECT_EQ(picture.Inked() | CRect(rect), CRect(rect));
-    EXPECT_GT(DarkPlaces(picture).size(), 20u);
+    EXPECT_GT(Places(picture.Lines()).size(), 20u * 6);
 
     picture.Clear();
     SaveDC(picture);
@@ -328,7 +316,7 @@ TEST(BitmapText, SurvivesAbsurdSizesAndPlaces)
     picture.Clear();
     CUseFont font(picture, FontOf("Times New Roman", -20));
     dc.ExtTextOut(5, 5, 0, nullptr, "x", 1, nullptr);
-    EXPECT_GT(DarkPlaces(picture).size(), 10u);
+    EXPECT_GT(Places(picture.Lines()).size(), 10u * 4);
 }
 
 // A picture that is too wide for a surface of cairo's takes everything that a narrow one takes.

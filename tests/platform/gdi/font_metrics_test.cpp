@@ -210,18 +210,3 @@ TEST_F(FontMetrics, NamesEndWhereTheyEnd)
     Extent(m_dc, font, "x");
     testing::internal::GetCapturedStderr();
 }
-
-TEST_F(FontMetrics, ThousandsOfSizesChangeNothing)
-{
-    CSize before = Extent(m_dc, FontOf("Symbol", -30), "\xD6\xE5");
-    CFont held;
-    LOGFONTA arial = FontOf("Arial", -33);
-    held.CreateFontIndirect(&arial);
-    CSelectScope select(&m_dc, &held);
-    CSize heldBefore = m_dc.GetOutputTextExtent("held", 4);
-    CClientDC other(nullptr);
-    for (int nSize = 1; nSize <= 5000; ++nSize)
-        Extent(other, FontOf("Times", -nSize, nSize % 7), "x");
-    EXPECT_EQ(m_dc.GetOutputTextExtent("held", 4), heldBefore);
-    EXPECT_EQ(Extent(other, FontOf("Symbol", -30), "\xD6\xE5"), before);
-}

@@ -80,12 +80,10 @@ TEST(GdiObjects, BadDescriptionsMakeNothing)
 // Temporary wrappers own nothing and are used again, however many handles pass by.
 TEST(GdiObjects, ForeignHandlesLeaveNothingBehind)
 {
-    CClientDC dc(nullptr);
     for (int i = 0; i < 1000; ++i)
     {
-        HPEN hFirst = CreatePen(PS_SOLID, 1, 0);
-        HPEN hSecond = CreatePen(PS_SOLID, 1, 0);
-        CPen* pFirst = CPen::FromHandle(hFirst);
+        const HPEN hFirst = CreatePen(PS_SOLID, 1, 0), hSecond = CreatePen(PS_SOLID, 1, 0);
+        const CPen* pFirst = CPen::FromHandle(hFirst);
         EXPECT_EQ(pFirst, CPen::FromHandle(hFirst));
         EXPECT_NE(pFirst, CPen::FromHandle(hSecond));
         EXPECT_EQ(pFirst->m_hObject, hFirst);

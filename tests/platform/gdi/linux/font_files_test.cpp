@@ -62,13 +62,19 @@ TEST(FontFiles, TheSystemIsAskedByItsOwnRules)
               FindSystemFont("Liberation Sans", true, true).value().m_strFile);
 }
 
-TEST(FontFiles, ThousandsOfSizesDoNotFillTheMemory)
+TEST(FontFiles, ThousandsOfSizesChangeNothingAndDoNotFillTheMemory)
 {
+    const CSize before = Extent(FontOf("Symbol", -30), "\xD6\xE5");
+    CClientDC dc(nullptr);
+    const CUseFont held(dc, FontOf("Arial", -33));
+    const CSize heldBefore = dc.GetOutputTextExtent("held");
     for (int nSize = 1; nSize <= 5000; ++nSize)
     {
         Extent(FontOf("Times", -nSize, nSize % 7), "x");
         ASSERT_LE(CFontCache::Count(), CFontCache::FONT_LIMIT);
     }
+    EXPECT_EQ(dc.GetOutputTextExtent("held"), heldBefore);
+    EXPECT_EQ(Extent(FontOf("Symbol", -30), "\xD6\xE5"), before);
 }
 
 TEST(FontFiles, TheListNamesTheFilesBesideTheLibrary)
