@@ -112,11 +112,12 @@ TEST(Drawing, APlaceholderIsAFrameOfHatching)
         const auto [left, right] = std::minmax(drawing.lines[0].x1, drawing.lines[0].x2);
         const double top = drawing.lines[2].y1;
         const double bottom = drawing.lines[2].y2;
-        EXPECT_TRUE(std::all_of(drawing.lines.begin(), drawing.lines.begin() + 4,
-                                [&](const CDrawnLine& line) {
-                                    return line.IsHorizontal() != line.IsVertical() &&
-                                           line.x1 >= left && line.x2 <= right;
-                                }));
+        for (size_t n = 0; n < 4; ++n)
+        {
+            const CDrawnLine& bar = drawing.lines[n];
+            EXPECT_NE(bar.IsHorizontal(), bar.IsVertical()) << n;
+            EXPECT_TRUE(bar.x1 >= left && bar.x2 <= right) << n;
+        }
         std::vector<std::array<double, 4>> hatching, expected;
         for (size_t n = 4; n < drawing.lines.size(); ++n)
         {
