@@ -9,7 +9,6 @@
 #include <string>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 // The interface promises nothing for what is deleted while it is selected. Here it serves on.
 TEST(HandleObjects, ADeletedOneServesUntilNothingHoldsIt)
