@@ -144,7 +144,7 @@ TEST(DeviceContext, StatesAreSavedInLevels)
     EXPECT_EQ(dc.SaveDC(), 1);
     dc.SetTextColor(2);
     dc.SetMapMode(MM_ANISOTROPIC);
-    CRect clip(0, 0, 10, 10);
+    CRect clip(0, 0, 10, 3);
     EXPECT_EQ(dc.IntersectClipRect(&clip), SIMPLEREGION);
     EXPECT_EQ(dc.SaveDC(), 2);
     dc.SetTextColor(3);
