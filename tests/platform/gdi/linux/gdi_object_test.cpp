@@ -176,6 +176,8 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
         { CALL(FillRect, &s_rect, nullptr), 0, 0 },
         { CALL(FillRect, nullptr, GetSysColorBrush(COLOR_WINDOW)), 0, 0 },
         { CALL(FillRect, &s_rect, GetSysColorBrush(COLOR_WINDOW)), 1, 0 },
+        { CALL(FillRect, &s_rect, reinterpret_cast<HBRUSH>(INT_PTR{ COLOR_BTNTEXT + 1 })), 1, 0 },
+        { CALL(GetPixel, 0, 0), 0, CLR_INVALID },
         { CALL(SetPixel, 0, 0, 3), 3, CLR_INVALID },
         { CALL(GetPixel, 0, 0), 3, CLR_INVALID },
         { CALL(IntersectClipRect, 0, 0, 1, 1), SIMPLEREGION, ERROR_REGION },
