@@ -309,13 +309,18 @@ TEST(MetafileWriter, LeavesTheOldFileWhenACopyFails)
     DrawExample(hDC);
     CMetafilePtr pMetafile(CloseEnhMetaFile(hDC));
 
-    g_pfnFileFault = [](EFileOperation, const char*)
+    static EFileOperation s_eFailing;
+    g_pfnFileFault = [](EFileOperation eOperation, const char*)
     {
-        return SYSTEM_DISK_FULL;
+        return eOperation == s_eFailing ? SYSTEM_DISK_FULL : 0;
     };
-    EXPECT_FALSE(SaveEnhMetaFile(pMetafile.get(), strPath.c_str()));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(SYSTEM_DISK_FULL));
-    EXPECT_EQ(ReadFile(strPath), "old");
+    for (const EFileOperation e : { fileOpOpen, fileOpWrite, fileOpClose, fileOpRename })
+    {
+        s_eFailing = e;
+        EXPECT_FALSE(SaveEnhMetaFile(pMetafile.get(), strPath.c_str())) << e;
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(SYSTEM_DISK_FULL)) << e;
+        EXPECT_EQ(ReadFile(strPath), "old") << e;
+    }
     g_pfnFileFault = nullptr;
     EXPECT_TRUE(SaveEnhMetaFile(pMetafile.get(), strPath.c_str()));
     EXPECT_EQ(ReadFile(strPath), Record(DrawExample));
