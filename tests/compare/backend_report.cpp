@@ -2,7 +2,6 @@
 // second platform's report is compared with it by compare_reports.py.
 //   backend_report TEXTS FOLDER TREES
 // TEXTS has a text on each line, in hexadecimal; TREES random trees of all node types follow.
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -14,6 +13,7 @@
 #include "picture/picture.h"
 #include "platform/base/app.h"
 #include "platform/gdi/dc.h"
+#include "platform/gdi/test_fonts.h"
 #include "service/formula_out.h"
 
 namespace
@@ -24,11 +24,7 @@ std::string FromHex(const std::string& strHex)
 {
     std::string text;
     for (std::size_t i = 0; i + 1 < strHex.size(); i += 2)
-    {
-        unsigned nByte = 0;
-        std::from_chars(&strHex[i], &strHex[i] + 2, nByte, 16);
-        text += static_cast<char>(nByte);
-    }
+        text += static_cast<char>(std::stoi(strHex.substr(i, 2), nullptr, 16));
     return text;
 }
 
@@ -36,14 +32,6 @@ std::string RectText(const CRect& rect)
 {
     return std::to_string(rect.left) + ',' + std::to_string(rect.top) + ',' +
            std::to_string(rect.right) + ',' + std::to_string(rect.bottom);
-}
-
-// One unit is a hundredth of an inch, y grows upwards.
-void MapToHundredths(CDC& dc)
-{
-    dc.SetMapMode(MM_ANISOTROPIC);
-    dc.SetViewportExt(dc.GetDeviceCaps(LOGPIXELSX), dc.GetDeviceCaps(LOGPIXELSY));
-    dc.SetWindowExt(100, -100);
 }
 
 void Print(const std::string& strName, const CRect& pixels, const CRect& hundredths, int nAxis,
@@ -95,7 +83,7 @@ void ReportTree(const std::string& strName, unsigned nSeed)
     const CRect pixels = tree.MeasureTree(&screen);
     const int nAxis = random.GetRoot()->m_nBaseline;
     CClientDC mapped(nullptr);
-    MapToHundredths(mapped);
+    SetHundredths(mapped);
     const CRect hundredths = tree.MeasureTree(&mapped);
     const int nWritten = tree.WriteMetafile((g_strFolder + "/" + strName + ".wmf").c_str());
     tree.SetRootNode(nullptr);  // the nodes are the other object's

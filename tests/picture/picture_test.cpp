@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "native/effort.h"
 #include "nodes/node.h"
@@ -134,14 +135,8 @@ TEST_F(CPictureTest, OnAHostItLooksAsTheTreePaintsItself)
 
 TEST_F(CPictureTest, TooLargeIsAReason)
 {
-    const struct
-    {
-        const char* pszFormat;
-        int nLetters;  // of 8 pixels
-        int nDpi;
-        int nMargin;
-        bool bMade;
-    } aLengths[] = {
+    // Format, letters of 8 pixels, resolution, margin; whether there is a picture.
+    const std::tuple<const char*, int, int, int, bool> aLengths[] = {
         { "png", 4000, 96, 0, true },      { "png", 9000, 96, 0, false },
         { "png", 1, 96, 10000, false },    { "bmp", 9000, 96, 0, false },
         { "svg", 9000, 96, 0, true },      { "svg", 60000, 2400, 0, false },
@@ -151,21 +146,22 @@ TEST_F(CPictureTest, TooLargeIsAReason)
     };
     CFormulaOut formula;
     CPictureOptions options;
-    for (const auto& length : aLengths)
+    for (const auto& [pszFormat, nLetters, nDpi, nMargin, bMade] : aLengths)
     {
-        if (Format(length.pszFormat).pfnMake == nullptr)
+        const CPictureFormat& format = Format(pszFormat);
+        if (format.pfnMake == nullptr)
             continue;
-        formula.FormTree(CString('a', length.nLetters));
-        options.nDpi = length.nDpi;
-        options.nMargin = length.nMargin;
+        formula.FormTree(CString('a', nLetters));
+        options.nDpi = nDpi;
+        options.nMargin = nMargin;
         const auto make = [&]
         {
-            return MakePicture(formula, Format(length.pszFormat), options).size.nWidth;
+            return MakePicture(formula, format, options).size.nWidth;
         };
-        SCOPED_TRACE(testing::Message() << length.pszFormat << ' ' << length.nLetters);
-        if (length.bMade)
+        SCOPED_TRACE(testing::Message() << pszFormat << ' ' << nLetters);
+        if (bMade)
         {
-            EXPECT_EQ(make() / length.nLetters, 8 * length.nDpi / SCREEN_DPI);
+            EXPECT_EQ(make() / nLetters, 8 * nDpi / SCREEN_DPI);
         }
         else
         {

@@ -5,13 +5,15 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <optional>
 #include <random>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "archived.h"
+#include "platform/doc/ole_document.h"
+#include "platform/gdi/raw_metafile.h"
 
 namespace
 {
@@ -52,18 +54,6 @@ std::string Content(std::size_t nBytes)
     return str.substr(0, nBytes);
 }
 
-DWORD NumberAt(const std::string& str, std::size_t nOffset)
-{
-    DWORD n = 0;
-    std::memcpy(&n, str.data() + nOffset, sizeof n);
-    return n;
-}
-
-void PutNumber(std::string& str, std::size_t nOffset, DWORD n)
-{
-    std::memcpy(str.data() + nOffset, &n, sizeof n);
-}
-
 // Where a sector begins in the file.
 std::size_t Place(DWORD nSector)
 {
@@ -93,19 +83,14 @@ TEST(CompoundFiles, CirclesAndPlacesOutsideLeadNowhere)
     const std::string strLarge = Pack(Content(20000));
     for (const std::string& strFile : { strSmall, strLarge })
     {
-        const std::size_t nTable = Place(NumberAt(strFile, 76));
-        const DWORD nDirectory = NumberAt(strFile, 48);
+        const std::size_t nTable = Place(GetDword(strFile, 76));
+        const DWORD nDirectory = GetDword(strFile, 48);
         const std::size_t nStream = Place(nDirectory) + 128;  // the root's only child
         ASSERT_EQ(strFile[nStream + 66], 2);
-        const DWORD nStart = NumberAt(strFile, nStream + 116);
-        const bool bMini = NumberAt(strFile, nStream + 120) < 4096;
-        const std::size_t nChain = bMini ? Place(NumberAt(strFile, 60)) : nTable;
-        const struct
-        {
-            const char* pszName;
-            std::size_t nOffset;
-            DWORD nValue;
-        } aCases[] = {
+        const DWORD nStart = GetDword(strFile, nStream + 116);
+        const bool bMini = GetDword(strFile, nStream + 120) < 4096;
+        const std::size_t nChain = bMini ? Place(GetDword(strFile, 60)) : nTable;
+        const std::tuple<const char*, std::size_t, DWORD> aCases[] = {
             { "DirectoryInACircle", nTable + 4 * nDirectory, nDirectory },
             { "DirectoryOutside", nTable + 4 * nDirectory, 0x00FFFFFF },
             { "DirectoryNowhere", 48, 0xFFFFFFF0 },
@@ -121,11 +106,11 @@ TEST(CompoundFiles, CirclesAndPlacesOutsideLeadNowhere)
             { "ChildOfTheRootsOwn", nStream + 76, 0 },
             { "SiblingThatIsNotThere", nStream + 72, 4000 },
         };
-        for (const auto& c : aCases)
+        for (const auto& [pszName, nOffset, nValue] : aCases)
         {
-            SCOPED_TRACE(testing::Message() << c.pszName << ' ' << strFile.size());
+            SCOPED_TRACE(testing::Message() << pszName << ' ' << strFile.size());
             std::string strDamaged = strFile;
-            PutNumber(strDamaged, c.nOffset, c.nValue);
+            PutDword(strDamaged, nOffset, nValue);
             const std::optional<std::string> content = Unpack(strDamaged);
             EXPECT_FALSE(content.has_value() && s_bRefusesDamage);
             EXPECT_LE(content.value_or("").size(), strDamaged.size());
@@ -140,7 +125,7 @@ TEST(CompoundFiles, AnswerThousandsOfDamagedOnesInTime)
     std::mt19937 random(20);
     const auto below = [&](std::size_t n)
     {
-        return static_cast<std::size_t>(random() % n);
+        return static_cast<DWORD>(random() % n);
     };
     const std::string aFiles[] = { Pack(Content(300)), Pack(Content(5000)), Pack(Content(70000)) };
     const auto start = std::chrono::steady_clock::now();
@@ -152,18 +137,15 @@ TEST(CompoundFiles, AnswerThousandsOfDamagedOnesInTime)
         const auto nSectors = static_cast<DWORD>(strDamaged.size() / s_nSector);
         for (std::size_t nHits = 1 + below(3); nHits > 0; --nHits)
         {
-            const DWORD anWild[] = { 0,
-                                     1,
-                                     static_cast<DWORD>(below(nSectors)),
-                                     nSectors,
-                                     0x7FFFFFFF,
-                                     0xFFFFFFFA + static_cast<DWORD>(below(6)),
-                                     0x80000000,
-                                     static_cast<DWORD>(random()) };
+            const DWORD anWild[] = {
+                0,          1,          below(nSectors),       nSectors,
+                0x7FFFFFFF, 0x80000000, 0xFFFFFFFA + below(6), static_cast<DWORD>(random())
+            };
             // The header, and sectors that are not the stream's, are hit most.
             const std::size_t nPart = below(4) == 0 ? strDamaged.size() : 4 * s_nSector;
-            const std::size_t nPlace = std::min(below(nPart), strDamaged.size() - 4) / 4 * 4;
-            PutNumber(strDamaged, nPlace, anWild[below(std::size(anWild))]);
+            const std::size_t nPlace =
+                std::min<std::size_t>(below(nPart), strDamaged.size() - 4) / 4 * 4;
+            PutDword(strDamaged, nPlace, anWild[below(std::size(anWild))]);
         }
         if (n % 7 == 0)
             strDamaged.resize(below(strDamaged.size()));
@@ -182,4 +164,15 @@ TEST(CompoundFiles, AnswerThousandsOfDamagedOnesInTime)
     }
     EXPECT_EQ(answers.size(), 2U) << "some open, some do not";
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(2));
+}
+
+TEST(Documents, ANewOneIsEmptied)
+{
+    struct CEmptied : COleDocument
+    {
+        void DeleteContents() override { ++nTimes; }
+        int nTimes = 0;
+    } document;
+    EXPECT_TRUE(document.OnNewDocument());
+    EXPECT_EQ(document.nTimes, 1);
 }

@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <tuple>
+#include <utility>
+
 namespace
 {
 
@@ -18,29 +22,30 @@ BITMAP Describe(HGDIOBJ hBitmap)
 
 TEST(Bitmaps, AreMadeInTheirDepthAndSize)
 {
-    const struct
-    {
-        int nWidth, nHeight;
-        UINT nPlanes, nBits;
-        int nMadeWidth, nMadeHeight, nMadeBits, nRowBytes;  // all 0: refused
-    } aCases[] = {
-        { 5, 7, 1, 1, 5, 7, 1, 2 },           { 17, 7, 1, 1, 17, 7, 1, 4 },
-        { 5, 7, 1, 32, 5, 7, 32, 20 },        { 0, 7, 1, 32, 1, 1, 1, 2 },
-        { 7, 0, 9, 99, 1, 1, 1, 2 },          { 5, 7, 1, 33, 0, 0, 0, 0 },
-        { 5, 7, 0, 32, 0, 0, 0, 0 },          { INT32_MAX, INT32_MAX, 1, 32, 0, 0, 0, 0 },
-        { 1, 100000, 1, 1, 1, 100000, 1, 2 }, { INT32_MAX, 1, 1, 1, 0, 0, 0, 0 },
-        { 32767, 32767, 1, 32, 0, 0, 0, 0 },  { 32767, 1, 1, 32, 32767, 1, 32, 131068 },
+    // Width, height, planes, bits; width, height, bits and bytes of a row, all 0: refused.
+    const std::tuple<int, int, UINT, UINT, std::array<int, 4>> aCases[] = {
+        { 5, 7, 1, 1, { 5, 7, 1, 2 } },
+        { 17, 7, 1, 1, { 17, 7, 1, 4 } },
+        { 5, 7, 1, 32, { 5, 7, 32, 20 } },
+        { 0, 7, 1, 32, { 1, 1, 1, 2 } },
+        { 7, 0, 9, 99, { 1, 1, 1, 2 } },
+        { 1, 100000, 1, 1, { 1, 100000, 1, 2 } },
+        { 32767, 1, 1, 32, { 32767, 1, 32, 131068 } },
+        { 5, 7, 1, 33, {} },
+        { 5, 7, 0, 32, {} },
+        { 32767, 32767, 1, 32, {} },
+        { INT32_MAX, 1, 1, 1, {} },
+        { INT32_MAX, INT32_MAX, 1, 32, {} },
     };
-    for (const auto& c : aCases)
+    for (const auto& [nWidth, nHeight, nPlanes, nBits, anMade] : aCases)
     {
-        const HBITMAP hBitmap = CreateBitmap(c.nWidth, c.nHeight, c.nPlanes, c.nBits, nullptr);
-        const BITMAP bitmap = Describe(hBitmap);
-        EXPECT_EQ(bitmap.bmWidth, c.nMadeWidth) << c.nWidth << 'x' << c.nHeight << ' ' << c.nBits;
-        EXPECT_EQ(bitmap.bmHeight, c.nMadeHeight);
-        EXPECT_EQ(bitmap.bmBitsPixel, c.nMadeBits);
-        EXPECT_EQ(bitmap.bmWidthBytes, c.nRowBytes);
-        EXPECT_EQ(bitmap.bmPlanes, c.nMadeBits ? 1 : 0);
-        EXPECT_EQ(DeleteObject(hBitmap), c.nMadeBits ? TRUE : FALSE);
+        const HBITMAP hBitmap = CreateBitmap(nWidth, nHeight, nPlanes, nBits, nullptr);
+        const BITMAP made = Describe(hBitmap);
+        const std::array<int, 4> anFound{ made.bmWidth, made.bmHeight, made.bmBitsPixel,
+                                          made.bmWidthBytes };
+        EXPECT_EQ(anFound, anMade) << nWidth << 'x' << nHeight << ' ' << nBits;
+        EXPECT_EQ(made.bmPlanes, hBitmap != nullptr ? 1 : 0);
+        EXPECT_EQ(DeleteObject(hBitmap), hBitmap != nullptr ? TRUE : FALSE);
     }
 }
 
@@ -82,8 +87,7 @@ TEST(Bitmaps, AreSelectedIntoOneMemoryContextOnly)
     ASSERT_NE(pOld, nullptr);
     BITMAP data{};
     EXPECT_GT(pOld->GetBitmap(&data), 0);
-    EXPECT_EQ(data.bmWidth, 1);
-    EXPECT_EQ(data.bmBitsPixel, 1);
+    EXPECT_EQ(std::pair(data.bmWidth, data.bmBitsPixel), std::pair(LONG{ 1 }, WORD{ 1 }));
     EXPECT_EQ(other.SelectObject(pOld), &bitmap);
     CDC next;
     ASSERT_TRUE(next.CreateCompatibleDC(nullptr));
@@ -105,19 +109,15 @@ TEST(Bitmaps, DeletedWhileSelectedStillTakeDrawing)
 // The nearest colour of the depth, worked out by hand.
 TEST(Bitmaps, HoldTheNearestColourOfTheirDepth)
 {
-    const struct
-    {
-        UINT nBits;
-        COLORREF colour, held;
-    } aCases[] = {
+    const std::tuple<UINT, COLORREF, COLORREF> aCases[] = {
         { 1, 0x7F7F7F, 0x000000 }, { 1, 0x808080, 0xFFFFFF },  { 1, 0x0000FF, 0x000000 },
         { 1, 0x00FFFF, 0xFFFFFF }, { 32, 0x123456, 0x123456 }, { 32, 0xFEDCBA, 0xFEDCBA },
     };
-    for (const auto& c : aCases)
+    for (const auto& [nBits, colour, held] : aCases)
     {
-        CMemoryPicture picture(1, 1, c.nBits);
-        EXPECT_EQ(SetPixel(picture, 0, 0, c.colour), c.held) << c.nBits << ' ' << c.colour;
-        EXPECT_EQ(GetPixel(picture, 0, 0), c.held);
+        CMemoryPicture picture(1, 1, nBits);
+        EXPECT_EQ(SetPixel(picture, 0, 0, colour), held) << nBits << ' ' << colour;
+        EXPECT_EQ(GetPixel(picture, 0, 0), held);
     }
 }
 
@@ -126,27 +126,24 @@ TEST(Dibs, HoldRowsFromTheBottomFilledToFourBytes)
     CMemoryPicture picture(3, 2);
     SetPixel(picture, 0, 0, 0x0000FF);  // red above
     SetPixel(picture, 2, 1, 0x000000);  // black below
-    const struct
-    {
-        WORD nBits;
-        int nHeight;
-        CBytes bits;
-    } aCases[] = {
+    const std::tuple<WORD, int, CBytes> aCases[] = {
         { 1, 2, { 0xC0, 0, 0, 0, 0x60, 0, 0, 0 } },
         { 32, 2, { 255, 255, 255, 0, 255, 255, 255, 0, 0,   0,   0,   0,
                    0,   0,   255, 0, 255, 255, 255, 0, 255, 255, 255, 0 } },
         { 1, -2, { 0x60, 0, 0, 0, 0xC0, 0, 0, 0 } },
     };
-    for (const auto& c : aCases)
+    for (const auto& [nBits, nHeight, expected] : aCases)
     {
-        CInfo info(3, c.nHeight, c.nBits);
-        CBytes bits = ReadBits(picture, picture.Bitmap(), info);
-        for (std::size_t i = 3; c.nBits == 32 && i < bits.size(); i += 4)
+        CInfo info(3, nHeight, nBits);
+        GetDIBits(picture, picture.Bitmap(), 0, 1, nullptr, info.Get(), DIB_RGB_COLORS);
+        EXPECT_EQ(info.Header().biSizeImage, expected.size());
+        CBytes bits(expected.size(), 0xEE);
+        EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), 0, 2, bits.data(), info.Get(), 0), 2);
+        for (std::size_t i = 3; nBits == 32 && i < bits.size(); i += 4)
             bits[i] = 0;  // no colour
-        EXPECT_EQ(bits, c.bits) << c.nBits;
-        EXPECT_EQ(info.Header().biSizeImage, c.bits.size());
+        EXPECT_EQ(bits, expected) << nBits;
         const CBytes table(info.m_bytes.begin() + sizeof(BITMAPINFOHEADER), info.m_bytes.end());
-        EXPECT_EQ(table, c.nBits == 1 ? CBytes({ 0, 0, 0, 0, 255, 255, 255, 0 }) : CBytes());
+        EXPECT_EQ(table, nBits == 1 ? CBytes({ 0, 0, 0, 0, 255, 255, 255, 0 }) : CBytes());
     }
 }
 
@@ -159,11 +156,10 @@ TEST(Dibs, TellTheFormatOfTheBitmap)
         info.Header().biPlanes = 0;
         EXPECT_NE(GetDIBits(picture, picture.Bitmap(), 0, 0, nullptr, info.Get(), DIB_RGB_COLORS),
                   0);
-        EXPECT_EQ(info.Header().biWidth, 9);
-        EXPECT_EQ(info.Header().biHeight, 5);
-        EXPECT_EQ(info.Header().biPlanes, 1);
-        EXPECT_EQ(info.Header().biBitCount, nBits);
-        EXPECT_EQ(info.Header().biSizeImage, (9 * nBits + 31) / 32 * 4 * 5);
+        const BITMAPINFOHEADER& h = info.Header();
+        EXPECT_EQ(std::tuple(h.biWidth, h.biHeight, h.biPlanes, h.biBitCount),
+                  std::tuple(9, 5, 1, nBits));
+        EXPECT_EQ(h.biSizeImage, (9 * nBits + 31) / 32 * 4 * 5);
     }
 }
 
@@ -171,25 +167,21 @@ TEST(Dibs, GiveTheLinesThatAreAskedFor)
 {
     CMemoryPicture picture(1, 4);
     SetPixel(picture, 0, 0, 0x0000FF);
-    const struct
-    {
-        UINT nStart, nLines;
-        int nHeight, nGiven;
-        CBytes first;  // first byte of each line, the blue; EE: not written
-    } aCases[] = {
+    // The first byte of each line, the blue; EE: not written.
+    const std::tuple<UINT, UINT, int, int, CBytes> aCases[] = {
         { 0, 4, 4, 4, { 255, 255, 255, 0 } },        { 2, 2, 4, 2, { 255, 0, 0xEE, 0xEE } },
         { 2, 9, 4, 2, { 255, 0, 0xEE, 0xEE } },      { 2, 2, -4, 2, { 0, 255, 0xEE, 0xEE } },
         { 0, UINT_MAX, 4, 4, { 255, 255, 255, 0 } },
     };
-    for (const auto& c : aCases)
+    for (const auto& [nStart, nLines, nHeight, nGiven, first] : aCases)
     {
-        CInfo info(1, c.nHeight, 32);
+        CInfo info(1, nHeight, 32);
         CBytes bits(16, 0xEE);
-        EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), c.nStart, c.nLines, bits.data(), info.Get(),
+        EXPECT_EQ(GetDIBits(picture, picture.Bitmap(), nStart, nLines, bits.data(), info.Get(),
                             DIB_RGB_COLORS),
-                  c.nGiven);
-        EXPECT_EQ((CBytes{ bits[0], bits[4], bits[8], bits[12] }), c.first)
-            << c.nStart << '+' << c.nLines;
+                  nGiven);
+        EXPECT_EQ((CBytes{ bits[0], bits[4], bits[8], bits[12] }), first)
+            << nStart << '+' << nLines;
     }
 }
 
@@ -219,24 +211,19 @@ TEST(Dibs, RefuseWhatMakesNoSense)
 TEST(Bitmaps, TakeTheirFirstContentFromTheTop)
 {
     const BYTE aMono[] = { 0xA0, 0, 0x40, 0 };  // rows filled up to 16 bits
+    CMemoryPicture mono(3, 2);
+    const CUseObject use(mono, CreateBitmap(3, 2, 1, 1, aMono));
     CMemoryPicture picture(3, 2);
-    const CUseObject use(picture, CreateBitmap(3, 2, 1, 1, aMono));
-    std::vector<COLORREF> colours;
-    for (int i = 0; i < 6; ++i)
-        colours.push_back(GetPixel(picture, i % 3, i / 3));
-    EXPECT_EQ(CMemoryPicture::LinesOf(colours, 3), CLines({ ".#.", "#.#" }));
+    BitBlt(picture, 0, 0, 3, 2, mono, 0, 0, SRCCOPY);
+    EXPECT_EQ(picture.Lines(), CLines({ ".#.", "#.#" }));
 }
 
 TEST(BlockTransfers, StretchShrinkAndMirror)
 {
     CMemoryPicture source(4, 2);
     SetSigns(source, { "rgb#", "####" });
-    const struct
-    {
-        const char* pszName;
-        RECT to, from;  // origin and extent
-        CLines lines;
-    } aCases[] = {
+    // Rectangles are origin and extent.
+    const std::tuple<const char*, RECT, RECT, CLines> aCases[] = {
         // clang-format off
         { "copied", { 1, 0, 4, 1 }, { 0, 0, 4, 1 }, { ".rgb#...", "........" } },
         { "twice", { 0, 0, 8, 2 }, { 0, 0, 4, 1 }, { "rrggbb##", "rrggbb##" } },
@@ -252,12 +239,12 @@ TEST(BlockTransfers, StretchShrinkAndMirror)
         { "absurd", { INT32_MIN, 0, INT32_MAX, 9 }, { 0, 0, INT32_MAX, 1 }, { "........", "........" } },
         // clang-format on
     };
-    for (const auto& c : aCases)
+    for (const auto& [pszName, to, from, lines] : aCases)
     {
         CMemoryPicture picture(8, 2);
-        EXPECT_TRUE(StretchBlt(picture, c.to.left, c.to.top, c.to.right, c.to.bottom, source,
-                               c.from.left, c.from.top, c.from.right, c.from.bottom, SRCCOPY));
-        EXPECT_EQ(picture.Lines(), c.lines) << c.pszName;
+        EXPECT_TRUE(StretchBlt(picture, to.left, to.top, to.right, to.bottom, source, from.left,
+                               from.top, from.right, from.bottom, SRCCOPY));
+        EXPECT_EQ(picture.Lines(), lines) << pszName;
     }
 }
 

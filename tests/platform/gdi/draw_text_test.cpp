@@ -1,10 +1,11 @@
 // Where texts stand, and what a recorder hears of them.
 #include "platform/gdi/dc.h"
-#include "platform/gdi/memory_picture.h"
 #include "platform/gdi/metafile_calls.h"
 #include "platform/gdi/test_fonts.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace
 {
@@ -31,12 +32,7 @@ CPoint Reference(F draw)
 // "abc" in Times, 16 pixels, is 22 wide and 17 high.
 TEST(DrawText, PlacesOneLineByItsFlags)
 {
-    const struct
-    {
-        CRect rect;
-        UINT nFormat;
-        CPoint point;
-    } aCases[] = {
+    const std::tuple<CRect, UINT, CPoint> aCases[] = {
         { { 10, 10, 60, 40 }, 0x920, { 10, 10 } },
         { { 10, 10, 60, 40 }, 0x921, { 24, 10 } },
         { { 10, 10, 60, 40 }, 0x922, { 38, 10 } },
@@ -57,41 +53,19 @@ TEST(DrawText, PlacesOneLineByItsFlags)
         { { 60, 40, 10, 10 }, 0x92A, { -12, -7 } },
         { { -7, -9, -30, -10 }, 0x921, { -29, -9 } },  // (-37 - 22) / 2
     };
-    for (const auto& row : aCases)
+    for (const auto& [box, nFlags, point] : aCases)
     {
-        CRect rect(row.rect);
+        CRect rect(box);
+        const UINT nFormat = nFlags;
         int nHeight = 0;
         const auto draw = [&](HDC hDC)
         {
-            nHeight = DrawTextA(hDC, "abc", 3, &rect, row.nFormat);
+            nHeight = DrawTextA(hDC, "abc", 3, &rect, nFormat);
         };
-        SCOPED_TRACE(row.nFormat);
-        EXPECT_EQ(Reference(draw), row.point);
-        const int nLeading = row.nFormat & DT_EXTERNALLEADING ? 1 : 0;
-        EXPECT_EQ(nHeight, row.point.y - row.rect.top + 17 + nLeading);
-        EXPECT_EQ(rect, row.rect) << "the rectangle is the caller's";
-    }
-}
-
-// The cell of "abc", as an opaque text fills it; the base line is 14 below the top.
-TEST(Text, StandsOnItsTopOrItsBaseLine)
-{
-    const struct
-    {
-        UINT nAlign;
-        CRect cell;
-    } aCases[] = {
-        { TA_LEFT | TA_TOP, { 100, 50, 122, 67 } },
-        { TA_LEFT | TA_BASELINE, { 100, 36, 122, 53 } },
-    };
-    for (const auto& c : aCases)
-    {
-        CMemoryPicture picture(200, 100);
-        const CUseFont use(picture, FontOf("Times New Roman", -16));
-        SetBkColor(picture, 0x00FF00);
-        SetTextColor(picture, 0x00FF00);
-        SetTextAlign(picture, c.nAlign);
-        EXPECT_TRUE(ExtTextOutA(picture, 100, 50, 0, nullptr, "abc", 3, nullptr));
-        EXPECT_EQ(picture.Inked(), c.cell) << c.nAlign;
+        SCOPED_TRACE(nFormat);
+        EXPECT_EQ(Reference(draw), point);
+        const int nLeading = nFormat & DT_EXTERNALLEADING ? 1 : 0;
+        EXPECT_EQ(nHeight, point.y - box.top + 17 + nLeading);
+        EXPECT_EQ(rect, box) << "the rectangle is the caller's";
     }
 }

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -87,14 +88,42 @@ inline std::string Record(const CDraw& draw, const RECT* pFrame = nullptr,
     return { bytes.begin(), bytes.end() };
 }
 
-// The lines of each row's drawing.
-template <class T, std::size_t N>
-std::vector<CRecordLines> RecordTable(const T (&aCases)[N])
+// The dump has these parts in their order. Each line begins behind a '\n'.
+inline void ExpectParts(const CRecordLines& dump, const std::vector<std::string>& parts)
+{
+    std::string strDump;
+    for (const std::string& strLine : dump)
+        strDump += '\n' + strLine;
+    std::size_t nPlace = 0;
+    for (const std::string& strPart : parts)
+    {
+        nPlace = strDump.find(strPart, nPlace);
+        EXPECT_NE(nPlace, strDump.npos) << strPart << strDump;
+    }
+}
+
+// What a drawing is to be recorded as: with parts as above, and one text at most.
+struct CRecordCase
+{
+    const char* pszName;
+    CDraw draw;
+    std::vector<std::string> parts;
+};
+
+inline void ExpectRecords(const std::vector<CRecordCase>& cases)
 {
     std::vector<std::string> metafiles;
-    for (const auto& row : aCases)
-        metafiles.push_back(Record(row.draw));
-    return DumpRecords(metafiles);
+    for (const CRecordCase& c : cases)
+        metafiles.push_back(Record(c.draw));
+    const std::vector<CRecordLines> dumps = DumpRecords(metafiles);
+    for (std::size_t i = 0; i < cases.size(); ++i)
+    {
+        SCOPED_TRACE(cases[i].pszName);
+        ExpectParts(dumps[i], cases[i].parts);
+        EXPECT_LE(std::count_if(dumps[i].begin(), dumps[i].end(),
+                                [](const std::string& str) { return str.starts_with("EXTTEXT"); }),
+                  1);
+    }
 }
 
 // The value of a field in a line of the dump.

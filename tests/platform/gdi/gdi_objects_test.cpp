@@ -45,14 +45,25 @@ TEST(GdiObjects, AreOfTheClassThatTheyAreAskedFor)
     EXPECT_TRUE(DeleteObject(hPen));
 }
 
-TEST(GdiObjects, SystemBrushesAndStockObjectsOutliveTheirDeletion)
+// By index: the classic look, which the prefix of the tests under Wine sets as well.
+TEST(GdiObjects, SystemColoursAndTheirBrushesAreTheClassicOnes)
 {
-    HBRUSH hWindow = GetSysColorBrush(COLOR_WINDOW);
-    EXPECT_EQ(hWindow, GetSysColorBrush(COLOR_WINDOW));
-    EXPECT_TRUE(DeleteObject(hWindow));
-    LOGBRUSH brush{};
-    EXPECT_EQ(GetObjectA(hWindow, sizeof brush, &brush), static_cast<int>(sizeof brush));
-    EXPECT_EQ(brush.lbColor, 0xFFFFFFu);
+    constexpr COLORREF s_acrClassic[] = {
+        0xC8D0D4, 0xA56E3A, 0x6A240A, 0x808080, 0xC8D0D4, 0xFFFFFF, 0x000000,  //  0 to  6
+        0x000000, 0x000000, 0xFFFFFF, 0xC8D0D4, 0xC8D0D4, 0x808080, 0xD77800,  //  7 to 13
+        0xFFFFFF, 0xC8D0D4, 0x808080, 0x6D6D6D, 0x000000, 0xC8D0D4, 0xFFFFFF,  // 14 to 20
+    };
+    for (int nIndex = 0; nIndex < static_cast<int>(std::size(s_acrClassic)); ++nIndex)
+    {
+        EXPECT_EQ(GetSysColor(nIndex), s_acrClassic[nIndex]) << nIndex;
+        const HBRUSH hBrush = GetSysColorBrush(nIndex);
+        EXPECT_EQ(hBrush, GetSysColorBrush(nIndex)) << nIndex;
+        EXPECT_TRUE(DeleteObject(hBrush)) << "it stays";
+        LOGBRUSH brush{};
+        ASSERT_GT(GetObjectA(hBrush, sizeof brush, &brush), 0) << nIndex;
+        EXPECT_EQ(brush.lbStyle, UINT{ BS_SOLID }) << nIndex;
+        EXPECT_EQ(brush.lbColor, s_acrClassic[nIndex]) << nIndex;
+    }
 }
 
 TEST(GdiObjects, BadDescriptionsMakeNothing)
@@ -69,12 +80,10 @@ TEST(GdiObjects, BadDescriptionsMakeNothing)
 // Temporary wrappers own nothing and are used again, however many handles pass by.
 TEST(GdiObjects, ForeignHandlesLeaveNothingBehind)
 {
-    CClientDC dc(nullptr);
     for (int i = 0; i < 1000; ++i)
     {
-        HPEN hFirst = CreatePen(PS_SOLID, 1, 0);
-        HPEN hSecond = CreatePen(PS_SOLID, 1, 0);
-        CPen* pFirst = CPen::FromHandle(hFirst);
+        const HPEN hFirst = CreatePen(PS_SOLID, 1, 0), hSecond = CreatePen(PS_SOLID, 1, 0);
+        const CPen* pFirst = CPen::FromHandle(hFirst);
         EXPECT_EQ(pFirst, CPen::FromHandle(hFirst));
         EXPECT_NE(pFirst, CPen::FromHandle(hSecond));
         EXPECT_EQ(pFirst->m_hObject, hFirst);
@@ -135,7 +144,7 @@ TEST(DeviceContext, StatesAreSavedInLevels)
     EXPECT_EQ(dc.SaveDC(), 1);
     dc.SetTextColor(2);
     dc.SetMapMode(MM_ANISOTROPIC);
-    CRect clip(0, 0, 10, 10);
+    CRect clip(0, 0, 10, 3);
     EXPECT_EQ(dc.IntersectClipRect(&clip), SIMPLEREGION);
     EXPECT_EQ(dc.SaveDC(), 2);
     dc.SetTextColor(3);

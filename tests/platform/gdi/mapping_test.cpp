@@ -5,117 +5,97 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 namespace
 {
 
-class MappingTest : public testing::Test
+using CDirection = decltype(&::LPtoDP);
+const CDirection toDevice = ::LPtoDP, toLogical = ::DPtoLP;
+
+CPoint Mapped(CDC& dc, CDirection direction, CPoint point)
 {
-protected:
-    CPoint ToDevice(int x, int y)
-    {
-        CPoint point(x, y);
-        ::LPtoDP(m_dc, &point, 1);
-        return point;
-    }
-    CPoint ToLogical(int x, int y)
-    {
-        CPoint point(x, y);
-        ::DPtoLP(m_dc, &point, 1);
-        return point;
-    }
-
-    CClientDC m_dc{ nullptr };
-};
-
-}  // namespace
-
-TEST_F(MappingTest, TextModeOnlyMovesOrigins)
-{
-    EXPECT_EQ(ToDevice(7, -3), CPoint(7, -3));
-    m_dc.SetWindowOrg(10, 20);
-    m_dc.SetViewportOrg(5, 7);
-    EXPECT_EQ(ToDevice(0, 0), CPoint(-5, -13));
-    EXPECT_EQ(ToLogical(-5, -13), CPoint(0, 0));
-    EXPECT_EQ(m_dc.SetWindowExt(50, 60), CSize(1, 1)) << "extents are fixed";
-    EXPECT_EQ(ToDevice(0, 0), CPoint(-5, -13));
+    direction(dc, &point, 1);
+    return point;
 }
 
 // Which way each of them is rounded depends on the last bit of a single factor.
-TEST_F(MappingTest, ScalesAndRoundsByItsSingleFactors)
+TEST(Mapping, ScalesAndRoundsByItsSingleFactorsAndAddsOriginsOnTheDevice)
 {
-    enum
-    {
-        toDevice,
-        toLogical
-    };
-    const struct
+    struct CMapping
     {
         SIZE window, viewport;
-        int nDirection;
-        CPoint from, to;
-    } aCases[] = {
-        // clang-format off
-        // The inverse of 96 to 100 is a little less than 25 / 24, so that halves go down.
-        { { 100, -100 }, { 96, 96 }, toLogical, { 12, 12 }, { 12, -12 } },  // 12.4999995, -12.4999995
-        { { 100, -100 }, { 96, 96 }, toLogical, { 36, -36 }, { 37, 37 } },  // 37.4999986
-        { { 100, -100 }, { 96, 96 }, toLogical, { -12, -12 }, { -12, 12 } },
-        { { 100, -100 }, { 96, 96 }, toLogical, { 11, 16 }, { 11, -17 } },  // 11.458, -16.667
-        { { 100, -100 }, { 96, 96 }, toDevice, { 25, 25 }, { 24, -24 } },   // 23.9999995
-        { { 100, -100 }, { 96, 96 }, toDevice, { 17, 100 }, { 16, -96 } },  // 16.32
-        // The inverse goes by the determinant in single precision: the reciprocal has another bit.
-        { { 100, -100 }, { 72, 72 }, toLogical, { 9, 27 }, { 13, -38 } },   // 12.5000006, -37.5000018
-        { { 1000, -1000 }, { 96, 96 }, toLogical, { 6, 6 }, { 62, -62 } },  // 62.499996
-        // Halves go up on both sides of zero.
-        { { 100, 100 }, { 150, 150 }, toDevice, { 1, -1 }, { 2, -1 } },
-        { { 100, 100 }, { 150, 150 }, toDevice, { 3, -3 }, { 5, -4 } },
-        // clang-format on
+        POINT windowOrigin, viewportOrigin;
     };
-    m_dc.SetMapMode(MM_ANISOTROPIC);
-    for (const auto& row : aCases)
+    constexpr CMapping hundredths{ { 100, -100 }, { 96, 96 }, {}, {} };
+    constexpr CMapping downwards{ { 100, 100 }, { 150, 150 }, {}, {} };
+    constexpr CMapping moved{ { 100, -100 }, { 96, 96 }, { 10, 20 }, { 5, 7 } };
+    constexpr CMapping text{ { 1, 1 }, { 1, 1 }, { 10, 20 }, { 5, 7 } };
+    const std::tuple<CMapping, CDirection, CPoint, CPoint> aCases[] = {
+        // The inverse of 96 to 100 is a little less than 25 / 24, so that halves go down.
+        { hundredths, toLogical, { 12, 12 }, { 12, -12 } },  // 12.4999995, -12.4999995
+        { hundredths, toLogical, { 36, -36 }, { 37, 37 } },  // 37.4999986
+        { hundredths, toLogical, { -12, -12 }, { -12, 12 } },
+        { hundredths, toLogical, { 11, 16 }, { 11, -17 } },  // 11.458, -16.667
+        { hundredths, toDevice, { 25, 25 }, { 24, -24 } },   // 23.9999995
+        { hundredths, toDevice, { 17, 100 }, { 16, -96 } },  // 16.32
+        // The inverse goes by the determinant in single precision: the reciprocal has another bit.
+        { { { 100, -100 }, { 72, 72 }, {}, {} }, toLogical, { 9, 27 }, { 13, -38 } },
+        { { { 1000, -1000 }, { 96, 96 }, {}, {} }, toLogical, { 6, 6 }, { 62, -62 } },
+        // Halves go up on both sides of zero.
+        { downwards, toDevice, { 1, -1 }, { 2, -1 } },
+        { downwards, toDevice, { 3, -3 }, { 5, -4 } },
+        { moved, toDevice, { 10, 20 }, { 5, 7 } },
+        { moved, toDevice, { 110, 120 }, { 101, -89 } },
+        { moved, toLogical, { 101, -89 }, { 110, 120 } },
+        { { { 100, -100 }, { 96, 96 }, { -1000, 333 }, { 5, 7 } },
+          toDevice,
+          { 0, 0 },
+          { 965, 327 } },  // 960 + 5; 319.68 + 7
+        { text, toDevice, { 7, -3 }, { 2, -16 } },
+        { text, toLogical, { -5, -13 }, { 0, 0 } },
+    };
+    for (const auto& [mapping, direction, from, to] : aCases)
     {
-        m_dc.SetWindowExt(row.window);
-        m_dc.SetViewportExt(row.viewport);
-        const CPoint to = row.nDirection == toDevice ? ToDevice(row.from.x, row.from.y)
-                                                     : ToLogical(row.from.x, row.from.y);
-        EXPECT_EQ(to, row.to) << row.viewport.cx << ": " << row.from.x << ',' << row.from.y;
+        CClientDC dc(nullptr);
+        dc.SetWindowOrg(mapping.windowOrigin);
+        dc.SetViewportOrg(mapping.viewportOrigin);
+        dc.SetMapMode(mapping.window.cx == 1 ? MM_TEXT : MM_ANISOTROPIC);
+        dc.SetWindowExt(mapping.window);
+        dc.SetViewportExt(mapping.viewport);
+        EXPECT_EQ(Mapped(dc, direction, from), to)
+            << mapping.viewport.cx << ": " << from.x << ',' << from.y;
     }
 }
 
-TEST_F(MappingTest, OriginsAreAddedOnTheDevice)
+TEST(Mapping, ExtentsOfZeroAndUnknownModesAreRefused)
 {
-    SetHundredths(m_dc);
-    m_dc.SetWindowOrg(10, 20);
-    m_dc.SetViewportOrg(5, 7);
-    EXPECT_EQ(ToDevice(10, 20), CPoint(5, 7));
-    EXPECT_EQ(ToDevice(110, 120), CPoint(101, -89));
-    EXPECT_EQ(ToLogical(101, -89), CPoint(110, 120));
-    m_dc.SetWindowOrg(-1000, 333);
-    EXPECT_EQ(ToDevice(0, 0), CPoint(965, 327));  // 960 + 5; 319.68 + 7
+    CClientDC dc(nullptr);
+    EXPECT_EQ(dc.SetWindowExt(50, 60), CSize(1, 1)) << "extents are fixed";
+    EXPECT_EQ(Mapped(dc, toDevice, { 7, -3 }), CPoint(7, -3));
+    SetHundredths(dc);
+    EXPECT_FALSE(SetWindowExtEx(dc, 0, 5, nullptr));
+    EXPECT_FALSE(SetViewportExtEx(dc, 5, 0, nullptr));
+    EXPECT_EQ(dc.SetMapMode(9), 0);
+    EXPECT_EQ(dc.SetMapMode(0), 0);
+    EXPECT_EQ(dc.SetWindowExt(1, 1), CSize(100, -100));
+    EXPECT_EQ(dc.SetViewportExt(1, 1), CSize(96, 96));
+    EXPECT_EQ(dc.SetMapMode(MM_TEXT), MM_ANISOTROPIC);
 }
 
-TEST_F(MappingTest, ExtentsOfZeroAndUnknownModesAreRefused)
+TEST(Mapping, ExtremeNumbersDoNoHarm)
 {
-    SetHundredths(m_dc);
-    EXPECT_FALSE(SetWindowExtEx(m_dc, 0, 5, nullptr));
-    EXPECT_FALSE(SetViewportExtEx(m_dc, 5, 0, nullptr));
-    EXPECT_EQ(m_dc.SetMapMode(9), 0);
-    EXPECT_EQ(m_dc.SetMapMode(0), 0);
-    EXPECT_EQ(m_dc.SetWindowExt(1, 1), CSize(100, -100));
-    EXPECT_EQ(m_dc.SetViewportExt(1, 1), CSize(96, 96));
-    EXPECT_EQ(m_dc.SetMapMode(MM_TEXT), MM_ANISOTROPIC);
-}
+    CClientDC dc(nullptr);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(INT_MAX, INT_MIN);
+    dc.SetViewportExt(1, 1);
+    EXPECT_EQ(Mapped(dc, toDevice, { INT_MAX, 0 }), CPoint(1, 0));
+    dc.SetWindowOrg(INT_MIN, INT_MAX);
+    Mapped(dc, toLogical, { INT_MIN, INT_MIN });
 
-TEST_F(MappingTest, ExtremeNumbersDoNoHarm)
-{
-    m_dc.SetMapMode(MM_ANISOTROPIC);
-    m_dc.SetWindowExt(INT_MAX, INT_MIN);
-    m_dc.SetViewportExt(1, 1);
-    EXPECT_EQ(ToDevice(INT_MAX, 0), CPoint(1, 0));
-    m_dc.SetWindowOrg(INT_MIN, INT_MAX);
-    ToLogical(INT_MIN, INT_MIN);
-
-    const CUseFont use(m_dc, FontOf("Arial", INT_MIN, INT_MAX));
+    const CUseFont use(dc, FontOf("Arial", INT_MIN, INT_MAX));
     SIZE size{};
-    EXPECT_TRUE(GetTextExtentPoint32A(m_dc, "abc", 3, &size));
+    EXPECT_TRUE(GetTextExtentPoint32A(dc, "abc", 3, &size));
 }
+
+}  // namespace

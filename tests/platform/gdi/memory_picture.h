@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 // Fills with one colour.
@@ -18,9 +17,8 @@ inline void Fill(HDC hDC, RECT rect, COLORREF colour)
 }
 
 // Signs of colours, for pictures in lines.
-inline constexpr std::pair<char, COLORREF> SIGNS[] = {
-    { '.', 0xFFFFFF }, { '#', 0x000000 }, { 'r', 0x0000FF }, { 'g', 0x00FF00 }, { 'b', 0xFF0000 },
-};
+inline const std::string SIGNS = ".#rgb";
+inline constexpr COLORREF SIGN_COLOURS[] = { 0xFFFFFF, 0x000000, 0x0000FF, 0x00FF00, 0xFF0000 };
 
 using CLines = std::vector<std::string>;
 
@@ -62,12 +60,9 @@ public:
     // Colours in rows from the top, whatever mapping and clip are set.
     std::vector<COLORREF> Colours() const
     {
-        BITMAPINFO info{};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = m_nWidth;
-        info.bmiHeader.biHeight = -m_nHeight;
-        info.bmiHeader.biPlanes = 1;
-        info.bmiHeader.biBitCount = 32;
+        BITMAPINFO info{
+            { sizeof info.bmiHeader, m_nWidth, -m_nHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0 }, {}
+        };
         std::vector<COLORREF> colours(static_cast<std::size_t>(m_nWidth * m_nHeight));
         GetDIBits(m_hDC, m_hBitmap, 0, static_cast<UINT>(m_nHeight), colours.data(), &info,
                   DIB_RGB_COLORS);
@@ -106,12 +101,8 @@ public:
 
     static char Sign(COLORREF colour)
     {
-        for (const auto& [cSign, crSign] : SIGNS)
-        {
-            if (crSign == colour)
-                return cSign;
-        }
-        return '?';
+        const COLORREF* pFound = std::ranges::find(SIGN_COLOURS, colour);
+        return pFound != std::end(SIGN_COLOURS) ? SIGNS[pFound - SIGN_COLOURS] : '?';
     }
 
 private:
@@ -128,12 +119,7 @@ inline void SetSigns(HDC hDC, const CLines& lines)
     for (std::size_t y = 0; y < lines.size(); ++y)
     {
         for (std::size_t x = 0; x < lines[y].size(); ++x)
-        {
-            for (const auto& [cSign, crSign] : SIGNS)
-            {
-                if (cSign == lines[y][x])
-                    SetPixel(hDC, static_cast<int>(x), static_cast<int>(y), crSign);
-            }
-        }
+            SetPixel(hDC, static_cast<int>(x), static_cast<int>(y),
+                     SIGN_COLOURS[SIGNS.find(lines[y][x])]);
     }
 }

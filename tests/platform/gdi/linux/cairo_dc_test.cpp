@@ -9,7 +9,9 @@
 #include <cairo-svg.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <tuple>
 
 namespace
 {
@@ -67,85 +69,73 @@ void DrawShapes(CDC& dc)
     dc.FillSolidRect(CRect(0, 0, 16, 16), 0);
 }
 
-TEST(CairoDC, DrawsShapesAsOnABitmap)
-{
-    CMemoryPicture picture(s_nSizePixels, s_nSizePixels);
-    DrawShapes(*CDC::FromHandle(picture));
-    CHost host;
-    // What a host has set besides plays no part.
-    cairo_set_operator(host, CAIRO_OPERATOR_DEST_OVER);
-    cairo_set_antialias(host, CAIRO_ANTIALIAS_BEST);
-    cairo_set_line_width(host, 7);
-    cairo_set_line_cap(host, CAIRO_LINE_CAP_SQUARE);
-    cairo_set_fill_rule(host, CAIRO_FILL_RULE_EVEN_ODD);
-    constexpr double fDash = 2;
-    cairo_set_dash(host, &fDash, 1, 0);
-    cairo_rectangle(host, 0, 0, 16, 16);
-    {
-        CCairoDC dc(host);
-        DrawShapes(dc);
-    }
-    EXPECT_EQ(host.Lines(), picture.Lines());
-}
-
 // The host's text is drawn by cairo at once, that of a bitmap from kept pictures of glyphs. Glyphs
 // that overlap are left out here: cairo adds them up before it blends them.
-TEST(CairoDC, DrawsTextAsOnABitmap)
+TEST(CairoDC, DrawsAsOnABitmap)
 {
-    const struct
-    {
-        LOGFONTA font;
-        const char* pszText;
-    } aCases[] = {
-        { FontOf("Times New Roman", -12, 0, 400, true), "ax" },
-        { FontOf("Arial", -11, 0, 700), "a\xE4" },
-        { FontOf("Symbol", -14, 0, 700), "\xE5 " },
-        { FontOf("Symbol", -11, 3), "(\xD6" },
-        { FontOf("MT Extra", -12), "hb" },
-    };
     constexpr int nSide = 48;
-    for (const auto& c : aCases)
+    std::vector<std::function<void(CDC&)>> drawings{ DrawShapes };
+    for (const auto& row : {
+             std::pair(FontOf("Times New Roman", -12, 0, 400, true), "ax"),
+             std::pair(FontOf("Arial", -11, 0, 700), "a\xE4"),
+             std::pair(FontOf("Symbol", -14, 0, 700), "\xE5 "),
+             std::pair(FontOf("Symbol", -11, 3), "(\xD6"),
+             std::pair(FontOf("MT Extra", -12), "hb"),
+         })
     {
-        const auto draw = [&c](CDC& dc)
-        {
-            dc.FillSolidRect(CRect(0, 0, 20, nSide), RGB(200, 30, 90));
-            dc.SetBkMode(TRANSPARENT);
-            dc.SetTextColor(RGB(10, 200, 120));
-            CUseFont font(dc, c.font);
-            dc.ExtTextOut(10, 5, 0, nullptr, c.pszText, 2, nullptr);
-        };
+        drawings.push_back(
+            [row](CDC& dc)
+            {
+                dc.FillSolidRect(CRect(0, 0, 20, nSide), RGB(200, 30, 90));
+                dc.SetBkMode(TRANSPARENT);
+                dc.SetTextColor(RGB(10, 200, 120));
+                CUseFont font(dc, row.first);
+                dc.ExtTextOut(10, 5, 0, nullptr, row.second, 2, nullptr);
+            });
+    }
+    for (const auto& draw : drawings)
+    {
         CMemoryPicture picture(nSide, nSide);
         draw(*CDC::FromHandle(picture));
         CHost host(nSide);
+        // What a host has set besides plays no part.
+        cairo_set_operator(host, CAIRO_OPERATOR_DEST_OVER);
+        cairo_set_antialias(host, CAIRO_ANTIALIAS_BEST);
+        cairo_set_line_width(host, 7);
+        cairo_set_line_cap(host, CAIRO_LINE_CAP_SQUARE);
+        cairo_set_fill_rule(host, CAIRO_FILL_RULE_EVEN_ODD);
+        constexpr double fDash = 2;
+        cairo_set_dash(host, &fDash, 1, 0);
+        cairo_rectangle(host, 0, 0, 16, 16);
         CCairoDC dc(host);
         draw(dc);
-        EXPECT_EQ(host.Colours(), picture.Colours()) << c.font.lfFaceName;
+        EXPECT_EQ(host.Lines(), picture.Lines());
+        EXPECT_TRUE(host.Colours() == picture.Colours()) << &draw - drawings.data();
     }
 }
 
 TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
 {
-    CHost host;
-    CCairoDC dc(host, 200, 150);
-    const std::pair<int, int> aCaps[] = {
-        { LOGPIXELSX, 200 }, { LOGPIXELSY, 150 }, { HORZRES, s_nSizePixels },
-        { HORZSIZE, 2 },  // 16 / 200 of 25.4 mm
-        { VERTSIZE, 3 },
+    const std::tuple<int, int, int, int> aCases[] = {
+        { 200, 150, LOGPIXELSX, 200 },
+        { 200, 150, LOGPIXELSY, 150 },
+        { 200, 150, HORZRES, s_nSizePixels },
+        { 200, 150, HORZSIZE, 2 },  // 16 / 200 of 25.4 mm
+        { 200, 150, VERTSIZE, 3 },
+        { 1, 1, LOGPIXELSX, 1 },
+        { 1, 1, LOGPIXELSY, 1 },
+        { 0, -3, LOGPIXELSX, 96 },
+        { 0, -3, LOGPIXELSY, 96 },
     };
-    for (const auto& [nIndex, nValue] : aCaps)
-        EXPECT_EQ(dc.GetDeviceCaps(nIndex), nValue) << nIndex;
+    CHost host;
+    for (const auto& [nDpiX, nDpiY, nIndex, nValue] : aCases)
+        EXPECT_EQ(CCairoDC(host, nDpiX, nDpiY).GetDeviceCaps(nIndex), nValue) << nIndex;
+    CCairoDC dc(host, 200, 150);
     LOGFONTA font = FontOf("Times New Roman", 720);
     CFont big;
     ASSERT_TRUE(big.CreatePointFontIndirect(&font, &dc));
-    LOGFONTA made{};
-    big.GetLogFont(&made);
-    EXPECT_EQ(made.lfHeight, -150);
-    const CCairoDC least(host, 1, 1);
-    EXPECT_EQ(least.GetDeviceCaps(LOGPIXELSX), 1);
-    EXPECT_EQ(least.GetDeviceCaps(LOGPIXELSY), 1);
-    CCairoDC plain(host, 0, -3);
-    EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSX), 96);
-    EXPECT_EQ(plain.GetDeviceCaps(LOGPIXELSY), 96);
+    big.GetLogFont(&font);
+    EXPECT_EQ(font.lfHeight, -150);
 }
 
 TEST(CairoDC, LeavesTheStateOfTheHostAlone)
@@ -157,6 +147,17 @@ TEST(CairoDC, LeavesTheStateOfTheHostAlone)
     cairo_set_operator(pCairo, CAIRO_OPERATOR_ADD);
     cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_BEST);
     cairo_rectangle(pCairo, 1, 2, 3, 4);
+    const auto state = [pCairo]
+    {
+        double fBlue = 0, fOther = 0, x1 = 0, y1 = 0, x2 = 0, y2 = 0, fClip = 0;
+        cairo_pattern_get_rgba(cairo_get_source(pCairo), &fOther, &fOther, &fBlue, &fOther);
+        cairo_path_extents(pCairo, &x1, &y1, &x2, &y2);
+        cairo_clip_extents(pCairo, &fOther, &fOther, &fClip, &fOther);
+        return std::tuple(cairo_get_line_width(pCairo), cairo_get_operator(pCairo),
+                          cairo_get_antialias(pCairo), fBlue, x1, y1, x2, y2, fClip,
+                          cairo_status(pCairo));
+    };
+    const auto before = state();
     {
         CCairoDC dc(pCairo);
         DrawShapes(dc);
@@ -165,19 +166,7 @@ TEST(CairoDC, LeavesTheStateOfTheHostAlone)
         CMemoryPicture picture(3, 3);
         dc.BitBlt(0, 0, 3, 3, CDC::FromHandle(picture), 0, 0, SRCCOPY);
     }
-    EXPECT_EQ(cairo_get_line_width(pCairo), 3);
-    EXPECT_EQ(cairo_get_operator(pCairo), CAIRO_OPERATOR_ADD);
-    EXPECT_EQ(cairo_get_antialias(pCairo), CAIRO_ANTIALIAS_BEST);
-    double red = 0, green = 0, blue = 0, alpha = 0;
-    cairo_pattern_get_rgba(cairo_get_source(pCairo), &red, &green, &blue, &alpha);
-    EXPECT_EQ(blue, 1);
-    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-    cairo_path_extents(pCairo, &x1, &y1, &x2, &y2);
-    EXPECT_EQ(x2, 4);
-    EXPECT_EQ(y2, 6);
-    cairo_clip_extents(pCairo, &x1, &y1, &x2, &y2);
-    EXPECT_EQ(x2, s_nSizePixels);
-    EXPECT_EQ(cairo_status(pCairo), CAIRO_STATUS_SUCCESS);
+    EXPECT_EQ(state(), before);
 }
 
 TEST(CairoDC, FollowsTheMatrixOfTheHost)
@@ -252,27 +241,24 @@ cairo_status_t Append(void* pText, const unsigned char* pData, unsigned nLength)
     return CAIRO_STATUS_SUCCESS;
 }
 
-void DrawForVector(cairo_t* pCairo)
-{
-    CCairoDC dc(pCairo, 72, 72);
-    dc.SetBkMode(TRANSPARENT);
-    CUseFont font(dc, FontOf("Times New Roman", -12));
-    dc.ExtTextOut(10, 10, 0, nullptr, "ab", 2, nullptr);
-    dc.MoveTo(10, 40);
-    dc.LineTo(30, 55);
-    CBrush hatch(HS_BDIAGONAL, 0xFF0000);
-    const CSelectScope brush(&dc, &hatch);
-    dc.Rectangle(40, 40, 60, 60);
-}
-
 using CMakeSurface = cairo_surface_t* (*)(cairo_write_func_t, void*, double, double);
 
 std::string DrawOn(CMakeSurface make)
 {
     std::string strBytes;
-    CSurfacePtr pSurface(make(Append, &strBytes, 100, 100));
-    CCairoPtr pCairo(cairo_create(pSurface.get()));
-    DrawForVector(pCairo.get());
+    const CSurfacePtr pSurface(make(Append, &strBytes, 100, 100));
+    const CCairoPtr pCairo(cairo_create(pSurface.get()));
+    CCairoDC dc(pCairo.get(), 72, 72);
+    dc.SetBkMode(TRANSPARENT);
+    {
+        CUseFont font(dc, FontOf("Times New Roman", -12));
+        dc.ExtTextOut(10, 10, 0, nullptr, "ab", 2, nullptr);
+    }
+    dc.MoveTo(10, 40);
+    dc.LineTo(30, 55);
+    CBrush hatch(HS_BDIAGONAL, 0xFF0000);
+    const CSelectScope brush(&dc, &hatch);
+    dc.Rectangle(40, 40, 60, 60);
     cairo_surface_finish(pSurface.get());
     return strBytes;
 }

@@ -2,15 +2,17 @@
 #include "platform/gdi/linux/fonts/font_files.h"
 #include "platform/gdi/dc.h"
 #include "platform/gdi/linux/fonts/font_cache.h"
+#include "platform/gdi/linux/fonts/font_face.h"
 #include "platform/gdi/test_fonts.h"
 
+#include "native/build_machine.h"
+#include "test_folder.h"
+
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace
 {
@@ -32,13 +34,47 @@ TEST(FontFiles, TheCharacterSetPlaysNoPart)
     EXPECT_EQ(Extent(font, "Hamburg \xE4\x80"), extent);
 }
 
-TEST(FontFiles, ThousandsOfSizesDoNotFillTheMemory)
+TEST(FontFiles, OtherNamesOfAFaceAreTheSameWhateverThePitch)
 {
+    const std::pair<const char*, std::vector<const char*>> aFaces[] = {
+        { "Times New Roman", { "Times", "Liberation Serif" } },
+        { "Arial", { "Helvetica", "Liberation Sans", "System", "MS Sans Serif", "MS Shell Dlg" } },
+        { "Courier New", { "Courier", "Liberation Mono", "Terminal", "Fixedsys" } },
+    };
+    for (const auto& [pszFace, others] : aFaces)
+    {
+        for (const char* pszOther : others)
+        {
+            for (const BYTE nPitch : { FIXED_PITCH, FF_ROMAN })
+            {
+                LOGFONTA font = FontOf(pszOther, -10);
+                font.lfPitchAndFamily = nPitch;
+                EXPECT_EQ(FindFontFace(font), FindFontFace(FontOf(pszFace, -10))) << pszOther;
+            }
+        }
+    }
+}
+
+TEST(FontFiles, TheSystemIsAskedByItsOwnRules)
+{
+    EXPECT_TRUE(FindSystemFont("URW Gothic", true, false).value().m_bBold);  // its "Demi"
+    EXPECT_EQ(FindAnySystemFont("Arial", true, true).value().m_strFile,
+              FindSystemFont("Liberation Sans", true, true).value().m_strFile);
+}
+
+TEST(FontFiles, ThousandsOfSizesChangeNothingAndDoNotFillTheMemory)
+{
+    const CSize before = Extent(FontOf("Symbol", -30), "\xD6\xE5");
+    CClientDC dc(nullptr);
+    const CUseFont held(dc, FontOf("Arial", -33));
+    const CSize heldBefore = dc.GetOutputTextExtent("held");
     for (int nSize = 1; nSize <= 5000; ++nSize)
     {
         Extent(FontOf("Times", -nSize, nSize % 7), "x");
         ASSERT_LE(CFontCache::Count(), CFontCache::FONT_LIMIT);
     }
+    EXPECT_EQ(dc.GetOutputTextExtent("held"), heldBefore);
+    EXPECT_EQ(Extent(FontOf("Symbol", -30), "\xD6\xE5"), before);
 }
 
 TEST(FontFiles, TheListNamesTheFilesBesideTheLibrary)
@@ -72,25 +108,17 @@ TEST(FontFiles, WithoutAnyFontTextStillHasASize)
 {
     if (std::getenv(s_szWithoutFonts) != nullptr)
         return ExpectSizesWithoutFonts();
-    namespace fs = std::filesystem;
-    fs::path folder = fs::temp_directory_path() / ("mivora-no-fonts-" + std::to_string(getpid()));
-    fs::create_directories(folder / "deep");
-    std::ofstream(folder / "fonts.conf")
-        << "<fontconfig><cachedir>" << folder.string() << "</cachedir></fontconfig>";
-    fs::copy_file("/proc/self/exe", folder / "deep" / "program");
-    std::string strCommand =
-        std::string(s_szWithoutFonts) + "=1 FONTCONFIG_FILE=" + (folder / "fonts.conf").string() +
-        ' ' + (folder / "deep" / "program").string() + " --gtest_filter=*WithoutAnyFont* >" +
-        (folder / "out").string() + " 2>" + (folder / "err").string();
-    int nStatus = std::system(strCommand.c_str());
-    std::stringstream out, err;
-    out << std::ifstream(folder / "out").rdbuf();
-    err << std::ifstream(folder / "err").rdbuf();
-    EXPECT_EQ(nStatus, 0) << out.str() << err.str();
-    EXPECT_NE(out.str().find("1 test"), std::string::npos) << out.str();
-    std::string strTold = err.str();
-    std::size_t nFirst = strTold.find("\"Symbol\"");
-    EXPECT_NE(nFirst, std::string::npos) << strTold;
-    EXPECT_EQ(strTold.find("\"Symbol\"", nFirst + 1), std::string::npos) << "told twice";
-    fs::remove_all(folder);
+    const CTestFolder folder;
+    std::filesystem::create_directory(folder.File("deep"));
+    std::filesystem::copy_file("/proc/self/exe", folder.File("deep/program"));
+    std::ofstream(folder.File("fonts.conf"))
+        << "<fontconfig><cachedir>" << folder.Path().string() << "</cachedir></fontconfig>";
+    const CCommandResult result = RunCommand(
+        std::string(s_szWithoutFonts) + "=1 FONTCONFIG_FILE=" + folder.File("fonts.conf") + ' ' +
+        folder.File("deep/program") + " --gtest_filter=*WithoutAnyFont*");
+    const std::string& strTold = result.m_strOutput;
+    EXPECT_EQ(result.m_nStatus, 0) << strTold;
+    EXPECT_NE(strTold.find("1 test"), strTold.npos) << strTold;
+    EXPECT_NE(strTold.find("\"Symbol\""), strTold.npos) << strTold;
+    EXPECT_EQ(strTold.find("\"Symbol\""), strTold.rfind("\"Symbol\"")) << "told twice";
 }

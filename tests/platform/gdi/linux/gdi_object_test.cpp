@@ -1,6 +1,4 @@
-// What objects tell of themselves inside of the drawing layer.
-#include "platform/gdi/linux/context/gdi_object.h"
-
+// What objects and contexts answer where each system has its own way.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/memory_picture.h"
 #include "platform/gdi/test_fonts.h"
@@ -11,51 +9,9 @@
 #include <string>
 #include <tuple>
 #include <utility>
-#include <vector>
-
-namespace
-{
-
-struct CDeletions : CObjectListener
-{
-    void ObjectDeleted(const CHandleObject& object) override { m_deleted.push_back(&object); }
-    std::vector<const CHandleObject*> m_deleted;
-};
-
-}  // namespace
-
-TEST(HandleObjects, RecordersHearOfDeletions)
-{
-    CDeletions deletions;
-    HBRUSH hWindow = GetSysColorBrush(COLOR_WINDOW);
-    EXPECT_TRUE(DeleteObject(hWindow));
-    EXPECT_EQ(deletions.m_deleted, std::vector<const CHandleObject*>{ ObjectFromHandle(hWindow) });
-}
 
 // The interface promises nothing for what is deleted while it is selected. Here it serves on.
-TEST(HandleObjects, ADeletedOneServesUntilItIsNoLongerSelected)
-{
-    CClientDC dc(nullptr);
-    HDC hDC = dc;
-    LOGFONTA lf = FontOf("Arial", -50);
-    HFONT hFont = CreateFontIndirectA(&lf);
-    HGDIOBJ hOld = SelectObject(hDC, hFont);
-    int nSaved = SaveDC(hDC);
-    SelectObject(hDC, hOld);
-    EXPECT_TRUE(DeleteObject(hFont));
-    EXPECT_EQ(GetObjectType(hFont), OBJ_FONT) << "the saved state holds it";
-    EXPECT_TRUE(RestoreDC(hDC, nSaved));
-    SIZE size{};
-    GetTextExtentPoint32A(hDC, "x", 1, &size);
-    EXPECT_EQ(size.cy, 56);  // 45 + 11
-    EXPECT_EQ(SelectObject(hDC, hOld), hFont);
-    EXPECT_EQ(GetObjectType(hFont), 0u);
-    EXPECT_FALSE(DeleteObject(hFont));
-    EXPECT_EQ(SelectObject(hDC, hFont), nullptr);
-    EXPECT_EQ(GetObjectA(hFont, sizeof lf, &lf), 0);
-}
-
-TEST(HandleObjects, SavedStatesAndContextsThatAreDroppedLetGo)
+TEST(HandleObjects, ADeletedOneServesUntilNothingHoldsIt)
 {
     constexpr HGDIOBJ (*apfnMake[])() = {
         []() -> HGDIOBJ
@@ -66,41 +22,42 @@ TEST(HandleObjects, SavedStatesAndContextsThatAreDroppedLetGo)
         []() -> HGDIOBJ { return CreatePen(PS_SOLID, 1, 1); },
         []() -> HGDIOBJ { return CreateSolidBrush(1); },
     };
+    enum
+    {
+        oneByOne,
+        byRestoring,
+        byDeletingTheContext
+    };
     for (const auto pfnMake : apfnMake)
     {
-        CDC dc;
-        ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-        const HGDIOBJ hSaved = pfnMake();
-        const UINT nType = GetObjectType(hSaved);
-        dc.SaveDC();
-        const HGDIOBJ hOld = SelectObject(dc, hSaved);
-        dc.SaveDC();
-        SelectObject(dc, hOld);
-        DeleteObject(hSaved);
-        EXPECT_EQ(GetObjectType(hSaved), nType);
-        dc.RestoreDC(1);
-        EXPECT_EQ(GetObjectType(hSaved), 0u);
-
-        dc.SaveDC();
-        const HGDIOBJ hNow = pfnMake();
-        SelectObject(dc, hNow);
-        DeleteObject(hNow);
-        EXPECT_EQ(GetObjectType(hNow), nType);
-        dc.RestoreDC(-1);
-        EXPECT_EQ(GetObjectType(hNow), 0u);
-
-        const HGDIOBJ hBelow = pfnMake();
-        const HGDIOBJ hLast = pfnMake();
-        SelectObject(dc, hBelow);
-        dc.SaveDC();
-        SelectObject(dc, hLast);
-        DeleteObject(hBelow);
-        DeleteObject(hLast);
-        EXPECT_EQ(GetObjectType(hBelow), nType);
-        EXPECT_EQ(GetObjectType(hLast), nType);
-        dc.DeleteDC();
-        EXPECT_EQ(GetObjectType(hBelow), 0u);
-        EXPECT_EQ(GetObjectType(hLast), 0u);
+        for (const int nWay : { oneByOne, byRestoring, byDeletingTheContext })
+        {
+            CDC dc;
+            ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+            const HGDIOBJ hSaved = pfnMake(), hNow = pfnMake();
+            const UINT nType = GetObjectType(hSaved);
+            dc.SaveDC();
+            const HGDIOBJ hOld = SelectObject(dc, hSaved);
+            dc.SaveDC();
+            SelectObject(dc, hNow);
+            EXPECT_TRUE(DeleteObject(hSaved) && DeleteObject(hNow));
+            EXPECT_EQ(GetObjectType(hSaved), nType) << "the saved state holds it";
+            EXPECT_EQ(GetObjectType(hNow), nType);
+            if (nWay == byDeletingTheContext)
+                dc.DeleteDC();
+            else
+                dc.RestoreDC(nWay == byRestoring ? 1 : -1);
+            EXPECT_EQ(GetObjectType(hNow), 0u);
+            if (nWay == oneByOne)
+            {
+                EXPECT_EQ(nType == OBJ_FONT, dc.GetTextExtent("x", 1).cy == 56);  // 45 + 11
+                EXPECT_EQ(SelectObject(dc, hOld), hSaved);
+                EXPECT_EQ(SelectObject(dc, hSaved), nullptr);
+            }
+            EXPECT_EQ(GetObjectType(hSaved), 0u);
+            EXPECT_FALSE(DeleteObject(hSaved));
+            EXPECT_EQ(GetObjectA(hSaved, 0, nullptr), 0);
+        }
     }
 }
 
@@ -121,39 +78,31 @@ TEST(HandleObjects, ContextsThatGoLetTheirBitmapGo)
 
 TEST(HandleObjects, StockObjectsAreTheSystems)
 {
-    const auto describe = [](int nIndex, auto& description)
+    const auto describe = [](int nIndex, auto description)
     {
         const int nSize = static_cast<int>(sizeof description);
         EXPECT_EQ(GetObjectA(GetStockObject(nIndex), nSize, &description), nSize) << nIndex;
+        return description;
     };
     for (const auto& [nIndex, nStyle] : { std::pair(BLACK_PEN, PS_SOLID), { NULL_PEN, PS_NULL } })
     {
-        LOGPEN pen{ 99, { 99, 99 }, 99 };
-        describe(nIndex, pen);
-        EXPECT_EQ(pen.lopnStyle, static_cast<UINT>(nStyle));
-        EXPECT_EQ(CPoint(pen.lopnWidth), CPoint(0, 0));
-        EXPECT_EQ(pen.lopnColor, 0u);
+        const LOGPEN pen = describe(nIndex, LOGPEN{ 99, { 99, 99 }, 99 });
+        EXPECT_EQ(std::tuple(pen.lopnStyle, CPoint(pen.lopnWidth), pen.lopnColor),
+                  std::tuple(static_cast<UINT>(nStyle), CPoint(0, 0), 0u));
     }
-    const std::tuple<int, int, COLORREF> aBrushes[] = {
-        { WHITE_BRUSH, BS_SOLID, 0xFFFFFF },
-        { BLACK_BRUSH, BS_SOLID, 0 },
-        { NULL_BRUSH, BS_NULL, 0 },
-    };
+    const std::tuple<int, UINT, COLORREF> aBrushes[] = { { WHITE_BRUSH, BS_SOLID, 0xFFFFFF },
+                                                         { BLACK_BRUSH, BS_SOLID, 0 },
+                                                         { NULL_BRUSH, BS_NULL, 0 } };
     for (const auto& [nIndex, nStyle, nColour] : aBrushes)
     {
-        LOGBRUSH brush{ 99, 99, 99 };
-        describe(nIndex, brush);
-        EXPECT_EQ(brush.lbStyle, static_cast<UINT>(nStyle));
-        EXPECT_EQ(brush.lbColor, nColour);
-        EXPECT_EQ(brush.lbHatch, 0u);
+        const LOGBRUSH brush = describe(nIndex, LOGBRUSH{ 99, 99, 99 });
+        EXPECT_EQ(std::tuple(brush.lbStyle, brush.lbColor, brush.lbHatch),
+                  std::tuple(nStyle, nColour, 0u));
     }
-    LOGFONTA font{};
-    describe(SYSTEM_FONT, font);
+    const LOGFONTA font = describe(SYSTEM_FONT, LOGFONTA{});
     EXPECT_EQ(std::tuple(font.lfHeight, font.lfWeight, std::string(font.lfFaceName)),
               std::tuple(16, FW_BOLD, "System"));
-    WORD nEntries = 0;
-    describe(DEFAULT_PALETTE, nEntries);
-    EXPECT_EQ(nEntries, 2);
+    EXPECT_EQ(describe(DEFAULT_PALETTE, WORD{ 0 }), 2);
 }
 
 TEST(HandleObjects, FillingKeepsABrushThatWasDeletedWhileSelected)
@@ -194,7 +143,6 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
 #name, [](HDC h) -> std::int64_t {             \
         return name(h __VA_OPT__(, ) __VA_ARGS__); \
     }
-    // clang-format off
     static constexpr CCall s_aCalls[] = {
         { CALL(GetDeviceCaps, PLANES), 1, 0 },
         { CALL(GetDeviceCaps, 9999), 0, 0 },
@@ -228,6 +176,8 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
         { CALL(FillRect, &s_rect, nullptr), 0, 0 },
         { CALL(FillRect, nullptr, GetSysColorBrush(COLOR_WINDOW)), 0, 0 },
         { CALL(FillRect, &s_rect, GetSysColorBrush(COLOR_WINDOW)), 1, 0 },
+        { CALL(FillRect, &s_rect, reinterpret_cast<HBRUSH>(INT_PTR{ COLOR_BTNTEXT + 1 })), 1, 0 },
+        { CALL(GetPixel, 0, 0), 0, CLR_INVALID },
         { CALL(SetPixel, 0, 0, 3), 3, CLR_INVALID },
         { CALL(GetPixel, 0, 0), 3, CLR_INVALID },
         { CALL(IntersectClipRect, 0, 0, 1, 1), SIMPLEREGION, ERROR_REGION },
@@ -237,7 +187,6 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
         { CALL(RestoreDC, -1), FALSE, FALSE },
         { CALL(GetBkMode), OPAQUE, 0 },
     };
-    // clang-format on
 #undef CALL
     const CMemoryPicture picture(4, 4);
     for (const CCall& call : s_aCalls)
@@ -255,4 +204,26 @@ TEST(DeviceContextFunctions, AnswerWithTheOldValueOrWhetherAllWentWell)
     EXPECT_EQ(SelectObject(picture, nullptr), nullptr);
     EXPECT_FALSE(DeleteDC(nullptr));
     EXPECT_FALSE(DeleteObject(nullptr));
+}
+
+TEST(MappingLimits, ExtremeNumbersEndAtTheLimits)
+{
+    CClientDC dc(nullptr);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(1, -1);
+    dc.SetViewportExt(INT32_MAX, INT32_MAX);
+    CPoint point(INT32_MAX, INT32_MAX);
+    ::LPtoDP(dc, &point, 1);
+    EXPECT_EQ(point, CPoint(INT32_MAX, INT32_MIN));
+}
+
+// Twice as wide as high: each axis has a factor of its own. "x" of the system font is measured.
+TEST(MappingLimits, HeightsGoByTheVerticalFactor)
+{
+    CClientDC dc(nullptr);
+    const CSize plain = dc.GetTextExtent("xx", 2);
+    dc.SetMapMode(MM_ANISOTROPIC);
+    dc.SetWindowExt(1, 1);
+    dc.SetViewportExt(2, 1);
+    EXPECT_EQ(dc.GetTextExtent("xx", 2), CSize(plain.cx / 2, plain.cy));
 }
