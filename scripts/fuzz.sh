@@ -15,6 +15,9 @@ scripts/deps.sh build test fuzz
 cmake --preset linux-fuzz >/dev/null
 cmake --build --preset linux-fuzz --target "${targets[@]/%/_fuzz}"
 
+# The file that an input is written to stays in memory.
+[ ! -w /dev/shm ] || export TMPDIR=/dev/shm
+
 build=build/linux-fuzz
 for target in "${targets[@]}"; do
     kept=fuzz/corpus/$target
