@@ -6,8 +6,8 @@
 // is there instead. Places are pixels inside the window of the class CLASS.
 //
 //   type TEXT               characters, whatever the keyboard's layout
-//   key [ctrl+][shift+][alt+]NAME ...
-//   move CLASS X Y          also: click, double, right, press, release
+//   key [Ctrl-][Shift-][Alt-]NAME ...
+//   click CLASS X Y         also: double
 //   await ID TEXT           until a child of the main window has this text
 //   title TEXT              until the main window has it
 //   focus CLASS             until a window of this class has the focus
@@ -17,10 +17,8 @@
 #include "platform/win/real_input.h"
 
 #include <algorithm>
-#include <cctype>
 #include <functional>
 #include <iostream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -133,57 +131,8 @@ std::string See(const std::string& strCommand, int nID)
 
 // ---- The hand
 
-void Type(const std::string& strText)
-{
-    for (const char c : strText)
-    {
-        for (const bool bDown : { true, false })
-            SendKey(0, bDown, static_cast<BYTE>(c), KEYEVENTF_UNICODE);
-    }
-}
-
-// A letter's or digit's own code is that of its key.
-WORD KeyOf(const std::string& strName)
-{
-    static const std::map<std::string, WORD> s_keys = {
-        { "ctrl", VK_CONTROL },  { "shift", VK_SHIFT },   { "alt", VK_MENU },
-        { "enter", VK_RETURN },  { "tab", VK_TAB },       { "escape", VK_ESCAPE },
-        { "space", VK_SPACE },   { "left", VK_LEFT },     { "right", VK_RIGHT },
-        { "up", VK_UP },         { "down", VK_DOWN },     { "home", VK_HOME },
-        { "end", VK_END },       { "delete", VK_DELETE }, { "back", VK_BACK },
-        { "insert", VK_INSERT }, { "f1", VK_F1 },         { "f4", VK_F4 },
-    };
-    const auto found = s_keys.find(strName);
-    return found != s_keys.end() ? found->second
-                                 : static_cast<WORD>(std::toupper(static_cast<BYTE>(strName[0])));
-}
-
-void Press(const std::string& strKey)
-{
-    std::vector<WORD> held;
-    std::stringstream names(strKey);
-    for (std::string strName; std::getline(names, strName, '+');)
-        held.push_back(KeyOf(strName));
-    for (const WORD nKey : held)
-        SendKey(nKey, true);
-    std::ranges::reverse(held);
-    for (const WORD nKey : held)
-        SendKey(nKey, false);
-}
-
-// Buttons of the mouse, in the order in which they go down and up.
-const std::map<std::string, std::vector<DWORD>> s_gestures = {
-    { "move", {} },
-    { "press", { MOUSEEVENTF_LEFTDOWN } },
-    { "release", { MOUSEEVENTF_LEFTUP } },
-    { "click", { MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP } },
-    { "double",
-      { MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP } },
-    { "right", { MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP } },
-};
-
 // A click soon after another one would be a double click: the first waits until that is over.
-std::string Gesture(const std::vector<DWORD>& buttons, std::istream& words)
+std::string Click(int nTimes, std::istream& words)
 {
     std::string strClass;
     POINT point{};
@@ -193,16 +142,16 @@ std::string Gesture(const std::vector<DWORD>& buttons, std::istream& words)
         return "no: " + strClass;
     ClientToScreen(hWnd, &point);
     static DWORD s_nLast = 0;
-    if (!buttons.empty())
-    {
-        while (GetTickCount() - s_nLast <= GetDoubleClickTime())
-            Sleep(20);
-        s_nLast = GetTickCount();
-    }
+    while (GetTickCount() - s_nLast <= GetDoubleClickTime())
+        Sleep(20);
+    s_nLast = GetTickCount();
     constexpr DWORD nThere = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
     SendMouse(nThere, point);
-    for (const DWORD nButton : buttons)
-        SendMouse(nThere | nButton, point);
+    for (; nTimes > 0; --nTimes)
+    {
+        SendMouse(nThere | MOUSEEVENTF_LEFTDOWN, point);
+        SendMouse(nThere | MOUSEEVENTF_LEFTUP, point);
+    }
     return YES;
 }
 
@@ -213,27 +162,26 @@ std::string Obey(const std::string& strLine)
     std::stringstream words(strLine);
     std::string strCommand;
     words >> strCommand;
-    const auto gesture = s_gestures.find(strCommand);
-    if (gesture != s_gestures.end())
-        return Gesture(gesture->second, words);
+    if (strCommand == "click" || strCommand == "double")
+        return Click(strCommand == "click" ? 1 : 2, words);
     int nID = 0;
     if (strCommand == "await")
         words >> nID;
-    words.get();  // the blank
     std::string strRest;
-    std::getline(words, strRest);
-    if (strCommand == "type")
+    if (strCommand == "key")
     {
-        Type(strRest);
+        while (words >> strRest)
+            PressKeys(strRest);
         return YES;
     }
-    if (strCommand != "key")
-    {
+    std::getline(words >> std::ws, strRest);
+    if (strCommand != "type")
         return Await(strRest, [&] { return See(strCommand, nID); });
+    for (const char c : strRest)
+    {
+        for (const bool bDown : { true, false })
+            SendKey(0, bDown, static_cast<BYTE>(c), KEYEVENTF_UNICODE);
     }
-    std::stringstream keys(strRest);
-    for (std::string strKey; keys >> strKey;)
-        Press(strKey);
     return YES;
 }
 

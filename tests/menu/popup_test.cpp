@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <gtest/gtest.h>
-#include <psapi.h>
 
 #include <algorithm>
 #include <functional>
@@ -18,6 +17,7 @@
 #include "platform/gdi/memory_picture.h"
 #include "platform/win/desk.h"
 #include "platform/win/dialog_template.h"
+#include "platform/win/holdings.h"
 #include "systems.h"
 
 namespace
@@ -70,7 +70,6 @@ protected:
     {
         ASSERT_TRUE(
             m_owner.Create(nullptr, "owner", WS_POPUP | WS_VISIBLE, CRect(100, 100, 500, 400)));
-        m_system = ReadMenuSystem();
         m_system.m_bWine = false;
         SetShadow(true);
         Fill(m_menu);
@@ -105,7 +104,7 @@ protected:
     void Open(const std::function<void(HWND)>& look) { Open(m_menu, look); }
 
     COwner m_owner;
-    CMenuSystem m_system;
+    CMenuSystem m_system = ReadMenuSystem();
     CNewMenu m_menu;
 };
 
@@ -269,7 +268,7 @@ TEST_F(MenuPopup, AShadowOfItsOwnDarkensTheScreen)
     SetShadow(false);
     CNewMenu::SetStyle(2);
     m_owner.UpdateWindow();
-    PumpUntil([] { return false; }, 200);  // until the screen has it
+    PumpFor(200);  // until the screen has it
     Open(
         [&](HWND hWnd)
         {
@@ -364,18 +363,13 @@ TEST_F(MenuPopup, SizesFollowTheStyle)
 {
     m_system.m_nMenuHeight = 19;
     SetMenuSystem(&m_system);
-    // The height of an icon of 15 and what the style adds.
-    for (const auto& [nStyle, nHeight] :
-         { std::pair(3U, 22), std::pair(7U, 24), std::pair(3U, 22) })
+    // With the same items; the height of an icon of 15 and what the style adds.
+    for (const DWORD nStyle : { 3, 7, 3 })
     {
         CNewMenu::SetStyle(nStyle);
-        Open(
-            [&, nStyle = nStyle, nHeight = nHeight](HWND)
-            {
-                CRect item;
-                ::GetMenuItemRect(nullptr, m_menu, 1, &item);
-                EXPECT_EQ(item.Height(), nHeight) << nStyle;
-            });
+        CRect item;
+        Open([&](HWND) { ::GetMenuItemRect(nullptr, m_menu, 1, &item); });
+        EXPECT_EQ(item.Height(), nStyle == 3 ? 22 : 24);
     }
 }
 
@@ -399,45 +393,32 @@ TEST_F(MenuPopup, WineGetsTheNextOddStyle)
 {
     SetMenuSystem(nullptr);
     EXPECT_EQ(GetMenuSystem().m_bWine, RunsOnWine());
-    CNewMenu::SetStyle(0);
+    DWORD nBefore = CNewMenu::GetStyle();
     for (DWORD nId = 0; nId < 12; ++nId)
     {
-        EXPECT_EQ(CNewMenu::SetStyle(nId), StyleInForce(nId == 0 ? 0 : nId - 1, RunsOnWine()));
-        EXPECT_EQ(g_pMenuTheme->m_nId, StyleInForce(nId, RunsOnWine()));
-        EXPECT_EQ(CNewMenu::GetStyle(), g_pMenuTheme->m_nId);
+        EXPECT_EQ(CNewMenu::SetStyle(nId), nBefore);
+        nBefore = StyleInForce(nId, RunsOnWine());
+        EXPECT_EQ(g_pMenuTheme->m_nId, nBefore);
+        EXPECT_EQ(CNewMenu::GetStyle(), nBefore);
     }
     CNewMenu::SetStyle(99);
     EXPECT_EQ(CNewMenu::GetStyle(), 11U);
 }
 
-SIZE_T MemoryInUse()
+TEST_F(MenuPopup, OpeningsLeaveNothingBehind)
 {
-    PROCESS_MEMORY_COUNTERS counters = {};
-    counters.cb = sizeof counters;
-    ::GetProcessMemoryInfo(::GetCurrentProcess(), &counters, sizeof counters);
-    return counters.PagefileUsage;
-}
-
-TEST_F(MenuPopup, AThousandOpeningsLeaveNothingBehind)
-{
-    const auto openOnce = [&](DWORD nStyle)
+    const auto openAll = [&]
     {
-        CNewMenu::SetStyle(nStyle);
-        CNewMenu menu;
-        Fill(menu);
-        menu.InsertTitle(0, L"Title", TITLE_GRADIENT);
-        Open(menu, [](HWND) {});
+        for (DWORD nStyle = 0; nStyle < 12; ++nStyle)
+        {
+            CNewMenu::SetStyle(nStyle);
+            CNewMenu menu;
+            Fill(menu);
+            menu.InsertTitle(0, L"Title", TITLE_GRADIENT);
+            Open(menu, [](HWND) {});
+        }
     };
-    for (DWORD n = 0; n < 48; ++n)
-        openOnce(n % 12);
-    const SGuiHandles before = SGuiHandles::Count();
-    const SIZE_T nMemory = MemoryInUse();
-    for (DWORD n = 0; n < 1000; ++n)
-        openOnce(n % 12);
-    const SGuiHandles after = SGuiHandles::Count();
-    EXPECT_LE(after.nUser, before.nUser + 2);
-    EXPECT_LE(after.nGdi, before.nGdi + 2);
-    EXPECT_LE(MemoryInUse(), nMemory + 256 * 1024);
+    ExpectNothingLeft(60, openAll);
 }
 
 // The control's own menu, from the resources.
@@ -489,10 +470,7 @@ TEST_F(MenuPopup, ABarIsDrawnByItsFrame)
 {
     CMenu bar;
     bar.CreateMenu();
-    CMenu popup;
-    popup.CreatePopupMenu();
-    popup.AppendMenu(MF_STRING, s_nFirst, "&First");
-    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "&File");
+    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(m_menu.DetachMenu()), "&File");
     m_system.m_bFlatBar = false;
     SetMenuSystem(&m_system);
     COwner frame;
