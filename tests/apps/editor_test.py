@@ -52,9 +52,9 @@ class Editor(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
 
     def start(self, *words):
-        self.hand = subprocess.Popen(
-            [OPTIONS.runner, OPTIONS.hand, windows_path(OPTIONS.editor), *words], text=True,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.editor = subprocess.Popen([OPTIONS.runner, OPTIONS.editor, *words])
+        self.hand = subprocess.Popen([OPTIONS.runner, OPTIONS.hand, TITLE], text=True,
+                                     stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.addCleanup(self.let_go)
         self.assertEqual(self.hand.stdout.readline().strip(), "ready")
 
@@ -62,6 +62,7 @@ class Editor(unittest.TestCase):
         self.hand.stdin.close()
         self.hand.wait(20)
         self.hand.stdout.close()
+        self.editor.wait(20)
 
     def do(self, script, **places):
         """Steps, and behind arrows what they lead to: the hand must be content with each."""
@@ -78,8 +79,8 @@ class Editor(unittest.TestCase):
                     key Enter -> dialog no""")
 
     def close(self):
-        self.do("""key Alt-F4
-                   gone 0""")
+        self.do("key Alt-F4")
+        self.assertEqual(self.editor.wait(20), 0)
 
     def check_file(self, name, text, tree):
         """The command line and the independent reader find the same in a stored formula."""

@@ -1,9 +1,9 @@
-// A hand on mouse and keyboard, and an eye on the windows of one program: hand.exe PROGRAM [WORD
-// ...]
+// A hand on mouse and keyboard, and an eye on the windows of one program: hand.exe TITLE
 //
-// Starts the program, says "ready" when its window is there, and obeys a line of standard input at
-// a time; each gets one line of answer. What waits gives up after ten seconds with "no: " and what
-// is there instead. Places are pixels inside the window of the class CLASS.
+// Says "ready" when there is a main window with this at the end of its title, and obeys a line of
+// standard input at a time; each gets one line of answer. What waits gives up after ten seconds
+// with "no: " and what is there instead. Places are pixels inside the window of the class CLASS.
+// At the end of the input the program ends as well.
 //
 //   type TEXT               characters, whatever the keyboard's layout
 //   key [Ctrl-][Shift-][Alt-]NAME ...
@@ -13,7 +13,6 @@
 //   focus CLASS             until a window of this class has the focus
 //   dialog yes|no           until another window stands before the main one, or none
 //   menu yes|no             until a popup menu is there, or none
-//   gone CODE               until the program has ended with this exit code
 #include "platform/win/real_input.h"
 
 #include <algorithm>
@@ -27,9 +26,8 @@ namespace
 {
 constexpr DWORD s_nPatience = 10000;  // milliseconds
 
-HANDLE s_hProcess = nullptr;
-DWORD s_nProcess = 0;
 HWND s_hMain = nullptr;
+DWORD s_nProcess = 0;
 
 const std::string YES = "yes";
 
@@ -86,16 +84,12 @@ DWORD ProcessOf(HWND hWnd)
     return nProcess;
 }
 
-bool IsTopOfProgram(HWND hWnd)
-{
-    return ProcessOf(hWnd) == s_nProcess && IsWindowVisible(hWnd);
-}
-
 std::string IsThere(const std::string& strTopClass)
 {
     const auto isIt = [&](HWND hWnd)
     {
-        return IsTopOfProgram(hWnd) && ClassOf(hWnd) == strTopClass;
+        return ProcessOf(hWnd) == s_nProcess && IsWindowVisible(hWnd) &&
+               ClassOf(hWnd) == strTopClass;
     };
     return Find(nullptr, isIt) != nullptr ? YES : "no";
 }
@@ -108,13 +102,6 @@ std::string FocusClass()
     return ClassOf(info.hwndFocus);
 }
 
-std::string ExitCode()
-{
-    DWORD nCode = 0;
-    GetExitCodeProcess(s_hProcess, &nCode);
-    return WaitForSingleObject(s_hProcess, 0) == WAIT_OBJECT_0 ? std::to_string(nCode) : "it runs";
-}
-
 // What the waiting commands look at; the identifier is that of "await".
 std::string See(const std::string& strCommand, int nID)
 {
@@ -124,8 +111,6 @@ std::string See(const std::string& strCommand, int nID)
         return TextOf(s_hMain);
     if (strCommand == "focus")
         return FocusClass();
-    if (strCommand == "gone")
-        return ExitCode();
     return IsThere(strCommand == "dialog" ? "#32770" : "#32768");
 }
 
@@ -185,41 +170,30 @@ std::string Obey(const std::string& strLine)
     return YES;
 }
 
-bool Start(std::string strCommand)
+// Its window is there and in front.
+std::string SeeProgram(const std::string& strTitle)
 {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessA(nullptr, strCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process))
-        return false;
-    s_hProcess = process.hProcess;
-    s_nProcess = process.dwProcessId;
-    const auto isMain = [](HWND hWnd)
+    const auto isMain = [&](HWND hWnd)
     {
-        return IsTopOfProgram(hWnd) && GetWindow(hWnd, GW_OWNER) == nullptr;
+        return IsWindowVisible(hWnd) && GetWindow(hWnd, GW_OWNER) == nullptr &&
+               TextOf(hWnd).ends_with(strTitle);
     };
-    const auto seeMain = [&]
-    {
-        s_hMain = Find(nullptr, isMain);
-        return s_hMain != nullptr && ProcessOf(GetForegroundWindow()) == s_nProcess ? YES : "no";
-    };
-    return Await(YES, seeMain) == YES;
+    s_hMain = Find(nullptr, isMain);
+    s_nProcess = ProcessOf(s_hMain);
+    return s_hMain != nullptr && ProcessOf(GetForegroundWindow()) == s_nProcess ? YES : "no window";
 }
 }  // namespace
 
-int main(int argc, char** argv)
+int main(int, char** argv)
 {
-    std::string strCommand;
-    for (int n = 1; n < argc; ++n)
-        strCommand += '"' + std::string(argv[n]) + "\" ";
-    std::cout << (Start(strCommand) ? "ready" : "no window") << std::endl;
+    const std::string strSeen = Await(YES, [&] { return SeeProgram(argv[1]); });
+    std::cout << (strSeen == YES ? "ready" : strSeen) << std::endl;
     for (std::string strLine; std::getline(std::cin, strLine);)
     {
         if (!strLine.empty() && strLine.back() == '\r')
             strLine.pop_back();
         std::cout << Obey(strLine) << std::endl;
     }
-    TerminateProcess(s_hProcess, 1);
+    TerminateProcess(OpenProcess(PROCESS_TERMINATE, FALSE, s_nProcess), 1);
     return 0;
 }

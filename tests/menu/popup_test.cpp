@@ -303,24 +303,12 @@ TEST_F(MenuPopup, CommandsComeToTheOwnerOrToItsStandIn)
 {
     const HWND hStatic = ::CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 100, 100, 300, 300,
                                          nullptr, nullptr, nullptr, nullptr);
-    static UINT s_nCommand;
-    s_nCommand = 0;
-    static const WNDPROC s_pfnOld = Procedure(hStatic);
-    const WNDPROC pfnNew = [](HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) -> LRESULT
-    {
-        if (nMessage == WM_COMMAND)
-            s_nCommand = LOWORD(wParam);
-        if (nMessage == WM_INITMENUPOPUP)
-        {
-            const HWND hActive = ::GetActiveWindow();
-            for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
-                ::PostMessageA(hActive != nullptr ? hActive : hWnd, WM_KEYDOWN, nKey, 0);
-        }
-        return ::CallWindowProcW(s_pfnOld, hWnd, nMessage, wParam, lParam);
-    };
-    ::SetWindowLongPtrW(hStatic, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnNew));
+    for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
+        ::PostMessageA(hStatic, WM_KEYDOWN, nKey, 0);
     EXPECT_TRUE(m_menu.TrackPopupMenu(0, 200, 200, CWnd::FromHandle(hStatic)));
-    EXPECT_TRUE(PumpUntil([] { return s_nCommand == s_nFirst; }, 2000));
+    MSG message = {};
+    EXPECT_TRUE(::PeekMessageA(&message, hStatic, WM_COMMAND, WM_COMMAND, PM_REMOVE));
+    EXPECT_EQ(message.wParam, s_nFirst);
     ::DestroyWindow(hStatic);
 }
 

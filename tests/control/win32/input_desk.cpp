@@ -132,20 +132,12 @@ CInputDialog::CInputDialog(CPoint place, const char* pszText, const char* pszSec
 
 BOOL CInputDialog::OnInitDialog()
 {
-    const struct
-    {
-        UINT nID;
-        CRect rect;
-    } aPlaces[] = {
-        { s_nIdText, { 10, 10, 110, 30 } },
-        { s_nIdFirst, { 10, 40, 230, 140 } },
-        { s_nIdSecond, { 240, 40, 460, 140 } },
-        { IDOK, { 120, 10, 180, 30 } },
-    };
     m_First.SubclassDlgItem(s_nIdFirst, this);
     m_Second.SubclassDlgItem(s_nIdSecond, this);
-    for (const auto& place : aPlaces)
-        GetDlgItem(static_cast<int>(place.nID))->MoveWindow(&place.rect);
+    GetDlgItem(s_nIdText)->MoveWindow(10, 10, 100, 20);
+    GetDlgItem(IDOK)->MoveWindow(120, 10, 60, 20);
+    m_First.MoveWindow(10, 40, 220, 100);
+    m_Second.MoveWindow(240, 40, 220, 100);
     return CDialog::OnInitDialog();
 }
 

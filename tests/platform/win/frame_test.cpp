@@ -71,7 +71,6 @@ class CTestFrame : public CFrameWnd
 public:
     CTestView m_view;
     CWnd m_status;
-    UINT m_nKey = VK_RETURN;  // for a menu that opens
 
 private:
     int OnCreate(LPCREATESTRUCTA)
@@ -94,18 +93,11 @@ private:
         pCmdUI->SetText("other text");
     }
     void OnUpdateStatus(CCmdUI* pCmdUI) { pCmdUI->SetText("idle"); }
-    void OnInitMenuPopup(CMenu* pPopup, UINT nIndex, BOOL bSystem)
-    {
-        CFrameWnd::OnInitMenuPopup(pPopup, nIndex, bSystem);
-        PostMessage(WM_KEYDOWN, VK_DOWN);
-        PostMessage(WM_KEYDOWN, m_nKey);
-    }
     LRESULT OnThrow(WPARAM, LPARAM) { AfxThrowNotSupportedException(); }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
 ON_WM_CREATE()
-ON_WM_INITMENUPOPUP()
 ON_COMMAND(s_nIdOfFrame, OnCommand)
 ON_COMMAND(s_nIdOfView, OnCommand)
 ON_UPDATE_COMMAND_UI(s_nIdChecked, OnUpdateChecked)
@@ -206,7 +198,8 @@ TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
     menu.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
     const auto track = [&](UINT nKey, LPCRECT pExclude)
     {
-        m_pFrame->m_nKey = nKey;
+        for (const UINT nPressed : { UINT{ VK_DOWN }, nKey })
+            m_pFrame->PostMessage(WM_KEYDOWN, nPressed);
         return static_cast<UINT>(menu.TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, pExclude));
     };
     EXPECT_EQ(track(VK_ESCAPE, nullptr), 0U);

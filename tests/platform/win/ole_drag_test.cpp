@@ -165,22 +165,18 @@ private:
     EManner m_eManner;
 };
 
-class CTestWindow : public CWnd
-{
-public:
-    explicit CTestWindow(const RECT& place)
-    {
-        CreateEx(WS_EX_TOPMOST, nullptr, "", WS_POPUP | WS_VISIBLE, place, nullptr, 0);
-        UpdateWindow();
-    }
-};
-
 class OleDrag : public testing::Test
 {
 protected:
     void SetUp() override
     {
         ASSERT_TRUE(AfxOleInit());
+        for (CWnd* pWnd : { &m_source, &m_target })
+        {
+            const CPoint corner = pWnd == &m_source ? CPoint(100, 100) : CPoint(500, 150);
+            pWnd->CreateEx(WS_EX_TOPMOST, nullptr, "", WS_POPUP | WS_VISIBLE,
+                           CRect(corner, CSize(200, 200)), nullptr, 0);
+        }
         m_source.SetForegroundWindow();
         PumpFor(100);  // late news of the focus would cancel a drag
     }
@@ -196,13 +192,14 @@ protected:
         COleDataSource data;
         data.CacheGlobalData(TestFormat(), MakeBlock());
         const DROPEFFECT nResult = data.DoDragDrop(nAllowed, start, &source);
-        aKeys[nButton] = 0;
-        SetKeyboardState(aKeys);
+        Hold(nButton, false);
+        data.GetIDataObject(TRUE);
+        EXPECT_EQ(data.GetIDataObject(FALSE)->Release(), 1U) << "somebody still holds it";
         return nResult;
     }
 
-    CTestWindow m_source{ CRect(100, 100, 300, 300) };
-    CTestWindow m_target{ CRect(500, 150, 700, 350) };
+    CWnd m_source;
+    CWnd m_target;
 };
 
 struct SDragCase
