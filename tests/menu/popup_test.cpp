@@ -28,7 +28,8 @@ constexpr UINT s_nGrey = 802;
 constexpr UINT s_nInSubmenu = 803;
 
 // The owner of menus: it looks at each that is open when nothing else happens, and ends it.
-class COwner : public CNewFrameWnd
+template <class TWindow>
+class TOwner : public TWindow
 {
 public:
     std::function<void(HWND)> m_onIdle;
@@ -44,10 +45,11 @@ protected:
             ::EndMenu();
         }
         m_nMeasured += nMessage == WM_MEASUREITEM;
-        return CNewFrameWnd::WindowProc(nMessage, wParam, lParam);
+        return TWindow::WindowProc(nMessage, wParam, lParam);
     }
     void PostNcDestroy() override {}
 };
+using COwner = TOwner<CNewFrameWnd>;
 
 void Fill(CNewMenu& menu)
 {
@@ -70,6 +72,8 @@ protected:
     {
         ASSERT_TRUE(
             m_owner.Create(nullptr, "owner", WS_POPUP | WS_VISIBLE, CRect(100, 100, 500, 400)));
+        m_plain.CreateEx(0, nullptr, "plain", WS_POPUP | WS_VISIBLE, CRect(700, 700, 800, 800),
+                         &m_owner, 0);
         m_system.m_bWine = false;
         SetShadow(true);
         Fill(m_menu);
@@ -89,21 +93,25 @@ protected:
         SetMenuSystem(&m_system);
     }
     // A menu opens, is looked at, and closes.
-    void Open(CMenu& menu, const std::function<void(HWND)>& look)
+    template <class TWindow>
+    void Open(TOwner<TWindow>& owner, CMenu& menu, const std::function<void(HWND)>& look)
     {
         bool bSeen = false;
-        m_owner.m_onIdle = [&](HWND hWnd)
+        owner.m_onIdle = [&](HWND hWnd)
         {
             bSeen = true;
             look(hWnd);
         };
-        menu.TrackPopupMenu(0, 200, 200, &m_owner);
+        const RECT exclude = { 150, 150, 200, 200 };
+        EXPECT_FALSE(menu.TrackPopupMenu(TPM_RETURNCMD, 200, 200, &owner, &exclude));
         EXPECT_TRUE(bSeen);
-        m_owner.m_onIdle = nullptr;
+        owner.m_onIdle = nullptr;
     }
+    void Open(CMenu& menu, const std::function<void(HWND)>& look) { Open(m_owner, menu, look); }
     void Open(const std::function<void(HWND)>& look) { Open(m_menu, look); }
 
     COwner m_owner;
+    TOwner<CWnd> m_plain;  // knows nothing of our menus
     CMenuSystem m_system = ReadMenuSystem();
     CNewMenu m_menu;
 };
@@ -151,19 +159,21 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
         CNewMenu::SetStyle(nStyle);
         CNewMenu menu;
         Fill(menu);
-        Open(menu,
-             [&](HWND hWnd)
-             {
-                 EXPECT_NE(CNewMenuHook::Find(hWnd), nullptr);
-                 CRect item;
-                 ::GetMenuItemRect(nullptr, menu, 0, &item);
-                 ::MapWindowPoints(nullptr, hWnd, reinterpret_cast<POINT*>(&item), 2);
-                 CRect client;
-                 ::GetClientRect(hWnd, &client);
-                 const int x = std::min(item.right, client.right) - 8;
-                 ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].first, false);
-                 ExpectPixelsOf(hWnd, aCases[nStyle].second);
-             });
+        const auto look = [&](HWND hWnd)
+        {
+            EXPECT_NE(CNewMenuHook::Find(hWnd), nullptr);
+            CRect item;
+            ::GetMenuItemRect(nullptr, menu, 0, &item);
+            ::MapWindowPoints(nullptr, hWnd, reinterpret_cast<POINT*>(&item), 2);
+            EXPECT_GE(item.Height(), 19);
+            CRect client;
+            ::GetClientRect(hWnd, &client);
+            const int x = std::min(item.right, client.right) - 8;
+            ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].first, false);
+            ExpectPixelsOf(hWnd, aCases[nStyle].second);
+        };
+        Open(m_owner, menu, look);
+        Open(m_plain, menu, look);
     }
 }
 
@@ -303,12 +313,21 @@ TEST_F(MenuPopup, CommandsComeToTheOwnerOrToItsStandIn)
 {
     const HWND hStatic = ::CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 100, 100, 300, 300,
                                          nullptr, nullptr, nullptr, nullptr);
+    static int s_nOpened;
+    s_nOpened = 0;
+    const WNDPROC pfnCount = [](HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) -> LRESULT
+    {
+        s_nOpened += nMessage == WM_INITMENUPOPUP;
+        return ::DefWindowProcW(hWnd, nMessage, wParam, lParam);
+    };
+    ::SetWindowLongPtrW(hStatic, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnCount));
     for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
         ::PostMessageA(hStatic, WM_KEYDOWN, nKey, 0);
     EXPECT_TRUE(m_menu.TrackPopupMenu(0, 200, 200, CWnd::FromHandle(hStatic)));
     MSG message = {};
     EXPECT_TRUE(::PeekMessageA(&message, hStatic, WM_COMMAND, WM_COMMAND, PM_REMOVE));
     EXPECT_EQ(message.wParam, s_nFirst);
+    EXPECT_EQ(s_nOpened, 1);
     ::DestroyWindow(hStatic);
 }
 
