@@ -52,9 +52,9 @@ class Editor(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
 
     def start(self, *words):
-        self.hand = subprocess.Popen(
-            [OPTIONS.runner, OPTIONS.hand, windows_path(OPTIONS.editor), *words], text=True,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.editor = subprocess.Popen([OPTIONS.runner, OPTIONS.editor, *words])
+        self.hand = subprocess.Popen([OPTIONS.runner, OPTIONS.hand, TITLE], text=True,
+                                     stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.addCleanup(self.let_go)
         self.assertEqual(self.hand.stdout.readline().strip(), "ready")
 
@@ -62,6 +62,7 @@ class Editor(unittest.TestCase):
         self.hand.stdin.close()
         self.hand.wait(20)
         self.hand.stdout.close()
+        self.editor.wait(20)
 
     def do(self, script, **places):
         """Steps, and behind arrows what they lead to: the hand must be content with each."""
@@ -75,11 +76,11 @@ class Editor(unittest.TestCase):
         self.do(f"""{command}
                     dialog yes
                     type {windows_path(self.folder / name)}
-                    key enter -> dialog no""")
+                    key Enter -> dialog no""")
 
     def close(self):
-        self.do("""key alt+f4
-                   gone 0""")
+        self.do("key Alt-F4")
+        self.assertEqual(self.editor.wait(20), 0)
 
     def check_file(self, name, text, tree):
         """The command line and the independent reader find the same in a stored formula."""
@@ -97,22 +98,22 @@ class Editor(unittest.TestCase):
         self.do(f"""
             title formula - {TITLE}
             type {text}
-            key enter
+            key Enter
             click {CONTROL} {{b}} -> await {NODE} NT_VARIABLE, node
-            key delete -> await {NODE} NT_PLACEHOLDER, node
+            key Del -> await {NODE} NT_PLACEHOLDER, node
             await {CHANGES} changes: 1
             key n -> focus Edit
             type ame
-            key enter -> focus {CONTROL}
+            key Enter -> focus {CONTROL}
             await {CHANGES} changes: 2
             await {NODE} nothing selected
             double {CONTROL} {{plus}} -> await {NODE} NT_PLUS, subtree
             """, b=middle(text, "LLR"), plus=middle("a/Name+c", "L"))
         self.do(f"""
             click {CONTROL} {{c}} -> await {NODE} NT_VARIABLE, node
-            key ctrl+x -> await {NODE} nothing selected
+            key Ctrl-x -> await {NODE} nothing selected
             """, c=middle("a/Name+c", "LR"))
-        self.answer_dialog("key ctrl+s", "mouse.fml")
+        self.answer_dialog("key Ctrl-s", "mouse.fml")
         self.do(f"""
             title mouse.fml - {TITLE}
             await {MESSAGE} Saved mouse.fml""")
@@ -127,25 +128,25 @@ class Editor(unittest.TestCase):
         self.start()
         self.do(f"""
             type {text}
-            key enter tab -> focus {CONTROL}
+            key Enter Tab -> focus {CONTROL}
             await {NODE} NT_STANDARD, subtree
-            key left -> await {NODE} NT_PLUS, subtree
-            key right -> await {NODE} NT_DIVISION, subtree
-            key delete -> await {NODE} NT_PLACEHOLDER, subtree
+            key Left -> await {NODE} NT_PLUS, subtree
+            key Right -> await {NODE} NT_DIVISION, subtree
+            key Del -> await {NODE} NT_PLACEHOLDER, subtree
             await {CHANGES} changes: 1
-            key up left -> await {NODE} NT_TIMES, subtree
-            key ctrl+x -> await {NODE} nothing selected
-            key ctrl+a left right -> await {NODE} NT_PLACEHOLDER, subtree
-            key ctrl+v -> await {NODE} nothing selected
-            key ctrl+a left left -> await {NODE} NT_PLACEHOLDER, subtree
-            key space -> await {NODE} NT_PLACEHOLDER, node
+            key Up Left -> await {NODE} NT_TIMES, subtree
+            key Ctrl-x -> await {NODE} nothing selected
+            key Ctrl-a Left Right -> await {NODE} NT_PLACEHOLDER, subtree
+            key Ctrl-v -> await {NODE} nothing selected
+            key Ctrl-a Left Left -> await {NODE} NT_PLACEHOLDER, subtree
+            key Space -> await {NODE} NT_PLACEHOLDER, node
             key k -> focus Edit
             type appa
-            key tab -> focus {CONTROL}
+            key Tab -> focus {CONTROL}
             await {CHANGES} changes: 2
-            key tab -> focus Edit
+            key Tab -> focus Edit
             await {TEXT} {text}
-            key alt+f -> menu yes
+            key Alt-f -> menu yes
             key a
             """)
         self.answer_dialog("menu no", "keys.fml")
@@ -160,13 +161,13 @@ class Editor(unittest.TestCase):
         self.start()
         self.do(f"""
             type ab
-            key ctrl+a ctrl+c end ctrl+v -> await {TEXT} abab
-            key enter tab left -> await {NODE} NT_VARIABLE, subtree
+            key Ctrl-a Ctrl-c End Ctrl-v -> await {TEXT} abab
+            key Enter Tab Left -> await {NODE} NT_VARIABLE, subtree
             key z -> focus Edit
-            key ctrl+a ctrl+v
+            key Ctrl-a Ctrl-v
             """)
         # Saving ends the edit and takes its text.
-        self.answer_dialog("key ctrl+s", "box.fml")
+        self.answer_dialog("key Ctrl-s", "box.fml")
         self.do(f"""title box.fml - {TITLE}
                     focus {CONTROL}
                     await {CHANGES} changes: 1""")
@@ -178,17 +179,17 @@ class Editor(unittest.TestCase):
         self.start()
         self.do(f"""
             type 2x
-            key enter -> await {MESSAGE} Error at Position 2!
-            key ctrl+a
+            key Enter -> await {MESSAGE} Error at Position 2!
+            key Ctrl-a
             type a/b
-            key enter -> await {MESSAGE}
-            key ctrl+r -> await {READ_ONLY} read-only
+            key Enter -> await {MESSAGE}
+            key Ctrl-r -> await {READ_ONLY} read-only
             click {CONTROL} {{b}}
-            key tab -> focus {CONTROL}
-            key delete -> await {NODE} nothing selected
-            key ctrl+a -> await {NODE} NT_STANDARD, subtree
-            key ctrl+x ctrl+c ctrl+v k -> await {NODE} NT_STANDARD, subtree
-            key ctrl+r -> await {READ_ONLY}
+            key Tab -> focus {CONTROL}
+            key Del -> await {NODE} nothing selected
+            key Ctrl-a -> await {NODE} NT_STANDARD, subtree
+            key Ctrl-x Ctrl-c Ctrl-v k -> await {NODE} NT_STANDARD, subtree
+            key Ctrl-r -> await {READ_ONLY}
             await {CHANGES} changes: 0
             """, b=middle("a/b", "LR"))
 
@@ -196,11 +197,11 @@ class Editor(unittest.TestCase):
         """Export by extension; what is opened, edited and given up stays as it was."""
         b = middle("a/b", "LR")
         self.start()
-        self.do("type a/b\nkey enter")
+        self.do("type a/b\nkey Enter")
         # A selection stays, and no picture shows it: the first one is written without.
         for extension, selected in (("emf", "nothing selected"), ("wmf", "NT_VARIABLE, node"),
                                     ("bmp", "NT_VARIABLE, node"), ("fml", "NT_VARIABLE, node")):
-            self.answer_dialog("key ctrl+e", "out." + extension)
+            self.answer_dialog("key Ctrl-e", "out." + extension)
             self.do(f"""await {MESSAGE} Exported out.{extension}
                         await {NODE} {selected}""")
             if extension == "emf":
@@ -213,15 +214,15 @@ class Editor(unittest.TestCase):
         tree = mivora("tree", "a/b").split("\t")[0]
         self.check_file("out.fml", "a/b", tree)
 
-        self.do(f"""key ctrl+n -> dialog yes
+        self.do(f"""key Ctrl-n -> dialog yes
                     key n -> dialog no
                     await {TEXT}""")
-        self.answer_dialog("key ctrl+o", "out.fml")
+        self.answer_dialog("key Ctrl-o", "out.fml")
         self.do(f"""title out.fml - {TITLE}
                     await {TEXT} a/b
                     click {CONTROL} {{b}}
-                    key delete -> await {CHANGES} changes: 1
-                    key alt+f4 -> dialog yes
+                    key Del -> await {CHANGES} changes: 1
+                    key Alt-F4 -> dialog yes
                     key n""", b=b)
         self.check_file("out.fml", "a/b", tree)
 
@@ -230,9 +231,9 @@ class Editor(unittest.TestCase):
         (self.folder / "no.fml").write_bytes(b"nothing")
         self.start(windows_path(self.folder / "no.fml"))
         self.do(f"""dialog yes
-                    key enter -> dialog no
+                    key Enter -> dialog no
                     await {NODE} NT_PLACEHOLDER, node
-                    key tab q enter -> await {CHANGES} changes: 1""")
+                    key Tab q Enter -> await {CHANGES} changes: 1""")
 
 
 if __name__ == "__main__":

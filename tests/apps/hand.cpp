@@ -1,26 +1,23 @@
-// A hand on mouse and keyboard, and an eye on the windows of one program: hand.exe PROGRAM [WORD
-// ...]
+// A hand on mouse and keyboard, and an eye on the windows of one program: hand.exe TITLE
 //
-// Starts the program, says "ready" when its window is there, and obeys a line of standard input at
-// a time; each gets one line of answer. What waits gives up after ten seconds with "no: " and what
-// is there instead. Places are pixels inside the window of the class CLASS.
+// Says "ready" when there is a main window with this at the end of its title, and obeys a line of
+// standard input at a time; each gets one line of answer. What waits gives up after ten seconds
+// with "no: " and what is there instead. Places are pixels inside the window of the class CLASS.
+// At the end of the input the program ends as well.
 //
 //   type TEXT               characters, whatever the keyboard's layout
-//   key [ctrl+][shift+][alt+]NAME ...
-//   move CLASS X Y          also: click, double, right, press, release
+//   key [Ctrl-][Shift-][Alt-]NAME ...
+//   click CLASS X Y         also: double
 //   await ID TEXT           until a child of the main window has this text
 //   title TEXT              until the main window has it
 //   focus CLASS             until a window of this class has the focus
 //   dialog yes|no           until another window stands before the main one, or none
 //   menu yes|no             until a popup menu is there, or none
-//   gone CODE               until the program has ended with this exit code
 #include "platform/win/real_input.h"
 
 #include <algorithm>
-#include <cctype>
 #include <functional>
 #include <iostream>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -29,9 +26,8 @@ namespace
 {
 constexpr DWORD s_nPatience = 10000;  // milliseconds
 
-HANDLE s_hProcess = nullptr;
-DWORD s_nProcess = 0;
 HWND s_hMain = nullptr;
+DWORD s_nProcess = 0;
 
 const std::string YES = "yes";
 
@@ -88,16 +84,12 @@ DWORD ProcessOf(HWND hWnd)
     return nProcess;
 }
 
-bool IsTopOfProgram(HWND hWnd)
-{
-    return ProcessOf(hWnd) == s_nProcess && IsWindowVisible(hWnd);
-}
-
 std::string IsThere(const std::string& strTopClass)
 {
     const auto isIt = [&](HWND hWnd)
     {
-        return IsTopOfProgram(hWnd) && ClassOf(hWnd) == strTopClass;
+        return ProcessOf(hWnd) == s_nProcess && IsWindowVisible(hWnd) &&
+               ClassOf(hWnd) == strTopClass;
     };
     return Find(nullptr, isIt) != nullptr ? YES : "no";
 }
@@ -110,13 +102,6 @@ std::string FocusClass()
     return ClassOf(info.hwndFocus);
 }
 
-std::string ExitCode()
-{
-    DWORD nCode = 0;
-    GetExitCodeProcess(s_hProcess, &nCode);
-    return WaitForSingleObject(s_hProcess, 0) == WAIT_OBJECT_0 ? std::to_string(nCode) : "it runs";
-}
-
 // What the waiting commands look at; the identifier is that of "await".
 std::string See(const std::string& strCommand, int nID)
 {
@@ -126,64 +111,13 @@ std::string See(const std::string& strCommand, int nID)
         return TextOf(s_hMain);
     if (strCommand == "focus")
         return FocusClass();
-    if (strCommand == "gone")
-        return ExitCode();
     return IsThere(strCommand == "dialog" ? "#32770" : "#32768");
 }
 
 // ---- The hand
 
-void Type(const std::string& strText)
-{
-    for (const char c : strText)
-    {
-        for (const bool bDown : { true, false })
-            SendKey(0, bDown, static_cast<BYTE>(c), KEYEVENTF_UNICODE);
-    }
-}
-
-// A letter's or digit's own code is that of its key.
-WORD KeyOf(const std::string& strName)
-{
-    static const std::map<std::string, WORD> s_keys = {
-        { "ctrl", VK_CONTROL },  { "shift", VK_SHIFT },   { "alt", VK_MENU },
-        { "enter", VK_RETURN },  { "tab", VK_TAB },       { "escape", VK_ESCAPE },
-        { "space", VK_SPACE },   { "left", VK_LEFT },     { "right", VK_RIGHT },
-        { "up", VK_UP },         { "down", VK_DOWN },     { "home", VK_HOME },
-        { "end", VK_END },       { "delete", VK_DELETE }, { "back", VK_BACK },
-        { "insert", VK_INSERT }, { "f1", VK_F1 },         { "f4", VK_F4 },
-    };
-    const auto found = s_keys.find(strName);
-    return found != s_keys.end() ? found->second
-                                 : static_cast<WORD>(std::toupper(static_cast<BYTE>(strName[0])));
-}
-
-void Press(const std::string& strKey)
-{
-    std::vector<WORD> held;
-    std::stringstream names(strKey);
-    for (std::string strName; std::getline(names, strName, '+');)
-        held.push_back(KeyOf(strName));
-    for (const WORD nKey : held)
-        SendKey(nKey, true);
-    std::ranges::reverse(held);
-    for (const WORD nKey : held)
-        SendKey(nKey, false);
-}
-
-// Buttons of the mouse, in the order in which they go down and up.
-const std::map<std::string, std::vector<DWORD>> s_gestures = {
-    { "move", {} },
-    { "press", { MOUSEEVENTF_LEFTDOWN } },
-    { "release", { MOUSEEVENTF_LEFTUP } },
-    { "click", { MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP } },
-    { "double",
-      { MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP } },
-    { "right", { MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP } },
-};
-
 // A click soon after another one would be a double click: the first waits until that is over.
-std::string Gesture(const std::vector<DWORD>& buttons, std::istream& words)
+std::string Click(int nTimes, std::istream& words)
 {
     std::string strClass;
     POINT point{};
@@ -193,16 +127,16 @@ std::string Gesture(const std::vector<DWORD>& buttons, std::istream& words)
         return "no: " + strClass;
     ClientToScreen(hWnd, &point);
     static DWORD s_nLast = 0;
-    if (!buttons.empty())
-    {
-        while (GetTickCount() - s_nLast <= GetDoubleClickTime())
-            Sleep(20);
-        s_nLast = GetTickCount();
-    }
+    while (GetTickCount() - s_nLast <= GetDoubleClickTime())
+        Sleep(20);
+    s_nLast = GetTickCount();
     constexpr DWORD nThere = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
     SendMouse(nThere, point);
-    for (const DWORD nButton : buttons)
-        SendMouse(nThere | nButton, point);
+    for (; nTimes > 0; --nTimes)
+    {
+        SendMouse(nThere | MOUSEEVENTF_LEFTDOWN, point);
+        SendMouse(nThere | MOUSEEVENTF_LEFTUP, point);
+    }
     return YES;
 }
 
@@ -213,65 +147,53 @@ std::string Obey(const std::string& strLine)
     std::stringstream words(strLine);
     std::string strCommand;
     words >> strCommand;
-    const auto gesture = s_gestures.find(strCommand);
-    if (gesture != s_gestures.end())
-        return Gesture(gesture->second, words);
+    if (strCommand == "click" || strCommand == "double")
+        return Click(strCommand == "click" ? 1 : 2, words);
     int nID = 0;
     if (strCommand == "await")
         words >> nID;
-    words.get();  // the blank
     std::string strRest;
-    std::getline(words, strRest);
-    if (strCommand == "type")
+    if (strCommand == "key")
     {
-        Type(strRest);
+        while (words >> strRest)
+            PressKeys(strRest);
         return YES;
     }
-    if (strCommand != "key")
-    {
+    std::getline(words >> std::ws, strRest);
+    if (strCommand != "type")
         return Await(strRest, [&] { return See(strCommand, nID); });
+    for (const char c : strRest)
+    {
+        for (const bool bDown : { true, false })
+            SendKey(0, bDown, static_cast<BYTE>(c), KEYEVENTF_UNICODE);
     }
-    std::stringstream keys(strRest);
-    for (std::string strKey; keys >> strKey;)
-        Press(strKey);
     return YES;
 }
 
-bool Start(std::string strCommand)
+// Its window is there and in front.
+std::string SeeProgram(const std::string& strTitle)
 {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessA(nullptr, strCommand.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process))
-        return false;
-    s_hProcess = process.hProcess;
-    s_nProcess = process.dwProcessId;
-    const auto isMain = [](HWND hWnd)
+    const auto isMain = [&](HWND hWnd)
     {
-        return IsTopOfProgram(hWnd) && GetWindow(hWnd, GW_OWNER) == nullptr;
+        return IsWindowVisible(hWnd) && GetWindow(hWnd, GW_OWNER) == nullptr &&
+               TextOf(hWnd).ends_with(strTitle);
     };
-    const auto seeMain = [&]
-    {
-        s_hMain = Find(nullptr, isMain);
-        return s_hMain != nullptr && ProcessOf(GetForegroundWindow()) == s_nProcess ? YES : "no";
-    };
-    return Await(YES, seeMain) == YES;
+    s_hMain = Find(nullptr, isMain);
+    s_nProcess = ProcessOf(s_hMain);
+    return s_hMain != nullptr && ProcessOf(GetForegroundWindow()) == s_nProcess ? YES : "no window";
 }
 }  // namespace
 
-int main(int argc, char** argv)
+int main(int, char** argv)
 {
-    std::string strCommand;
-    for (int n = 1; n < argc; ++n)
-        strCommand += '"' + std::string(argv[n]) + "\" ";
-    std::cout << (Start(strCommand) ? "ready" : "no window") << std::endl;
+    const std::string strSeen = Await(YES, [&] { return SeeProgram(argv[1]); });
+    std::cout << (strSeen == YES ? "ready" : strSeen) << std::endl;
     for (std::string strLine; std::getline(std::cin, strLine);)
     {
         if (!strLine.empty() && strLine.back() == '\r')
             strLine.pop_back();
         std::cout << Obey(strLine) << std::endl;
     }
-    TerminateProcess(s_hProcess, 1);
+    TerminateProcess(OpenProcess(PROCESS_TERMINATE, FALSE, s_nProcess), 1);
     return 0;
 }

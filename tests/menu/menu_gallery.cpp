@@ -146,7 +146,7 @@ int main(int argc, char** argv)
         CNewMenu menu;
         Fill(menu);
         stage.m_path = std::string(argv[1]) + "/style-" + std::to_string(nStyle) + ".ppm";
-        PumpUntil([] { return false; }, 300);  // shadows are drawn over what the screen shows
+        PumpFor(300);  // shadows are drawn over what the screen shows
         menu.TrackPopupMenu(0, CORNER.x, CORNER.y, &stage);
     }
     stage.DestroyWindow();

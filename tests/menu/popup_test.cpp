@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <gtest/gtest.h>
-#include <psapi.h>
 
 #include <algorithm>
 #include <functional>
@@ -18,6 +17,7 @@
 #include "platform/gdi/memory_picture.h"
 #include "platform/win/desk.h"
 #include "platform/win/dialog_template.h"
+#include "platform/win/holdings.h"
 #include "systems.h"
 
 namespace
@@ -28,7 +28,8 @@ constexpr UINT s_nGrey = 802;
 constexpr UINT s_nInSubmenu = 803;
 
 // The owner of menus: it looks at each that is open when nothing else happens, and ends it.
-class COwner : public CNewFrameWnd
+template <class TWindow>
+class TOwner : public TWindow
 {
 public:
     std::function<void(HWND)> m_onIdle;
@@ -44,10 +45,11 @@ protected:
             ::EndMenu();
         }
         m_nMeasured += nMessage == WM_MEASUREITEM;
-        return CNewFrameWnd::WindowProc(nMessage, wParam, lParam);
+        return TWindow::WindowProc(nMessage, wParam, lParam);
     }
     void PostNcDestroy() override {}
 };
+using COwner = TOwner<CNewFrameWnd>;
 
 void Fill(CNewMenu& menu)
 {
@@ -70,7 +72,8 @@ protected:
     {
         ASSERT_TRUE(
             m_owner.Create(nullptr, "owner", WS_POPUP | WS_VISIBLE, CRect(100, 100, 500, 400)));
-        m_system = ReadMenuSystem();
+        m_plain.CreateEx(0, nullptr, "plain", WS_POPUP | WS_VISIBLE, CRect(700, 700, 800, 800),
+                         &m_owner, 0);
         m_system.m_bWine = false;
         SetShadow(true);
         Fill(m_menu);
@@ -90,22 +93,26 @@ protected:
         SetMenuSystem(&m_system);
     }
     // A menu opens, is looked at, and closes.
-    void Open(CMenu& menu, const std::function<void(HWND)>& look)
+    template <class TWindow>
+    void Open(TOwner<TWindow>& owner, CMenu& menu, const std::function<void(HWND)>& look)
     {
         bool bSeen = false;
-        m_owner.m_onIdle = [&](HWND hWnd)
+        owner.m_onIdle = [&](HWND hWnd)
         {
             bSeen = true;
             look(hWnd);
         };
-        menu.TrackPopupMenu(0, 200, 200, &m_owner);
+        const RECT exclude = { 150, 150, 200, 200 };
+        EXPECT_FALSE(menu.TrackPopupMenu(TPM_RETURNCMD, 200, 200, &owner, &exclude));
         EXPECT_TRUE(bSeen);
-        m_owner.m_onIdle = nullptr;
+        owner.m_onIdle = nullptr;
     }
+    void Open(CMenu& menu, const std::function<void(HWND)>& look) { Open(m_owner, menu, look); }
     void Open(const std::function<void(HWND)>& look) { Open(m_menu, look); }
 
     COwner m_owner;
-    CMenuSystem m_system;
+    TOwner<CWnd> m_plain;  // knows nothing of our menus
+    CMenuSystem m_system = ReadMenuSystem();
     CNewMenu m_menu;
 };
 
@@ -152,19 +159,21 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
         CNewMenu::SetStyle(nStyle);
         CNewMenu menu;
         Fill(menu);
-        Open(menu,
-             [&](HWND hWnd)
-             {
-                 EXPECT_NE(CNewMenuHook::Find(hWnd), nullptr);
-                 CRect item;
-                 ::GetMenuItemRect(nullptr, menu, 0, &item);
-                 ::MapWindowPoints(nullptr, hWnd, reinterpret_cast<POINT*>(&item), 2);
-                 CRect client;
-                 ::GetClientRect(hWnd, &client);
-                 const int x = std::min(item.right, client.right) - 8;
-                 ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].first, false);
-                 ExpectPixelsOf(hWnd, aCases[nStyle].second);
-             });
+        const auto look = [&](HWND hWnd)
+        {
+            EXPECT_NE(CNewMenuHook::Find(hWnd), nullptr);
+            CRect item;
+            ::GetMenuItemRect(nullptr, menu, 0, &item);
+            ::MapWindowPoints(nullptr, hWnd, reinterpret_cast<POINT*>(&item), 2);
+            EXPECT_GE(item.Height(), 19);
+            CRect client;
+            ::GetClientRect(hWnd, &client);
+            const int x = std::min(item.right, client.right) - 8;
+            ExpectPixelsOf(hWnd, Place(x, item.top + 4) + aCases[nStyle].first, false);
+            ExpectPixelsOf(hWnd, aCases[nStyle].second);
+        };
+        Open(m_owner, menu, look);
+        Open(m_plain, menu, look);
     }
 }
 
@@ -269,7 +278,7 @@ TEST_F(MenuPopup, AShadowOfItsOwnDarkensTheScreen)
     SetShadow(false);
     CNewMenu::SetStyle(2);
     m_owner.UpdateWindow();
-    PumpUntil([] { return false; }, 200);  // until the screen has it
+    PumpFor(200);  // until the screen has it
     Open(
         [&](HWND hWnd)
         {
@@ -304,24 +313,21 @@ TEST_F(MenuPopup, CommandsComeToTheOwnerOrToItsStandIn)
 {
     const HWND hStatic = ::CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 100, 100, 300, 300,
                                          nullptr, nullptr, nullptr, nullptr);
-    static UINT s_nCommand;
-    s_nCommand = 0;
-    static const WNDPROC s_pfnOld = Procedure(hStatic);
-    const WNDPROC pfnNew = [](HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) -> LRESULT
+    static int s_nOpened;
+    s_nOpened = 0;
+    const WNDPROC pfnCount = [](HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam) -> LRESULT
     {
-        if (nMessage == WM_COMMAND)
-            s_nCommand = LOWORD(wParam);
-        if (nMessage == WM_INITMENUPOPUP)
-        {
-            const HWND hActive = ::GetActiveWindow();
-            for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
-                ::PostMessageA(hActive != nullptr ? hActive : hWnd, WM_KEYDOWN, nKey, 0);
-        }
-        return ::CallWindowProcW(s_pfnOld, hWnd, nMessage, wParam, lParam);
+        s_nOpened += nMessage == WM_INITMENUPOPUP;
+        return ::DefWindowProcW(hWnd, nMessage, wParam, lParam);
     };
-    ::SetWindowLongPtrW(hStatic, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnNew));
+    ::SetWindowLongPtrW(hStatic, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnCount));
+    for (const WPARAM nKey : { VK_DOWN, VK_RETURN })
+        ::PostMessageA(hStatic, WM_KEYDOWN, nKey, 0);
     EXPECT_TRUE(m_menu.TrackPopupMenu(0, 200, 200, CWnd::FromHandle(hStatic)));
-    EXPECT_TRUE(PumpUntil([] { return s_nCommand == s_nFirst; }, 2000));
+    MSG message = {};
+    EXPECT_TRUE(::PeekMessageA(&message, hStatic, WM_COMMAND, WM_COMMAND, PM_REMOVE));
+    EXPECT_EQ(message.wParam, s_nFirst);
+    EXPECT_EQ(s_nOpened, 1);
     ::DestroyWindow(hStatic);
 }
 
@@ -364,18 +370,13 @@ TEST_F(MenuPopup, SizesFollowTheStyle)
 {
     m_system.m_nMenuHeight = 19;
     SetMenuSystem(&m_system);
-    // The height of an icon of 15 and what the style adds.
-    for (const auto& [nStyle, nHeight] :
-         { std::pair(3U, 22), std::pair(7U, 24), std::pair(3U, 22) })
+    // With the same items; the height of an icon of 15 and what the style adds.
+    for (const DWORD nStyle : { 3, 7, 3 })
     {
         CNewMenu::SetStyle(nStyle);
-        Open(
-            [&, nStyle = nStyle, nHeight = nHeight](HWND)
-            {
-                CRect item;
-                ::GetMenuItemRect(nullptr, m_menu, 1, &item);
-                EXPECT_EQ(item.Height(), nHeight) << nStyle;
-            });
+        CRect item;
+        Open([&](HWND) { ::GetMenuItemRect(nullptr, m_menu, 1, &item); });
+        EXPECT_EQ(item.Height(), nStyle == 3 ? 22 : 24);
     }
 }
 
@@ -399,45 +400,32 @@ TEST_F(MenuPopup, WineGetsTheNextOddStyle)
 {
     SetMenuSystem(nullptr);
     EXPECT_EQ(GetMenuSystem().m_bWine, RunsOnWine());
-    CNewMenu::SetStyle(0);
+    DWORD nBefore = CNewMenu::GetStyle();
     for (DWORD nId = 0; nId < 12; ++nId)
     {
-        EXPECT_EQ(CNewMenu::SetStyle(nId), StyleInForce(nId == 0 ? 0 : nId - 1, RunsOnWine()));
-        EXPECT_EQ(g_pMenuTheme->m_nId, StyleInForce(nId, RunsOnWine()));
-        EXPECT_EQ(CNewMenu::GetStyle(), g_pMenuTheme->m_nId);
+        EXPECT_EQ(CNewMenu::SetStyle(nId), nBefore);
+        nBefore = StyleInForce(nId, RunsOnWine());
+        EXPECT_EQ(g_pMenuTheme->m_nId, nBefore);
+        EXPECT_EQ(CNewMenu::GetStyle(), nBefore);
     }
     CNewMenu::SetStyle(99);
     EXPECT_EQ(CNewMenu::GetStyle(), 11U);
 }
 
-SIZE_T MemoryInUse()
+TEST_F(MenuPopup, OpeningsLeaveNothingBehind)
 {
-    PROCESS_MEMORY_COUNTERS counters = {};
-    counters.cb = sizeof counters;
-    ::GetProcessMemoryInfo(::GetCurrentProcess(), &counters, sizeof counters);
-    return counters.PagefileUsage;
-}
-
-TEST_F(MenuPopup, AThousandOpeningsLeaveNothingBehind)
-{
-    const auto openOnce = [&](DWORD nStyle)
+    const auto openAll = [&]
     {
-        CNewMenu::SetStyle(nStyle);
-        CNewMenu menu;
-        Fill(menu);
-        menu.InsertTitle(0, L"Title", TITLE_GRADIENT);
-        Open(menu, [](HWND) {});
+        for (DWORD nStyle = 0; nStyle < 12; ++nStyle)
+        {
+            CNewMenu::SetStyle(nStyle);
+            CNewMenu menu;
+            Fill(menu);
+            menu.InsertTitle(0, L"Title", TITLE_GRADIENT);
+            Open(menu, [](HWND) {});
+        }
     };
-    for (DWORD n = 0; n < 48; ++n)
-        openOnce(n % 12);
-    const SGuiHandles before = SGuiHandles::Count();
-    const SIZE_T nMemory = MemoryInUse();
-    for (DWORD n = 0; n < 1000; ++n)
-        openOnce(n % 12);
-    const SGuiHandles after = SGuiHandles::Count();
-    EXPECT_LE(after.nUser, before.nUser + 2);
-    EXPECT_LE(after.nGdi, before.nGdi + 2);
-    EXPECT_LE(MemoryInUse(), nMemory + 256 * 1024);
+    ExpectNothingLeft(60, openAll);
 }
 
 // The control's own menu, from the resources.
@@ -489,10 +477,7 @@ TEST_F(MenuPopup, ABarIsDrawnByItsFrame)
 {
     CMenu bar;
     bar.CreateMenu();
-    CMenu popup;
-    popup.CreatePopupMenu();
-    popup.AppendMenu(MF_STRING, s_nFirst, "&First");
-    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), "&File");
+    bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(m_menu.DetachMenu()), "&File");
     m_system.m_bFlatBar = false;
     SetMenuSystem(&m_system);
     COwner frame;

@@ -54,10 +54,3 @@ inline CMenuSystem Themed()
     system.m_crTheme = 0xF5C2A3;
     return system;
 }
-
-inline CMenuSystem WithoutShadow()
-{
-    CMenuSystem system = ClassicSystem();
-    system.m_bDropShadow = false;
-    return system;
-}

@@ -18,9 +18,13 @@ namespace
 constexpr UINT s_nIdText = 21;
 constexpr UINT s_nIdFirst = 22;
 constexpr UINT s_nIdSecond = 23;
-constexpr UINT s_nWmWord = WM_APP;        // lParam: the word; gives the place, if it means one
-constexpr UINT s_nWmEffect = WM_APP + 1;  // gives that of the last drag
-constexpr DWORD s_nPatience = 4000;       // milliseconds
+constexpr UINT s_nWmWord = WM_APP + 1;    // lParam: the word; gives the place that it means
+constexpr UINT s_nWmEffect = WM_APP + 2;  // gives that of the last drag
+constexpr UINT s_nWmSpot = WM_APP + 3;    // wParam: 0 or 1; gives the place of the node LL or LR
+constexpr UINT s_nWmMove = WM_APP + 4;    // moves the mouse
+constexpr UINT s_nWmLock = WM_APP + 5;
+constexpr UINT s_nWmHole = WM_APP + 6;
+constexpr DWORD s_nPatience = 4000;  // milliseconds
 
 // The last mark that came out of the queue. Marks are keys that nobody has a use for: what was put
 // into the queue before one has been handled when it comes, also where a loop of the system's own
@@ -40,26 +44,29 @@ LRESULT CALLBACK WatchMarks(int nCode, WPARAM wParam, LPARAM lParam)
     return ::CallNextHookEx(nullptr, nCode, wParam, lParam);
 }
 
-// Tells what the user is shown while it is dragged.
+// Tells what the user is shown while it is dragged, and when that ends.
 class CToldSource : public COleDataSource
 {
 public:
-    explicit CToldSource(DROPEFFECT& nEffect) : m_Feedback(nEffect) {}
+    explicit CToldSource(CInputCtrl& ctrl) : m_Feedback(ctrl) {}
     DROPEFFECT DoDragDrop(DWORD dwEffects, LPCRECT pStartDrag, COleDropSource*) override
     {
-        return COleDataSource::DoDragDrop(dwEffects, pStartDrag, &m_Feedback);
+        m_Feedback.m_Ctrl.m_bDragged = true;
+        const DROPEFFECT nDone = COleDataSource::DoDragDrop(dwEffects, pStartDrag, &m_Feedback);
+        m_Feedback.m_Ctrl.m_bDragged = false;
+        return nDone;
     }
 
 private:
     struct CFeedback : COleDropSource
     {
-        explicit CFeedback(DROPEFFECT& nEffect) : m_nEffect(nEffect) {}
+        explicit CFeedback(CInputCtrl& ctrl) : m_Ctrl(ctrl) {}
         SCODE GiveFeedback(DROPEFFECT nEffect) override
         {
-            m_nEffect = nEffect;
+            m_Ctrl.m_nEffect = nEffect;
             return COleDropSource::GiveFeedback(nEffect);
         }
-        DROPEFFECT& m_nEffect;
+        CInputCtrl& m_Ctrl;
     };
     CFeedback m_Feedback;
 };
@@ -92,7 +99,7 @@ void CInputCtrl::MakeHole(const std::string& strPath)
 COleDataSource* CInputCtrl::CreateDataSource()
 {
     return Refill(CFormulaCtrl::CreateDataSource(), m_nClipboardFormat,
-                  std::make_unique<CToldSource>(m_nEffect));
+                  std::make_unique<CToldSource>(*this));
 }
 
 DROPEFFECT CInputCtrl::OnDragOver(COleDataObject* pData, DWORD dwKeyState, CPoint point)
@@ -125,20 +132,12 @@ CInputDialog::CInputDialog(CPoint place, const char* pszText, const char* pszSec
 
 BOOL CInputDialog::OnInitDialog()
 {
-    const struct
-    {
-        UINT nID;
-        CRect rect;
-    } aPlaces[] = {
-        { s_nIdText, { 10, 10, 110, 30 } },
-        { s_nIdFirst, { 10, 40, 230, 140 } },
-        { s_nIdSecond, { 240, 40, 460, 140 } },
-        { IDOK, { 120, 10, 180, 30 } },
-    };
     m_First.SubclassDlgItem(s_nIdFirst, this);
     m_Second.SubclassDlgItem(s_nIdSecond, this);
-    for (const auto& place : aPlaces)
-        GetDlgItem(static_cast<int>(place.nID))->MoveWindow(&place.rect);
+    GetDlgItem(s_nIdText)->MoveWindow(10, 10, 100, 20);
+    GetDlgItem(IDOK)->MoveWindow(120, 10, 60, 20);
+    m_First.MoveWindow(10, 40, 220, 100);
+    m_Second.MoveWindow(240, 40, 220, 100);
     return CDialog::OnInitDialog();
 }
 
@@ -153,20 +152,40 @@ BOOL CInputDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     return CDialog::OnNotify(wParam, lParam, pResult);
 }
 
+// The mouse is moved by the thread that has the windows: the X server echoes each move, and only
+// there Wine knows an echo that is late, and lets the cursor where it is.
 LRESULT CInputDialog::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (nMessage == s_nWmEffect)
-        return static_cast<LRESULT>(m_First.m_nEffect);
-    if (nMessage != s_nWmWord)
-        return CDialog::WindowProc(nMessage, wParam, lParam);
-    const std::string& strWord = *reinterpret_cast<const std::string*>(lParam);
     CPoint place(0, 0);
-    if (strWord == "lock")
-        m_Second.SetReadOnly(TRUE);
-    else if (strWord == "hole")
-        m_First.MakeHole("LL");
-    else
-        place = PlaceOf(strWord);
+    switch (nMessage)
+    {
+        case s_nWmEffect:
+            return static_cast<LRESULT>(m_First.m_nEffect);
+        case s_nWmMove:
+            SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
+                      { static_cast<LONG>(wParam), static_cast<LONG>(lParam) });
+            break;
+        case s_nWmSpot:
+            place = m_First.PlaceOf(wParam == 0 ? "LL" : "LR");
+            break;
+        case s_nWmWord:
+            place = PlaceOf(*reinterpret_cast<const std::string*>(lParam));
+            break;
+        case s_nWmHole:
+            m_First.MakeHole("LL");
+            break;
+        case s_nWmLock:
+            m_Second.SetReadOnly(TRUE);
+            break;
+        case WM_TREE:
+            SetWindowText(TreeForm(m_First.GetTree()->GetRootNode()));
+            return !m_First.m_bDragged;
+        case WM_CLOSE:
+            DestroyWindow();
+            break;
+        default:
+            return CDialog::WindowProc(nMessage, wParam, lParam);
+    }
     return MAKELONG(place.x, place.y);
 }
 
@@ -176,8 +195,6 @@ CPoint CInputDialog::PlaceOf(const std::string& strWord)
     (strWord == "free" ? static_cast<CWnd&>(m_First) : *this).GetWindowRect(&rect);
     if (strWord == "off" || strWord == "free")
         return CPoint(rect.right, rect.bottom) - CSize(15, 15);
-    if (strWord[0] == '$')
-        return m_spots.at(std::stoul(strWord.substr(1)));
     const bool bBelow = strWord.back() == '+';
     const std::string strPath = strWord.substr(1, strWord.size() - 1 - bBelow);
     return (strWord[0] == '@' ? m_First : m_Second).PlaceOf(strPath) + CSize(0, bBelow ? 5 : 0);
@@ -231,8 +248,14 @@ void CInputHand::Run(const std::string& strScript)
         WaitUntilHandled();
     }
     if (m_bGaveUp)
-        Press("Esc");
-    LetGo();
+        PressKeys("Esc");
+    if (::GetAsyncKeyState(VK_LBUTTON) < 0)
+        SendMouse(MOUSEEVENTF_LEFTUP);
+    for (const WORD nKey : { VK_CONTROL, VK_SHIFT, VK_MENU })
+    {
+        if (::GetAsyncKeyState(nKey) < 0)
+            SendKey(nKey, false);
+    }
     if (!m_bGaveUp)
         WaitUntilHandled();
     EndDrag();
@@ -241,13 +264,15 @@ void CInputHand::Run(const std::string& strScript)
 
 void CInputHand::Do(const std::string& strWord)
 {
+    const auto lWord = reinterpret_cast<LPARAM>(&strWord);
+    const bool bDouble = strWord == "double";
     if (strWord == "down" || strWord == "up")
     {
         SendMouse(strWord == "down" ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP);
     }
-    else if (strWord == "click" || strWord == "double")
+    else if (strWord == "click" || bDouble)
     {
-        for (int i = strWord == "click" ? 1 : 0; i < 2; i++)
+        for (int i = bDouble ? 0 : 1; i < 2; i++)
         {
             SendMouse(MOUSEEVENTF_LEFTDOWN);
             SendMouse(MOUSEEVENTF_LEFTUP);
@@ -255,70 +280,68 @@ void CInputHand::Do(const std::string& strWord)
     }
     else if (strWord == "lock" || strWord == "hole")
     {
-        Ask(m_Dialog, s_nWmWord, strWord);
+        Ask(m_Dialog, strWord == "lock" ? s_nWmLock : s_nWmHole);
     }
     else if (strWord[0] == '=' || strWord[0] == '?')
     {
         const HWND hDialog = strWord[0] == '=' ? m_Dialog.m_hWnd : m_Dialog.m_hPartner;
         const LRESULT lEffect = std::stol(strWord.substr(1));
-        WaitFor([&] { return Ask(hDialog, s_nWmEffect, {}) == lEffect; });
+        WaitFor([&] { return Ask(hDialog, s_nWmEffect) == lEffect; });
     }
-    else if (std::string("@#$").find(strWord[0]) == std::string::npos && strWord != "free" &&
-             strWord != "off")
+    else if (std::string("@#$").find(strWord[0]) != std::string::npos || strWord == "free" ||
+             strWord == "off")
     {
-        Press(strWord);
+        const LRESULT lPlace = strWord[0] == '$'
+                                   ? Ask(m_Dialog.m_hPartner, s_nWmSpot, strWord[1] - '0')
+                                   : Ask(m_Dialog, s_nWmWord, 0, lWord);
+        m_at = CPoint(LOWORD(lPlace), HIWORD(lPlace));
+        Move();
+        WaitFor([] { return true; });
+    }
+    else if (strWord[0] == '+')
+    {
+        SendKey(m_nHeld = KeyOf(strWord.substr(1)), true);
     }
     else
     {
-        const LRESULT lPlace = Ask(m_Dialog, s_nWmWord, strWord);
-        m_Mover.MoveTo(CPoint(LOWORD(lPlace), HIWORD(lPlace)));
-        WaitFor([] { return true; });
+        PressKeys(strWord);
     }
 }
 
-void CInputHand::WaitFor(const CMover::FCondition& condition)
+// In any case, by a point's width where it is there already.
+void CInputHand::Move()
 {
-    // The display's own idea of its keys, in which none is pressed, may have come in between.
-    const auto again = [this]
-    {
-        if (m_nHeld != 0)
-            SendKey(m_nHeld, true);
-    };
-    m_bGaveUp = !m_Mover.WaitFor([&] { return m_bGaveUp || condition(); }, again) || m_bGaveUp;
+    for (const LONG x : { m_at.x + 1, m_at.x })
+        Ask(m_Dialog, s_nWmMove, x, m_at.y);
 }
 
-LRESULT CInputHand::Ask(HWND hDialog, UINT nMessage, const std::string& strWord)
+// Until the condition has held for a while with the mouse at rest there, since late news of the X
+// server may still move it back, or let go of keys. Moves again and again: what the other side was
+// not ready for is lost.
+void CInputHand::WaitFor(const std::function<bool()>& condition)
+{
+    int nHeld = 0;
+    for (int i = 1; i <= 4000 && nHeld < 20 && !m_bGaveUp; ++i)
+    {
+        CPoint at;
+        ::GetCursorPos(&at);
+        nHeld = at == m_at && condition() ? nHeld + 1 : 0;
+        if (i % 100 == 0 && m_nHeld != 0)
+            SendKey(m_nHeld, true);
+        if (i % 100 == 0)
+            Move();
+        ::Sleep(1);
+    }
+    m_bGaveUp = m_bGaveUp || nHeld < 20;
+}
+
+LRESULT CInputHand::Ask(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
     DWORD_PTR nAnswer = 0;
-    if (!::SendMessageTimeoutA(hDialog, nMessage, 0, reinterpret_cast<LPARAM>(&strWord),
-                               SMTO_NORMAL, s_nPatience, &nAnswer))
+    if (!::SendMessageTimeoutA(hDialog, nMessage, wParam, lParam, SMTO_NORMAL, s_nPatience,
+                               &nAnswer))
         m_bGaveUp = true;
     return static_cast<LRESULT>(nAnswer);
-}
-
-void CInputHand::Press(const std::string& strKeys)
-{
-    static const std::map<std::string, WORD> s_keys = {
-        { "Tab", VK_TAB },     { "Enter", VK_RETURN }, { "Esc", VK_ESCAPE },
-        { "Del", VK_DELETE },  { "Ins", VK_INSERT },   { "Left", VK_LEFT },
-        { "Up", VK_UP },       { "Right", VK_RIGHT },  { "Down", VK_DOWN },
-        { "Home", VK_HOME },   { "Space", VK_SPACE },  { "Ctrl", VK_CONTROL },
-        { "Shift", VK_SHIFT }, { "Alt", VK_MENU },     { "Pad1", VK_NUMPAD1 },
-    };
-    const auto codeOf = [](const std::string& strKey)
-    {
-        return strKey.size() == 1 ? static_cast<WORD>(std::toupper(strKey[0])) : s_keys.at(strKey);
-    };
-    if (strKeys[0] == '+')
-        return SendKey(m_nHeld = codeOf(strKeys.substr(1)), true);
-    const size_t nBehind = strKeys.find('-') + 1;  // 0: no other key
-    const WORD nKey = codeOf(strKeys.substr(nBehind));
-    if (nBehind > 0)
-        SendKey(codeOf(strKeys.substr(0, nBehind - 1)), true);
-    SendKey(nKey, true);
-    SendKey(nKey, false);
-    if (nBehind > 0)
-        SendKey(codeOf(strKeys.substr(0, nBehind - 1)), false);
 }
 
 // While another process has the keyboard its queue cannot be watched.

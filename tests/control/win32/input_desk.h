@@ -2,9 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "control/control_driver.h"
 #include "control/win32/formula_ctrl.h"
@@ -21,6 +21,11 @@ enum EDialogField
 };
 
 constexpr DROPEFFECT NO_EFFECT = 99;  // there was no drag yet
+
+// Title of the other process's dialog when it is ready. For WM_TREE it has its tree there instead,
+// and says whether no drag can change it; the process ends with the dialog.
+constexpr char PARTNER_TITLE[] = "input partner";
+constexpr UINT WM_TREE = WM_APP;
 
 class CInputCtrl : public CFormulaCtrl
 {
@@ -39,6 +44,7 @@ public:
     std::string m_strClicks;
     // Of a drag that comes from the control or goes over it, the last one.
     DROPEFFECT m_nEffect = NO_EFFECT;
+    bool m_bDragged = false;  // from the control, which goes on when that ends
 
 protected:
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
@@ -52,13 +58,12 @@ public:
 
     std::string GetState();
     bool HasChanged() const { return m_nChanges > 0; }
-    // Like CControlDriver::NodeAt: what a word of the hand's script means, screen coordinates.
+    // What a word of the hand's script means, screen coordinates.
     CPoint PlaceOf(const std::string& strWord);
 
     CInputCtrl m_First;
     CInputCtrl m_Second;
-    HWND m_hPartner = nullptr;    // a dialog in another process
-    std::vector<CPoint> m_spots;  // in it
+    HWND m_hPartner = nullptr;  // a dialog in another process
     std::function<void()> m_onChange;
 
 protected:
@@ -77,11 +82,13 @@ private:
 
 // Plays a script from a thread of its own, each word when what went before has been handled:
 //   @PATH #PATH    to the middle of a node of the first or second control, with + a bit below it
-//   $N free off    to a spot of the other process, a free place of the first control, beside both
+//   $0 $1          to the node LL or LR of the other process
+//   free off       to a free place of the first control, beside both
 //   down up click double     the left button
 //   lock hole      the second control becomes read-only; the first one has a placeholder at LL
-//   =N             waits, moving a bit, until a drag of the first control or over it has that
-//   effect x Tab Alt-x +Ctrl        keys, a key with another one, a key that stays down
+//   =N ?N          waits, moving a bit, until a drag of the first control or over it, or of that of
+//   the other process, has that effect
+//   x Tab Alt-x +Ctrl        keys, a key with another one, a key that stays down
 // At its end, or when something does not come within 4 seconds, it leaves nothing pressed.
 class CInputHand
 {
@@ -97,14 +104,14 @@ public:
 private:
     void Run(const std::string& strScript);
     void Do(const std::string& strWord);
-    void Press(const std::string& strKeys);
-    void WaitFor(const CMover::FCondition& condition);
-    LRESULT Ask(HWND hDialog, UINT nMessage, const std::string& strWord);
+    void Move();
+    void WaitFor(const std::function<bool()>& condition);
+    LRESULT Ask(HWND hDialog, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0);
     void WaitUntilHandled();
     void EndDrag();
 
     CInputDialog& m_Dialog;
-    CMover m_Mover;
+    CPoint m_at;       // where the mouse is to be
     WORD m_nHeld = 0;  // the key that stays down
     std::atomic<bool> m_bDone = false;
     std::atomic<bool> m_bGaveUp = false;

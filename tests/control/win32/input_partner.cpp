@@ -1,15 +1,10 @@
 // The second process of the tests: input_partner.exe TEXT [ACTION=PATH ...]
 // A control with the text in a dialog; copy, hole and paste act on a node, lock makes it read-only.
-// Says "ready", its window and where its nodes LL and LR are, handles messages until its input
-// ends, and then writes its tree.
-#include <cstdio>
-
 #include "control/win32/input_desk.h"
 #include "nodes/node.h"
 #include "platform/win/desk.h"
 #include "platform/win/ole_init.h"
 #include "tree/bin_tree.h"
-#include "tree/tree_form.h"
 
 namespace
 {
@@ -27,12 +22,6 @@ void Act(CInputCtrl& ctrl, const std::string& strAction, const std::string& strP
         ctrl.Paste();
 }
 
-std::string Spot(CInputCtrl& ctrl, const std::string& strPath)
-{
-    const CPoint place = ctrl.PlaceOf(strPath);
-    return ' ' + std::to_string(place.x) + ' ' + std::to_string(place.y);
-}
-
 }  // namespace
 
 int main(int nArguments, char** ppszArguments)
@@ -42,18 +31,14 @@ int main(int nArguments, char** ppszArguments)
         return 2;
     {
         CInputDialog dialog(CPoint(700, 300), ppszArguments[1], "x");
-        CInputCtrl& ctrl = dialog.m_First;
         for (int i = 2; i < nArguments; i++)
         {
             const std::string strWord = ppszArguments[i];
             const size_t nSign = strWord.find('=');
-            Act(ctrl, strWord.substr(0, nSign), strWord.substr(nSign + 1));
+            Act(dialog.m_First, strWord.substr(0, nSign), strWord.substr(nSign + 1));
         }
-        PumpToEnd("ready " + std::to_string(reinterpret_cast<UINT_PTR>(dialog.m_hWnd)) +
-                  Spot(ctrl, "LL") + Spot(ctrl, "LR"));
-        const CString strTree = TreeForm(ctrl.GetTree()->GetRootNode());
-        std::puts(strTree.GetString());
-        std::fflush(stdout);
+        dialog.SetWindowText(PARTNER_TITLE);
+        PumpUntil([&] { return dialog.GetSafeHwnd() == nullptr; }, 60000);
     }
     AfxOleTerm();
     return 0;

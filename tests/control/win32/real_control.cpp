@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 
 #include "platform/win/ole_data_object.h"
 #include "platform/win/ole_data_source.h"
@@ -154,21 +155,19 @@ void CRealControl::FillClipboard(const CScriptEvent& event)
 
 void CRealControl::Send(const CScriptEvent& event)
 {
+    static const std::map<int, UINT> s_mouse = { { EVENT_MOVE, WM_MOUSEMOVE },
+                                                 { EVENT_PRESS, WM_LBUTTONDOWN },
+                                                 { EVENT_RELEASE, WM_LBUTTONUP },
+                                                 { EVENT_DOUBLE, WM_LBUTTONDBLCLK } };
     const auto nCode = static_cast<WPARAM>(event.nFirst);
+    if (s_mouse.contains(event.nType))
+        return SendMouse(s_mouse.at(event.nType), event);
     switch (event.nType)
     {
         case EVENT_SIZE:
             return m_pCtrl->MoveWindow(0, 0, std::max(event.nFirst, 0), std::max(event.nSecond, 0));
         case EVENT_PAINT:
             return m_pCtrl->Invalidate(TRUE);
-        case EVENT_MOVE:
-            return SendMouse(WM_MOUSEMOVE, event);
-        case EVENT_PRESS:
-            return SendMouse(WM_LBUTTONDOWN, event);
-        case EVENT_RELEASE:
-            return SendMouse(WM_LBUTTONUP, event);
-        case EVENT_DOUBLE:
-            return SendMouse(WM_LBUTTONDBLCLK, event);
         case EVENT_KEY:
             return SendKey(event);
         case EVENT_CHAR:
@@ -192,35 +191,23 @@ void CRealControl::Send(const CScriptEvent& event)
     }
 }
 
-namespace
-{
-
 // What a drag over the control offers: the dragged data, or else what the clipboard holds.
-class COffer
+COleDataObject* CRealControl::Offer()
 {
-public:
-    explicit COffer(COleDataObject* pDragged) : m_pDragged(pDragged)
-    {
-        if (m_pDragged == nullptr)
-            m_Clipboard.AttachClipboard();
-    }
-    COleDataObject* Get() { return m_pDragged != nullptr ? m_pDragged : &m_Clipboard; }
-
-private:
-    COleDataObject* m_pDragged;
-    COleDataObject m_Clipboard;
-};
-
-}  // namespace
+    if (m_pCtrl->m_pDragged != nullptr)
+        return m_pCtrl->m_pDragged;
+    m_Clipboard.AttachClipboard();
+    return &m_Clipboard;
+}
 
 DROPEFFECT CRealControl::DragEnter(DWORD dwKeyState, CPoint point)
 {
-    return m_pCtrl->OnDragEnter(COffer(m_pCtrl->m_pDragged).Get(), dwKeyState, point);
+    return m_pCtrl->OnDragEnter(Offer(), dwKeyState, point);
 }
 
 DROPEFFECT CRealControl::DragOver(DWORD dwKeyState, CPoint point)
 {
-    return m_pCtrl->OnDragOver(COffer(m_pCtrl->m_pDragged).Get(), dwKeyState, point);
+    return m_pCtrl->OnDragOver(Offer(), dwKeyState, point);
 }
 
 void CRealControl::DragLeave()
@@ -230,7 +217,7 @@ void CRealControl::DragLeave()
 
 BOOL CRealControl::Drop(DROPEFFECT dwEffect, CPoint point)
 {
-    return m_pCtrl->OnDrop(COffer(m_pCtrl->m_pDragged).Get(), dwEffect, point);
+    return m_pCtrl->OnDrop(Offer(), dwEffect, point);
 }
 
 namespace

@@ -5,6 +5,7 @@
 
 #include "control/script/script_player.h"
 #include "control/win32/formula_ctrl.h"
+#include "platform/win/ole_data_object.h"
 #include "service/formula_out.h"
 
 // What can be seen of a control whose parent was told of nChanges changes.
@@ -37,8 +38,10 @@ private:
     void SendMouse(UINT nMessage, const CScriptEvent& event);
     void SendKey(const CScriptEvent& event);
     void FillClipboard(const CScriptEvent& event);
+    COleDataObject* Offer();
 
     CFormulaOut m_Formula;
+    COleDataObject m_Clipboard;
     std::unique_ptr<CParent> m_pParent;
     std::unique_ptr<CCtrl> m_pCtrl;
 };

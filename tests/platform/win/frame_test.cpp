@@ -49,29 +49,11 @@ BEGIN_MESSAGE_MAP(CTestView, CWnd)
 ON_COMMAND(s_nIdOfView, OnCommand)
 END_MESSAGE_MAP()
 
-// A menu whose items are drawn by itself.
-class CDrawnMenu : public CMenu
-{
-public:
-    void MeasureItem(LPMEASUREITEMSTRUCT pMeasure) override
-    {
-        Log("Measure", pMeasure->itemID);
-        pMeasure->itemWidth = 100;
-        pMeasure->itemHeight = 20;
-    }
-    void DrawItem(LPDRAWITEMSTRUCT pDraw) override
-    {
-        if (pDraw->itemAction == ODA_DRAWENTIRE)
-            Log("Draw", pDraw->itemID);
-    }
-};
-
 class CTestFrame : public CFrameWnd
 {
 public:
     CTestView m_view;
     CWnd m_status;
-    UINT m_nKey = VK_RETURN;  // for a menu that opens
 
 private:
     int OnCreate(LPCREATESTRUCTA)
@@ -94,18 +76,11 @@ private:
         pCmdUI->SetText("other text");
     }
     void OnUpdateStatus(CCmdUI* pCmdUI) { pCmdUI->SetText("idle"); }
-    void OnInitMenuPopup(CMenu* pPopup, UINT nIndex, BOOL bSystem)
-    {
-        CFrameWnd::OnInitMenuPopup(pPopup, nIndex, bSystem);
-        PostMessage(WM_KEYDOWN, VK_DOWN);
-        PostMessage(WM_KEYDOWN, m_nKey);
-    }
     LRESULT OnThrow(WPARAM, LPARAM) { AfxThrowNotSupportedException(); }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
 ON_WM_CREATE()
-ON_WM_INITMENUPOPUP()
 ON_COMMAND(s_nIdOfFrame, OnCommand)
 ON_COMMAND(s_nIdOfView, OnCommand)
 ON_UPDATE_COMMAND_UI(s_nIdChecked, OnUpdateChecked)
@@ -196,25 +171,6 @@ TEST_F(Frame, MenusShowWhatCommandsCan)
     menu.EnableMenuItem(s_nIdOfNobody, MF_BYCOMMAND | MF_ENABLED);
     open();
     EXPECT_EQ(menu.GetMenuState(s_nIdOfNobody, MF_BYCOMMAND), UINT{ MF_ENABLED });
-}
-
-TEST_F(Frame, PopupsAreTrackedAndDrawnByTheirObject)
-{
-    CDrawnMenu menu;
-    menu.CreatePopupMenu();
-    menu.AppendMenu(MF_OWNERDRAW, s_nIdOfFrame);
-    menu.AppendMenu(MF_OWNERDRAW, s_nIdOfApp);
-    const auto track = [&](UINT nKey, LPCRECT pExclude)
-    {
-        m_pFrame->m_nKey = nKey;
-        return static_cast<UINT>(menu.TrackPopupMenu(TPM_RETURNCMD, 150, 150, m_pFrame, pExclude));
-    };
-    EXPECT_EQ(track(VK_ESCAPE, nullptr), 0U);
-    TakeLog();
-    EXPECT_EQ(track(VK_RETURN, nullptr), s_nIdOfFrame);
-    EXPECT_EQ(TakeLog(), "Measure(32769) Measure(32770) Draw(32769) Draw(32770)");
-    const CRect exclude(100, 100, 200, 200);
-    EXPECT_EQ(track(VK_RETURN, &exclude), s_nIdOfFrame);
 }
 
 TEST_F(Frame, TheLoopRunsUntilTheMainWindowIsGone)

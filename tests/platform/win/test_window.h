@@ -1,11 +1,10 @@
 // What the tests of windows share: a log of what was handled, windows that are never shown, the
-// messages that wait, what is left behind.
+// messages that wait.
 #pragma once
 
 #include "desk.h"
+#include "holdings.h"
 #include "platform/win/message_map.h"
-
-#include <gtest/gtest.h>
 
 #include <string>
 
@@ -48,7 +47,7 @@ void MakeChild(T& window, CWnd& parent, UINT nID = 1, DWORD dwStyle = WS_VISIBLE
 // Handles the messages that wait.
 inline void PumpAll()
 {
-    PumpUntil([] { return false; }, 0);
+    PumpFor(0);
 }
 
 inline std::string TextOf(const CWnd& window)
@@ -83,41 +82,4 @@ void ExpectHandled(CWnd& window, const SMessageCase (&aCases)[N])
             << row.pszLog;
         EXPECT_EQ(TakeLog(), row.pszLog);
     }
-}
-
-// What this process holds.
-struct SHoldings
-{
-    SGuiHandles gui = SGuiHandles::Count();
-    DWORD nHandles = 0;
-    size_t nBlocks = 0;  // of memory
-
-    SHoldings()
-    {
-        GetProcessHandleCount(GetCurrentProcess(), &nHandles);
-        HANDLE aHeaps[32];
-        const DWORD nHeaps = std::min<DWORD>(GetProcessHeaps(32, aHeaps), 32);
-        for (DWORD i = 0; i < nHeaps; ++i)
-        {
-            PROCESS_HEAP_ENTRY entry{};
-            while (HeapWalk(aHeaps[i], &entry))
-                nBlocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0;
-        }
-    }
-};
-
-// The first rounds may leave what is made once.
-template <class F>
-void ExpectNothingLeft(int nRounds, F round)
-{
-    for (int i = 0; i < 20; ++i)
-        round();
-    const SHoldings before;
-    for (int i = 0; i < nRounds && !testing::Test::HasFailure(); ++i)
-        round();
-    const SHoldings after;
-    EXPECT_LE(after.gui.nUser, before.gui.nUser + 5);
-    EXPECT_LE(after.gui.nGdi, before.gui.nGdi + 5);
-    EXPECT_LE(after.nHandles, before.nHandles + 5);
-    EXPECT_LE(after.nBlocks, before.nBlocks + 50);
 }
