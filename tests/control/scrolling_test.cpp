@@ -93,24 +93,30 @@ TEST(Scrolling, CodesMoveThePosition)
         { 50, 8, 50 },
         { 50, 9, 50 },
     };
-    CControlDriver low(s_pszHigh, CSize(300, 1));
-    CControlDriver narrow("a+b+c+d+e+f+g+h", CSize(1, 300));
-    const int nWide = narrow.Control().GetMeasuredRect().Width() - 1;
-    for (const auto& [nFrom, nCode, nTo] : aCases)
+    const std::tuple<int, UINT, const char*, CSize> aBars[] = {
+        { SB_VERT, SB_THUMBTRACK, s_pszHigh, CSize(300, 1) },
+        { SB_HORZ, SB_THUMBPOSITION, "a+b+c+d+e+f+g+h", CSize(1, 300) },
+    };
+    for (const auto& [nBar, nThumb, pszText, size] : aBars)
     {
-        low.m_Window.SendScroll(SB_VERT, SB_THUMBTRACK, nFrom);
-        low.m_Window.SendScroll(SB_VERT, nCode, 7);
-        low.m_Window.Settle();
-        EXPECT_EQ(low.m_Window.GetBar(SB_VERT).GetPos(), nTo) << nCode << " from " << nFrom;
-
-        // The twin, by its distance from the same end.
-        const int nOff = nFrom > 90 ? nWide - 191 : 0;
-        const int nOffTo = nTo > 90 ? nWide - 191 : 0;
-        narrow.m_Window.SendScroll(SB_HORZ, SB_THUMBPOSITION, nFrom + nOff);
-        narrow.m_Window.SendScroll(SB_HORZ, nCode, 7);
-        narrow.m_Window.Settle();
-        EXPECT_EQ(narrow.m_Window.GetBar(SB_HORZ).GetPos(), nTo + nOffTo)
-            << nCode << " from " << nFrom << " across";
+        CControlDriver driver(pszText, size);
+        const CSize extent = driver.Control().GetMeasuredRect().Size();
+        // The twin of a place near the end has the same distance from it.
+        const int nFarther = (nBar == SB_VERT ? extent.cy : extent.cx) - 192;
+        const auto place = [=](int nPlace)
+        {
+            return nPlace + (nPlace > 90 ? nFarther : 0);
+        };
+        for (const auto& [nFrom, nCode, nTo] : aCases)
+        {
+            driver.m_Window.SendScroll(nBar, nThumb, place(nFrom));
+            driver.m_Window.SendScroll(nBar, nCode, 7);
+            driver.m_Window.Settle();
+            CPoint corner;
+            driver.Control().ClientToFormula(corner);
+            EXPECT_EQ(nBar == SB_VERT ? corner.y : corner.x, place(nTo))
+                << nCode << " from " << nFrom << " of bar " << nBar;
+        }
     }
 }
 
