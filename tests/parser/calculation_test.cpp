@@ -89,18 +89,13 @@ TEST(Calculation, KnowsTheFunctionsAndWhatTheyRefuse)
         { "greek 3", 3.0 },    { "sqr sqr 16", 2.0 },    { "sin", 0.0 },
     };
     ExpectValues(aRound);
+    // Others are compared by chance, with those of the C library.
     const CValue aOthers[] = {
-        { "sinh(1)", 1.1752011936438014 },     { "cosh(1)", 1.5430806348152437 },
-        { "tanh(1)", 0.7615941559557649 },     { "arctan(1)", 0.7853981633974483 },
-        { "ln(2)", 0.6931471805599453 },       { "ln(0)", -s_fInfinitely },
-        { "exp(1)", 2.718281828459045 },       { "exp(41)", 6.398434935300549e17 },
+        { "ln(0)", -s_fInfinitely },           { "exp(41)", 6.398434935300549e17 },
         { "sin 1+2", 2.8414709848078965 },     { "SIN(1)", 0.8414709848078965 },
-        { "tan(1)", 1.5574077246549023 },      { "arcsin(0.5)", 0.5235987755982989 },
         { "int(2147483647.5)", 2147483647.0 }, { "int(2147483648)", -2147483648.0 },
         { "int(-3000000000)", -2147483648.0 }, { "int(ln 0)", -2147483648.0 },
-        { "rad(180)", 3.141592653589793 },     { "arsinh(1)", 0.881373587019543 },
-        { "arcosh(2)", 1.3169578969248166 },   { "arcosh(-2)", s_fNoNumber },
-        { "artanh(0.5)", 0.5493061443340549 }, { "artanh(1)", s_fInfinitely },
+        { "arcosh(-2)", s_fNoNumber },         { "artanh(1)", s_fInfinitely },
     };
     ExpectValues(aOthers);
 }
