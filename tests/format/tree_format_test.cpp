@@ -9,31 +9,6 @@
 
 #include "archived.h"
 
-namespace
-{
-// A record as it stands in an archive: length and face, colour, bold, italic, character set.
-std::string Record(const std::string& strFace, char chBold, char chItalic, char chCharSet)
-{
-    const std::string strZeros(3, '\0');
-    return std::string(1, static_cast<char>(strFace.size())) + strFace + '\0' + strZeros + chBold +
-           strZeros + chItalic + strZeros + chCharSet;
-}
-
-std::string Size(signed char nSize)
-{
-    return std::string(1, static_cast<char>(nSize)) + "\xFF\xFF\xFF";
-}
-
-// With the system's black for window text.
-std::string DefaultBytes()
-{
-    return Record("Times New Roman", 0, 0, 0) + Record("Times New Roman", 0, 1, 0) +
-           Record("Times New Roman", 0, 1, 0) + Record("Times New Roman", 0, 0, 0) +
-           Record("Times New Roman", 1, 0, 0) + Record("Symbol", 0, 0, 2) +
-           Record("Symbol", 0, 0, 2) + Size(-12) + Size(-10) + Size(-8) + Size(-16) + Size(-12);
-}
-}  // namespace
-
 TEST(TreeFormat, KnowsTheRecordOfEveryType)
 {
     CBinTreeFormat format;
@@ -83,7 +58,7 @@ TEST(TreeFormat, SizesByLevel)
 TEST(TreeFormat, ComesBackButForTheExtraRecord)
 {
     CBinTreeFormat source;
-    EXPECT_EQ(Stored(source), DefaultBytes());
+    EXPECT_EQ(Stored(source), DefaultFormatBytes());
     source.m_pText->m_crColour = 0x00123456;
     source.m_pSymbol->m_strFontName = "Arial";
     source.m_pSymbol->m_nCharSet = 255;
@@ -115,6 +90,6 @@ TEST(TreeFormat, ACutArchiveLeavesTheTableAsItWas)
         CBinTreeFormat loaded;
         EXPECT_EQ(CauseOf([&] { Load(loaded, strBytes.substr(0, nLength)); }),
                   CArchiveException::endOfFile);
-        EXPECT_EQ(Stored(loaded), DefaultBytes());
+        EXPECT_EQ(Stored(loaded), DefaultFormatBytes());
     }
 }

@@ -12,12 +12,11 @@
 #include <string>
 #include <vector>
 
+#include "archived.h"
 #include "format/tree_format.h"
 #include "gallery/sketch.h"
 #include "nodes/layout_pass.h"
 #include "nodes/typed_node.h"
-#include "platform/base/archive.h"
-#include "platform/base/file.h"
 #include "platform/base/geometry.h"
 #include "platform/gdi/dc.h"
 #include "tree/bin_tree.h"
@@ -138,12 +137,7 @@ inline std::string StateOf(const CNode& node)
 inline std::string BytesOf(CNode& node)
 {
     CBinTree tree;
-    CMemFile file;
-    CArchive ar(&file, CArchive::store);
-    node.SerializeNode(ar, &tree);
-    ar.Close();
-    return { reinterpret_cast<const char*>(file.GetData()),
-             static_cast<std::size_t>(file.GetLength()) };
+    return StoredBy([&](CArchive& ar) { node.SerializeNode(ar, &tree); });
 }
 
 // While it lives, nodes are measured, and loaded trees formatted, afresh at every request.

@@ -48,20 +48,6 @@ TEST(NodeFormat, LevelsSelectTheSizeAndTypesTheRecord)
     }
 }
 
-TEST(NodeFormat, AnUnknownTypeKeepsItsFont)
-{
-    const CNodePtr pNode(CBinTree().CreateNode("nt_plus"));
-    const LOGFONT& lf = *pNode->GetLogFont();
-    EXPECT_EQ(pNode->GetFlags(), 2U);
-    EXPECT_EQ(pNode->GetFontName(), "Times New Roman");
-    EXPECT_EQ(lf.lfHeight, -120);
-    EXPECT_EQ(lf.lfWeight, 400);
-    EXPECT_EQ(lf.lfItalic, 1);
-    EXPECT_EQ(lf.lfPitchAndFamily, 0x50);
-    CTestDC dc;
-    EXPECT_EQ(pNode->Measure(&dc), CRect(0, 0, 5, 16));
-}
-
 // The face that marks a Greek letter survives formats, and nothing else does.
 TEST(NodeFormat, ValuesKeepOnlyTheFaceSymbol)
 {
@@ -120,65 +106,6 @@ TEST(NodeFormat, FunctionsTakeTheFaceForAllNames)
     EXPECT_EQ(pChanged->GetFontName(), "Arial");
     pChanged->ApplyFormat(&g_DefaultFormat);
     EXPECT_EQ(Faces(pChanged)[19], "Times New Roman");
-}
-
-TEST(NodeFormat, BigOperatorsAreSetBigByTheirLevel)
-{
-    const struct
-    {
-        int nLevel;
-        int nHeight;
-    } aCases[] = { { 0, -160 }, { 1, -120 }, { 2, -120 }, { 7, -120 }, { -3, -160 } };
-    for (const char* pszSketch : { "(SUM)", "(PROD)", "(INTEGRAL)" })
-    {
-        SCOPED_TRACE(pszSketch);
-        const CNodePtr pNode = Sketch(pszSketch);
-        for (const auto& row : aCases)
-        {
-            pNode->SetLevel(row.nLevel);
-            pNode->ApplyFormat(&g_DefaultFormat);
-            EXPECT_EQ(pNode->GetLogFont()->lfHeight, row.nHeight) << row.nLevel;
-        }
-        ASSERT_NE(pNode->GetLeft(), nullptr);
-        EXPECT_EQ(pNode->GetLeft()->GetTypeName(), "NT_RANGE");
-        EXPECT_EQ(pNode->GetLeft()->GetParent(), pNode.get());
-        EXPECT_EQ(pNode->GetRight(), nullptr);
-    }
-}
-
-// A limit of a sum that is itself an exponent: levels add up.
-TEST(NodeFormat, LevelsAddUp)
-{
-    const CNodePtr pPower = Sketch("(POWERTO x (SUM (RANGE n i) a))");
-    const struct
-    {
-        const char* pszPath;
-        int nLevel;
-        int nHeight;
-    } aCases[] = { { "R", 1, -120 }, { "RL", 1, -100 }, { "RLL", 2, -80 }, { "RR", 1, -100 } };
-    for (const auto& row : aCases)
-    {
-        EXPECT_EQ(NodeAt(pPower.get(), row.pszPath)->GetLevel(), row.nLevel) << row.pszPath;
-        EXPECT_EQ(NodeAt(pPower.get(), row.pszPath)->GetLogFont()->lfHeight, row.nHeight);
-    }
-}
-
-TEST(NodeFormat, LinkingAloneDoesNotFormat)
-{
-    CNode node;
-    node.SetLevel(1);
-    CNodePtr pChild = Sketch("(POWERTO a b)");
-    pChild->SetLevel(5);
-    node.LinkRight(pChild.get());
-    EXPECT_EQ(pChild->GetParent(), &node);
-    EXPECT_EQ(pChild->GetLevel(), 1);
-    EXPECT_EQ(pChild->GetRight()->GetLevel(), 1);
-    EXPECT_EQ(pChild->GetLogFont()->lfHeight, -120);
-
-    node.SetRight(pChild.release());
-    EXPECT_EQ(node.GetRight()->GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(node.GetRight()->GetRight()->GetLevel(), 2);
-    EXPECT_EQ(node.GetRight()->GetRight()->GetLogFont()->lfHeight, -80);
 }
 
 TEST(NodeAttributes, CopyAcrossClasses)

@@ -182,19 +182,6 @@ TEST(PlacedTrees, HaveSizesAndAxes)
     EXPECT_EQ(pPlace->Measure(&dc), CRect(0, 0, 13, 14));
 }
 
-// A fraction is 17 by 40 with its axis at 19: the sign, 16 high, stands at 19 - 8.
-TEST(PlacedTrees, OperatorsStandOnTheAxisOfTheirOperands)
-{
-    for (const char* pszType : { "PLUS", "MINUS", "CROSS", "OPERATOR", "EQUATION", "ARROWS" })
-    {
-        SCOPED_TRACE(pszType);
-        const CNodePtr pRoot = Sketch("(" + std::string(pszType) + " (DIVISION a b) c)");
-        EXPECT_EQ(PaintAt(*pRoot, { 10, 20 }), CRect(10, 20, 53, 60));
-        EXPECT_EQ(pRoot->m_rect, CRect(28, 31, 38, 47));
-        EXPECT_EQ(pRoot->GetRight()->m_rect, CRect(40, 31, 50, 47));
-    }
-}
-
 // The gap belongs to the process. The letters are 13 wide with their signs one unit in; the right
 // factor starts 3 units inside the left one's rectangle.
 TEST(PlacedTrees, FactorsMoveTogetherWithANegativeGap)
@@ -214,53 +201,13 @@ TEST(PlacedTrees, FactorsMoveTogetherWithANegativeGap)
     g_nTimesGap = nOld;
 }
 
-// Nobody writes the base line: it is 0 in a new node, and what was stored in a loaded one.
-TEST(PlacedTrees, StructuresHangByTheBaseLineThatTheyHave)
+// 42 * 2 / 7 + 5 is the width that its painting asked for.
+TEST(PlacedTrees, PaintingLeavesARootItsWidthOnly)
 {
-    for (const std::string strType : { "MATRIX", "BINOMIAL", "LINE" })
-    {
-        SCOPED_TRACE(strType);
-        const CNodePtr pRoot = Sketch("(PLUS a (" + strType + " b c))");
-        const CNode* pUpper = NodeAt(pRoot.get(), strType == "LINE" ? "RR" : "RL");
-        for (const int nBaseline : { 0, 5 })
-        {
-            pRoot->GetRight()->m_nBaseline = nBaseline;
-            PaintAt(*pRoot, { 10, 20 });
-            EXPECT_EQ(pRoot->m_rect, CRect(24, 20, 34, 36));
-            EXPECT_EQ(pUpper->m_rect, CRect(36, 28 - nBaseline, 46, 44 - nBaseline));
-            EXPECT_EQ(pRoot->GetRight()->m_nBaseline, nBaseline);
-        }
-    }
-}
-
-// A bracket keeps the font that its painting asked for, (29 - 2) * 100 / 12 tenths of a point; a
-// root the width, 42 * 2 / 7 + 5, but not the height.
-TEST(PlacedTrees, PaintingLeavesItsFontsInSomeNodes)
-{
-    const struct
-    {
-        const char* pszSketch;
-        int nHeight;
-        int nWidth;
-    } aCases[] = { { "(BRACE (POWERTO x n))", 225, 10 },
-                   { "(POISON (POWERTO x n))", 225, 10 },
-                   { "(NTHROOT (DIVISION a b) n)", -120, 17 } };
-    for (const auto& row : aCases)
-    {
-        const CNodePtr pRoot = Sketch(row.pszSketch);
-        PaintAt(*pRoot, { 10, 20 });
-        EXPECT_EQ(pRoot->GetLogFont()->lfHeight, row.nHeight) << row.pszSketch;
-        EXPECT_EQ(pRoot->GetLogFont()->lfWidth, row.nWidth) << row.pszSketch;
-    }
-}
-
-TEST(Range, HasTheSizeOfTheSignAbove)
-{
-    CTestDC dc;
-    const CNodePtr pSum = Sketch("(SUM (RANGE (RANGE) -))");
-    EXPECT_EQ(pSum->GetLeft()->GetOwnSize(&dc), CRect(0, 0, 10, 21));
-    EXPECT_EQ(pSum->GetLeft()->GetLeft()->GetOwnSize(&dc), CRect(0, 0, 10, 21));
-    EXPECT_EQ(CRangeNode(nullptr).GetOwnSize(&dc), CRect(0, 0, 0, 0));
+    const CNodePtr pRoot = Sketch("(NTHROOT (DIVISION a b) n)");
+    PaintAt(*pRoot, { 10, 20 });
+    EXPECT_EQ(pRoot->GetLogFont()->lfHeight, -120);
+    EXPECT_EQ(pRoot->GetLogFont()->lfWidth, 17);
 }
 
 // A range whose gap is 10 units less than nothing, so that its limits overlap: the upper one
@@ -295,7 +242,8 @@ TEST(Range, ChainsOfAnyLengthAreMeasuredAndHit)
         pRange = pRange->GetRight();
     }
     CTestDC dc;
-    EXPECT_EQ(pRange->GetOwnSize(&dc), CRect(0, 0, 10, 21));
+    EXPECT_EQ(pRange->GetOwnSize(&dc), CRect(0, 0, 10, 21)) << "that of the sign above";
+    EXPECT_EQ(CRangeNode(nullptr).GetOwnSize(&dc), CRect(0, 0, 0, 0));
     // Each adds its gap of 21 and one unit above, in and below.
     EXPECT_EQ(pSum->Measure(&dc), CRect(0, 0, 12, 20001 * 24));
     CRect rect(0, 0, 0, 0);

@@ -166,17 +166,6 @@ TEST(Signs, ArrangementsHaveNone)
     }
 }
 
-TEST(Signs, AMarkHasOneSizeOnEveryLevel)
-{
-    CTestDC dc;
-    const CNodePtr pNode = Sketch("(VECTOR)");
-    for (const int nLevel : { 0, 1, 2 })
-    {
-        pNode->SetLevel(nLevel);
-        EXPECT_EQ(pNode->GetOwnSize(&dc), CRect(0, 0, 10, 11));
-    }
-}
-
 // Of nodes that nobody formatted.
 TEST(Signs, StartWithTheirOwnHeights)
 {

@@ -2,9 +2,8 @@
 #include <string>
 #include <thread>
 
+#include "archived.h"
 #include "nodes/node.h"
-#include "platform/base/archive.h"
-#include "platform/base/exception.h"
 #include "platform/base/system.h"
 #include "service/service_helpers.h"
 #include "service/thread_check.h"
@@ -182,34 +181,18 @@ TEST_F(CFormulaOutTest, ATreeAndItsFormatGoThroughAnArchive)
     CFormulaOut source;
     source.FormTree("a/b");
     source.GetTreeFormatPtr()->m_pNumber->m_strFontName = "Arial";
-    CMemFile file;
-    {
-        CArchive ar(&file, CArchive::store);
-        source.SaveTree(ar);
-    }
-    file.SeekToBegin();
+    std::string strBytes = StoredBy([&](CArchive& ar) { source.SaveTree(ar); });
     CFormulaOut target;
+    const auto load = [&](CArchive& ar)
     {
-        CArchive ar(&file, CArchive::load);
         target.SaveTree(ar);
-    }
+    };
+    EXPECT_EQ(LoadBy(strBytes, load), 0U);
     EXPECT_EQ(target.m_Tree.GetRootNode()->GetLeft()->GetTypeName(), "NT_DIVISION");
     EXPECT_EQ(target.GetTreeFormatPtr()->m_pNumber->m_strFontName, "Arial");
     EXPECT_EQ(target.m_strFormula, "");
-
-    std::vector<BYTE> bytes(file.GetData(), file.GetData() + file.GetLength() - 1);
-    CMemFile cut(bytes.data(), static_cast<UINT>(bytes.size()));
-    CArchive ar(&cut, CArchive::load);
-    try
-    {
-        target.SaveTree(ar);
-        FAIL() << "the archive is one byte short";
-    }
-    catch (CArchiveException* pException)
-    {
-        EXPECT_EQ(pException->m_cause, CArchiveException::endOfFile);
-        pException->Delete();
-    }
+    strBytes.pop_back();
+    EXPECT_EQ(CauseOf([&] { LoadBy(strBytes, load); }), CArchiveException::endOfFile);
 }
 
 TEST_F(CFormulaOutTest, DebugBuildsStopWhereTwoThreadsAreInside)

@@ -6,6 +6,7 @@
 #include <climits>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "archived.h"
@@ -73,7 +74,10 @@ TEST(NodeFactory, TakesNamesWithTheirCase)
         EXPECT_EQ(pNode->GetTypeName(), pszName);
         EXPECT_EQ(pNode->GetFlags(), 2U);
         EXPECT_EQ(pNode->GetPriority(), -1);
-        EXPECT_EQ(pNode->GetLogFont()->lfItalic, 1);  // the constructor's font
+        const LOGFONT& lf = *pNode->GetLogFont();  // the constructor's
+        EXPECT_STREQ(lf.lfFaceName, "Times New Roman");
+        EXPECT_EQ(std::tuple(lf.lfHeight, lf.lfWeight, lf.lfItalic, lf.lfPitchAndFamily),
+                  std::tuple(-120, 400, 1, 0x50));
         EXPECT_EQ(dynamic_cast<CTypedNode*>(pNode.get()), nullptr);
     }
 }
