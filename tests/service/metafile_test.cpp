@@ -167,15 +167,4 @@ TEST_F(CMetafileTest, ACommentComesBackThroughReadFormAndWrite)
     ASSERT_EQ(formula.ReadFormulaFromWMF(File("out.wmf")), 1);
     EXPECT_EQ(g_strMetaComment, "sqr(x)/2");
 }
-
-// Whatever a formula shows, a process that has read nothing writes the bare tag.
-TEST_F(CMetafileTest, TheCommentIsNotTheFormula)
-{
-    CFormulaOut formula;
-    formula.FormTree("a+b");
-    formula.WriteFormulaToWMF(File("x.wmf"));
-    EXPECT_EQ(formula.ReadFormulaFromWMF(File("x.wmf")), 1);
-    EXPECT_EQ(g_strMetaComment, "");
-    EXPECT_EQ(formula.m_strFormula, "");
-}
 }  // namespace

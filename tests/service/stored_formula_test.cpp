@@ -129,18 +129,6 @@ TEST_F(CStoredFormulaTest, IsSavedAsItStandsAndOpened)
     EXPECT_EQ(Stored(opened), ContentsOf(strPath));
 }
 
-TEST_F(CStoredFormulaTest, ARefusedTextLeavesTheLastGoodOneWithoutATree)
-{
-    CFormulaOut formula;
-    formula.FormTree("a");
-    EXPECT_EQ(formula.FormTree(CString('a', 65535)), 0);
-    EXPECT_EQ(TakeMessages().size(), 1U);
-    formula.m_Tree.m_rectFormula = CRect(0, 0, 9, 18);
-    formula.SaveToFML(File("x.fml"));
-    EXPECT_EQ(ContentsOf(File("x.fml")), ShortText("a") + Bits32({ 0, 0, 9, 18 }) + ShortText("") +
-                                             Bits32({ 0 }) + DefaultFormatBytes());
-}
-
 TEST_F(CStoredFormulaTest, WhatCannotBeOpenedIsToldAndChangesNothing)
 {
     const std::string strSound = s_strHead + s_strRoot + DefaultFormatBytes();

@@ -35,18 +35,16 @@ public:
         cairo_surface_flush(m_pSurface);
         const unsigned char* pData = cairo_image_surface_get_data(m_pSurface);
         const int nStride = cairo_image_surface_get_stride(m_pSurface);
-        const CMemoryPicture picture(cairo_image_surface_get_width(m_pSurface),
-                                     cairo_image_surface_get_height(m_pSurface));
-        for (int y = 0; y < picture.Height(); ++y)
+        CRect inked;
+        for (int y = 0; y < cairo_image_surface_get_height(m_pSurface); ++y)
         {
-            for (int x = 0; x < picture.Width(); ++x)
+            for (int x = 0; x < cairo_image_surface_get_width(m_pSurface); ++x)
             {
-                COLORREF pixel = 0;
-                std::memcpy(&pixel, pData + y * nStride + 4 * x, sizeof pixel);
-                SetPixel(picture, x, y, pixel & 0xFFFFFF);
+                if (pData[y * nStride + 4 * x] != 0xFF)
+                    inked |= CRect(x, y, x + 1, y + 1);
             }
         }
-        return picture.Inked();
+        return inked;
     }
 
     CCairoDC m_dc;
