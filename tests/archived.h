@@ -16,10 +16,10 @@ inline std::string BytesOf(CMemFile& file)
 }
 
 template <class F>
-std::string StoredBy(F store)
+std::string StoredBy(F store, int nBuffer = 4096)
 {
     CMemFile file;
-    CArchive ar(&file, CArchive::store);
+    CArchive ar(&file, CArchive::store, nBuffer);
     store(ar);
     ar.Close();
     return BytesOf(file);
@@ -27,10 +27,10 @@ std::string StoredBy(F store)
 
 // Bytes that are left behind what was read.
 template <class F>
-ULONGLONG LoadBy(std::string strBytes, F load)
+ULONGLONG LoadBy(std::string strBytes, F load, int nBuffer = 4096)
 {
     CMemFile file(reinterpret_cast<BYTE*>(strBytes.data()), static_cast<UINT>(strBytes.size()));
-    CArchive ar(&file, CArchive::load);
+    CArchive ar(&file, CArchive::load, nBuffer);
     load(ar);
     ar.Close();
     return file.GetLength() - file.GetPosition();

@@ -12,11 +12,7 @@
 TEST(TreeFormat, KnowsTheRecordOfEveryType)
 {
     CBinTreeFormat format;
-    const struct
-    {
-        CFormatInfoOb* pRecord;
-        const char* pszTypes;
-    } aRows[] = {
+    const std::pair<CFormatInfoOb*, const char*> aRows[] = {
         { format.m_pText, "STANDARD PLACEHOLDER DERIVE INTEGRAND INDEX MATRIX LINE ELEMENT LABEL" },
         { format.m_pVariable, "VARIABLE" },
         { format.m_pConstant, "CONSTANT" },
@@ -29,11 +25,11 @@ TEST(TreeFormat, KnowsTheRecordOfEveryType)
         { format.m_pExtra, "PLANCK LAMBDA" },
         { nullptr, "plus PLUSS" },
     };
-    for (const auto& row : aRows)
+    for (const auto& [pRecord, pszTypes] : aRows)
     {
-        std::istringstream types(row.pszTypes);
+        std::istringstream types(pszTypes);
         for (std::string strType; types >> strType;)
-            EXPECT_EQ(format.FindRecord(("NT_" + strType).c_str()), row.pRecord) << strType;
+            EXPECT_EQ(format.FindRecord(("NT_" + strType).c_str()), pRecord) << strType;
     }
     EXPECT_EQ(format.FindRecord(""), nullptr);
     EXPECT_EQ(format.m_TypeMap.GetCount(), 41) << "asking for a name adds none";

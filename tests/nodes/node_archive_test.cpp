@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 
 #include "format/tree_format.h"
 #include "nodes/node_fixture.h"
@@ -210,30 +211,26 @@ TEST(NodeArchive, LeavesWhatFormattingAtEveryLinkLeaves)
 // A big operator's own font is not stored either.
 TEST(NodeArchive, StoredFontsHoldOnlyWhereNoLinkFormatsThem)
 {
-    const struct
+    // Sketch, node, the face stored in it (bold, too), its face and boldness when it is loaded.
+    const std::tuple<const char*, const char*, const char*, const char*, bool> aCases[] = {
+        { "(PLUS a (NUMBER))", "", "Arial", "Arial", true },
+        { "(PLUS a (NUMBER))", "L", "Symbol", "Symbol", false },
+        { "(PLUS a (NUMBER))", "R", "Arial", "Times New Roman", false },
+        { "(SUM (RANGE n i) a)", "", "Arial", "Symbol", false },
+        { "(SUM (RANGE n i) a)", "L", "Arial", "Arial", true },
+        { "(SUM (RANGE n i) a)", "R", "Arial", "Times New Roman", false },
+    };
+    for (const auto& [pszSketch, pszPath, pszStored, pszLoaded, bBold] : aCases)
     {
-        const char* pszSketch;
-        const char* pszPath;
-        const char* pszStored;  // and bold
-        const char* pszLoaded;
-        bool bBold;
-    } aCases[] = { { "(PLUS a (NUMBER))", "", "Arial", "Arial", true },
-                   { "(PLUS a (NUMBER))", "L", "Symbol", "Symbol", false },
-                   { "(PLUS a (NUMBER))", "R", "Arial", "Times New Roman", false },
-                   { "(SUM (RANGE n i) a)", "", "Arial", "Symbol", false },
-                   { "(SUM (RANGE n i) a)", "L", "Arial", "Arial", true },
-                   { "(SUM (RANGE n i) a)", "R", "Arial", "Times New Roman", false } };
-    for (const auto& row : aCases)
-    {
-        SCOPED_TRACE(std::string(row.pszSketch) + " " + row.pszPath);
-        const CNodePtr pSource = Sketch(row.pszSketch);
-        CNode* pStored = NodeAt(pSource.get(), row.pszPath);
-        pStored->SetFontName(row.pszStored);
+        SCOPED_TRACE(std::string(pszSketch) + " " + pszPath);
+        const CNodePtr pSource = Sketch(pszSketch);
+        CNode* pStored = NodeAt(pSource.get(), pszPath);
+        pStored->SetFontName(pszStored);
         pStored->SetBold(1);
         const CNodePtr pRoot = Loaded(pSource->GetTypeName(), BytesOf(*pSource));
-        CNode* pLoaded = NodeAt(pRoot.get(), row.pszPath);
-        EXPECT_EQ(pLoaded->GetFontName(), row.pszLoaded);
-        EXPECT_EQ(pLoaded->IsBold(), row.bBold);
+        CNode* pLoaded = NodeAt(pRoot.get(), pszPath);
+        EXPECT_EQ(pLoaded->GetFontName(), pszLoaded);
+        EXPECT_EQ(pLoaded->IsBold(), bBold);
         EXPECT_EQ(pLoaded->GetLogFont()->lfHeight, pStored->GetLogFont()->lfHeight);
     }
 }

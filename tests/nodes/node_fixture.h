@@ -14,12 +14,11 @@
 
 #include "archived.h"
 #include "format/tree_format.h"
-#include "gallery/sketch.h"
 #include "nodes/layout_pass.h"
 #include "nodes/typed_node.h"
 #include "platform/base/geometry.h"
 #include "platform/gdi/dc.h"
-#include "tree/bin_tree.h"
+#include "tree/tree_maker.h"
 
 inline void PrintTo(const CRect& r, std::ostream* os)
 {
@@ -73,15 +72,6 @@ inline CNodePtr Sketch(const std::string& strSketch)
     BuildTree(tree, strSketch);
     CNodePtr pRoot(tree.GetRootNode());
     tree.SetRootNode(nullptr);
-    return pRoot;
-}
-
-// The node that a path of the letters L and R leads to; without a path the root, without a node
-// null.
-inline CNode* NodeAt(CNode* pRoot, const std::string& strPath)
-{
-    for (const char ch : strPath)
-        pRoot = pRoot == nullptr ? nullptr : ch == 'L' ? pRoot->GetLeft() : pRoot->GetRight();
     return pRoot;
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 #include "format/tree_format.h"
 #include "nodes/brace_nodes.h"
@@ -23,25 +24,20 @@ TEST(NodeFormat, LevelsSelectTheSizeAndTypesTheRecord)
     format.m_pVariable->m_Style[0] = 1;
     format.m_pVariable->m_Style[1] = 7;
     format.m_nSizes[1] = INT_MAX;
-    const struct
-    {
-        int nLevel;
-        int nStep;
-        int nLevelBelow;
-        int nHeight;  // of the node below
-    } aCases[] = {
+    // Of a node; level and height of the one below.
+    const std::tuple<int, int, int, int> aCases[] = {
         { 0, 0, 0, -120 }, { 0, 1, 1, -10 },  // ten times the largest number, in 32 bits
         { 1, 1, 2, -80 },  { 4, 1, 5, -80 }, { -3, 1, -2, -120 }, { INT_MAX, 1, INT_MIN, -120 },
     };
-    for (const auto& test : aCases)
+    for (const auto& [nLevel, nStep, nLevelBelow, nHeight] : aCases)
     {
         const CNodePtr pNode = Sketch("(STANDARD a)");
-        pNode->m_nLeftLevelStep = test.nStep;
-        pNode->SetLevel(test.nLevel);
+        pNode->m_nLeftLevelStep = nStep;
+        pNode->SetLevel(nLevel);
         pNode->ApplyFormat(&format);
         const CNode* pLeft = pNode->GetLeft();
-        EXPECT_EQ(pLeft->GetLevel(), test.nLevelBelow);
-        EXPECT_EQ(pLeft->GetLogFont()->lfHeight, test.nHeight) << test.nLevel;
+        EXPECT_EQ(pLeft->GetLevel(), nLevelBelow);
+        EXPECT_EQ(pLeft->GetLogFont()->lfHeight, nHeight) << nLevel;
         EXPECT_EQ(pLeft->GetFontName(), "A face name that is far longer ");
         EXPECT_TRUE(pLeft->IsBold());
         EXPECT_FALSE(pLeft->IsItalic());
@@ -57,12 +53,8 @@ TEST(NodeFormat, ValuesKeepOnlyTheFaceSymbol)
     format.m_pSymbol->m_strFontName = "Arial";
     format.m_pExtra->m_strFontName = "Arial";
     format.m_nSizes[0] = -20;
-    const struct
-    {
-        const char* pszSketch;
-        const char* pszFaceBefore;  // null: that of the default format
-        const char* pszFaceAfter;
-    } aCases[] = {
+    // The face before (null: that of the default format), and after it.
+    const std::tuple<const char*, const char*, const char*> aCases[] = {
         { "(VARIABLE)", nullptr, "Arial" },  { "(VARIABLE)", "Symbol", "Symbol" },
         { "(VARIABLE)", "symbol", "Arial" }, { "(VARIABLE)", "Courier New", "Arial" },
         { "(NUMBER)", "Symbol", "Symbol" },  { "(CONSTANT)", "Arial", "Times New Roman" },
@@ -70,13 +62,13 @@ TEST(NodeFormat, ValuesKeepOnlyTheFaceSymbol)
         { "(PLUS)", "Symbol", "Symbol" },  // by its record
         { "(BRACE)", nullptr, "Arial" },
     };
-    for (const auto& test : aCases)
+    for (const auto& [pszSketch, pszFaceBefore, pszFaceAfter] : aCases)
     {
-        const CNodePtr pNode = Sketch(test.pszSketch);
-        if (test.pszFaceBefore != nullptr)
-            pNode->SetFontName(test.pszFaceBefore);
+        const CNodePtr pNode = Sketch(pszSketch);
+        if (pszFaceBefore != nullptr)
+            pNode->SetFontName(pszFaceBefore);
         pNode->ApplyFormat(&format);
-        EXPECT_EQ(pNode->GetFontName(), test.pszFaceAfter) << test.pszSketch;
+        EXPECT_EQ(pNode->GetFontName(), pszFaceAfter) << pszSketch;
         EXPECT_EQ(pNode->GetLogFont()->lfHeight, -200);
         if (pNode->GetTypeName() == "NT_VARIABLE")
         {

@@ -151,18 +151,16 @@ TEST(Signs, AFunctionWithoutAKindShowsItsSymbol)
 TEST(Signs, ArrangementsHaveNone)
 {
     CTestDC dc;
-    const struct
+    const std::pair<const char*, CRect> aCases[] = {
+        { "POWERTO INDEX MATRIX LINE ELEMENT", {} },
+        { "DIVISION[0]", { 0, 0, 0, 5 } },  // the strip of the bar
+        { "DIVISION[1] DIVISION[2]", {} },
+        { "PLACEHOLDER", { 0, 0, -14, -10 } },
+    };
+    for (const auto& [pszTypes, own] : aCases)
     {
-        const char* pszTypes;
-        CRect own;
-    } aCases[] = { { "POWERTO INDEX MATRIX LINE ELEMENT", {} },
-                   { "DIVISION[0]", { 0, 0, 0, 5 } },  // the strip of the bar
-                   { "DIVISION[1] DIVISION[2]", {} },
-                   { "PLACEHOLDER", { 0, 0, -14, -10 } } };
-    for (const auto& row : aCases)
-    {
-        for (const std::string& strType : Words(row.pszTypes))
-            EXPECT_EQ(Sketch("(" + strType + ")")->GetOwnSize(&dc), row.own) << strType;
+        for (const std::string& strType : Words(pszTypes))
+            EXPECT_EQ(Sketch("(" + strType + ")")->GetOwnSize(&dc), own) << strType;
     }
 }
 
