@@ -181,14 +181,6 @@ TEST(NodeArchive, HasTheFormOfEveryClass)
     }
 }
 
-TEST(NodeArchive, ChildrenStandBeforeTheirParent)
-{
-    const std::string strLeaf = RecordBytes(RowOf("NT_NUMBER"), s_strNoChildren);
-    const std::string strBytes =
-        RecordBytes(RowOf("NT_PLUS"), std::string(1, '\0') + ShortText("NT_NUMBER") + strLeaf);
-    EXPECT_EQ(BytesOf(*Sketch("(PLUS - (NUMBER))")), strBytes);
-}
-
 // The plain order formats at every link; the loader does so once, and must end in the same.
 TEST(NodeArchive, LeavesWhatFormattingAtEveryLinkLeaves)
 {

@@ -28,8 +28,6 @@ const CPaintCase s_aRows[] = {
       { "text \xD6 @Symbol 27 13 in 100 200 150 229 924", "move 111 200", "line 150 200" } },
 
     // 26 high: (26 - 2) * 100 / 12 tenths of a point, 26 / 5 + 5 wide.
-    { "BRACE[0]", s_bracket,
-      { "text ( @Symbol 27 10 in 100 200 110 226 B28", "text ) @Symbol 27 10 in 150 200 160 226 B2A" } },
     { "BRACE[11]", s_bracket,
       { "text ( @Symbol 27 10 in 100 200 110 226 B28", "text   @Symbol 27 10 in 150 200 160 226 B2A" } },
     { "BRACE[17]", s_bracket, { "text ? @Symbol 27 10 in 100 200 110 226 B28" } },

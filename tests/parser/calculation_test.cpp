@@ -16,13 +16,6 @@ constexpr double s_fNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr const char* DIVISION_BY_ZERO = " (Division durch Null)";
 constexpr const char* NO_ROOT = " (keine Wurzel aus neg. Zahl)";
 
-class CTestParser : public CFormulaParser
-{
-public:
-    double GetArgument() const { return m_dArgument; }
-    double GetFunctConst(int n) const { return m_adFunctConst[n]; }
-};
-
 void ExpectValue(const std::string& strText, double dExpected, int nExpectedPos = 0,
                  const char* pszMessage = "")
 {
@@ -136,7 +129,7 @@ TEST(Calculation, ReadsNumbersBeyondTheRangeOfADouble)
     ExpectValue(strHuge + "-" + strHuge, s_fNoNumber);
 }
 
-TEST(Calculation, StoresArgumentAndConstants)
+TEST(Calculation, TellsOfConstantsThatThereAreNot)
 {
     static int s_nBoxes = 0;
     AfxSetMessageBoxHandler(
@@ -147,22 +140,11 @@ TEST(Calculation, StoresArgumentAndConstants)
             return 1;
         },
         nullptr);
-    CTestParser parser;
+    CFormulaParser parser;
     for (int nIndex : { -1, 0, 1, 9, 10 })
         parser.SetFunctConst(nIndex, 2.5);
     AfxSetMessageBoxHandler(nullptr, nullptr);
     EXPECT_EQ(s_nBoxes, 3);
-    EXPECT_EQ(parser.GetFunctConst(0), 0.0);
-    EXPECT_EQ(parser.GetFunctConst(1), 2.5);
-    EXPECT_EQ(parser.GetFunctConst(8), 0.0);
-    EXPECT_EQ(parser.GetFunctConst(9), 2.5);
-
-    WORD nErrorPos;
-    CString strMessage;
-    parser.Calculation("1", 0.0, &nErrorPos, &strMessage);
-    EXPECT_EQ(parser.GetArgument(), 1e-99);
-    parser.Calculation("1", -3.0, &nErrorPos, &strMessage);
-    EXPECT_EQ(parser.GetArgument(), -3.0);
 }
 
 TEST(Calculation, RefusesATextThatIsTooLong)

@@ -7,7 +7,6 @@
 #include "platform/base/system.h"
 #include "service/service_helpers.h"
 #include "service/thread_check.h"
-#include "tree/tree_form.h"
 
 namespace
 {
@@ -17,18 +16,6 @@ using CFormulaOutTest = CServiceTest;
 CString TooLongText()
 {
     return CString('a', 65535);
-}
-
-TEST_F(CFormulaOutTest, FormsWhatItUnderstoodAndKeepsTheWholeText)
-{
-    CFormulaOut formula;
-    EXPECT_EQ(formula.IsRootNodeNULL(), 1);
-    EXPECT_EQ(formula.FormTree("  2x "), 1);
-    EXPECT_EQ(formula.m_strFormula, "  2x ");
-    CNode* pRoot = formula.m_Tree.GetRootNode();
-    ASSERT_STREQ(TreeForm(pRoot), R"((STANDARD "" (NUMBER "2" - -) -))");
-    EXPECT_EQ(pRoot->GetLeft()->GetParent(), pRoot);
-    EXPECT_EQ(TakeMessages(), Messages{});
 }
 
 // A root with an empty sign of 17 pixels (18 hundredths) and a variable of 8 (11): gaps of 2 for

@@ -58,14 +58,6 @@ protected:
         PackCompoundFile(file, pszStream, content);
         return File(pszName);
     }
-
-    std::string ContentsOf(const CString& strPath)
-    {
-        CFile file(strPath, CFile::modeRead);
-        CMemFile content;
-        EXPECT_TRUE(UnpackCompoundFile(file, "Contents", content));
-        return BytesOf(content);
-    }
 };
 
 TEST_F(CStoredFormulaTest, HasItsItemsInOrder)
@@ -126,7 +118,7 @@ TEST_F(CStoredFormulaTest, IsSavedAsItStandsAndOpened)
     EXPECT_EQ(opened.m_strFormula, "a/b=sqr(c)");
     EXPECT_EQ(opened.m_format.m_nSizes[2], -7);
     EXPECT_STREQ(TreeForm(opened.m_tree.GetRootNode()), TreeForm(formula.m_Tree.GetRootNode()));
-    EXPECT_EQ(Stored(opened), ContentsOf(strPath));
+    EXPECT_EQ(Stored(opened), Stored(formula.m_Doc));
 }
 
 TEST_F(CStoredFormulaTest, WhatCannotBeOpenedIsToldAndChangesNothing)
