@@ -114,25 +114,6 @@ void Hang(CNode*& pChild, const CPart& part)
         pChild = new CNode;
     pChild->m_nBaseline = part.nBaseline;
 }
-
-// Parts of the given sizes at (0, 0), placed by the node with its origin at the point. The
-// children's base lines are the caller's.
-struct CArranged
-{
-    CArranged(CNode& node, CPoint origin, CSize sizeLeft, CSize sizeRight, CSize sizeOwn)
-        : rect(origin, origin),
-          left(CPoint(), sizeLeft),
-          right(CPoint(), sizeRight),
-          own(CPoint(), sizeOwn)
-    {
-        node.Arrange(rect, left, right, own);
-    }
-
-    CRect rect;
-    CRect left;
-    CRect right;
-    CRect own;
-};
 }  // namespace
 
 TEST(Arrange, PlacesParts)
@@ -146,19 +127,22 @@ TEST(Arrange, PlacesParts)
             Hang(pNode->m_pLeft, row.left);
             Hang(pNode->m_pRight, row.right);
             pNode->m_nBaseline = KEPT;
-            const CArranged result(*pNode, row.origin, CSize(row.left.cx, row.left.cy),
-                                   CSize(row.right.cx, row.right.cy), row.own);
-            EXPECT_EQ(result.left, row.leftPlaced) << "left";
-            EXPECT_EQ(result.right, row.rightPlaced) << "right";
-            EXPECT_EQ(result.own, row.ownPlaced) << "own";
-            EXPECT_EQ(result.rect, row.rect) << "rect";
+            CRect rect(row.origin, row.origin);
+            CRect left(0, 0, row.left.cx, row.left.cy);
+            CRect right(0, 0, row.right.cx, row.right.cy);
+            CRect own(CPoint(), row.own);
+            pNode->Arrange(rect, left, right, own);
+            EXPECT_EQ(left, row.leftPlaced) << "left";
+            EXPECT_EQ(right, row.rightPlaced) << "right";
+            EXPECT_EQ(own, row.ownPlaced) << "own";
+            EXPECT_EQ(rect, row.rect) << "rect";
             EXPECT_EQ(pNode->m_nBaseline, row.nBaseline) << "base line";
             // Only a big operator moves a child's: the gap of its range goes with the sign.
             const bool bBig = std::string(row.pszTypes).starts_with("SUM");
             if (row.left.bNode)
             {
                 EXPECT_EQ(pNode->m_pLeft->m_nBaseline,
-                          row.left.nBaseline + (bBig ? result.left.top - row.origin.y : 0));
+                          row.left.nBaseline + (bBig ? left.top - row.origin.y : 0));
             }
         }
     }
@@ -180,10 +164,14 @@ TEST(Arrange, TakesExtremeNumbers)
             pTyped->SetKind(n / 25 % 6);
         Hang(pNode->m_pLeft, { 0, 0, y });
         Hang(pNode->m_pRight, { 0, 0, y });
-        const CArranged placed(*pNode, { y, x }, { x, x }, { y, x }, { x, y });
+        CRect rect(y, x, y, x);
+        CRect left(0, 0, x, x);
+        CRect right(0, 0, y, x);
+        CRect own(0, 0, x, y);
+        pNode->Arrange(rect, left, right, own);
         pNode->GetLogFont()->lfHeight = x;
         pNode->GetOwnSize(&dc);
-        pNode->PaintOwn(&dc, placed.own, PF_NODE);
+        pNode->PaintOwn(&dc, own, PF_NODE);
         pNode->PaintOwn(&dc, CRect(x, y, y, x), 0);
 
         pNode->m_nLeftLevelStep = x;

@@ -243,17 +243,6 @@ TEST(NodeArchive, ABigOperatorReadsIntoItsOwnRange)
     EXPECT_EQ(pSum->GetLeft(), pRange) << "a record without a range leaves it";
 }
 
-TEST(NodeArchive, LoadingReplacesWhatHungThere)
-{
-    const CNodePtr pNode = Sketch("(PLUS old old)");
-    LoadInto(*pNode, BytesOf(*Sketch("(PLUS new)")));
-    EXPECT_EQ(pNode->GetLeft()->GetSymbol(), "new");
-    EXPECT_EQ(pNode->GetRight(), nullptr);
-    LoadInto(*pNode, BytesOf(*Sketch("(PLUS - right)")));
-    EXPECT_EQ(pNode->GetLeft(), nullptr);
-    EXPECT_EQ(pNode->GetRight()->GetSymbol(), "right");
-}
-
 TEST(NodeArchive, TakesTheTypeOfTheRecordAndTheClassOfTheName)
 {
     std::string strBytes = BytesOf(*Sketch("(BRACE a)"));
