@@ -91,7 +91,7 @@ constexpr CGestureCase s_aGestures[] = {
     { "all is the box's ride", "a+b", "press @LL;key 88;all", { { SELECTION, "/:2" } } },
     { "keys go to the editor", "a+b", "press @LL;key 88;key 46;key 32;key 65", { { TREE, A_PLUS(NAME("X")) } } },
     { "characters without an editor", "a+b", "press @LL;char 65;blur", { { EDITOR, "-" } } },
-    { "a letter on a deleted root's placeholder", "2", "press @L;key 46;key 65;char 13", { { TREE, TREE_OF(NAME("A")) } } },
+    { "a letter on a deleted root's placeholder", "2", "press @L;key 46;key 90;char 13", { { TREE, TREE_OF(NAME("Z")) } } },
 
     // The clipboard
     { "cut leaves a placeholder, with one step, untold, and nothing selected", "a+b", "press @LL;cut", { { TREE, A_PLUS(PLACE) }, { COUNTS, "undo 1 changed 0" }, { SELECTION, "-:1" } } },

@@ -227,6 +227,7 @@ TEST(Hosts, WindowsAreAskedToEraseOrNot)
 #define FIRST "all;key 37;key 37;"  // the letter a
     const std::tuple<const char*, const char*, const char*> aCases[] = {
         { "", "press 5 8", "k" },
+        { "", "release 5 8", "k" },
         { "", "double 5 8", "k" },
         { "", "all", "e" },
         { "", "readonly 1", "e" },

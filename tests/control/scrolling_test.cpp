@@ -47,6 +47,12 @@ TEST(Scrolling, ScriptsLeadToBars)
     }
 }
 
+// This one needs its bars only while they are on.
+TEST(Scrolling, ASizeWithoutRestIsCutOff)
+{
+    EXPECT_LT(CControlDriver(s_pszLow, CSize(20, 92)).m_Window.GetPaintCount(), 20);
+}
+
 // The formula ends at 191. In a window of one pixel's height a page is one pixel.
 TEST(Scrolling, CodesMoveThePosition)
 {
