@@ -100,6 +100,18 @@ TEST(NodeFormat, FunctionsTakeTheFaceForAllNames)
     EXPECT_EQ(Faces(pChanged)[19], "Times New Roman");
 }
 
+TEST(NodeFormat, LinkingAloneDoesNotFormat)
+{
+    CNode node;
+    node.SetLevel(1);
+    CNodePtr pChild = Sketch("a");
+    node.LinkRight(pChild.get());
+    EXPECT_EQ(pChild->GetLevel(), 1);
+    EXPECT_EQ(pChild->GetLogFont()->lfHeight, -120);
+    node.SetRight(pChild.release());
+    EXPECT_EQ(node.GetRight()->GetLogFont()->lfHeight, -100);
+}
+
 TEST(NodeAttributes, CopyAcrossClasses)
 {
     const CNodePtr pSource = Sketch("(BRACE[7] \"s\")");
