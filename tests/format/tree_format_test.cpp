@@ -9,39 +9,10 @@
 
 #include "archived.h"
 
-namespace
-{
-// A record as it stands in an archive: length and face, colour, bold, italic, character set.
-std::string Record(const std::string& strFace, char chBold, char chItalic, char chCharSet)
-{
-    const std::string strZeros(3, '\0');
-    return std::string(1, static_cast<char>(strFace.size())) + strFace + '\0' + strZeros + chBold +
-           strZeros + chItalic + strZeros + chCharSet;
-}
-
-std::string Size(signed char nSize)
-{
-    return std::string(1, static_cast<char>(nSize)) + "\xFF\xFF\xFF";
-}
-
-// With the system's black for window text.
-std::string DefaultBytes()
-{
-    return Record("Times New Roman", 0, 0, 0) + Record("Times New Roman", 0, 1, 0) +
-           Record("Times New Roman", 0, 1, 0) + Record("Times New Roman", 0, 0, 0) +
-           Record("Times New Roman", 1, 0, 0) + Record("Symbol", 0, 0, 2) +
-           Record("Symbol", 0, 0, 2) + Size(-12) + Size(-10) + Size(-8) + Size(-16) + Size(-12);
-}
-}  // namespace
-
 TEST(TreeFormat, KnowsTheRecordOfEveryType)
 {
     CBinTreeFormat format;
-    const struct
-    {
-        CFormatInfoOb* pRecord;
-        const char* pszTypes;
-    } aRows[] = {
+    const std::pair<CFormatInfoOb*, const char*> aRows[] = {
         { format.m_pText, "STANDARD PLACEHOLDER DERIVE INTEGRAND INDEX MATRIX LINE ELEMENT LABEL" },
         { format.m_pVariable, "VARIABLE" },
         { format.m_pConstant, "CONSTANT" },
@@ -54,11 +25,11 @@ TEST(TreeFormat, KnowsTheRecordOfEveryType)
         { format.m_pExtra, "PLANCK LAMBDA" },
         { nullptr, "plus PLUSS" },
     };
-    for (const auto& row : aRows)
+    for (const auto& [pRecord, pszTypes] : aRows)
     {
-        std::istringstream types(row.pszTypes);
+        std::istringstream types(pszTypes);
         for (std::string strType; types >> strType;)
-            EXPECT_EQ(format.FindRecord(("NT_" + strType).c_str()), row.pRecord) << strType;
+            EXPECT_EQ(format.FindRecord(("NT_" + strType).c_str()), pRecord) << strType;
     }
     EXPECT_EQ(format.FindRecord(""), nullptr);
     EXPECT_EQ(format.m_TypeMap.GetCount(), 41) << "asking for a name adds none";
@@ -83,7 +54,7 @@ TEST(TreeFormat, SizesByLevel)
 TEST(TreeFormat, ComesBackButForTheExtraRecord)
 {
     CBinTreeFormat source;
-    EXPECT_EQ(Stored(source), DefaultBytes());
+    EXPECT_EQ(Stored(source), DefaultFormatBytes());
     source.m_pText->m_crColour = 0x00123456;
     source.m_pSymbol->m_strFontName = "Arial";
     source.m_pSymbol->m_nCharSet = 255;
@@ -115,6 +86,6 @@ TEST(TreeFormat, ACutArchiveLeavesTheTableAsItWas)
         CBinTreeFormat loaded;
         EXPECT_EQ(CauseOf([&] { Load(loaded, strBytes.substr(0, nLength)); }),
                   CArchiveException::endOfFile);
-        EXPECT_EQ(Stored(loaded), DefaultBytes());
+        EXPECT_EQ(Stored(loaded), DefaultFormatBytes());
     }
 }

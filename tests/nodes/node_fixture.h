@@ -12,15 +12,13 @@
 #include <string>
 #include <vector>
 
+#include "archived.h"
 #include "format/tree_format.h"
-#include "gallery/sketch.h"
 #include "nodes/layout_pass.h"
 #include "nodes/typed_node.h"
-#include "platform/base/archive.h"
-#include "platform/base/file.h"
 #include "platform/base/geometry.h"
 #include "platform/gdi/dc.h"
-#include "tree/bin_tree.h"
+#include "tree/tree_maker.h"
 
 inline void PrintTo(const CRect& r, std::ostream* os)
 {
@@ -77,15 +75,6 @@ inline CNodePtr Sketch(const std::string& strSketch)
     return pRoot;
 }
 
-// The node that a path of the letters L and R leads to; without a path the root, without a node
-// null.
-inline CNode* NodeAt(CNode* pRoot, const std::string& strPath)
-{
-    for (const char ch : strPath)
-        pRoot = pRoot == nullptr ? nullptr : ch == 'L' ? pRoot->GetLeft() : pRoot->GetRight();
-    return pRoot;
-}
-
 // A letter at the bottom of so many nodes of a type, each the left child of the next.
 inline CNodePtr Tower(const char* pszType, int nLevels)
 {
@@ -138,12 +127,7 @@ inline std::string StateOf(const CNode& node)
 inline std::string BytesOf(CNode& node)
 {
     CBinTree tree;
-    CMemFile file;
-    CArchive ar(&file, CArchive::store);
-    node.SerializeNode(ar, &tree);
-    ar.Close();
-    return { reinterpret_cast<const char*>(file.GetData()),
-             static_cast<std::size_t>(file.GetLength()) };
+    return StoredBy([&](CArchive& ar) { node.SerializeNode(ar, &tree); });
 }
 
 // While it lives, nodes are measured, and loaded trees formatted, afresh at every request.

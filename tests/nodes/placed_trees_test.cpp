@@ -48,13 +48,6 @@ const CTreeCase s_aTrees[] = {
         { { 50, 65 }, "L", { 32, 48, 56, 69 } },   // beside both
         { { 50, 42 }, "L", { 32, 40, 59, 69 } },   // over the exponent
         { { 10, 10 }, "", { 30, 40, 61, 93 } } } },
-    // The exponent: 13 + 13 + 1 wide, 13 + 11 high, its base from 11 on.
-    { "(POWERTO x (POWERTO n m))", { 30, 40 }, { 30, 40, 71, 80 },
-      { { "", { 30, 48, 68, 80 } }, { "L", { 31, 64, 41, 80 } }, { "RL", { 42, 59, 52, 72 } },
-        { "RR", { 53, 56, 63, 67 } } }, {} },
-    // The symbol's axis lies two units below the upper index: 13 + 2.
-    { "(VARIABLE \"x\" - (INDEX i k))", { 10, 20 }, { 10, 20, 36, 48 },
-      { { "", { 11, 27, 21, 43 } }, { "RL", { 23, 20, 33, 33 } }, { "RR", { 23, 34, 33, 47 } } }, {} },
     // The sign of the root is 11 + 5 wide.
     { "(NTHROOT (DIVISION a b) n)", { 10, 20 }, { 10, 20, 58, 62 },
       { { "", { 23, 20, 58, 62 } }, { "L", { 40, 39, 57, 44 } }, { "LL", { 43, 22, 53, 38 } },
@@ -63,14 +56,6 @@ const CTreeCase s_aTrees[] = {
     // Each bracket is 5 + 5 wide.
     { "(BRACE (POWERTO x n))", { 10, 20 }, { 10, 20, 60, 49 },
       { { "", { 10, 20, 59, 49 } }, { "LL", { 22, 33, 32, 49 } } }, {} },
-    { "(POISON (POWERTO x n))", { 10, 20 }, { 10, 20, 60, 49 },
-      { { "", { 10, 20, 59, 49 } }, { "LL", { 22, 33, 32, 49 } } }, {} },
-    { "(BRACE (BRACE x))", { 10, 20 }, { 10, 20, 61, 36 },
-      { { "", { 10, 20, 60, 36 } }, { "L", { 19, 20, 50, 36 } }, { "LL", { 29, 20, 39, 36 } } },
-      { { { 55, 30 }, "", { 10, 20, 60, 36 } } } },
-    // "sin" is 26 wide; the bracket 8 + 1 + 13 + 1 + 8 + 1.
-    { "(FUNC - (BRACE x))", { 10, 20 }, { 10, 20, 71, 36 },
-      { { "", { 11, 20, 37, 36 } }, { "R", { 38, 20, 69, 36 } }, { "RL", { 48, 20, 58, 36 } } }, {} },
     // Both limits are 13 by 13, the sign 10 by 21, its axis at 24.
     { "(SUM (RANGE n i) (DIVISION a b))", { 10, 20 }, { 10, 20, 42, 70 },
       { { "", { 11, 34, 21, 55 } }, { "LL", { 11, 20, 21, 33 } }, { "LR", { 11, 56, 21, 69 } },
@@ -82,10 +67,6 @@ const CTreeCase s_aTrees[] = {
     // "lim" is 26 by 16; the fraction stands on its axis.
     { "(LIMES n (DIVISION a b))", { 10, 20 }, { 10, 20, 54, 61 },
       { { "", { 10, 31, 36, 47 } }, { "L", { 17, 48, 27, 61 } }, { "R", { 37, 37, 54, 42 } } }, {} },
-    // The symbol is 10 by 16; the fraction of both is 10 + 13 by 16 + 16 + 6.
-    { "(DERIVE x f)", { 10, 20 }, { 10, 20, 49, 58 },
-      { { "L", { 22, 42, 32, 58 } }, { "R", { 36, 30, 46, 46 } } },
-      { { { 15, 38 }, "", { 10, 20, 33, 58 } } } },
     // The second line is the right part of the outer one, above.
     { "(MATRIX (LINE (ELEMENT a b) (ELEMENT c d)) e)", { 10, 20 }, { 10, 20, 38, 70 },
       { { "LRL", { 11, 20, 21, 36 } }, { "LRR", { 26, 20, 36, 36 } }, { "LLL", { 11, 36, 21, 52 } },
@@ -95,24 +76,6 @@ const CTreeCase s_aTrees[] = {
     { "(PLUS a (PLACEHOLDER))", { 10, 20 }, { 10, 20, 25, 36 },
       { { "", { 24, 20, 34, 36 } }, { "R", { 36, 20, 22, 10 } } },
       { { { 35, 22 }, "", { 10, 20, 25, 36 } } } },
-};
-
-// Extents and axes.
-const struct
-{
-    const char* pszSketch;
-    CSize size;
-    int nAxis;
-} s_aSizes[] = {
-    { "(PLUS (DIVISION a b) c)",    {  43, 40 }, 19 },
-    { "(PLUS (DIVISION[2]) c)",     {  26, 16 },  8 },
-    { "(STANDARD)",                 {   5, 16 },  8 },
-    { "(SUM)",                      {  12, 24 }, 11 },  // three higher than its sign
-    { "(BRACE (POWERTO x n))",      {  50, 29 }, 14 },
-    { "(POISON (POWERTO x n))",     {  50, 29 }, 14 },
-    { "(VECTOR (DIVISION a b))",    {  17, 53 }, 31 },  // 19, and over it the mark, 11 high
-    { "(PLACEHOLDER)",              { -11,  0 }, -5 },  // the sign of the sizes is in them
-    { "(LABEL)",                    {  45, 16 },  8 },
 };
 // clang-format on
 
@@ -164,35 +127,15 @@ TEST(PlacedTrees, StandAndAreHit)
     }
 }
 
-TEST(PlacedTrees, HaveSizesAndAxes)
+// The sign of the format's sizes is in them.
+TEST(PlacedTrees, PlaceholdersAreAsLargeAsTheirFont)
 {
     CTestDC dc;
-    for (const auto& row : s_aSizes)
-    {
-        SCOPED_TRACE(row.pszSketch);
-        const CNodePtr pRoot = Sketch(row.pszSketch);
-        // A division of a kind that is never laid out: nobody reads its base line.
-        if (pRoot->GetLeft() != nullptr && pRoot->GetLeft()->IsLeaf())
-            pRoot->GetLeft()->m_nBaseline = 50;
-        EXPECT_EQ(pRoot->Measure(&dc), CRect(CPoint(0, 0), row.size));
-        EXPECT_EQ(pRoot->m_nBaseline, row.nAxis);
-    }
     const CNodePtr pPlace = Sketch("(PLACEHOLDER)");
+    EXPECT_EQ(pPlace->Measure(&dc), CRect(0, 0, -11, 0));
+    EXPECT_EQ(pPlace->m_nBaseline, -5);
     pPlace->GetLogFont()->lfHeight = 120;
     EXPECT_EQ(pPlace->Measure(&dc), CRect(0, 0, 13, 14));
-}
-
-// A fraction is 17 by 40 with its axis at 19: the sign, 16 high, stands at 19 - 8.
-TEST(PlacedTrees, OperatorsStandOnTheAxisOfTheirOperands)
-{
-    for (const char* pszType : { "PLUS", "MINUS", "CROSS", "OPERATOR", "EQUATION", "ARROWS" })
-    {
-        SCOPED_TRACE(pszType);
-        const CNodePtr pRoot = Sketch("(" + std::string(pszType) + " (DIVISION a b) c)");
-        EXPECT_EQ(PaintAt(*pRoot, { 10, 20 }), CRect(10, 20, 53, 60));
-        EXPECT_EQ(pRoot->m_rect, CRect(28, 31, 38, 47));
-        EXPECT_EQ(pRoot->GetRight()->m_rect, CRect(40, 31, 50, 47));
-    }
 }
 
 // The gap belongs to the process. The letters are 13 wide with their signs one unit in; the right
@@ -214,53 +157,13 @@ TEST(PlacedTrees, FactorsMoveTogetherWithANegativeGap)
     g_nTimesGap = nOld;
 }
 
-// Nobody writes the base line: it is 0 in a new node, and what was stored in a loaded one.
-TEST(PlacedTrees, StructuresHangByTheBaseLineThatTheyHave)
+// 42 * 2 / 7 + 5 is the width that its painting asked for.
+TEST(PlacedTrees, PaintingLeavesARootItsWidthOnly)
 {
-    for (const std::string strType : { "MATRIX", "BINOMIAL", "LINE" })
-    {
-        SCOPED_TRACE(strType);
-        const CNodePtr pRoot = Sketch("(PLUS a (" + strType + " b c))");
-        const CNode* pUpper = NodeAt(pRoot.get(), strType == "LINE" ? "RR" : "RL");
-        for (const int nBaseline : { 0, 5 })
-        {
-            pRoot->GetRight()->m_nBaseline = nBaseline;
-            PaintAt(*pRoot, { 10, 20 });
-            EXPECT_EQ(pRoot->m_rect, CRect(24, 20, 34, 36));
-            EXPECT_EQ(pUpper->m_rect, CRect(36, 28 - nBaseline, 46, 44 - nBaseline));
-            EXPECT_EQ(pRoot->GetRight()->m_nBaseline, nBaseline);
-        }
-    }
-}
-
-// A bracket keeps the font that its painting asked for, (29 - 2) * 100 / 12 tenths of a point; a
-// root the width, 42 * 2 / 7 + 5, but not the height.
-TEST(PlacedTrees, PaintingLeavesItsFontsInSomeNodes)
-{
-    const struct
-    {
-        const char* pszSketch;
-        int nHeight;
-        int nWidth;
-    } aCases[] = { { "(BRACE (POWERTO x n))", 225, 10 },
-                   { "(POISON (POWERTO x n))", 225, 10 },
-                   { "(NTHROOT (DIVISION a b) n)", -120, 17 } };
-    for (const auto& row : aCases)
-    {
-        const CNodePtr pRoot = Sketch(row.pszSketch);
-        PaintAt(*pRoot, { 10, 20 });
-        EXPECT_EQ(pRoot->GetLogFont()->lfHeight, row.nHeight) << row.pszSketch;
-        EXPECT_EQ(pRoot->GetLogFont()->lfWidth, row.nWidth) << row.pszSketch;
-    }
-}
-
-TEST(Range, HasTheSizeOfTheSignAbove)
-{
-    CTestDC dc;
-    const CNodePtr pSum = Sketch("(SUM (RANGE (RANGE) -))");
-    EXPECT_EQ(pSum->GetLeft()->GetOwnSize(&dc), CRect(0, 0, 10, 21));
-    EXPECT_EQ(pSum->GetLeft()->GetLeft()->GetOwnSize(&dc), CRect(0, 0, 10, 21));
-    EXPECT_EQ(CRangeNode(nullptr).GetOwnSize(&dc), CRect(0, 0, 0, 0));
+    const CNodePtr pRoot = Sketch("(NTHROOT (DIVISION a b) n)");
+    PaintAt(*pRoot, { 10, 20 });
+    EXPECT_EQ(pRoot->GetLogFont()->lfHeight, -120);
+    EXPECT_EQ(pRoot->GetLogFont()->lfWidth, 17);
 }
 
 // A range whose gap is 10 units less than nothing, so that its limits overlap: the upper one
@@ -295,7 +198,8 @@ TEST(Range, ChainsOfAnyLengthAreMeasuredAndHit)
         pRange = pRange->GetRight();
     }
     CTestDC dc;
-    EXPECT_EQ(pRange->GetOwnSize(&dc), CRect(0, 0, 10, 21));
+    EXPECT_EQ(pRange->GetOwnSize(&dc), CRect(0, 0, 10, 21)) << "that of the sign above";
+    EXPECT_EQ(CRangeNode(nullptr).GetOwnSize(&dc), CRect(0, 0, 0, 0));
     // Each adds its gap of 21 and one unit above, in and below.
     EXPECT_EQ(pSum->Measure(&dc), CRect(0, 0, 12, 20001 * 24));
     CRect rect(0, 0, 0, 0);

@@ -5,11 +5,7 @@
 #include <string>
 
 #include "format/tree_format.h"
-#include "nodes/big_operator_nodes.h"
 #include "nodes/node_fixture.h"
-#include "nodes/operator_nodes.h"
-#include "nodes/symbol_nodes.h"
-#include "nodes/vector_node.h"
 #include "platform/base/exception.h"
 
 namespace
@@ -50,11 +46,7 @@ const struct
 // clang-format on
 
 // Of the other types, with L as left, R as right child, s as symbol.
-const struct
-{
-    const char* pszTypes;
-    const char* pszText;
-} s_aTexts[] = {
+const std::pair<const char*, const char*> s_aTexts[] = {
     { "STANDARD EXTFUNC ARROWS BINOMIAL", "L s R" },
     { "VARIABLE NUMBER CONSTANT LABEL", "LsR" },
     { "INFINITY", "LINFINITYR" },
@@ -85,14 +77,6 @@ const struct
     { "LAPLACE", "LDELTA_R" },
     { "PLACEHOLDER", "LEMPTYR" },
 };
-
-// Raised by a kind outside its table.
-template <class F>
-void ExpectRefused(const char* pszSketch, F use)
-{
-    CTestDC dc;
-    EXPECT_THROW(use(*Sketch(pszSketch), &dc), CInvalidArgException*) << pszSketch;
-}
 }  // namespace
 
 TEST(Signs, AreTakenByTypeAndKind)
@@ -129,14 +113,15 @@ TEST(Signs, AreTakenByTypeAndKind)
 
 TEST(Signs, AreRefusedOutsideTheTableOfKinds)
 {
+    CTestDC dc;
     for (const char* pszSketch :
          { "(INTEGRAL[-1])", "(INTEGRAL[9])", "(BRACE[25])", "(BRACE[-1])", "(POISON[25])",
            "(POISON[-1])", "(EQUATION[20])", "(EQUATION[-1])", "(ARROWS[12])", "(FUNC[22])",
            "(FUNC[-2])", "(VECTOR[8])" })
     {
-        ExpectRefused(pszSketch, [](CNode& node, CDC* pDC) { node.Measure(pDC); });
+        EXPECT_THROW(Sketch(pszSketch)->Measure(&dc), CInvalidArgException*) << pszSketch;
     }
-    ExpectRefused("(FUNC[-1])", [](CNode& node, CDC*) { node.MakeText(0); });
+    EXPECT_THROW(Sketch("(FUNC[-1])")->MakeText(0), CInvalidArgException*);
 }
 
 TEST(Signs, AFunctionWithoutAKindShowsItsSymbol)
@@ -151,54 +136,42 @@ TEST(Signs, AFunctionWithoutAKindShowsItsSymbol)
 TEST(Signs, ArrangementsHaveNone)
 {
     CTestDC dc;
-    const struct
+    const std::pair<const char*, CRect> aCases[] = {
+        { "POWERTO INDEX MATRIX LINE ELEMENT", {} },
+        { "DIVISION[0]", { 0, 0, 0, 5 } },  // the strip of the bar
+        { "DIVISION[1] DIVISION[2]", {} },
+        { "PLACEHOLDER", { 0, 0, -14, -10 } },
+    };
+    for (const auto& [pszTypes, own] : aCases)
     {
-        const char* pszTypes;
-        CRect own;
-    } aCases[] = { { "POWERTO INDEX MATRIX LINE ELEMENT", {} },
-                   { "DIVISION[0]", { 0, 0, 0, 5 } },  // the strip of the bar
-                   { "DIVISION[1] DIVISION[2]", {} },
-                   { "PLACEHOLDER", { 0, 0, -14, -10 } } };
-    for (const auto& row : aCases)
-    {
-        for (const std::string& strType : Words(row.pszTypes))
-            EXPECT_EQ(Sketch("(" + strType + ")")->GetOwnSize(&dc), row.own) << strType;
-    }
-}
-
-TEST(Signs, AMarkHasOneSizeOnEveryLevel)
-{
-    CTestDC dc;
-    const CNodePtr pNode = Sketch("(VECTOR)");
-    for (const int nLevel : { 0, 1, 2 })
-    {
-        pNode->SetLevel(nLevel);
-        EXPECT_EQ(pNode->GetOwnSize(&dc), CRect(0, 0, 10, 11));
+        for (const std::string& strType : Words(pszTypes))
+            EXPECT_EQ(Sketch("(" + strType + ")")->GetOwnSize(&dc), own) << strType;
     }
 }
 
 // Of nodes that nobody formatted.
 TEST(Signs, StartWithTheirOwnHeights)
 {
-    EXPECT_EQ(CSumNode().GetLogFont()->lfHeight, -160);
-    EXPECT_EQ(CIntegralNode().GetLogFont()->lfHeight, -160);
-    EXPECT_EQ(COperatorNode().GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(CArrowNode().GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(CNablaNode().GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(CLaplaceNode().GetLogFont()->lfHeight, -100);
-    EXPECT_EQ(CPlusNode().GetLogFont()->lfHeight, -120);
-    EXPECT_EQ(CPlaceHolderNode().GetLogFont()->lfHeight, -120);
-    EXPECT_EQ(CVectorNode().GetLogFont()->lfHeight, -8);
+    const std::pair<ENodeType, int> aCases[] = {
+        { NTI_SUM, -160 },    { NTI_INTEGRAL, -160 }, { NTI_OPERATOR, -100 },
+        { NTI_ARROWS, -100 }, { NTI_NABLA, -100 },    { NTI_LAPLACE, -100 },
+        { NTI_PLUS, -120 },   { NTI_VECTOR, -8 },     { NTI_PLACEHOLDER, -120 },
+    };
+    for (const auto& [nType, nHeight] : aCases)
+    {
+        const CNodePtr pNode(CBinTree().CreateBareNode(nType));
+        EXPECT_EQ(pNode->GetLogFont()->lfHeight, nHeight) << NodeTypeName(nType);
+    }
 }
 
 TEST(NodeText, FollowsTheTemplateOfTheType)
 {
     int nTypes = 4;  // EQUATION, FUNC, USERFUNC, VECTOR: above
-    for (const auto& row : s_aTexts)
+    for (const auto& [pszTypes, pszText] : s_aTexts)
     {
-        for (const std::string& strType : Words(row.pszTypes))
+        for (const std::string& strType : Words(pszTypes))
         {
-            EXPECT_EQ(Sketch("(" + strType + " \"s\" L R)")->MakeText(0), row.pszText) << strType;
+            EXPECT_EQ(Sketch("(" + strType + " \"s\" L R)")->MakeText(0), pszText) << strType;
             ++nTypes;
         }
     }

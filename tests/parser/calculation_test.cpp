@@ -16,13 +16,6 @@ constexpr double s_fNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr const char* DIVISION_BY_ZERO = " (Division durch Null)";
 constexpr const char* NO_ROOT = " (keine Wurzel aus neg. Zahl)";
 
-class CTestParser : public CFormulaParser
-{
-public:
-    double GetArgument() const { return m_dArgument; }
-    double GetFunctConst(int n) const { return m_adFunctConst[n]; }
-};
-
 void ExpectValue(const std::string& strText, double dExpected, int nExpectedPos = 0,
                  const char* pszMessage = "")
 {
@@ -89,18 +82,13 @@ TEST(Calculation, KnowsTheFunctionsAndWhatTheyRefuse)
         { "greek 3", 3.0 },    { "sqr sqr 16", 2.0 },    { "sin", 0.0 },
     };
     ExpectValues(aRound);
+    // Others are compared by chance, with those of the C library.
     const CValue aOthers[] = {
-        { "sinh(1)", 1.1752011936438014 },     { "cosh(1)", 1.5430806348152437 },
-        { "tanh(1)", 0.7615941559557649 },     { "arctan(1)", 0.7853981633974483 },
-        { "ln(2)", 0.6931471805599453 },       { "ln(0)", -s_fInfinitely },
-        { "exp(1)", 2.718281828459045 },       { "exp(41)", 6.398434935300549e17 },
+        { "ln(0)", -s_fInfinitely },           { "exp(41)", 6.398434935300549e17 },
         { "sin 1+2", 2.8414709848078965 },     { "SIN(1)", 0.8414709848078965 },
-        { "tan(1)", 1.5574077246549023 },      { "arcsin(0.5)", 0.5235987755982989 },
         { "int(2147483647.5)", 2147483647.0 }, { "int(2147483648)", -2147483648.0 },
         { "int(-3000000000)", -2147483648.0 }, { "int(ln 0)", -2147483648.0 },
-        { "rad(180)", 3.141592653589793 },     { "arsinh(1)", 0.881373587019543 },
-        { "arcosh(2)", 1.3169578969248166 },   { "arcosh(-2)", s_fNoNumber },
-        { "artanh(0.5)", 0.5493061443340549 }, { "artanh(1)", s_fInfinitely },
+        { "arcosh(-2)", s_fNoNumber },         { "artanh(1)", s_fInfinitely },
     };
     ExpectValues(aOthers);
 }
@@ -141,7 +129,7 @@ TEST(Calculation, ReadsNumbersBeyondTheRangeOfADouble)
     ExpectValue(strHuge + "-" + strHuge, s_fNoNumber);
 }
 
-TEST(Calculation, StoresArgumentAndConstants)
+TEST(Calculation, TellsOfConstantsThatThereAreNot)
 {
     static int s_nBoxes = 0;
     AfxSetMessageBoxHandler(
@@ -152,22 +140,11 @@ TEST(Calculation, StoresArgumentAndConstants)
             return 1;
         },
         nullptr);
-    CTestParser parser;
+    CFormulaParser parser;
     for (int nIndex : { -1, 0, 1, 9, 10 })
         parser.SetFunctConst(nIndex, 2.5);
     AfxSetMessageBoxHandler(nullptr, nullptr);
     EXPECT_EQ(s_nBoxes, 3);
-    EXPECT_EQ(parser.GetFunctConst(0), 0.0);
-    EXPECT_EQ(parser.GetFunctConst(1), 2.5);
-    EXPECT_EQ(parser.GetFunctConst(8), 0.0);
-    EXPECT_EQ(parser.GetFunctConst(9), 2.5);
-
-    WORD nErrorPos;
-    CString strMessage;
-    parser.Calculation("1", 0.0, &nErrorPos, &strMessage);
-    EXPECT_EQ(parser.GetArgument(), 1e-99);
-    parser.Calculation("1", -3.0, &nErrorPos, &strMessage);
-    EXPECT_EQ(parser.GetArgument(), -3.0);
 }
 
 TEST(Calculation, RefusesATextThatIsTooLong)

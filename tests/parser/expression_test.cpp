@@ -8,30 +8,20 @@ TEST(Expression, BuildsTheLevels)
         { " \t\r\n\v\f ", "_" },
         { "  a ", "'a'" },
         { "a+b*c", R"((PLUS "+" 'a' (TIMES "" 'b' 'c')))", 0, GAP_BARE },
-        { "a**b", R"((TIMES "\xB4" 'a' 'b'))", 0, GAP_SIGN },
         { "a*b**c", R"((TIMES "\xB4" (TIMES "" 'a' 'b') 'c'))", 0, GAP_SIGN },
-        { "a**b*c", R"((TIMES "" (TIMES "\xB4" 'a' 'b') 'c'))", 0, GAP_BARE },
         { "a*", R"((TIMES "" 'a' _))", 0, GAP_BARE },
-        { "*", R"((TIMES "" _ _))", 0, GAP_BARE },
-        { "a+", R"((PLUS "+" 'a' _))" },
         { "+a", R"((PLUS "+" _ 'a'))" },
         { "a=b+c", R"((PLUS "+" (EQUATION[0] "" 'a' 'b') 'c'))" },
-        { "a+b=c", R"((EQUATION[0] "" (PLUS "+" 'a' 'b') 'c'))" },
         { "a<=b", R"((EQUATION[1] "" 'a' 'b'))" },
         { "a>=b", R"((EQUATION[2] "" 'a' 'b'))" },
         { "a<b", R"((EQUATION[3] "" 'a' 'b'))" },
         { "a>b", R"((EQUATION[4] "" 'a' 'b'))" },
         { "a! =b", R"((EQUATION[5] "" 'a' 'b'))" },
-        { "a!", R"((STANDARD "!" 'a' _))" },
         { "a+b!", R"((STANDARD "!" (PLUS "+" 'a' 'b') _))" },
         { "a==b", "'a'", 4 },
-        { "a+=b", "'a'", 4 },
         { "a-=+b", R"((PLUS "+" 'a' 'b'))" },
-        { "a===b", R"((EQUATION[0] "" 'a' 'b'))" },
         { "a/b/c", R"((DIVISION[0] "/" (DIVISION[0] "/" 'a' 'b') 'c'))" },
-        { "2x", "#2", 2 },
         { "  2x", "#2", 2 },
-        { "2*x", R"((TIMES "" #2 'x'))", 0, GAP_BARE },
     };
     ExpectParses(aCases);
 }
@@ -39,18 +29,13 @@ TEST(Expression, BuildsTheLevels)
 TEST(Expression, BracketsOfTheTextMakeNoNode)
 {
     const CParseCase aCases[] = {
-        { "(a)", "'a'" },
         { "((a", "'a'" },
         { "(a+b)*c", R"((TIMES "" (BRACE[0] "" (PLUS "+" 'a' 'b') -) 'c'))", 0, GAP_BARE },
-        { "a*(b-c)", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" 'b' 'c') -)))", 0, GAP_BARE },
         { "a*-b", R"((TIMES "" 'a' (BRACE[0] "" (MINUS "-" _ 'b') -)))", 0, GAP_BARE },
         { "(a+b)/(c+d)", R"((DIVISION[0] "/" (PLUS "+" 'a' 'b') (PLUS "+" 'c' 'd')))" },
         { "(a=b)*c", R"((TIMES "" (EQUATION[0] "" 'a' 'b') 'c'))", 0, GAP_BARE },
-        { "a-(b+c)", R"((MINUS "-" 'a' (PLUS "+" 'b' 'c')))" },
         { "a)", "'a'", 2 },
-        { "a,b", "'a'", 2 },
         { "a\tb", "'a'", 2 },
-        { "(a)(b)", "'a'", 4 },
         { "2(3)", "#2", 2 },
     };
     ExpectParses(aCases);
@@ -60,17 +45,12 @@ TEST(Expression, PowersStartAnewFromTheBase)
 {
     const CParseCase aCases[] = {
         { "(a+b)^2", R"((POWERTO "^" (BRACE[0] "" (PLUS "+" 'a' 'b') -) #2))" },
-        { "(a*b)^2", R"((POWERTO "^" (BRACE[0] "" (TIMES "" 'a' 'b') -) #2))", 0, GAP_BARE },
         { "(a+b)~2", R"((POWERTO "^" (PLUS "+" 'a' 'b') #2))" },
-        { "a^(b+c)", R"((POWERTO "^" 'a' (PLUS "+" 'b' 'c')))" },
         { "a^b^c", R"((POWERTO "^" 'a' 'c'))" },
-        { "(a+b)^c^d", R"((POWERTO "^" (BRACE[0] "" (PLUS "+" 'a' 'b') -) 'd'))" },
-        { "a^b~c", R"((POWERTO "^" 'a' 'c'))" },
         { "a~b^c", R"((POWERTO "^" 'a' 'b'))", 4 },
         { "a^-b", R"((POWERTO "^" 'a' (MINUS "-" _ 'b')))" },
         { "-a^2", R"((POWERTO "^" (BRACE[0] "" (MINUS "-" _ 'a') -) #2))" },
         { "--a", R"((MINUS "-" (MINUS "-" _ _) 'a'))" },
-        { "x`i", R"((VARIABLE "x" - (INDEX "" - 'i')))" },
         { "x`i`j", R"((VARIABLE "x" - (INDEX "" - 'j')))" },
         { "x`i^2", R"((VARIABLE "x" - (INDEX "" - 'i')))", 4 },
         { "a^b`c", R"((POWERTO "^" 'a' (INDEX "" - 'c')))" },

@@ -36,7 +36,6 @@ struct CParsed
 
 // The gap of products that a parse starts with, and those of products without and with a sign.
 constexpr int GAP_AT_START = -6;
-constexpr int GAP_WIDE = 2;  // where the parser is told so
 constexpr int GAP_BARE = -5;
 constexpr int GAP_SIGN = 2;
 

@@ -128,32 +128,6 @@ TEST(ParserFrame, KeepsNothingFromAnEarlierText)
     }
 }
 
-TEST(ParserFrame, StartsWithAWideGapIfAsked)
-{
-    struct CWideParser : CFormulaParser
-    {
-        CWideParser() { m_bWideTimes = 1; }
-    };
-    CBinTree tree;
-    CWideParser parser;
-    parser.m_pTree = &tree;
-    WORD nErrorPos;
-    CString strMessage;
-    for (const auto& [pszText, nGap] : { std::pair("a", GAP_WIDE), std::pair("a*b", GAP_BARE) })
-    {
-        ASSERT_EQ(parser.Parse(pszText, &nErrorPos, &strMessage), 1);
-        const std::unique_ptr<CNode> pTop(parser.m_pResult);
-        EXPECT_EQ(g_nTimesGap, nGap);
-    }
-}
-
-TEST(ParserFrame, KeepsTheFormulaAsGiven)
-{
-    CFormulaParser parser;
-    parser.SetFormula("  a + b ");
-    EXPECT_STREQ(parser.GetFormula(), "  a + b ");
-}
-
 // The leak check sees nodes that nobody owns, the address check those that two own.
 TEST(ParserFrame, OwnsEveryNodeOfRandomTexts)
 {

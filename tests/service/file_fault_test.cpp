@@ -1,6 +1,4 @@
 // Outputs whose file operations fail one after the other: an answer, and the old file unharmed.
-#include <functional>
-
 #include "service/service_helpers.h"
 #include "system_errors.h"
 
@@ -17,44 +15,32 @@ int FailOnce(EFileOperation, const char*)
     return SYSTEM_DISK_FULL;
 }
 
-struct COutput
+int Write(CFormulaOut& formula, const CString& strPath)
 {
-    const char* pszName;
-    std::function<int(CFormulaOut&, const CString&)> pfnWrite;
-    size_t nBoxes;  // message boxes of a failure
-    int nFailed;    // what the operation gives then
-};
-
-const COutput s_aOutputs[] = {
-    { "x.wmf",
-      [](CFormulaOut& formula, const CString& strPath)
-      { return formula.WriteFormulaToWMF(strPath); },
-      0, 0 },
-    { "x.bmp",
-      [](CFormulaOut& formula, const CString& strPath)
-      { return formula.m_Tree.WriteBitmapFile(strPath); },
-      0, 0 },
-    { "x.fml",
-      [](CFormulaOut& formula, const CString& strPath) { return formula.SaveToFML(strPath); }, 1,
-      1 },
-};
+    const CString strExtension = strPath.Right(3);
+    return strExtension == "wmf"   ? formula.WriteFormulaToWMF(strPath)
+           : strExtension == "bmp" ? formula.m_Tree.WriteBitmapFile(strPath)
+                                   : formula.SaveToFML(strPath);
+}
 
 using CFileFaultTest = CServiceTest;
 
 TEST_F(CFileFaultTest, EachOperationThatFailsLeavesTheOldFile)
 {
-    for (const COutput& output : s_aOutputs)
+    for (const std::string strName : { "x.wmf", "x.bmp", "x.fml" })
     {
-        SCOPED_TRACE(output.pszName);
-        const CString strPath = File(output.pszName);
+        SCOPED_TRACE(strName);
+        const int nFailed = strName == "x.fml" ? 1 : 0;
+        const size_t nBoxes = nFailed;
+        const CString strPath = File(strName);
         CFormulaOut formula;
         formula.FormTree("a/b");
-        ASSERT_EQ(output.pfnWrite(formula, strPath), 1);
+        ASSERT_EQ(Write(formula, strPath), 1);
         const std::string strWhole = ReadWhole(strPath);
         ASSERT_GT(strWhole.size(), 100U);
         EXPECT_EQ(TakeMessages(), Messages{});
-        EXPECT_EQ(output.pfnWrite(formula, File("no/") + output.pszName), output.nFailed);
-        EXPECT_EQ(TakeMessages().size(), output.nBoxes);
+        EXPECT_EQ(Write(formula, File("no/" + strName)), nFailed);
+        EXPECT_EQ(TakeMessages().size(), nBoxes);
         WriteWhole(strPath, "old");
 
         g_pfnFileFault = FailOnce;
@@ -64,10 +50,10 @@ TEST_F(CFileFaultTest, EachOperationThatFailsLeavesTheOldFile)
             SCOPED_TRACE(nFaults);
             s_nUntilFault = nFaults;
             s_bFaulted = false;
-            const int nResult = output.pfnWrite(formula, strPath);
+            const int nResult = Write(formula, strPath);
             bFaulted = s_bFaulted;
-            EXPECT_EQ(nResult, bFaulted ? output.nFailed : 1);
-            EXPECT_EQ(TakeMessages().size(), bFaulted ? output.nBoxes : 0);
+            EXPECT_EQ(nResult, bFaulted ? nFailed : 1);
+            EXPECT_EQ(TakeMessages().size(), bFaulted ? nBoxes : 0);
             EXPECT_EQ(ReadWhole(strPath), bFaulted ? "old" : strWhole);
         }
         g_pfnFileFault = nullptr;

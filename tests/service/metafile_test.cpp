@@ -1,5 +1,6 @@
 // Metafiles of formulas: what is in them, the text that they carry, and what damaged ones give.
 #include <algorithm>
+#include <tuple>
 
 #include "nodes/node.h"
 #include "platform/gdi/emf_dump.h"
@@ -69,13 +70,8 @@ TEST_F(CMetafileTest, AnEmptyTreeWritesCommentAndFillOnly)
 
 TEST_F(CMetafileTest, ReadsTheLastCommentUpToItsNul)
 {
-    const struct
-    {
-        const char* pszName;
-        std::vector<std::string> comments;
-        const char* pszText;  // null: refused
-        const char* pszLeft;  // what stays in the process
-    } aCases[] = {
+    // The text (null: refused), and what stays in the process.
+    const std::tuple<const char*, std::vector<std::string>, const char*, const char*> aCases[] = {
         { "Plain", { "qvmrzx=1" }, "x=1", "x=1" },
         { "NoPadding", { "qvmrzabc" }, "abc", "abc" },
         { "Apostrophe", { "qvmrzf'" }, "f", "f" },
@@ -88,19 +84,19 @@ TEST_F(CMetafileTest, ReadsTheLastCommentUpToItsNul)
         { "NoComment", {}, nullptr, "before" },
         { "HighBytes", { "qvmrz\xE4\xFF" }, "\xE4\xFF", "\xE4\xFF" },
     };
-    for (const auto& c : aCases)
+    for (const auto& [pszName, comments, pszText, pszLeft] : aCases)
     {
-        SCOPED_TRACE(c.pszName);
-        WriteWhole(File("x.wmf"), MetafileWith(c.comments));
+        SCOPED_TRACE(pszName);
+        WriteWhole(File("x.wmf"), MetafileWith(comments));
         g_strMetaComment = "before";
         CFormulaOut formula;
         formula.FormTree("z");
         CNode* pRoot = formula.m_Tree.GetRootNode();
-        EXPECT_EQ(formula.ReadFormulaFromWMF(File("x.wmf")), c.pszText != nullptr ? 1 : 0);
-        EXPECT_EQ(g_strMetaComment, c.pszLeft);
-        EXPECT_EQ(formula.m_strFormula, c.pszText != nullptr ? c.pszText : "z");
+        EXPECT_EQ(formula.ReadFormulaFromWMF(File("x.wmf")), pszText != nullptr ? 1 : 0);
+        EXPECT_EQ(g_strMetaComment, pszLeft);
+        EXPECT_EQ(formula.m_strFormula, pszText != nullptr ? pszText : "z");
         EXPECT_EQ(formula.m_Tree.GetRootNode(), pRoot);
-        EXPECT_EQ(TakeMessages(), c.pszText != nullptr ? Messages{} : Messages{ CANNOT_READ });
+        EXPECT_EQ(TakeMessages(), pszText != nullptr ? Messages{} : Messages{ CANNOT_READ });
     }
 }
 
@@ -166,16 +162,5 @@ TEST_F(CMetafileTest, ACommentComesBackThroughReadFormAndWrite)
     g_strMetaComment = CString();
     ASSERT_EQ(formula.ReadFormulaFromWMF(File("out.wmf")), 1);
     EXPECT_EQ(g_strMetaComment, "sqr(x)/2");
-}
-
-// Whatever a formula shows, a process that has read nothing writes the bare tag.
-TEST_F(CMetafileTest, TheCommentIsNotTheFormula)
-{
-    CFormulaOut formula;
-    formula.FormTree("a+b");
-    formula.WriteFormulaToWMF(File("x.wmf"));
-    EXPECT_EQ(formula.ReadFormulaFromWMF(File("x.wmf")), 1);
-    EXPECT_EQ(g_strMetaComment, "");
-    EXPECT_EQ(formula.m_strFormula, "");
 }
 }  // namespace

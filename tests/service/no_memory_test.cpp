@@ -25,7 +25,7 @@ TEST_F(CNoMemoryTest, EveryStepIsAnsweredAsAFailureOfTheParse)
     AfxSetMessageBoxHandler(Count, nullptr);
     CFormulaOut formula;
     const CString strOld = "a/b";
-    const CString strText = "sqr(x)+sum(mark(x,i,2),i=1,n)+str(abc)";
+    const CString strText = "sqr(x)+sum(mark(x,i,2),i=1,n)+str(abc)+sin(x)y^b^c+brace([,],f(a,b,c";
     // Each time in a size of its own: measuring needs memory for fonts that were not in use before.
     int nSize = -100;
     const auto FormWith = [&](int nAllocations)

@@ -1,6 +1,7 @@
 // The C function from several threads at once, as interpreters call it.
 #include <fstream>
 #include <iterator>
+#include <tuple>
 
 #include "platform/base/app.h"
 #include "service/formula_out.h"
@@ -22,23 +23,15 @@ const std::vector<std::string> s_astrTexts = {
     "sqr(sqr(sqr(sqr(sqr(sqr(sqr(sqr(sqr(sqr(x))))))))))",
 };
 
-struct CPicture
-{
-    float fWidth = 0;
-    float fHeight = 0;
-    std::string strBytes;
-
-    bool operator==(const CPicture&) const = default;
-};
+using CPicture = std::tuple<float, float, std::string>;  // width, height, bytes
 
 CPicture Draw(const std::string& strText, const std::string& strPath)
 {
-    CPicture picture;
-    EXPECT_EQ(
-        StringToEMFFormula(strText.c_str(), strPath.c_str(), &picture.fWidth, &picture.fHeight), 1);
+    float fWidth = 0;
+    float fHeight = 0;
+    EXPECT_EQ(StringToEMFFormula(strText.c_str(), strPath.c_str(), &fWidth, &fHeight), 1);
     std::ifstream stream(strPath, std::ios::binary);
-    picture.strBytes.assign(std::istreambuf_iterator<char>(stream), {});
-    return picture;
+    return { fWidth, fHeight, { std::istreambuf_iterator<char>(stream), {} } };
 }
 
 // Counts in the lock of the library: plain memory is enough.
@@ -52,7 +45,7 @@ int CountMessage(const char*, unsigned, void* pContext)
 TEST(Threads, DrawTheSameAsOneAlone)
 {
     const CTestFolder folder;
-    EXPECT_GT(Draw(s_astrTexts[0], folder.File("alone.wmf")).strBytes.size(), 500U);
+    EXPECT_GT(std::get<2>(Draw(s_astrTexts[0], folder.File("alone.wmf"))).size(), 500U);
     ExpectSameInThreads(s_astrTexts, s_nRounds,
                         [&](const std::string& strText, size_t nThread)
                         { return Draw(strText, folder.File(std::to_string(nThread) + ".wmf")); });
@@ -67,7 +60,7 @@ TEST(Threads, TellTheirMessagesOneByOne)
         [&](size_t)
         {
             for (int i = 0; i < s_nRounds; ++i)
-                EXPECT_GT(Draw("a", folder.File("x.txt")).fWidth, 0);
+                EXPECT_GT(std::get<0>(Draw("a", folder.File("x.txt"))), 0);
         });
     AfxSetMessageBoxHandler(nullptr, nullptr);
     EXPECT_EQ(nMessages, static_cast<int>(THREAD_COUNT) * s_nRounds);

@@ -64,19 +64,6 @@ TEST(TreeSerialize, ComesBackAsItWas)
     EXPECT_EQ(Stored(loaded), strBytes);
 }
 
-TEST(TreeSerialize, AnEmptyTreeKeepsTheLoadersRootAndLeavesThreeBytes)
-{
-    CBinTree empty;
-    empty.SetName("new");
-    CLoadedTree loaded;
-    CNode* pOldRoot = loaded.GetRootNode();
-    EXPECT_EQ(Load(loaded, Stored(empty)), 3U);
-    EXPECT_EQ(loaded.GetRootNode(), pOldRoot);
-    EXPECT_EQ(loaded.GetName(), "new");
-    EXPECT_EQ(loaded.m_rectFormula, CRect(0, 0, 50, 20));
-    EXPECT_EQ(loaded.GetSelection(), nullptr);
-}
-
 TEST(TreeSerialize, ACutArchiveOrAnUnknownTypeLeavesTheTreeAsItWas)
 {
     CWholeTree tree;

@@ -13,45 +13,27 @@ using namespace std::string_view_literals;
 
 constexpr int s_nNothing = -1;  // no cause: nothing was thrown
 
-// A file that holds the bytes and cannot grow.
-class CBytesFile : public CMemFile
-{
-public:
-    explicit CBytesFile(std::string_view bytes)
-        : CMemFile(reinterpret_cast<BYTE*>(const_cast<char*>(bytes.data())),
-                   static_cast<UINT>(bytes.size()))
-    {
-    }
-};
-
 // What the steps store, with buffers of every kind of size.
 template <class F>
 void ExpectStored(std::string_view expected, F steps)
 {
     for (const int nBuffer : { 0, 1, 130, 4096 })
-    {
-        CMemFile file;
-        CArchive ar(&file, CArchive::store, nBuffer);
-        steps(ar);
-        ar.Close();
-        EXPECT_EQ(BytesOf(file), expected) << nBuffer;
-    }
+        EXPECT_EQ(StoredBy(steps, nBuffer), expected) << nBuffer;
 }
 
 // The bytes are of a text, or refused with the cause.
 void ExpectLoaded(std::string_view bytes, int nCause, std::string_view expected = {})
 {
     const std::string followed = std::string(bytes) + (nCause == s_nNothing ? "rest" : "");
-    CBytesFile file(followed);
     CString text;
-    CArchive ar(&file, CArchive::load);
-    EXPECT_EQ(CauseOf([&] { ar >> text; }), nCause) << ::testing::PrintToString(bytes);
-    ar.Close();
-    EXPECT_EQ(text.View(), expected);
-    if (nCause == s_nNothing)
+    ULONGLONG nLeft = 4;
+    const auto load = [&]
     {
-        EXPECT_EQ(file.GetPosition(), bytes.size());  // what was read ahead is given back
-    }
+        nLeft = LoadBy(followed, [&](CArchive& ar) { ar >> text; });
+    };
+    EXPECT_EQ(CauseOf(load), nCause) << ::testing::PrintToString(bytes);
+    EXPECT_EQ(text.View(), expected);
+    EXPECT_EQ(nLeft, 4U) << "what was read ahead is given back";
 }
 }  // namespace
 
@@ -70,17 +52,19 @@ TEST(Archive, NumbersAreLittleEndian)
                          for (int i = 0; i < 60; ++i)
                              ar << value;
                      });
-        CBytesFile file(many);
-        CArchive ar(&file, CArchive::load, 128);
-        char first = 0;
-        ar >> first;
         decltype(value) read{};
-        for (int i = 0; i < 60; ++i)
+        const auto load = [&](CArchive& ar)
         {
-            ar >> read;
-            EXPECT_EQ(read, value);
-        }
-        EXPECT_EQ(CauseOf([&] { ar >> read; }), CArchiveException::endOfFile);
+            char first = 0;
+            ar >> first;
+            for (int i = 0; i < 60; ++i)
+            {
+                ar >> read;
+                EXPECT_EQ(read, value);
+            }
+            EXPECT_EQ(CauseOf([&] { ar >> read; }), CArchiveException::endOfFile);
+        };
+        EXPECT_EQ(LoadBy(many, load, 128), 0U);
     };
     expect(static_cast<BYTE>(0x81), "\x81"sv);
     expect(static_cast<WORD>(0x1234), "\x34\x12"sv);
@@ -145,7 +129,8 @@ TEST(Archive, DamagedTextsAreRefused)
 
 TEST(Archive, WrongDirectionHasItsCause)
 {
-    CBytesFile file("\x01\x02"sv);
+    BYTE aBytes[] = { 1, 2 };
+    CMemFile file(aBytes, 2);
     CArchive loading(&file, CArchive::load);
     CMemFile target;
     CArchive storing(&target, CArchive::store);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace
 {
@@ -59,13 +60,8 @@ struct CShown : CCmdUI
 
 TEST(CmdTarget, CommandsFindTheFirstRowAndAreShownByTheirHandlers)
 {
-    const struct
-    {
-        UINT nID;
-        std::string log;  // of the command; empty: not handled
-        BOOL bUpdated;
-        int nEnabled;  // without a handler of the command it is not
-    } aCases[] = {
+    // The log (empty: not handled); enabled or not without a handler of the update.
+    const std::tuple<UINT, std::string, BOOL, int> aCases[] = {
         { idInBase, "base", FALSE, 1 },
         { idInBoth, "derived", FALSE, 1 },
         { idRange, "range110", FALSE, 1 },
@@ -76,17 +72,17 @@ TEST(CmdTarget, CommandsFindTheFirstRowAndAreShownByTheirHandlers)
         { idUpdateOnly, "", TRUE, 0 },
         { 0, "", TRUE, -1 },
     };
-    for (const auto& row : aCases)
+    for (const auto& [nID, log, bUpdated, nEnabled] : aCases)
     {
         CDerived target;
         CShown shown;
-        shown.m_nID = row.nID;
-        EXPECT_EQ(shown.DoUpdate(&target, TRUE), row.bUpdated) << row.nID;
-        EXPECT_EQ(shown.m_nEnabled, row.nEnabled) << row.nID;
+        shown.m_nID = nID;
+        EXPECT_EQ(shown.DoUpdate(&target, TRUE), bUpdated) << nID;
+        EXPECT_EQ(shown.m_nEnabled, nEnabled) << nID;
         EXPECT_EQ(target.m_log, "") << "asked, not called";
-        EXPECT_EQ(target.OnCmdMsg(row.nID, CN_COMMAND, nullptr, nullptr), !row.log.empty());
-        EXPECT_EQ(target.m_log, row.log);
-        EXPECT_FALSE(target.OnCmdMsg(row.nID, 0x400, nullptr, nullptr));
-        EXPECT_FALSE(target.OnCmdMsg(row.nID, 0x4E << 16, nullptr, nullptr));
+        EXPECT_EQ(target.OnCmdMsg(nID, CN_COMMAND, nullptr, nullptr), !log.empty());
+        EXPECT_EQ(target.m_log, log);
+        EXPECT_FALSE(target.OnCmdMsg(nID, 0x400, nullptr, nullptr));
+        EXPECT_FALSE(target.OnCmdMsg(nID, 0x4E << 16, nullptr, nullptr));
     }
 }

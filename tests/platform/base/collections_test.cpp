@@ -5,13 +5,6 @@
 
 #include "platform/base/exception.h"
 
-namespace
-{
-class CThing : public CObject
-{
-};
-}  // namespace
-
 TEST(CStringArray, SharesUntilAChange)
 {
     CStringArray table;
@@ -64,53 +57,4 @@ TEST(Containers, RefuseWhatIsNotThere)
 
     EXPECT_THROW(AfxWithMemory([] { throw std::bad_alloc(); }), CMemoryException*);
     EXPECT_THROW(AfxWithMemory([] { throw std::length_error("long"); }), CMemoryException*);
-}
-
-TEST(CObList, NewestAtTheHead)
-{
-    CThing aThings[4];
-    CObList list(10);
-    EXPECT_EQ(list.GetHeadPosition(), nullptr);
-    EXPECT_TRUE(list.IsEmpty());
-    POSITION first = list.AddHead(&aThings[0]);
-    for (int i = 1; i < 4; ++i)
-        list.AddHead(&aThings[i]);
-    EXPECT_EQ(list.GetCount(), 4);
-    EXPECT_FALSE(list.IsEmpty());
-    EXPECT_EQ(list.RemoveHead(), &aThings[3]);
-    EXPECT_EQ(list.GetHead(), &aThings[2]);
-    EXPECT_EQ(list.GetNext(first), &aThings[0]);  // a position outlives changes elsewhere
-    EXPECT_EQ(first, nullptr);
-    EXPECT_EQ(list.RemoveTail(), &aThings[0]);
-    POSITION pos = list.GetHeadPosition();
-    EXPECT_EQ(list.GetNext(pos), &aThings[2]);
-    EXPECT_EQ(list.GetNext(pos), &aThings[1]);
-    EXPECT_EQ(pos, nullptr);
-}
-
-TEST(CMapStringToOb, FindsByEitherKindOfKey)
-{
-    CThing thing;
-    CThing none;
-    CTypedPtrMap<CMapStringToOb, CString, CThing*> map(10);
-    const auto look = [&](const auto& key)
-    {
-        CThing* pFound = &none;
-        const BOOL bFound = map.Lookup(key, pFound);
-        EXPECT_EQ(bFound, pFound != &none);
-        return pFound;
-    };
-    EXPECT_EQ(look("key1"), &none);
-    EXPECT_EQ(static_cast<CThing*>(map["key1"]), nullptr);  // enters the unknown key
-    EXPECT_EQ(look("key1"), nullptr);
-    map["key1"] = &thing;
-    map.SetAt(CString::Immortal("a longer key"), &thing);
-    EXPECT_EQ(map.GetCount(), 2);
-    for (const char* pszKey : { "key1", "a longer key" })
-    {
-        EXPECT_EQ(look(pszKey), &thing);
-        EXPECT_EQ(look(CString(pszKey)), &thing);
-        EXPECT_EQ(look(CString::Immortal(pszKey)), &thing);
-    }
-    EXPECT_EQ(look("key3"), &none);
 }

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -71,12 +72,8 @@ inline void Save(const std::string& path, std::string_view text)
     file.Close();
 }
 
-struct CCannotOpen
-{
-    std::string path;
-    UINT nFlags;
-    int nCause;
-};
+// Path, flags, and the cause that it cannot be opened for.
+using CCannotOpen = std::tuple<std::string, UINT, int>;
 
 inline void ExpectNoneOpens(const std::vector<CCannotOpen>& cases)
 {
@@ -93,6 +90,8 @@ inline void ExpectNoneOpens(const std::vector<CCannotOpen>& cases)
             EXPECT_FALSE(pFile->Open(path.c_str(), nFlags));
         }
         EXPECT_EQ(CMirrorFile::CountOpen(), 0);
-        EXPECT_EQ(FileFault([&] { CFile file(path.c_str(), nFlags); }).first, nCause);
+        EXPECT_EQ(
+            FileFault([path = path, nFlags = nFlags] { CFile file(path.c_str(), nFlags); }).first,
+            nCause);
     }
 }

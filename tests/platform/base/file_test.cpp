@@ -136,18 +136,6 @@ TEST(CMemFile, GrowsInStepsAndFillsGapsWithZero)
     EXPECT_EQ(BytesOf(file), "again");
 }
 
-TEST(CMemFile, WorksOnTheCallersMemory)
-{
-    BYTE aBytes[] = { 'a', 'b', 'c' };
-    CMemFile file(aBytes, 3);
-    EXPECT_EQ(ReadRest(file), (std::vector<BYTE>{ 'a', 'b', 'c' }));
-    file.SeekToBegin();
-    file.Write("x", 1);
-    EXPECT_EQ(aBytes[0], 'x');
-    EXPECT_EQ(file.GetLength(), 3U);
-    EXPECT_THROW(file.Write("12345", 3), CMemoryException*);
-}
-
 TEST(CSharedFile, HandsOutItsBlock)
 {
     CSharedFile file(0x2042, 16);

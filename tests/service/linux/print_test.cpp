@@ -1,4 +1,6 @@
 // Printing on a device with a resolution of its own, which a host's cairo context is.
+#include <memory>
+
 #include "platform/gdi/cairo_dc.h"
 #include "platform/gdi/memory_picture.h"
 #include "service/service_helpers.h"
@@ -7,50 +9,22 @@ namespace
 {
 using CPrintTest = CServiceTest;
 
-// A page with a resolution of its own.
-class CPage
+CRect Inked(cairo_surface_t* pSurface)
 {
-    cairo_surface_t* m_pSurface;
-    cairo_t* m_pCairo;
-
-public:
-    CPage(int cx, int cy, int nDpi)
-        : m_pSurface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, cx, cy)),
-          m_pCairo(cairo_create(m_pSurface)),
-          m_dc(m_pCairo, nDpi, nDpi)
+    cairo_surface_flush(pSurface);
+    const unsigned char* pData = cairo_image_surface_get_data(pSurface);
+    const int nStride = cairo_image_surface_get_stride(pSurface);
+    CRect inked;
+    for (int y = 0; y < cairo_image_surface_get_height(pSurface); ++y)
     {
-        cairo_set_source_rgb(m_pCairo, 1, 1, 1);
-        cairo_paint(m_pCairo);
-    }
-    ~CPage()
-    {
-        cairo_destroy(m_pCairo);
-        cairo_surface_destroy(m_pSurface);
-    }
-    CPage(const CPage&) = delete;
-    CPage& operator=(const CPage&) = delete;
-
-    CRect Inked() const
-    {
-        cairo_surface_flush(m_pSurface);
-        const unsigned char* pData = cairo_image_surface_get_data(m_pSurface);
-        const int nStride = cairo_image_surface_get_stride(m_pSurface);
-        const CMemoryPicture picture(cairo_image_surface_get_width(m_pSurface),
-                                     cairo_image_surface_get_height(m_pSurface));
-        for (int y = 0; y < picture.Height(); ++y)
+        for (int x = 0; x < cairo_image_surface_get_width(pSurface); ++x)
         {
-            for (int x = 0; x < picture.Width(); ++x)
-            {
-                COLORREF pixel = 0;
-                std::memcpy(&pixel, pData + y * nStride + 4 * x, sizeof pixel);
-                SetPixel(picture, x, y, pixel & 0xFFFFFF);
-            }
+            if (pData[y * nStride + 4 * x] != 0xFF)
+                inked |= CRect(x, y, x + 1, y + 1);
         }
-        return picture.Inked();
     }
-
-    CCairoDC m_dc;
-};
+    return inked;
+}
 
 // The device has twice the screen's resolution: the picture, laid out for the screen, is as large
 // in inches, and what is inked lies where it does on the screen.
@@ -64,15 +38,22 @@ TEST_F(CPrintTest, PrintsEnlargedByTheRatioOfResolutions)
     const CRect inked = plain.Inked();
     ASSERT_GT(inked.Height(), 20);
 
-    CPage page(3 * rect.Width(), 3 * rect.Height(), 192);
-    EXPECT_EQ(formula.PrintDDB(&page.m_dc), 1);
-    const CRect printed = page.Inked();
+    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> page(
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, 3 * rect.Width(), 3 * rect.Height()),
+        cairo_surface_destroy);
+    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo(cairo_create(page.get()),
+                                                                   cairo_destroy);
+    cairo_set_source_rgb(cairo.get(), 1, 1, 1);
+    cairo_paint(cairo.get());
+    CCairoDC dc(cairo.get(), 192, 192);
+    EXPECT_EQ(formula.PrintDDB(&dc), 1);
+    const CRect printed = Inked(page.get());
     EXPECT_NEAR(printed.left, 2 * inked.left, 1);
     EXPECT_NEAR(printed.top, 2 * inked.top, 1);
     EXPECT_NEAR(printed.right, 2 * inked.right, 1);
     EXPECT_NEAR(printed.bottom, 2 * inked.bottom, 1);
 
     CBinTree empty;
-    EXPECT_EQ(empty.PrintBitmap(&page.m_dc), 1);
+    EXPECT_EQ(empty.PrintBitmap(&dc), 1);
 }
 }  // namespace

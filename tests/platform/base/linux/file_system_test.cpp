@@ -28,6 +28,12 @@ TEST_F(CFileTest, LinksAndModesStay)
     ASSERT_EQ(stat(Path("fresh").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
 
+    // Names of temporaries that are taken are passed over.
+    for (int i = 0; i < 500; ++i)
+        Put(Path(".mivora-" + std::to_string(getpid()) + "-" + std::to_string(i) + ".tmp"), "x");
+    Save(target, "third");
+    EXPECT_EQ(Content(target), "third");
+
     fs::create_symlink("loop", Path("loop"));
     EXPECT_EQ(FileFault([&] { Save(Path("loop"), "x"); }).first, CFileException::badPath);
 }
