@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "parser/formula_parser.h"
 #include "platform/base/app.h"
@@ -129,8 +130,13 @@ TEST(Calculation, ReadsNumbersBeyondTheRangeOfADouble)
     ExpectValue(strHuge + "-" + strHuge, s_fNoNumber);
 }
 
-TEST(Calculation, TellsOfConstantsThatThereAreNot)
+// What classes of hosts read.
+TEST(Calculation, StoresArgumentAndConstants)
 {
+    struct CHostParser : CFormulaParser
+    {
+        using CFormulaParser::m_adFunctConst, CFormulaParser::m_dArgument;
+    } parser;
     static int s_nBoxes = 0;
     AfxSetMessageBoxHandler(
         [](const char* pszText, unsigned, void*)
@@ -140,11 +146,20 @@ TEST(Calculation, TellsOfConstantsThatThereAreNot)
             return 1;
         },
         nullptr);
-    CFormulaParser parser;
     for (int nIndex : { -1, 0, 1, 9, 10 })
-        parser.SetFunctConst(nIndex, 2.5);
+        parser.SetFunctConst(nIndex, nIndex + 0.5);
     AfxSetMessageBoxHandler(nullptr, nullptr);
     EXPECT_EQ(s_nBoxes, 3);
+    for (const auto& [nIndex, dConstant] :
+         { std::pair(0, 0.0), { 1, 1.5 }, { 8, 0.0 }, { 9, 9.5 } })
+        EXPECT_EQ(parser.m_adFunctConst[nIndex], dConstant) << nIndex;
+    WORD nErrorPos;
+    CString strMessage;
+    for (const auto& [x, dArgument] : { std::pair(0.0, 1e-99), { -3.0, -3.0 } })
+    {
+        parser.Calculation("1", x, &nErrorPos, &strMessage);
+        EXPECT_EQ(parser.m_dArgument, dArgument);
+    }
 }
 
 TEST(Calculation, RefusesATextThatIsTooLong)
