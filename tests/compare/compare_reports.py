@@ -11,16 +11,15 @@ import argparse
 import io
 import itertools
 import re
+import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
 from formula_list import formula_list
 
-TESTS = Path(__file__).resolve().parents[1]
-sys.path[:0] = [str(TESTS / "tools"), str(TESTS / "exchange")]
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tools"))
 import emf_dump  # noqa: E402
-from run_program import Program  # noqa: E402
 
 TREES = 400
 LEFT_OUT = re.compile(r"^(\S+) \d+|(?<= )scale=\S+ |(?<= )at=\d+ ?")
@@ -85,9 +84,11 @@ def main():
         formulas = formula_list(arguments.source)
         texts.write_text("".join(text.hex() + "\n" for text in formulas))
         # Wine is given native paths, which it knows.
-        ours, theirs = (program.run(texts, folder, TREES).decode("ascii").splitlines()
-                        for program, folder in ((Program(arguments.first), first),
-                                                (Program(arguments.second, arguments.runner), second)))
+        ours, theirs = (
+            subprocess.run([*command, texts, folder, str(TREES)], stdout=subprocess.PIPE, text=True,
+                           timeout=600, check=True).stdout.splitlines()
+            for command, folder in (([arguments.first], first),
+                                    ([*arguments.runner.split(), arguments.second], second)))
         unequal = ["%s\n    %s" % pair for pair in itertools.zip_longest(ours, theirs)
                    if pair[0] != pair[1]]
         if len(ours) != len(formulas) + TREES:
