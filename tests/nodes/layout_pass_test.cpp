@@ -111,20 +111,6 @@ void ExpectSame(unsigned nSeed, const CRandomTree::COptions& options)
     for (std::size_t i = 0; i < plain.size(); ++i)
         ASSERT_EQ(plain[i], passes[i]) << "seed " << nSeed << " item " << i;
 }
-
-// Counts how often text is measured.
-class CCountingDC : public CTestDC
-{
-public:
-    using CTestDC::GetOutputTextExtent;
-    CSize GetOutputTextExtent(LPCSTR pszText, int nCount) const override
-    {
-        ++m_nAsked;
-        return CTestDC::GetOutputTextExtent(pszText, nCount);
-    }
-
-    mutable int m_nAsked = 0;
-};
 }  // namespace
 
 // Also for numbers at the end of their range.
@@ -167,7 +153,7 @@ TEST(LayoutPass, AsksAFixedNumberOfTimesForEachNode)
     {
         const CNodePtr pTower = Sketch("(BRACE)");
         pTower->SetLeft(Tower(pszType, 1000).release());
-        CCountingDC dc;
+        CTestDC dc;
         CRect rect(0, 0, 0, 0);
         pTower->Paint(&dc, rect, nullptr, 0);
         EXPECT_LE(dc.m_nAsked, 6 * 1001) << pszType;
