@@ -126,26 +126,6 @@ TEST(LayoutPass, GivesWhatThePlainRecursionGives)
     }
 }
 
-// A bracket grows its font when it is painted, and the ranges below it see that in their turn.
-TEST(LayoutPass, ARangeFollowsASignThatPaintingChanged)
-{
-    for (const bool bPlain : { true, false })
-    {
-        const CPlainRecursion plain(bPlain);
-        CTestDC dc;
-        CNodePtr pBrace = Sketch("(BRACE (RANGE (RANGE a)))");
-        const CNode* pInner = pBrace->GetLeft()->GetLeft();
-        pBrace->Measure(&dc);
-        EXPECT_EQ(pInner->GetMeasured().own, CSize(18, 16)) << bPlain;
-        CRect rect(5, 5, 0, 0);
-        pBrace->Paint(&dc, rect, nullptr, 0);
-        // The letter is 11 high at level 2, the inner range 11 + 1 + 16 + 1 + 1, the outer one and
-        // the bracket 30 + 1 + 16 + 1 + 1 = 49. The bracket's font grows to 47 * 100 / 12 = 391
-        // tenths of a point, 52 pixels.
-        EXPECT_EQ(pInner->GetMeasured().own, CSize(18, 52)) << bPlain;
-    }
-}
-
 TEST(LayoutPass, AsksAFixedNumberOfTimesForEachNode)
 {
     for (const char* pszType :
