@@ -3,7 +3,6 @@
 
 #include "control/control_driver.h"
 #include "control/gesture_cases.h"
-#include "nodes/node.h"
 
 namespace
 {
@@ -30,14 +29,6 @@ TEST(Control, DropsLeadToStates)
 {
     const CBoxedPlaceholders boxed;
     CheckGestures(DropCases());
-}
-
-// The sizes that placeholders have by default: the parent is found in their place.
-TEST(Control, PlaceholdersAreBesideTheirPlace)
-{
-    CControlDriver driver("a+b");
-    EXPECT_EQ(driver.Last("press @LL;key 46;move 5 8", HOVER), "/LR");
-    EXPECT_LT(driver.NodeAt("LL")->m_rect.Width(), 0);
 }
 
 }  // namespace

@@ -171,22 +171,6 @@ TEST(Hosts, TheClipboardHoldsTheArchiveOfATree)
     EXPECT_STREQ(TreeForm(tree.GetRootNode()), TreeForm(driver.NodeAt("LL")));
 }
 
-TEST(Hosts, DamagedDataLeaveTheTree)
-{
-    CControlDriver driver("a/b+sqr(c)");
-    driver.Play("press @LL;copy");
-    const std::vector<BYTE> whole = *driver.m_Clipboard.Get();
-    const std::string strTree = driver.Last("all;key 37;key 39;key 46", TREE);
-    for (size_t nLength = 0; nLength < whole.size(); nLength++)
-    {
-        driver.m_Clipboard.Set({ whole.begin(), whole.begin() + static_cast<long>(nLength) });
-        ASSERT_EQ(driver.Last("all;key 37;key 39;paste", TREE), strTree) << nLength;
-        ASSERT_EQ(driver.Tree().GetSelection(), nullptr) << nLength;
-    }
-    driver.m_Clipboard.Set(whole);
-    EXPECT_NE(driver.Last("all;key 37;key 39;paste", TREE), strTree);
-}
-
 TEST(Hosts, WhatChangesNothingPaintsNothing)
 {
     CControlDriver driver("a+b");

@@ -5,7 +5,6 @@
 #include <tuple>
 
 #include "control/control_driver.h"
-#include "nodes/node.h"
 
 namespace
 {
@@ -93,19 +92,6 @@ TEST(Scrolling, CodesMoveThePosition)
             EXPECT_EQ(nBar == SB_VERT ? corner.y : corner.x, place(nTo))
                 << nCode << " from " << nFrom << " of bar " << nBar;
         }
-    }
-}
-
-TEST(Scrolling, PicturesAndHitsMoveTogether)
-{
-    CControlDriver driver(s_pszHigh, CSize(60, 60));
-    for (const char* pszPlace : { "LLLL", "LLLR", "LRRR" })
-    {
-        const CRect rect = driver.NodeAt(pszPlace)->m_rect;
-        driver.m_Window.SendScroll(SB_VERT, SB_THUMBPOSITION, rect.top - 20);
-        driver.m_Window.Settle();
-        EXPECT_EQ(driver.Last(std::string("press @") + pszPlace, SELECTION),
-                  std::string("/") + pszPlace + ":1");
     }
 }
 

@@ -111,20 +111,6 @@ void ExpectSame(unsigned nSeed, const CRandomTree::COptions& options)
     for (std::size_t i = 0; i < plain.size(); ++i)
         ASSERT_EQ(plain[i], passes[i]) << "seed " << nSeed << " item " << i;
 }
-
-// Counts how often text is measured.
-class CCountingDC : public CTestDC
-{
-public:
-    using CTestDC::GetOutputTextExtent;
-    CSize GetOutputTextExtent(LPCSTR pszText, int nCount) const override
-    {
-        ++m_nAsked;
-        return CTestDC::GetOutputTextExtent(pszText, nCount);
-    }
-
-    mutable int m_nAsked = 0;
-};
 }  // namespace
 
 // Also for numbers at the end of their range.
@@ -140,26 +126,6 @@ TEST(LayoutPass, GivesWhatThePlainRecursionGives)
     }
 }
 
-// A bracket grows its font when it is painted, and the ranges below it see that in their turn.
-TEST(LayoutPass, ARangeFollowsASignThatPaintingChanged)
-{
-    for (const bool bPlain : { true, false })
-    {
-        const CPlainRecursion plain(bPlain);
-        CTestDC dc;
-        CNodePtr pBrace = Sketch("(BRACE (RANGE (RANGE a)))");
-        const CNode* pInner = pBrace->GetLeft()->GetLeft();
-        pBrace->Measure(&dc);
-        EXPECT_EQ(pInner->GetMeasured().own, CSize(18, 16)) << bPlain;
-        CRect rect(5, 5, 0, 0);
-        pBrace->Paint(&dc, rect, nullptr, 0);
-        // The letter is 11 high at level 2, the inner range 11 + 1 + 16 + 1 + 1, the outer one and
-        // the bracket 30 + 1 + 16 + 1 + 1 = 49. The bracket's font grows to 47 * 100 / 12 = 391
-        // tenths of a point, 52 pixels.
-        EXPECT_EQ(pInner->GetMeasured().own, CSize(18, 52)) << bPlain;
-    }
-}
-
 TEST(LayoutPass, AsksAFixedNumberOfTimesForEachNode)
 {
     for (const char* pszType :
@@ -167,7 +133,7 @@ TEST(LayoutPass, AsksAFixedNumberOfTimesForEachNode)
     {
         const CNodePtr pTower = Sketch("(BRACE)");
         pTower->SetLeft(Tower(pszType, 1000).release());
-        CCountingDC dc;
+        CTestDC dc;
         CRect rect(0, 0, 0, 0);
         pTower->Paint(&dc, rect, nullptr, 0);
         EXPECT_LE(dc.m_nAsked, 6 * 1001) << pszType;

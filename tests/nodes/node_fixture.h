@@ -29,37 +29,46 @@ inline void PrintTo(const CString& s, std::ostream* os)
     *os << '"' << s.GetString() << '"';
 }
 
-// The screen (96 dots per inch), but every character is 8 wide, and a text as high as the font's
-// size in pixels: 16, 13 and 11 on levels 0, 1 and 2, and 21 for a big operator.
-class CTestDC : public CClientDC
+// A device context on which every character is 8 wide, and a text as high as the font's size in
+// pixels: 16, 13 and 11 on levels 0, 1 and 2, and 21 for a big operator.
+template <class TBase>
+class CSizedTextDC : public TBase
 {
 public:
-    CTestDC() : CClientDC(nullptr) {}
+    using TBase::TBase;
 
-    using CDC::SelectObject;
+    using TBase::SelectObject;
     CFont* SelectObject(CFont* pFont) override
     {
-        CFont* pOld = CDC::SelectObject(pFont);
-        LOGFONT lf{};
-        if (GetCurrentFont()->GetLogFont(&lf) != 0)
-            m_nHeight = std::abs(lf.lfHeight);
+        CFont* pOld = TBase::SelectObject(pFont);
+        this->GetCurrentFont()->GetLogFont(&m_font);
         return pOld;
     }
 
-    using CDC::GetOutputTextExtent;
+    using TBase::GetOutputTextExtent;
     CSize GetOutputTextExtent(LPCSTR, int nCount) const override
     {
-        return CSize(8 * nCount, m_nHeight);
+        ++m_nAsked;
+        return CSize(8 * nCount, std::abs(m_font.lfHeight));
     }
+
+    mutable int m_nAsked = 0;  // how often text was measured
+
+protected:
+    LOGFONT m_font{};
+};
+
+// The screen, 96 dots per inch.
+class CTestDC : public CSizedTextDC<CClientDC>
+{
+public:
+    CTestDC() : CSizedTextDC(nullptr) {}
 
     // Not from the font cache, but by the two operations above.
     CSize GetPointFontExtent(const LOGFONTA& lf, const CString& strText) override
     {
         return MeasureInNewFont(lf, strText);
     }
-
-private:
-    int m_nHeight = 0;
 };
 
 using CNodePtr = std::unique_ptr<CNode>;
@@ -97,10 +106,10 @@ inline std::vector<std::string> Words(const std::string& strWords)
     return { std::istream_iterator<std::string>(in), {} };
 }
 
-template <class T>
-void AppendBytes(std::string& strBytes, const T& value)
+template <class... T>
+void AppendBytes(std::string& strBytes, const T&... values)
 {
-    strBytes.append(reinterpret_cast<const char*>(&value), sizeof(value));
+    (strBytes.append(reinterpret_cast<const char*>(&values), sizeof(values)), ...);
 }
 
 // Everything that loading, layout and painting can write into a node.
@@ -108,15 +117,9 @@ inline std::string StateOf(const CNode& node)
 {
     std::string strState = std::string(node.GetTypeName().View()) + '\n';
     strState += node.m_strSymbol.View();
-    AppendBytes(strState, node.m_rect);
-    AppendBytes(strState, node.m_nBaseline);
-    AppendBytes(strState, node.m_logFont);
-    AppendBytes(strState, node.m_nLevel);
-    AppendBytes(strState, node.m_colour);
-    AppendBytes(strState, node.GetMeasured().size);
-    AppendBytes(strState, node.GetMeasured().own);
-    AppendBytes(strState, node.GetMeasured().nBaseline);
-    AppendBytes(strState, node.GetMeasured().sign);
+    const auto& measured = node.GetMeasured();
+    AppendBytes(strState, node.m_rect, node.m_nBaseline, node.m_logFont, node.m_nLevel,
+                node.m_colour, measured.size, measured.own, measured.nBaseline, measured.sign);
     const auto* pTyped = dynamic_cast<const CTypedNode*>(&node);
     for (int i = 0; pTyped != nullptr && i < pTyped->m_saFonts.GetSize(); ++i)
         strState += pTyped->m_saFonts[i].View();

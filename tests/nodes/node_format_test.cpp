@@ -128,7 +128,6 @@ TEST(NodeAttributes, CopyAcrossClasses)
     EXPECT_EQ(typed.GetKind(), 7);
 
     CVariableNode source;
-    EXPECT_EQ(source.GetValueAttrA(), 1);
     source.SetValue(-0.5);
     source.SetValueAttrA(3);
     source.SetValueAttrB(4);

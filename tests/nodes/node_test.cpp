@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "format/tree_format.h"
@@ -28,24 +29,17 @@ public:
         pDC->GetCurrentPen()->GetLogPen(&pen);
         EXPECT_EQ(rect, m_rect);
         EXPECT_EQ(pen.lopnColor, pDC->GetTextColor());
-        s_strNoted += m_strSymbol.GetString();
-        s_strNoted += std::to_string(nFlags) + ForeName(pDC->GetTextColor()) + "/" +
-                      BackName(pDC->GetBkColor()) + " ";
-    }
-
-    static std::string ForeName(COLORREF colour)
-    {
-        return colour == RGB(1, 2, 3)                       ? "own"
-               : colour == GetSysColor(COLOR_GRAYTEXT)      ? "grey"
-               : colour == GetSysColor(COLOR_HIGHLIGHTTEXT) ? "mark"
-                                                            : "?";
-    }
-
-    static std::string BackName(COLORREF colour)
-    {
-        return colour == GetSysColor(COLOR_WINDOW)      ? "window"
-               : colour == GetSysColor(COLOR_HIGHLIGHT) ? "marked"
-                                                        : "?";
+        s_strNoted += m_strSymbol.GetString() + std::to_string(nFlags);
+        const std::tuple<const char*, COLORREF, int> aLooks[] = {
+            { "own ", RGB(1, 2, 3), COLOR_WINDOW },
+            { "grey ", GetSysColor(COLOR_GRAYTEXT), COLOR_WINDOW },
+            { "mark ", GetSysColor(COLOR_HIGHLIGHTTEXT), COLOR_HIGHLIGHT },
+        };
+        for (const auto& [pszName, text, nGround] : aLooks)
+        {
+            if (pDC->GetTextColor() == text && pDC->GetBkColor() == GetSysColor(nGround))
+                s_strNoted += pszName;
+        }
     }
 
     static inline std::string s_strNoted;
@@ -67,13 +61,10 @@ TEST(NodePaint, MarksSelectionAndGrey)
         const char* pszNoted;
         bool bHidden = false;  // b: it keeps its place, and its children are painted
     } aCases[] = {
-        { nullptr, 2, "r0own/window a0own/window b0own/window c0own/window " },
-        { "R", 1, "r0own/window a0own/window b1mark/marked c0own/window " },
-        { "R", 2, "r0own/window a0own/window b2mark/marked c2mark/marked " },
-        { "R", 6, "r6grey/window a6grey/window b6grey/window c6grey/window " },
-        { "", 2, "r2mark/marked a2mark/marked b2mark/marked c2mark/marked " },
-        { "R", 0, "r0own/window a0own/window b0mark/marked c0own/window " },
-        { nullptr, 0, "r0own/window a0own/window c0own/window ", true },
+        { nullptr, 2, "r0own a0own b0own c0own " }, { "R", 1, "r0own a0own b1mark c0own " },
+        { "R", 2, "r0own a0own b2mark c2mark " },   { "R", 6, "r6grey a6grey b6grey c6grey " },
+        { "", 2, "r2mark a2mark b2mark c2mark " },  { "R", 0, "r0own a0own b0mark c0own " },
+        { nullptr, 0, "r0own a0own c0own ", true },
     };
     CNode* pB = root.GetRight();
     for (const auto& test : aCases)

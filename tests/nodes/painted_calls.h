@@ -1,47 +1,31 @@
 // What a node does to a device context when it paints, as lines of text in the order of the calls.
 #pragma once
 
-#include <cstdio>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "nodes/node_fixture.h"
 #include "platform/gdi/metafile_calls.h"
 
-// A metafile tells lines, shapes and fills; texts are noted with the arguments of DrawText. Sizes
-// of texts are as in CTestDC.
-class CPaintDC : public CMetaFileDC
+// A metafile tells lines, shapes and fills; texts are noted with the arguments of DrawText.
+class CPaintDC : public CSizedTextDC<CMetaFileDC>
 {
 public:
     CPaintDC() { CreateEnhanced(nullptr, nullptr, nullptr, nullptr); }
-
-    using CDC::SelectObject;
-    CFont* SelectObject(CFont* pFont) override
-    {
-        CFont* pOld = CMetaFileDC::SelectObject(pFont);
-        GetCurrentFont()->GetLogFont(&m_font);
-        return pOld;
-    }
-
-    using CDC::GetOutputTextExtent;
-    CSize GetOutputTextExtent(LPCSTR, int nCount) const override
-    {
-        return CSize(8 * nCount, std::abs(m_font.lfHeight));
-    }
 
     // text SIGN @FACE HEIGHT WIDTH in RECT FLAGS
     using CDC::DrawText;
     int DrawText(LPCSTR pszText, int nCount, LPRECT pRect, UINT nFormat) override
     {
-        char szRest[160];
-        std::snprintf(szRest, sizeof(szRest), " @%s %d %d in %d %d %d %d %X", m_font.lfFaceName,
-                      static_cast<int>(std::abs(m_font.lfHeight)), static_cast<int>(m_font.lfWidth),
-                      static_cast<int>(pRect->left), static_cast<int>(pRect->top),
-                      static_cast<int>(pRect->right), static_cast<int>(pRect->bottom), nFormat);
         if (nCount != 0)
         {
-            m_texts.push_back("text " + std::string(pszText, static_cast<std::size_t>(nCount)) +
-                              szRest);
+            std::ostringstream line;
+            line << "text " << std::string(pszText, static_cast<std::size_t>(nCount)) << " @"
+                 << m_font.lfFaceName << ' ' << std::abs(m_font.lfHeight) << ' ' << m_font.lfWidth
+                 << " in " << pRect->left << ' ' << pRect->top << ' ' << pRect->right << ' '
+                 << pRect->bottom << ' ' << std::hex << std::uppercase << nFormat;
+            m_texts.push_back(line.str());
         }
         return CMetaFileDC::DrawText(pszText, nCount, pRect, nFormat);
     }
@@ -69,7 +53,6 @@ public:
     }
 
 private:
-    LOGFONT m_font{};
     std::vector<std::string> m_texts;
 };
 

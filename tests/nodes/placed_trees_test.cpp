@@ -1,6 +1,7 @@
 // Where the nodes of whole formulas stand when they are painted, and which one a click finds. The
 // numbers follow from the sizes of the test's device context: a letter is 13 by 16 on level 0, 13
 // high on level 1, 11 on level 2, its sign 10 wide and one unit in.
+#include <tuple>
 #include <vector>
 
 #include "nodes/node_fixture.h"
@@ -157,13 +158,18 @@ TEST(PlacedTrees, FactorsMoveTogetherWithANegativeGap)
     g_nTimesGap = nOld;
 }
 
-// 42 * 2 / 7 + 5 is the width that its painting asked for.
-TEST(PlacedTrees, PaintingLeavesARootItsWidthOnly)
+// 42 * 2 / 7 + 5 is the width that its painting asked for, (29 - 2) * 100 / 12 the height.
+TEST(PlacedTrees, PaintingLeavesARootItsWidthOnlyAndABracketItsFont)
 {
-    const CNodePtr pRoot = Sketch("(NTHROOT (DIVISION a b) n)");
-    PaintAt(*pRoot, { 10, 20 });
-    EXPECT_EQ(pRoot->GetLogFont()->lfHeight, -120);
-    EXPECT_EQ(pRoot->GetLogFont()->lfWidth, 17);
+    for (const auto& [pszSketch, nHeight, nWidth] :
+         { std::tuple("(NTHROOT (DIVISION a b) n)", -120, 17),
+           std::tuple("(BRACE (POWERTO x n))", 225, 10) })
+    {
+        const CNodePtr pRoot = Sketch(pszSketch);
+        PaintAt(*pRoot, { 10, 20 });
+        EXPECT_EQ(pRoot->GetLogFont()->lfHeight, nHeight);
+        EXPECT_EQ(pRoot->GetLogFont()->lfWidth, nWidth);
+    }
 }
 
 // A range whose gap is 10 units less than nothing, so that its limits overlap: the upper one

@@ -28,7 +28,6 @@ public:
         : m_options(options), m_random(nSeed), m_pRoot(nullptr)
     {
         m_pRoot.reset(MakeNode(NTI_COUNT, 1 + Below(options.nMostNodes)));
-        Collect(m_pRoot.get());
         for (CNode* pNode : m_nodes)
             Disturb(*pNode);
         if (Chance(30))
@@ -72,33 +71,19 @@ private:
         const ENodeType nType = PickType(nParent);
         CNode* pNode = CBinTree().CreateNode(NodeTypeName(nType));
         const int nLeft = Chance(20) ? 0 : Below(nNodes);
-        const int nRight = nNodes - 1 - nLeft;
-        const bool bOperator = pNode->GetLeft() != nullptr;
-        if (bOperator)
-            FillRange(*pNode->GetLeft(), nLeft);
-        else if (nLeft > 0)
-            pNode->SetLeft(MakeNode(nType, nLeft));
-        if (nRight > 0)
-            pNode->SetRight(MakeNode(nType, nRight));
+        Fill(*pNode, nType, nLeft, nNodes - 1 - nLeft);
         return pNode;
     }
 
-    void FillRange(CNode& range, int nNodes)
+    void Fill(CNode& node, ENodeType nType, int nLeft, int nRight)
     {
-        if (nNodes > 0)
-            range.SetLeft(MakeNode(NTI_RANGE, (nNodes + 1) / 2));
-        if (nNodes > 1)
-            range.SetRight(MakeNode(NTI_RANGE, nNodes / 2));
-    }
-
-    void Collect(CNode* pNode)
-    {
-        if (pNode != nullptr)
-        {
-            m_nodes.push_back(pNode);
-            Collect(pNode->GetLeft());
-            Collect(pNode->GetRight());
-        }
+        m_nodes.push_back(&node);
+        if (node.GetLeft() != nullptr)  // the range of a big operator
+            Fill(*node.GetLeft(), NTI_RANGE, (nLeft + 1) / 2, nLeft / 2);
+        else if (nLeft > 0)
+            node.SetLeft(MakeNode(nType, nLeft));
+        if (nRight > 0)
+            node.SetRight(MakeNode(nType, nRight));
     }
 
     void Disturb(CNode& node)

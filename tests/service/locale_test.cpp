@@ -6,11 +6,7 @@
 
 namespace
 {
-class CLocaleTest : public CServiceTest
-{
-protected:
-    ~CLocaleTest() override { std::setlocale(LC_ALL, "C"); }
-};
+using CLocaleTest = CServiceTest;
 
 TEST_F(CLocaleTest, OutputsAndNumbersAreTheSame)
 {
@@ -36,5 +32,6 @@ TEST_F(CLocaleTest, OutputsAndNumbersAreTheSame)
     CString strMessage;
     EXPECT_EQ(formula.m_Parser.Calculation("1.5*2", 0, &nPosition, &strMessage), 3.0);
     EXPECT_EQ(nPosition, 0);
+    std::setlocale(LC_ALL, "C");
 }
 }  // namespace

@@ -43,33 +43,24 @@ public:
             states.push_back(BytesOf(static_cast<CMemFile&>(*this->m_UndoList.GetNext(pos))));
         return states;
     }
-    int RedoCount() { return static_cast<int>(this->m_RedoList.GetCount()); }
     void Lock() { this->m_nCheckPointLock = 1; }
 };
 
 }  // namespace
 
-TEST(Undo, KeepsFiveStatesNewestFirst)
+TEST(Undo, KeepsTheFiveNewestStatesThatWereStored)
 {
+    const std::vector<std::string> newest{ "\7", "\6", "\5", "\4", "\3" };
     CRecorded<CCounted> object;
     for (object.m_nState = 1; object.m_nState <= 7; object.m_nState++)
         object.CheckPoint();
-    EXPECT_EQ(object.States(), (std::vector<std::string>{ "\7", "\6", "\5", "\4", "\3" }));
-    EXPECT_EQ(object.RedoCount(), 0);
-}
-
-TEST(Undo, RecordsNothingWhereStoringFailsOrIsLocked)
-{
-    CRecorded<CCounted> object;
-    object.m_nState = 1;
-    object.CheckPoint();
-    object.m_nState = 2;
+    EXPECT_EQ(object.States(), newest);
     object.m_bFails = true;
     EXPECT_EQ(CauseOf([&] { object.CheckPoint(); }), CArchiveException::genericException);
     object.m_bFails = false;
     object.Lock();
     object.CheckPoint();
-    EXPECT_EQ(object.States(), std::vector<std::string>{ "\1" });
+    EXPECT_EQ(object.States(), newest);
 }
 
 TEST(Undo, RecordsTheArchiveFormOfATreeAndDropsItsSelection)

@@ -1,8 +1,7 @@
 // Drawing on a host's own cairo context: images, PDF and SVG.
 #include "platform/gdi/cairo_dc.h"
 
-#include "platform/gdi/linux/bitmaps/cairo_handles.h"
-#include "platform/gdi/memory_picture.h"
+#include "platform/gdi/linux/cairo_host.h"
 #include "platform/gdi/test_fonts.h"
 
 #include <cairo-pdf.h>
@@ -15,38 +14,6 @@
 
 namespace
 {
-
-constexpr int s_nSizePixels = 16;
-
-// A white image with a context of the host's.
-struct CHost
-{
-    explicit CHost(int nSize = s_nSizePixels)
-        : m_nSize(nSize),
-          m_pSurface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, nSize, nSize)),
-          m_pCairo(cairo_create(m_pSurface.get()))
-    {
-        cairo_set_source_rgb(m_pCairo.get(), 1, 1, 1);
-        cairo_paint(m_pCairo.get());
-    }
-    operator cairo_t*() const { return m_pCairo.get(); }
-    std::vector<COLORREF> Colours() const
-    {
-        cairo_surface_flush(m_pSurface.get());
-        std::vector<COLORREF> colours;
-        for (int i = 0; i < m_nSize * m_nSize; ++i)
-        {
-            const unsigned char* p = cairo_image_surface_get_data(m_pSurface.get()) + 4 * i;
-            colours.push_back(RGB(p[2], p[1], p[0]));
-        }
-        return colours;
-    }
-    CLines Lines() const { return CMemoryPicture::LinesOf(Colours(), m_nSize); }
-
-    int m_nSize;
-    CSurfacePtr m_pSurface;
-    CCairoPtr m_pCairo;
-};
 
 // Everything that has to come out the same on a bitmap and on a host's image.
 void DrawShapes(CDC& dc)
@@ -119,7 +86,7 @@ TEST(CairoDC, TellsTheResolutionAndSizeOfTheHost)
     const std::tuple<int, int, int, int> aCases[] = {
         { 200, 150, LOGPIXELSX, 200 },
         { 200, 150, LOGPIXELSY, 150 },
-        { 200, 150, HORZRES, s_nSizePixels },
+        { 200, 150, HORZRES, CHost::SIZE_PIXELS },
         { 200, 150, HORZSIZE, 2 },  // 16 / 200 of 25.4 mm
         { 200, 150, VERTSIZE, 3 },
         { 1, 1, LOGPIXELSX, 1 },
