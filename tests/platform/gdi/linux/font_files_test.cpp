@@ -58,6 +58,7 @@ TEST(FontFiles, OtherNamesOfAFaceAreTheSameWhateverThePitch)
 TEST(FontFiles, TheSystemIsAskedByItsOwnRules)
 {
     EXPECT_TRUE(FindSystemFont("URW Gothic", true, false).value().m_bBold);  // its "Demi"
+    EXPECT_TRUE(FindSystemFont("Nimbus Roman", false, true).value().m_bItalic);
     EXPECT_EQ(FindAnySystemFont("Arial", true, true).value().m_strFile,
               FindSystemFont("Liberation Sans", true, true).value().m_strFile);
 }
