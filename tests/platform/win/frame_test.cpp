@@ -103,7 +103,7 @@ protected:
     {
         if (m_app.m_pMainWnd != nullptr)
             m_app.m_pMainWnd->DestroyWindow();
-        PumpAll();
+        PumpFor(0);
         TakeLog();
     }
     CTestApp m_app;

@@ -187,7 +187,7 @@ protected:
         BYTE aKeys[256] = {};
         aKeys[nButton] = 0x80;
         SetCursorPos(200, 200);
-        PumpAll();
+        PumpFor(0);
         SetKeyboardState(aKeys);
         COleDataSource data;
         data.CacheGlobalData(TestFormat(), MakeBlock());
