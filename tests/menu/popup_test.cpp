@@ -206,9 +206,9 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
             }
             CRect item;
             ::GetMenuItemRect(nullptr, menu, 1, &item);
-            item.OffsetRect(CPoint(0, 0) - WindowRect(hMenu).TopLeft());
             EXPECT_GE(item.Height(), 19);
-            ExpectPixelsOf(hMenu, Place(item.left + 80, item.top + 4) + pszItem);
+            const CRect window = WindowRect(hMenu);
+            ExpectPixelsOf(hMenu, Place(window.Width() - 16, item.top + 4 - window.top) + pszItem);
             if (pszFolder != nullptr)
                 WriteScreen(pszFolder + ("/style-" + std::to_string(nStyle)) + ".rgba");
         };
