@@ -170,6 +170,17 @@ CRect WindowRect(HWND hWnd)
     return window;
 }
 
+// The window that shows a menu; which one is in front is not certain.
+HWND WindowOf(HMENU hMenu)
+{
+    HWND hWnd = nullptr;
+    do
+        hWnd = ::FindWindowExA(nullptr, hWnd, "#32768", nullptr);
+    while (hWnd != nullptr &&
+           ::SendMessageA(hWnd, MN_GETHMENU, 0, 0) != reinterpret_cast<LRESULT>(hMenu));
+    return hWnd;
+}
+
 // Of the place where menus are; for the page about them.
 void WriteScreen(const std::string& strPath)
 {
@@ -198,7 +209,8 @@ TEST_F(MenuPopup, EveryStyleShowsItsItemsAndFrame)
         CFilledMenu menu;
         const auto look = [&](HWND hSubmenu)
         {
-            const HWND hMenu = ::FindWindowExA(nullptr, hSubmenu, "#32768", nullptr);
+            const HWND hMenu = WindowOf(menu);
+            EXPECT_NE(hMenu, hSubmenu);
             for (const HWND hWnd : { hMenu, hSubmenu })
             {
                 EXPECT_NE(CNewMenuHook::Find(hWnd), nullptr);
