@@ -7,9 +7,11 @@ build=$(realpath "${1:?usage: menu_pictures.sh BUILD}")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-scripts/wine/session.sh "$build" wine "$build/bin/menu_gallery.exe" "Z:${work//\//\\}"
+MIVORA_MENU_PICTURES="Z:${work//\//\\}" scripts/wine/session.sh "$build" \
+    wine "$build/bin/menu_popup_tests.exe" --gtest_filter='*.EveryStyleShows*'
 mkdir -p docs/images/menu
-for picture in "$work"/*.ppm; do
-    convert "$picture" -alpha off -strip -define png:exclude-chunks=date,time \
-        "docs/images/menu/$(basename "$picture" .ppm).png"
+for picture in "$work"/*.rgba; do
+    convert -size 300x190 -depth 8 "$picture" -alpha off -strip \
+        -define png:exclude-chunks=date,time \
+        "docs/images/menu/$(basename "$picture" .rgba).png"
 done

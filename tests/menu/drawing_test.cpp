@@ -57,9 +57,7 @@ public:
     void AddIcon()
     {
         CMemoryPicture red(16, 15);
-        CBrush brush(RGB(255, 0, 0));
-        const RECT all = { 0, 0, 16, 15 };
-        ::FillRect(red, &all, brush);
+        Fill(red, { 0, 0, 16, 15 }, RGB(255, 0, 0));
         const auto pIcons = std::make_shared<CNewMenuBitmaps>();
         ASSERT_TRUE(pIcons->AddBitmap(s_nCommand, red.Bitmap(), RGB(0, 0, 0)));
         m_menu.SetIcons(pIcons);

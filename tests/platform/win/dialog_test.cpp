@@ -63,12 +63,7 @@ TEST(Dialog, RunsUntilItsEnd)
     CTestParent parent(true);
     CTestDialog dialog;
     ASSERT_TRUE(dialog.InitModalIndirect(dialog.m_template.Get(), &parent));
-    const struct
-    {
-        const char* pszName;
-        std::function<void()> onInit;
-        INT_PTR nResult;
-    } aCases[] = {
+    const std::tuple<const char*, std::function<void()>, INT_PTR> aCases[] = {
         { "the default button's key", [&] { CTestDialog::Press(dialog.m_edit, VK_RETURN); }, IDOK },
         { "Escape", [&] { CTestDialog::Press(dialog.m_edit, VK_ESCAPE); }, IDCANCEL },
         { "the close box", [&] { dialog.PostMessage(WM_CLOSE); }, IDCANCEL },
@@ -77,16 +72,16 @@ TEST(Dialog, RunsUntilItsEnd)
         { "no window any more",
           [&] { ::PostMessageA(dialog, WM_SYSCOMMAND, 0, 0), ::DestroyWindow(dialog); }, -1 },
     };
-    for (const auto& row : aCases)
+    for (const auto& [pszName, onInit, nResult] : aCases)
     {
         dialog.m_onInit = [&]
         {
             EXPECT_FALSE(parent.IsWindowEnabled());
-            row.onInit();
+            onInit();
         };
-        EXPECT_EQ(dialog.DoModal(), row.nResult) << row.pszName;
-        EXPECT_TRUE(parent.IsWindowEnabled()) << row.pszName;
-        EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << row.pszName;
+        EXPECT_EQ(dialog.DoModal(), nResult) << pszName;
+        EXPECT_TRUE(parent.IsWindowEnabled()) << pszName;
+        EXPECT_EQ(dialog.GetSafeHwnd(), nullptr) << pszName;
     }
     dialog.m_onInit = AfxThrowMemoryException;
     EXPECT_THROW(dialog.DoModal(), CMemoryException*);

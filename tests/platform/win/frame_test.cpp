@@ -103,7 +103,7 @@ protected:
     {
         if (m_app.m_pMainWnd != nullptr)
             m_app.m_pMainWnd->DestroyWindow();
-        PumpAll();
+        PumpFor(0);
         TakeLog();
     }
     CTestApp m_app;
@@ -139,20 +139,16 @@ TEST_F(Frame, TheViewFillsItAndHasTheFocus)
 
 TEST_F(Frame, MenusShowWhatCommandsCan)
 {
-    const struct
-    {
-        UINT nID;
-        UINT nFlags;
-        UINT nState;
-    } aItems[] = {
+    // Command, flags, and the state that is shown.
+    const std::tuple<UINT, UINT, UINT> aItems[] = {
         { s_nIdOfView, MF_STRING, MF_ENABLED },  { s_nIdOfApp, MF_STRING, MF_ENABLED },
         { s_nIdOfNobody, MF_STRING, MF_GRAYED }, { 0, MF_SEPARATOR, MF_SEPARATOR },
         { s_nIdChecked, MF_STRING, MF_CHECKED }, { SC_SIZE, MF_STRING, MF_ENABLED },
     };
     CMenu menu;
     ASSERT_TRUE(menu.CreatePopupMenu());
-    for (const auto& item : aItems)
-        menu.AppendMenu(item.nFlags, item.nID, "text");
+    for (const auto& [nID, nFlags, nState] : aItems)
+        menu.AppendMenu(nFlags, nID, "text");
     const auto open = [&]
     {
         m_pFrame->SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.GetSafeHmenu()));
@@ -160,9 +156,9 @@ TEST_F(Frame, MenusShowWhatCommandsCan)
     open();
     for (UINT n = 0; n < menu.GetMenuItemCount(); ++n)
     {
-        const UINT nShown =
-            MF_SEPARATOR | (aItems[n].nFlags == MF_SEPARATOR ? 0 : MF_GRAYED | MF_CHECKED);
-        EXPECT_EQ(menu.GetMenuState(n, MF_BYPOSITION) & nShown, aItems[n].nState) << n;
+        const auto& [nID, nFlags, nState] = aItems[n];
+        const UINT nShown = MF_SEPARATOR | (nID == 0 ? 0 : MF_GRAYED | MF_CHECKED);
+        EXPECT_EQ(menu.GetMenuState(n, MF_BYPOSITION) & nShown, nState) << n;
     }
     CString strText;
     EXPECT_EQ(menu.GetMenuString(s_nIdChecked, strText, MF_BYCOMMAND), 10);

@@ -113,33 +113,29 @@ TEST_F(OleClipboard, IsRefusedWithoutOle)
 
 TEST_F(OleClipboard, AnswersWishesByTheDocumentedCodes)
 {
-    const struct
-    {
-        FORMATETC format;
-        HRESULT nResult;
-    } aCases[] = {
+    const std::pair<FORMATETC, HRESULT> aCases[] = {
         { { TestFormat(), nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL | TYMED_ISTREAM }, S_OK },
         { { CF_TEXT, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL }, DV_E_FORMATETC },
         { { TestFormat(), nullptr, DVASPECT_ICON, -1, TYMED_HGLOBAL }, DV_E_DVASPECT },
         { { TestFormat(), nullptr, DVASPECT_CONTENT, 0, TYMED_HGLOBAL }, DV_E_LINDEX },
         { { TestFormat(), nullptr, DVASPECT_CONTENT, -1, TYMED_ISTREAM }, DV_E_TYMED },
     };
+    FORMATETC format = aCases[0].first;
     CObjectPtr<IDataObject> object;
     {
         CCountedSource source(7);
         source.CacheGlobalData(TestFormat(), MakeBlock(8));  // instead of the first
         EXPECT_THROW(source.CacheGlobalData(TestFormat(), nullptr), CInvalidArgException*);
         object.reset(source.GetIDataObject(TRUE));
-        for (auto wish : aCases)
+        for (auto [wish, nResult] : aCases)
         {
             STGMEDIUM medium{};
-            EXPECT_EQ(object->QueryGetData(&wish.format), wish.nResult);
-            EXPECT_EQ(object->GetData(&wish.format, &medium), wish.nResult);
-            EXPECT_EQ(IsBlock(medium.hGlobal, 8), wish.nResult == S_OK);
+            EXPECT_EQ(object->QueryGetData(&wish), nResult);
+            EXPECT_EQ(object->GetData(&wish, &medium), nResult);
+            EXPECT_EQ(IsBlock(medium.hGlobal, 8), nResult == S_OK);
             ReleaseStgMedium(&medium);
         }
 
-        FORMATETC format = aCases[0].format;
         for (const SIZE_T nRoom : { 7, 8, 100 })  // a block of the receiver's
         {
             const CGlobalPtr room(GlobalAlloc(GHND, nRoom));
@@ -155,7 +151,6 @@ TEST_F(OleClipboard, AnswersWishesByTheDocumentedCodes)
         EXPECT_EQ(nConnection, 0U);
         EXPECT_EQ(object->QueryGetData(nullptr), E_INVALIDARG);
     }
-    FORMATETC format = aCases[0].format;
     STGMEDIUM medium{};
     IEnumFORMATETC* pFormats = nullptr;
     EXPECT_EQ(object->GetData(&format, &medium), CO_E_OBJNOTCONNECTED);

@@ -57,13 +57,11 @@ public:
 private:
     static void Do(char c)
     {
-        static const std::map<char, std::pair<int, bool>> s_keys = { { 'L', { VK_LBUTTON, false } },
-                                                                     { 'R', { VK_RBUTTON, false } },
-                                                                     { 'r', { VK_RBUTTON, true } },
-                                                                     { 'c',
-                                                                       { VK_CONTROL, true } } };
+        static const std::map<char, int> s_keys = {
+            { 'L', VK_LBUTTON }, { 'R', VK_RBUTTON }, { 'r', VK_RBUTTON }, { 'c', VK_CONTROL }
+        };
         if (s_keys.contains(c))
-            Hold(s_keys.at(c).first, s_keys.at(c).second);
+            Hold(s_keys.at(c), std::islower(c) != 0);
         else if (c == 't')
             SetCursorPos(610, 230);
         else if (c == 'o')
@@ -187,7 +185,7 @@ protected:
         BYTE aKeys[256] = {};
         aKeys[nButton] = 0x80;
         SetCursorPos(200, 200);
-        PumpAll();
+        PumpFor(0);
         SetKeyboardState(aKeys);
         COleDataSource data;
         data.CacheGlobalData(TestFormat(), MakeBlock());
@@ -256,17 +254,12 @@ TEST_F(OleDrag, GoesAsTheHandAndTheTargetSay)
     }
 }
 
-// What a hand does meanwhile, and whether a drag begins then.
+// The delay in milliseconds, what a hand does meanwhile, and whether a drag begins then.
 TEST_F(OleDrag, BeginsWhereItMay)
 {
     const CRect around(190, 190, 210, 210);
-    const struct
-    {
-        const char* pszDelay;  // milliseconds
-        CRect start;
-        std::function<void()> act;
-        bool bGoes;
-    } aCases[] = {
+    using CAct = std::function<void()>;
+    const std::tuple<const char*, CRect, CAct, bool> aCases[] = {
         { "9000", s_nowhere, [] {}, true },
         { "9000", CRect(200, 200, 201, 201), [] { SetCursorPos(203, 200); }, true },
         { "100", around, [] {}, true },
@@ -276,19 +269,20 @@ TEST_F(OleDrag, BeginsWhereItMay)
     for (const auto& row : aCases)
     {
         SCOPED_TRACE(&row - aCases);
-        WriteProfileStringA("windows", "DragDelay", row.pszDelay);
+        const auto& [pszDelay, start, act, bGoes] = row;
+        WriteProfileStringA("windows", "DragDelay", pszDelay);
         CScriptedSource source("e");
         const DWORD nBegin = GetTickCount();
         std::thread hand(
             [&]
             {
                 Sleep(200);
-                row.act();
+                act();
             });
-        EXPECT_EQ(Drag(source, VK_LBUTTON, s_nMove, row.start), s_nNone);
+        EXPECT_EQ(Drag(source, VK_LBUTTON, s_nMove, start), s_nNone);
         EXPECT_LT(GetTickCount() - nBegin, 4000U);
         hand.join();
-        EXPECT_EQ(source.m_nCalls > 0, row.bGoes);
+        EXPECT_EQ(source.m_nCalls > 0, bGoes);
         EXPECT_EQ(::GetCapture(), nullptr);
     }
     SendKey(VK_ESCAPE, false);

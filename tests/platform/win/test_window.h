@@ -44,12 +44,6 @@ void MakeChild(T& window, CWnd& parent, UINT nID = 1, DWORD dwStyle = WS_VISIBLE
     window.CWnd::Create(nullptr, "", dwStyle, CRect(0, 0, 200, 100), &parent, nID);
 }
 
-// Handles the messages that wait.
-inline void PumpAll()
-{
-    PumpFor(0);
-}
-
 inline std::string TextOf(const CWnd& window)
 {
     CString strText;

@@ -271,12 +271,7 @@ TEST(Exceptions, ComeOutOfTheCallThatLedToThem)
     CThrowing window;
     MakeChild(window, parent);
     // clang-format off
-    const struct
-    {
-        const char* pszName;
-        UINT nMessage;
-        std::function<void()> call;
-    } aCases[] = {
+    const std::tuple<const char*, UINT, std::function<void()>> aCases[] = {
         { "SendMessage",   WM_APP,        [&] { window.SendMessage(WM_APP); } },
         { "MoveWindow",    WM_SIZE,       [&] { window.MoveWindow(0, 0, 10, 10); } },
         { "UpdateWindow",  WM_PAINT,      [&] { window.Invalidate(), window.UpdateWindow(); } },
@@ -287,12 +282,12 @@ TEST(Exceptions, ComeOutOfTheCallThatLedToThem)
         { "Default",       WM_CLOSE,      [&] { window.SendMessage(WM_SYSCOMMAND, SC_CLOSE); } },
     };
     // clang-format on
-    for (const auto& row : aCases)
+    for (const auto& [pszName, nMessage, call] : aCases)
     {
-        window.m_nMessage = row.nMessage;
-        EXPECT_THROW(row.call(), CMemoryException*) << row.pszName;
+        window.m_nMessage = nMessage;
+        EXPECT_THROW(call(), CMemoryException*) << pszName;
         window.m_nMessage = 0;
-        EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE) && row.nMessage == WM_PAINT)
+        EXPECT_FALSE(::GetUpdateRect(window, nullptr, FALSE) && nMessage == WM_PAINT)
             << "a paint that failed is not repeated";
         window.ShowWindow(SW_SHOW);
     }
