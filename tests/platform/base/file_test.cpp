@@ -141,7 +141,8 @@ TEST(CSharedFile, HandsOutItsBlock)
     CSharedFile file(0x2042, 16);
     EXPECT_EQ(file.Detach(), nullptr);
     const std::string text(100, 't');
-    file.Write(text.data(), 100);
+    file.Write(text.data(), 10);
+    file.Write(text.data(), 90);  // the block grows
     HGLOBAL hMemory = file.Detach();
     EXPECT_EQ(file.GetLength(), 0U);
     hMemory = GlobalReAlloc(hMemory, 100, 0x2042);

@@ -234,6 +234,8 @@ TEST(CairoDC, KeepsTextAndLinesOnVectorSurfaces)
 {
     const std::string strSvg = DrawOn(cairo_svg_surface_create_for_stream);
     EXPECT_NE(strSvg.find("M 10.5 40.5 L 30.5 55.5"), strSvg.npos);  // one line, not its pixels
+    // The last of the hatching's lines, of those x + y that are multiples of 8 up to 118.
+    EXPECT_NE(strSvg.find("L 45 59 M 71 41 L 53 59 \""), strSvg.npos);
     EXPECT_NE(strSvg.find("<use xlink:href=\"#glyph0-1\""), strSvg.npos);
     EXPECT_EQ(strSvg.find("<image"), strSvg.npos);
     const std::string strPdf = DrawOn(cairo_pdf_surface_create_for_stream);
