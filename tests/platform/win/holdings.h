@@ -10,7 +10,7 @@
 #include <vector>
 
 // What this process holds.
-struct SHoldings
+struct CHoldings
 {
     // How far the handles of windows and menus, and of drawing objects, go when 500 more are made:
     // what is not given back makes them go further. Wine's GetGuiResources gives 0.
@@ -19,7 +19,7 @@ struct SHoldings
     DWORD nHandles = 0;
     size_t nBlocks = 0;  // of memory
 
-    SHoldings()
+    CHoldings()
     {
         std::vector<std::pair<HMENU, HBRUSH>> made(500);
         for (auto& [hMenu, hBrush] : made)
@@ -54,10 +54,10 @@ void ExpectNothingLeft(int nRounds, F round)
 {
     for (int i = 0; i < 20; ++i)
         round();
-    const SHoldings before;
+    const CHoldings before;
     for (int i = 0; i < nRounds && !testing::Test::HasFailure(); ++i)
         round();
-    const SHoldings after;
+    const CHoldings after;
     EXPECT_LE(after.nUser, before.nUser + 5);
     EXPECT_LE(after.nGdi, before.nGdi + 5);
     EXPECT_LE(after.nHandles, before.nHandles + 5);
