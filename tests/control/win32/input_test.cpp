@@ -249,14 +249,14 @@ CCtrlPtr OpenEditor(CInputDialog& dialog)
     return pCtrl;
 }
 
-struct SEnding
+struct CEnding
 {
     const char* pszName;
     void (*pfnEnd)(CInputDialog& dialog, CCtrlPtr& pCtrl);
     bool bChanges;  // the host hears of it
 };
 
-const SEnding s_aEndings[] = {
+const CEnding s_aEndings[] = {
     { "its window", [](CInputDialog&, CCtrlPtr& pCtrl) { pCtrl->DestroyWindow(); }, true },
     { "the dialog", [](CInputDialog& dialog, CCtrlPtr&) { dialog.DestroyWindow(); }, true },
     { "the object", [](CInputDialog&, CCtrlPtr& pCtrl) { pCtrl.reset(); }, false },
@@ -285,7 +285,7 @@ const SEnding s_aEndings[] = {
 
 TEST(Input, EndsWithAnOpenEditor)
 {
-    for (const SEnding& ending : s_aEndings)
+    for (const CEnding& ending : s_aEndings)
     {
         SCOPED_TRACE(ending.pszName);
         CInputDialog dialog(CPoint(100, 100), "a+b", "x");

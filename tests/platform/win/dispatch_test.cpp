@@ -143,7 +143,7 @@ TEST(Dispatch, EachMessageReachesItsHandler)
 #define CASE(message, R, name, wParam, lParam, pszArguments)                         \
     { WM_##message, static_cast<WPARAM>(wParam), lParam, #name "(" pszArguments ")", \
       std::is_void_v<R> ? 0 : s_nAnswer },
-    const SMessageCase aCases[] = { ALL_MESSAGES(CASE){ WM_APP + 3, 11, 12, "Own(11,12,)",
+    const CMessageCase aCases[] = { ALL_MESSAGES(CASE){ WM_APP + 3, 11, 12, "Own(11,12,)",
                                                         s_nAnswer } };
     ExpectHandled(window, aCases);
 }
@@ -252,7 +252,7 @@ TEST(Dispatch, CommandsAndNotificationsFindTheirRows)
     {
         return static_cast<WPARAM>(MAKELONG(nID, nCode));
     };
-    const SMessageCase aCases[] = {
+    const CMessageCase aCases[] = {
         { WM_COMMAND, s_nIdPlain, 0, "Plain", 1 },
         { WM_COMMAND, code(s_nIdPlain, 1), 0, "Plain", 1 },  // an accelerator
         { WM_COMMAND, s_nIdGrey, 0, "", 1 },                 // disabled, and so done with

@@ -113,7 +113,7 @@ protected:
 TEST_F(Frame, CommandsGoToViewFrameAndApplication)
 {
     EXPECT_EQ(AfxGetMainWnd(), m_pFrame);
-    const SMessageCase aCases[] = {
+    const CMessageCase aCases[] = {
         { WM_COMMAND, s_nIdOfView, 0, "View", 1 },
         { WM_COMMAND, s_nIdOfFrame, 0, "Frame", 1 },
         { WM_COMMAND, s_nIdOfApp, 0, "App", 1 },

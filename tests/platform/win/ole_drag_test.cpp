@@ -200,7 +200,7 @@ protected:
     CWnd m_target;
 };
 
-struct SDragCase
+struct CDragCase
 {
     const char* pszName;
     const char* pszScript;  // see CScriptedSource, as for what is shown
@@ -214,7 +214,7 @@ struct SDragCase
 
 using T = CTestTarget;
 
-const SDragCase s_aDragCases[] = {
+const CDragCase s_aDragCases[] = {
     { "Moved", "t.L", T::usual, s_nBoth, "-m", s_nMove, "EOXD" },
     { "Copied", "t.c.L", T::usual, s_nBoth, "-mc", s_nCopy, "EOXD" },
     { "Cancelled", "t.e", T::usual, s_nBoth, "-m", s_nNone, "EOL" },
@@ -236,7 +236,7 @@ const SDragCase s_aDragCases[] = {
 
 TEST_F(OleDrag, GoesAsTheHandAndTheTargetSay)
 {
-    for (const SDragCase& expected : s_aDragCases)
+    for (const CDragCase& expected : s_aDragCases)
     {
         SCOPED_TRACE(expected.pszName);
         CTestTarget target(&m_target, expected.eManner);

@@ -58,7 +58,7 @@ constexpr LPARAM Words(int nLow, int nHigh)
                                static_cast<DWORD>(static_cast<WORD>(nHigh)) << 16);
 }
 
-struct SMessageCase
+struct CMessageCase
 {
     UINT nMessage;
     WPARAM wParam;
@@ -68,9 +68,9 @@ struct SMessageCase
 };
 
 template <std::size_t N>
-void ExpectHandled(CWnd& window, const SMessageCase (&aCases)[N])
+void ExpectHandled(CWnd& window, const CMessageCase (&aCases)[N])
 {
-    for (const SMessageCase& row : aCases)
+    for (const CMessageCase& row : aCases)
     {
         EXPECT_EQ(window.SendMessage(row.nMessage, row.wParam, row.lParam), row.lResult)
             << row.pszLog;
