@@ -5,6 +5,6 @@
 #include <utility>
 #include <vector>
 
-// Each face with the path of its file (UTF-8), empty if there is none and another is put in its
-// place.
+// Each face with the path of its file (UTF-8): empty if there is none and another is put in its
+// place, or if the system does not tell.
 std::vector<std::pair<std::string, std::string>> FacesAndFiles();

@@ -206,8 +206,8 @@ constexpr CCommand s_aCommands[] = {
       {},
       s_aPlain,
       "show where the fonts come from",
-      "Prints a line for each face: its name, a tab, and the file, or - if there is none and "
-      "another face is put in its place.",
+      "Prints a line for each face: its name, a tab, and the file; - where another face is put in "
+      "its place, and on Windows, which tells no files.",
       {},
       RunFonts },
     { "edit", OPERAND_TEXT, "TEXT", s_aRequiredEdit, s_aEdit,
