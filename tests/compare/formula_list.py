@@ -5,43 +5,22 @@ import random
 import re
 from pathlib import Path
 
-ARGUMENT_COUNTS = {
-    **dict.fromkeys("abs sqr sinh cosh tanh coth arctan arccot ln exp sin cos tan cot arcsin arccos "
-                    "arsinh arcosh artanh arcoth greek".split(), 1),
-    "log": 2, "nsqr": 2, "mark": 2, "brace": 2, "sum": 3, "int": 4,
-}
-OPERATORS = ["+", "-", "*", "/", "^", "=", "<", ">", "<=", ">=", "<>", ","]
+# % stands for another formula. Keywords have as many arguments as they take, one more or one less.
+ROWS = ["%s(%s)" % (name, ",".join("%" * count)) for names, right in (
+            ("abs sqr sinh cosh tanh coth arctan arccot ln exp sin cos tan cot arcsin arccos arsinh "
+             "arcosh artanh arcoth greek", 1), ("log nsqr mark brace", 2), ("sum", 3), ("int", 4))
+        for name in names.split() for count in (right, right, right, right - 1, right + 1)]
+ROWS += ["%" + sign + "%" for sign in "+ - * / ^ = < > <= >= <> ,".split()] * 6 + ["(%)", "-%"] * 40
 # All bytes above ASCII are letters, or not, to the parser; the faces have a glyph for most.
 LETTERS = "abcxyzABGXYZ\xe4\xdf\xb5\xd7"
+LEAVES = [*LETTERS, *LETTERS, *(letter * 2 for letter in LETTERS),
+          *"7 30 512 2.5 37.25 80.99 1.5e-3 0.5e-8 3rad rad 45deg deg".split(),
+          *("str('%s')" % text for text in ("text", "a b", "Wi gf", "\xc4"))]
 
 
-class Generator:
-    def __init__(self, seed):
-        self.random = random.Random(seed)
-
-    def atom(self):
-        r = self.random
-        return r.choice([
-            r.choice(LETTERS) * r.choice([1, 1, 2]),
-            str(r.randrange(1000)),
-            "%d.%d" % (r.randrange(100), r.randrange(100)),
-            "1.5e-%d" % r.randrange(9),
-            "str('%s')" % r.choice(["text", "a b", "Wi gf", "\xc4"]),
-            r.choice(["3rad", "rad", "45deg", "deg"]),
-        ])
-
-    def formula(self, depth):
-        r = self.random
-        if depth <= 0 or r.random() < 0.15:
-            return self.atom()
-        form = r.choice(["keyword", "keyword", "operator", "operator", "(%s)", "-%s"])
-        if form == "keyword":
-            name = r.choice(list(ARGUMENT_COUNTS))
-            count = ARGUMENT_COUNTS[name] + r.choice([0, 0, 0, 0, -1, 1])
-            return "%s(%s)" % (name, ",".join(self.formula(depth - 1) for _ in range(count)))
-        if form == "operator":
-            return self.formula(depth - 1) + r.choice(OPERATORS) + self.formula(depth - 1)
-        return form % self.formula(depth - 1)
+def generated(chance, depth):
+    row = chance.choice(LEAVES if depth <= 0 or chance.random() < 0.15 else ROWS)
+    return re.sub("%", lambda _: generated(chance, depth - 1), row)
 
 
 def texts_of_tests(source):
@@ -61,7 +40,5 @@ def corpus(source, longest):
 
 def formula_list(source):
     lines = (source / "tests/data/formulas.txt").read_bytes().splitlines()
-    generated = [Generator(seed).formula(1 + seed % 5).encode("latin-1")
-                 for seed in range(400)]
-    return [text for text in lines + texts_of_tests(source) + corpus(source, 300) + generated
-            if text]
+    made = [generated(random.Random(seed), 1 + seed % 5).encode("latin-1") for seed in range(400)]
+    return [text for text in lines + texts_of_tests(source) + corpus(source, 300) + made if text]
