@@ -1,10 +1,9 @@
 // A tree as a device bitmap: written as a BMP file, or enlarged onto another device.
 #include <cstring>
 #include <limits>
-#include <memory>
 
 #include "platform/base/file.h"
-#include "platform/base/system.h"
+#include "platform/base/global_memory.h"
 #include "platform/gdi/dc.h"
 #include "service/bmp_head.h"
 #include "service/screen_dc.h"
@@ -13,13 +12,6 @@
 namespace
 {
 constexpr COLORREF s_crWhite = 0xFFFFFF;
-
-struct CGlobalFree
-{
-    using pointer = HGLOBAL;
-    void operator()(HGLOBAL hMemory) const { GlobalFree(hMemory); }
-};
-using CGlobalPtr = std::unique_ptr<void, CGlobalFree>;
 
 // Entries of a DIB's colour table; true colours have none.
 DWORD ColourCount(int nBitCount)

@@ -1,6 +1,7 @@
 // A source as the system sees it, and its way to the clipboard and into a drag.
 #include "platform/win/ole_data_source.h"
 
+#include "platform/base/global_memory.h"
 #include "platform/base/win32/com_object.h"
 #include "platform/win/ole_drop_source.h"
 #include "platform/win/ole_init.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/exception.h"
-#include "platform/base/win32/com_pointer.h"
+#include "platform/base/global_memory.h"
 #include "platform/win/ole_data_object.h"
 #include "platform/win/ole_data_source.h"
 #include "platform/win/ole_init.h"

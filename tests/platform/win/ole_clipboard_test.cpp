@@ -1,5 +1,6 @@
 // The clipboard, and data objects as plain COM sees them.
 #include "ole_blocks.h"
+#include "platform/base/win32/com_pointer.h"
 
 #include <gtest/gtest.h>
 

@@ -12,14 +12,12 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/base/free_by.h"
+
 namespace
 {
-struct CUnref
-{
-    void operator()(void* pObject) const { g_object_unref(pObject); }
-};
 template <class T>
-using CObjectPtr = std::unique_ptr<T, CUnref>;
+using CObjectPtr = std::unique_ptr<T, CFreeBy<g_object_unref>>;
 
 // A damaged file is an answer, not a line on standard error.
 void DropMessage(const gchar*, GLogLevelFlags, const gchar*, gpointer) {}
