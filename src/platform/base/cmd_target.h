@@ -89,7 +89,6 @@ constexpr int CN_COMMAND = 0;
 constexpr int CN_UPDATE_COMMAND_UI = -1;
 // What rows of commands have as their message.
 constexpr UINT AFX_COMMAND_MESSAGE = 0x111;
-constexpr UINT AFX_NOTIFY_MESSAGE = 0x4E;
 // Added to the message of a control that its own table may answer before its parent's.
 constexpr UINT WM_REFLECT_BASE = 0xBC00;
 

@@ -91,7 +91,6 @@ constexpr BYTE FIXED_PITCH = 1;
 constexpr BYTE VARIABLE_PITCH = 2;
 constexpr BYTE FF_ROMAN = 0x10;
 constexpr BYTE FF_SWISS = 0x20;
-constexpr BYTE FF_MODERN = 0x30;
 constexpr BYTE TMPF_FIXED_PITCH = 1;  // set when the pitch is *not* fixed
 constexpr BYTE TMPF_VECTOR = 2;
 constexpr BYTE TMPF_TRUETYPE = 4;
