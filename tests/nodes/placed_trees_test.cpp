@@ -128,6 +128,25 @@ TEST(PlacedTrees, StandAndAreHit)
     }
 }
 
+TEST(PlacedTrees, WithoutPartsHaveSizesAndAxes)
+{
+    CTestDC dc;
+    const std::tuple<const char*, CSize, int> aSizes[] = {
+        { "(STANDARD)", { 5, 16 }, 8 },
+        { "(SUM)", { 12, 24 }, 11 },  // three higher than its sign
+        { "(LABEL)", { 45, 16 }, 8 },
+        { "(PLUS (DIVISION[2]) c)", { 26, 16 }, 8 },  // of a kind that is never laid out
+    };
+    for (const auto& [pszSketch, size, nAxis] : aSizes)
+    {
+        const CNodePtr pRoot = Sketch(pszSketch);
+        if (pRoot->GetLeft() != nullptr)
+            pRoot->GetLeft()->m_nBaseline = 50;  // nobody reads it
+        EXPECT_EQ(pRoot->Measure(&dc), CRect(CPoint(0, 0), size)) << pszSketch;
+        EXPECT_EQ(pRoot->m_nBaseline, nAxis) << pszSketch;
+    }
+}
+
 // The sign of the format's sizes is in them.
 TEST(PlacedTrees, PlaceholdersAreAsLargeAsTheirFont)
 {
