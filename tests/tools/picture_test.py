@@ -4,6 +4,7 @@ import io
 import json
 import os
 import pathlib
+import random
 import re
 import struct
 import subprocess
@@ -14,7 +15,7 @@ from PIL import Image, ImageChops, ImageFilter, ImageOps
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "compare"))
 
 import program
-from formula_list import Generator
+from formula_list import generated
 from program import FORMULAS, PICTURES, Case, run, run_bytes
 
 # Subtree, own part and axis of the nodes of a/b, by their sizes: 13 x 17 for a letter and its gaps.
@@ -153,7 +154,7 @@ class Pictures(PictureCase):
 
     def test_no_ink_is_cut(self):
         """A larger canvas shows the same pixels in its middle, and nothing around them."""
-        texts = ["f(x,y)", "f", "j^j", "str('f')"] + [Generator(seed).formula(1 + seed % 4)
+        texts = ["f(x,y)", "f", "j^j", "str('f')"] + [generated(random.Random(seed), 1 + seed % 4)
                                                       for seed in range(1000)]
         for words in [], ["--dpi", "144"]:
             folders = [self.folder / ("%s%d" % (name, len(words))) for name in "ab"]

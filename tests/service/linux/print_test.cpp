@@ -1,6 +1,7 @@
 // Printing on a device with a resolution of its own, which a host's cairo context is.
 #include <algorithm>
 
+#include "nodes/node.h"
 #include "platform/gdi/cairo_dc.h"
 #include "platform/gdi/linux/cairo_host.h"
 #include "service/service_helpers.h"
@@ -39,5 +40,10 @@ TEST_F(CPrintTest, PrintsEnlargedByTheRatioOfResolutions)
 
     CBinTree empty;
     EXPECT_EQ(empty.PrintBitmap(&dc), 1);
+
+    // A letter of 133,333 pixels is more than a bitmap can hold.
+    formula.m_Tree.GetRootNode()->GetLeft()->GetLeft()->m_logFont.lfHeight = -1000000;
+    EXPECT_EQ(formula.PrintDDB(&dc), 0);
+    EXPECT_EQ(formula.m_Tree.WriteBitmapFile(File("x.bmp")), 0);
 }
 }  // namespace
