@@ -89,7 +89,7 @@ std::span<const CGestureCase> GestureCases()
         { "deleted under the editor, the edit ends first", "a+b", "press @LL;key 88;char 89;delete", { { TREE, A_PLUS(PLACE) }, { COUNTS, "undo 1 changed 1" } } },
         { "cut with its text", "a+b", "press @LL;key 88;char 89;cut;all;key 37;key 37;paste", { { TREE, A_PLUS(NAME("XY")) } } },
         { "copied with its sign", "a+b", "press @LL;key 88;copy;char 13;press @LR;key 46;paste;press @LR;key 65;char 27", { { TREE, TREE_OF("(PLUS \"+\" " NAME("X") " " NAME("X") ")") } } },
-        { "all is the box's ride", "a+b", "press @LL;key 88;all", { { SELECTION, "/:2" } } },
+        { "all takes the whole formula beside an open editor too", "a+b", "press @LL;key 88;all", { { SELECTION, "/:2" } } },
         { "keys go to the editor", "a+b", "press @LL;key 88;key 46;key 32;key 65", { { TREE, A_PLUS(NAME("X")) } } },
         { "characters without an editor", "a+b", "press @LL;char 65;blur", { { EDITOR, "-" } } },
         { "a letter on a deleted root's placeholder", "2", "press @L;key 46;key 90;char 13", { { TREE, TREE_OF(NAME("Z")) } } },

@@ -77,7 +77,7 @@ class Installation:
 
     def check_tool(self):
         """Away from every folder of the build: fonts are found from the program's own place (Windows
-        tells no files; there sizes of all signs are compared from the build)."""
+        tells none)."""
         tool = self.prefix / "bin/mivora"
         for kind in "wmf", "fml":
             size = self.start(tool, "render", FORMULA, "-o", self.folder / f"tool.{kind}", cwd="/")

@@ -83,7 +83,7 @@ TEST(Calculation, KnowsTheFunctionsAndWhatTheyRefuse)
         { "greek 3", 3.0 },    { "sqr sqr 16", 2.0 },    { "sin", 0.0 },
     };
     ExpectValues(aRound);
-    // Others are compared by chance, with those of the C library.
+    // Random texts are compared with the C library's values by the test `calculation`.
     const CValue aOthers[] = {
         { "ln(0)", -s_fInfinitely },           { "exp(41)", 6.398434935300549e17 },
         { "sin 1+2", 2.8414709848078965 },     { "SIN(1)", 0.8414709848078965 },
